@@ -1,0 +1,59 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace veyra {
+
+/// What the operator is told when something fails. Each text is a whole sentence or empty.
+struct Report {
+  std::string File;    ///< Full name of the file concerned; empty when there is none.
+  std::string Cause;   ///< What happened, in words a front desk understands.
+  std::string Advice;  ///< What to do about it.
+};
+
+/// The root of every failure the operator is told of. what() is the whole report: file, cause and
+/// advice, each on a line of its own.
+class Error : public std::runtime_error {
+ public:
+  explicit Error(Report report);
+
+  const Report& report() const { return report_; }
+
+ private:
+  Report report_;
+};
+
+/// A database cannot be opened, read or written.
+class DatabaseError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A row to be changed or deleted is no longer as it was read: another program changed or removed
+/// it. Nothing has been overwritten.
+class RowChangedError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
+/// Another program holds the database and did not let go of it within the timeout.
+class DatabaseBusyError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
+/// A text file cannot be opened, read or written.
+class FileError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A stored value is not of the kind that is needed there: a text that is no number, a number
+/// that is no slot.
+class ValueError : public Error {
+ public:
+  using Error::Error;
+};
+
+}  // namespace veyra

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "data/store.h"
+
+namespace veyra {
+
+enum class StoreAccess { ReadOnly, ReadWrite };
+
+/// How long a store waits for another program to let go of the file before it gives up.
+inline constexpr std::chrono::milliseconds kStoreTimeout{5000};
+
+/// Opens an existing database file. What kind of file it is, its first bytes tell, never its name.
+/// A backslash in `file_name` counts as a slash.
+///
+/// A file opened ReadOnly is never written to, and nothing is left beside it.
+/// Throws DatabaseError when the file is missing, empty, no database of a kind known here, damaged,
+/// or, for ReadWrite, one that nobody may write to.
+std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
+                                 std::chrono::milliseconds timeout = kStoreTimeout);
+
+}  // namespace veyra

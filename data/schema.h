@@ -1,0 +1,52 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/connection.h"
+#include "data/open_store.h"
+
+namespace veyra {
+
+/// The two databases and the folders they were found by.
+struct Databases {
+  std::string AppFolder;   ///< The program's own folder, without a separator at its end.
+  std::string DataFolder;  ///< The folder of both databases; empty when path.txt named none.
+  std::chrono::milliseconds Timeout = kStoreTimeout;  ///< Wait for a file held by another program.
+  std::unique_ptr<Connection> ResCon;    ///< The calendar: Rooms, Reserv, Settings.
+  std::unique_ptr<Connection> GuestCon;  ///< The host product's guests: Guest, read only.
+};
+
+/// Opens DataFolder & "\Calendar.mdb" as ResCon, in place of any connection that is open there.
+/// Throws DatabaseError when the file cannot be opened for reading and writing.
+void CreateResCon(Databases& databases);
+
+/// Opens DataFolder & "\Veyra.mdb" as GuestCon, in place of any connection that is open there.
+/// Throws DatabaseError when the file cannot be opened for reading.
+void CreateVeyraCon(Databases& databases);
+
+/// Makes table Settings with its default row, ID 1, when there is no such table, and reopens ResCon
+/// so that it sees it. Failures are silent. REQUIRES: ResCon is open.
+void EnsureSettingsRow(Databases& databases);
+
+/// Adds column MultKey (double, default 0) to Reserv when it is missing. Failures are silent.
+void EnsureMultKeyColumn(Databases& databases);
+
+/// Adds column TodayBColor to Settings when it is missing, set in row 1 to what BkGrnd holds there.
+/// Failures are silent.
+void EnsureTodayBColorColumn(Databases& databases);
+
+/// Whether a member of the collection is named exactly so, letter case included.
+bool HasNamedItem(const std::vector<std::string>& collection, std::string_view item_name);
+
+/// The tables of a new calendar as veyra-data makes them; Settings is left to EnsureSettingsRow.
+TableDefinition RoomsTable();
+TableDefinition ReservTable();
+
+/// The one table of a new guest database.
+TableDefinition GuestTable();
+
+}  // namespace veyra

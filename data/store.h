@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/query.h"
+#include "data/value.h"
+
+namespace veyra {
+
+enum class ColumnType { WholeNumber, Double, Text, Date };
+
+/// A column that is to be made.
+struct ColumnDefinition {
+  std::string Name;
+  ColumnType Type = ColumnType::Text;
+  int Size = 0;                  ///< Text: the most characters it is meant for; 0 for no limit.
+  bool AutoIncrement = false;    ///< WholeNumber: the key, given by the store to each new row.
+  Value Default = Null{};        ///< What rows that stood before the column came read as.
+};
+
+struct TableDefinition {
+  std::string Name;
+  std::vector<ColumnDefinition> Columns;
+};
+
+/// Tells a row from every other of its table, for as long as the store is open and the row stands.
+using RowKey = std::int64_t;
+
+/// A row as it was when it was read, its values in the order of the table's columns.
+struct Row {
+  RowKey Key = 0;
+  std::vector<Value> Values;
+};
+
+/// Values by column name.
+using FieldValues = std::vector<std::pair<std::string, Value>>;
+
+/// The rows of a query, one after another, each once.
+class RowSource {
+ public:
+  virtual ~RowSource() = default;
+
+  /// Reads the next row into `row` and returns true; returns false after the last.
+  virtual bool Next(Row& row) = 0;
+};
+
+/// What a kind of database file must provide to serve as a store. Used from one thread. Table and
+/// column names are those of the file; they are found without regard to ASCII letter case.
+///
+/// Every member throws DatabaseError when the file cannot be read or written or lacks the table or
+/// a column, DatabaseBusyError when another program holds it for longer than the timeout. A member
+/// that throws has changed nothing in the file.
+///
+/// Each change is durable when the member returns: it survives a loss of power.
+class Store {
+ public:
+  virtual ~Store() = default;
+
+  /// The file's full name on this platform.
+  virtual const std::string& FileName() const = 0;
+
+  virtual std::vector<std::string> TableNames() = 0;
+
+  /// The table's columns in their order, as the file spells them.
+  virtual std::vector<std::string> ColumnNames(const std::string& table) = 0;
+
+  /// The rows of the query. The source must be dropped before the store is, and before the table
+  /// it reads is changed through this store.
+  virtual std::unique_ptr<RowSource> Select(const Query& query) = 0;
+
+  /// Adds a row and returns it as stored, an auto-increment key filled in. Columns that `fields`
+  /// does not name hold null, whatever default they declare.
+  virtual Row Insert(const std::string& table, const FieldValues& fields) = 0;
+
+  /// Sets `fields` in the row that was read as `before`, and returns the row as it is now.
+  /// Throws RowChangedError when the row in the file is no longer equal to `before`.
+  virtual Row Update(const std::string& table, const Row& before, const FieldValues& fields) = 0;
+
+  /// Removes the row that was read as `before`.
+  /// Throws RowChangedError when the row in the file is no longer equal to `before`.
+  virtual void Delete(const std::string& table, const Row& before) = 0;
+
+  /// Makes a table without rows. Throws DatabaseError when one of that name is there.
+  virtual void CreateTable(const TableDefinition& definition) = 0;
+
+  /// Adds a column after the last one. Throws DatabaseError when one of that name is there.
+  virtual void AddColumn(const std::string& table, const ColumnDefinition& column) = 0;
+};
+
+}  // namespace veyra

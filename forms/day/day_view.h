@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "logic/day_grid.h"
+#include "logic/name_box.h"
+
+namespace veyra {
+
+/// What the day window's logic tells its screen. The screen reports gestures to frmDay.
+class DayView {
+ public:
+  virtual ~DayView() = default;
+
+  /// Shows the "Guest" column of MSFlexGrid1, rows 1 to 48.
+  virtual void ShowGrid(const DayGrid& MSFlexGrid1) = 0;
+
+  /// Combo1: shows the list and the text.
+  virtual void ShowNameBox(const NameBox& Combo1) = 0;
+
+  /// Scrolls so that `row` is the topmost one to be seen.
+  virtual void ScrollToRow(int row) = 0;
+
+  /// Makes `row` (1 to 48) of the time column the grid's current cell.
+  virtual void SetCurrentRow(int row) = 0;
+
+  /// Selects the whole text of Combo1, which has the focus.
+  virtual void SelectAllText() = 0;
+
+  /// Places the window at the top of the screen, centred, 1000 twips lower than the screen is high.
+  virtual void PlaceOnScreen() = 0;
+
+  /// Takes the window off the screen for good.
+  virtual void CloseWindow() = 0;
+};
+
+}  // namespace veyra

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "forms/day/day_view.h"
+#include "forms/windows.h"
+#include "logic/clock.h"
+#include "logic/day_grid.h"
+#include "logic/dialogs.h"
+#include "logic/listings.h"
+#include "logic/name_box.h"
+#include "logic/session.h"
+
+namespace veyra {
+
+/// The day window: the 48 half hours of DayDate for facility CurRmID, booked by dragging over them.
+class frmDay {
+ public:
+  /// All of them must outlive the window.
+  frmDay(Session& session, DayView& view, modRes::MonthScreen& month, Windows& windows,
+         Dialogs& dialogs, const Clock& clock);
+
+  /// Builds the grid and fills it and the name box. Returns false, having done nothing, when the
+  /// month window is in its printed layout: the window must then be unloaded at once.
+  bool Form_Load();
+
+  /// The mouse went down on a cell of the grid: row 0 is the header, column 0 the time column.
+  /// `current_row` is the row the grid's current cell was in.
+  void MSFlexGrid1_MouseDown(int row, int current_row);
+
+  /// The mouse was released at the selection's end: the booking flow.
+  void MSFlexGrid1_Click(int row, int column);
+
+  void Combo1_Change(const std::string& text);  ///< The operator has typed or picked a name.
+  void Combo1_GotFocus();
+  void Combo1_LostFocus();  ///< Tidies the name.
+
+  void Command2_Click();  ///< "Close"
+
+  /// The window goes: the one that opened it is shown again.
+  void Form_Unload();
+
+  /// Fills the month cell of the day again and closes the window.
+  void RefreshCellAndClose();
+
+ private:
+  void SelectRows(int row);
+  int BookedRowsInSelection() const;
+  void BookSelection();
+  void FillGrid();
+
+  Session& session_;
+  DayView& view_;
+  modRes::MonthScreen& month_;
+  Windows& windows_;
+  Dialogs& dialogs_;
+  const Clock& clock_;
+  DayGrid MSFlexGrid1_;
+  NameBox Combo1_;
+};
+
+}  // namespace veyra

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "forms/month/month_view.h"
+#include "forms/windows.h"
+#include "logic/clock.h"
+#include "logic/dialogs.h"
+#include "logic/name_box.h"
+#include "logic/session.h"
+
+namespace veyra {
+
+enum class MouseButton { Left, Right, Other };
+
+/// The month window: one month of one facility in 42 day cells, with paging and the facility box.
+/// Every handler may throw what the logic throws; what was shown before then stands.
+class frmCalendar {
+ public:
+  /// All of them must outlive the window.
+  frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
+              const Clock& clock);
+
+  /// The window's share of start-up, in the order in which start-up calls it.
+  void LoadFacilityBox();
+  void ApplyHeaderColors();  ///< Throws ValueError when a colour is no number.
+  void SelectActiveFacility();
+  void ShowCurrentMonth();  ///< Sets CurMonth and CurYear to today, places the window, draws.
+
+  void Command1_Click();  ///< "Next =>"
+  void Command2_Click();  ///< "<= Previous"
+  void Command4_Click();  ///< "Delete Facility"
+
+  void Combo1_Change(const std::string& text);  ///< The operator has typed.
+  void Combo1_Click(const std::string& text);   ///< The operator has picked an entry of the list.
+  void Combo1_KeyPress(int key);                ///< 13 is Enter; no other key does anything.
+  void Combo1_GotFocus();
+
+  /// A mouse button went down on lstDay(index), 1 to 42, a cell that belongs to the month.
+  void lstDay_MouseDown(int index, MouseButton button);
+
+  void Form_Unload();  ///< The window is closed: the program ends.
+
+  /// Draws the month again after a change of bookings.
+  void RefreshMonth();
+
+ private:
+  void OpenForBooking(int index);
+  Date DateOfCell(int index) const;
+  void ShowFacility();
+
+  Session& session_;
+  MonthView& view_;
+  Windows& windows_;
+  Dialogs& dialogs_;
+  const Clock& clock_;
+  NameBox Combo1_;
+  std::string lblRoom_;
+};
+
+}  // namespace veyra

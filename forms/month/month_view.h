@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "logic/listings.h"
+#include "logic/name_box.h"
+
+namespace veyra {
+
+/// What the month window's logic tells its screen. The screen reports gestures to frmCalendar.
+class MonthView : public modRes::MonthScreen {
+ public:
+  /// Combo1: shows the list and the text.
+  virtual void ShowFacilityBox(const NameBox& Combo1) = 0;
+
+  /// lblRoom: shows the facility's name.
+  virtual void ShowRoom(const std::string& lblRoom) = 0;
+
+  /// Paints the window's background, and the header texts: lblRoom, lblMonth, Label2(0) to (6).
+  virtual void ShowColors(std::int32_t background, std::int32_t header) = 0;
+
+  /// Shows or hides Combo1 and Command1 to Command4, all at once.
+  virtual void ShowControls(bool visible) = 0;
+
+  /// Selects the whole text of Combo1, which has the focus.
+  virtual void SelectAllText() = 0;
+
+  /// Gives the focus to Command3, "Print".
+  virtual void FocusPrintButton() = 0;
+
+  /// Places the window at the top of the screen, centred across it.
+  virtual void PlaceAtTopCentre() = 0;
+};
+
+}  // namespace veyra

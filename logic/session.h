@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "data/color_settings.h"
+#include "data/date.h"
+#include "data/schema.h"
+#include "logic/slots.h"
+
+namespace veyra {
+
+/// The state that all windows share, one for a run. With its base it holds the folders, the two
+/// connections and the state of the booking flow, under the names the design gives them.
+struct Session : Databases {
+  std::int64_t CurRmID = 0;  ///< Rooms.ID of the selected facility, 0 before any.
+  int CurMonth = 0;          ///< Month shown in the month window, 1 to 12.
+  int CurYear = 0;           ///< Year shown in the month window.
+  bool IsLoading = false;    ///< True while start-up runs.
+
+  Date DayDate{};        ///< The day last opened.
+  int DayCellIndex = 0;  ///< The cell of the month grid it was opened from, 1 to 42.
+  int DayOpener = 1;     ///< 2 while the day viewer is loaded, else 1.
+
+  bool PrintLayoutOn = false;  ///< The month window is laid out as printed.
+
+  modRes::SlotLabelTable SlotLabel;  ///< Short slot labels, filled once at start-up.
+
+  modRes::TimeSlot SelFirstSlot = 0;  ///< First slot of the day grid's selection.
+  modRes::TimeSlot SelLastSlot = 0;   ///< Last slot of the day grid's selection, included.
+  int AnchorRow = 0;                  ///< Row of the day grid on which the mouse was pressed.
+  int SelEndRow = 0;                  ///< Last row of the selection.
+  std::string AnchorTimeText;         ///< Long label of the day grid's current row when pressed.
+
+  ColorSettings CurrentColors;  ///< The colours in use.
+  ColorSettings StoredColors;   ///< The colours as read at start-up.
+};
+
+}  // namespace veyra

@@ -18,13 +18,13 @@ using DayLines = std::vector<std::string>;
 
 /// One of the 42 cells of the month grid.
 struct MonthCell {
-  bool Visible = false;           ///< Whether the cell belongs to the month; if not, ignore the rest.
-  Date Day{};                     ///< The cell's date.
-  std::string Number;             ///< lblDate: the day of the month, without padding.
-  std::int32_t NumberColor = 0;   ///< lblDate: colour of its text.
+  bool Visible = false;  ///< Whether the cell belongs to the month; if not, ignore the rest.
+  Date Day{};            ///< The cell's date.
+  std::string Number;    ///< lblDate: the day of the month, without padding.
+  std::int32_t NumberColor = 0;           ///< lblDate: colour of its text.
   std::optional<std::int32_t> ListColor;  ///< lstDay: its background; nothing leaves it as it is.
   bool IsToday = false;
-  DayLines Lines;                 ///< lstDay: what it lists.
+  DayLines Lines;  ///< lstDay: what it lists.
 };
 
 /// What the month grid is to show.

@@ -37,11 +37,9 @@ class frmDay {
 
   void Command2_Click();  ///< "Close"
 
-  /// The window goes: the one that opened it is shown again.
+  /// The window goes: the one that opened it is shown again, and the month cell of the day is
+  /// filled again.
   void Form_Unload();
-
-  /// Fills the month cell of the day again and closes the window.
-  void RefreshCellAndClose();
 
  private:
   void SelectRows(int row);

@@ -14,7 +14,8 @@ namespace veyra {
 enum class MouseButton { Left, Right, Other };
 
 /// The month window: one month of one facility in 42 day cells, with paging and the facility box.
-/// Every handler may throw what the logic throws; what was shown before then stands.
+/// Every handler may throw what the logic throws; what was shown before then stands. Paging stops
+/// at the first and the last month that a date can have.
 class frmCalendar {
  public:
   /// All of them must outlive the window.
@@ -45,9 +46,12 @@ class frmCalendar {
   void RefreshMonth();
 
  private:
+  void TurnTo(int year, int month);
+  bool AdoptListedName();
+  void AddTypedFacility();
   void OpenForBooking(int index);
   Date DateOfCell(int index) const;
-  void ShowFacility();
+  void ShowRoom(const std::string& name);
 
   Session& session_;
   MonthView& view_;

@@ -103,4 +103,12 @@ void FillDayList(Session& session, DayListScreen& lstDay, Date day) {
   lstDay.ShowDayList(LinesOfDay(session, day));
 }
 
+void RefreshListings(Session& session, const Listings& listings) {
+  RefreshMonth(session, listings.Time, listings.Month, session.CurMonth);
+  constexpr int kDayViewer = 2;
+  if (session.DayOpener == kDayViewer) {
+    FillDayList(session, listings.Viewer, session.DayDate);
+  }
+}
+
 }  // namespace veyra::modRes

@@ -69,4 +69,14 @@ void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day);
 /// Mode 2: shows a line for each booking of CurRmID on `day`. Throws DatabaseError.
 void FillDayList(Session& session, DayListScreen& lstDay, Date day);
 
+/// The listings that a change of bookings must reach, and the clock by which today is marked.
+struct Listings {
+  MonthScreen& Month;
+  DayListScreen& Viewer;  ///< The day viewer's list; told only while DayOpener is 2.
+  const Clock& Time;
+};
+
+/// Draws the month again and, while the day viewer is loaded, its list. Throws DatabaseError.
+void RefreshListings(Session& session, const Listings& listings);
+
 }  // namespace veyra::modRes

@@ -34,6 +34,9 @@ class DayView {
   /// twips.
   virtual void PlaceOnScreen() = 0;
 
+  /// Book(0), Book(1): shows which is selected.
+  virtual void ShowMode(bool multiple) = 0;
+
   /// Takes the window off the screen for good.
   virtual void CloseWindow() = 0;
 };

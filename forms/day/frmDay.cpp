@@ -12,20 +12,23 @@ namespace {
 /// 5:00 AM: the row on top when the window opens.
 constexpr int kFirstRowSeen = 11;
 
+/// DayOpener while the day viewer is loaded.
+constexpr int kDayViewer = 2;
+
 bool IsBooked(const std::string& guest) {
   return !guest.empty();
 }
 
 }  // namespace
 
-frmDay::frmDay(Session& session, DayView& view, modRes::MonthScreen& month, Windows& windows,
-               Dialogs& dialogs, const Clock& clock)
+frmDay::frmDay(Session& session, DayView& view, const modRes::Listings& listings,
+               const MultiDayPlan& plan, Windows& windows, Dialogs& dialogs)
     : session_(session),
       view_(view),
-      month_(month),
+      listings_(listings),
+      plan_(plan),
       windows_(windows),
-      dialogs_(dialogs),
-      clock_(clock) {}
+      dialogs_(dialogs) {}
 
 bool frmDay::Form_Load() {
   if (session_.PrintLayoutOn) {
@@ -35,6 +38,7 @@ bool frmDay::Form_Load() {
   view_.ScrollToRow(kFirstRowSeen);
   modRes::LoadGuestNames(session_, Combo1_);
   view_.ShowNameBox(Combo1_);
+  view_.ShowMode(multiple_);
   FillGrid();
   return true;
 }
@@ -52,7 +56,9 @@ void frmDay::MSFlexGrid1_Click(int row, int column) {
   const int booked = BookedRowsInSelection();
   if (booked == 0) {
     BookSelection();
-  } else if (booked > 1) {
+  } else if (booked == 1) {
+    ChangeSelectedBooking();
+  } else {
     dialogs_.MsgBox({.Text = "There is already a Booking on " + std::to_string(booked) +
                              " of the Time Slot(s).",
                      .Sign = Icon::Critical});
@@ -74,14 +80,34 @@ void frmDay::Combo1_LostFocus() {
   view_.ShowName(Combo1_.Text);
 }
 
+void frmDay::Book_Click(int index) {
+  multiple_ = index == 1;
+  if (multiple_) {
+    PlanSeveralDays();
+  }
+}
+
+void frmDay::Book_DblClick(int) {
+  PlanSeveralDays();
+}
+
+void frmDay::SelectSingleBooking() {
+  multiple_ = false;
+  view_.ShowMode(multiple_);
+}
+
 void frmDay::Command2_Click() {
   view_.CloseWindow();
 }
 
 void frmDay::Form_Unload() {
-  windows_.ShowMonthWindow();
+  if (session_.DayOpener == kDayViewer) {
+    windows_.ShowDayViewer();
+  } else {
+    windows_.ShowMonthWindow();
+  }
   session_.PrintLayoutOn = false;
-  modRes::FillDayCell(session_, month_, session_.DayCellIndex, session_.DayDate);
+  modRes::FillDayCell(session_, listings_.Month, session_.DayCellIndex, session_.DayDate);
 }
 
 void frmDay::SelectRows(int row) {
@@ -98,21 +124,80 @@ int frmDay::BookedRowsInSelection() const {
   return static_cast<int>(std::count_if(first, end, IsBooked));
 }
 
-void frmDay::BookSelection() {
-  const std::string name = Combo1_.Text.empty() ? modRes::kNoTitle : Combo1_.Text;
-  const Answer answer = dialogs_.MsgBox(
-      {.Text = "Reservation for " + name + " From " +
-               modRes::LabelOf(session_.SlotLabel, session_.SelFirstSlot) + " To " +
-               modRes::LabelOf(session_.SlotLabel, modRes::EndLabelSlot(session_.SelLastSlot)) +
-               "." + kLineBreak + "Select OK to Book or Cancel to Cancel",
-       .Choice = Buttons::OkCancel,
-       .Sign = Icon::Question});
-  if (answer != Answer::Ok) {
+void frmDay::ChangeSelectedBooking() {
+  const std::string name = MSFlexGrid1_.Guest.at(static_cast<std::size_t>(session_.SelFirstSlot));
+  if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + name + "?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Critical}) == Answer::Yes) {
+    DeleteSelectedBooking();
     return;
   }
-  modRes::MakeBookings(session_, Combo1_.Text, MSFlexGrid1_, dialogs_);
+  if (dialogs_.MsgBox({.Text = "Do You wand to Edit the Booking Name of " + name + "?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Exclamation}) != Answer::Yes) {
+    return;
+  }
+  const std::string new_name = dialogs_.InputBox(
+      "Enter a New Booking Name (Limited to 50 Characters)", "Booking Name", name);
+  if (!new_name.empty()) {
+    RenameSelectedBooking(new_name);
+  }
+}
+
+void frmDay::DeleteSelectedBooking() {
+  modRes::DeleteBookings(session_, MSFlexGrid1_, listings_, dialogs_);
+  FillGrid();
+}
+
+void frmDay::RenameSelectedBooking(const std::string& name) {
+  std::string new_name = name;
+  if (modRes::RenameBookings(session_, new_name, MSFlexGrid1_, listings_, dialogs_)) {
+    FillGrid();
+  } else {
+    view_.ShowGrid(MSFlexGrid1_);
+  }
+}
+
+void frmDay::BookSelection() {
+  if (!(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
+    return;
+  }
+  modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_}, MSFlexGrid1_, listings_.Time,
+                       dialogs_);
   view_.ShowGrid(MSFlexGrid1_);
-  modRes::RefreshMonth(session_, clock_, month_, session_.CurMonth);
+  modRes::RefreshListings(session_, listings_);
+}
+
+bool frmDay::ConfirmSingle() {
+  return Confirm(Question() + ".");
+}
+
+bool frmDay::ConfirmMultiple() {
+  modRes::CheckMultiDayConflicts(session_, plan_, listings_.Time, dialogs_);
+  if (session_.MultiBookCount < 1) {
+    return false;
+  }
+  return Confirm(Question() + kLineBreak + "for " + std::to_string(session_.MultiBookCount) +
+                 " Booking(s) between " + plan_.Text1[0] + " and " + plan_.Text1[1]);
+}
+
+std::string frmDay::Question() const {
+  const std::string name = Combo1_.Text.empty() ? modRes::kNoTitle : Combo1_.Text;
+  const modRes::TimeSlot end = modRes::EndLabelSlot(session_.SelLastSlot);
+  return "Reservation for " + name + " From " +
+         modRes::LabelOf(session_.SlotLabel, session_.SelFirstSlot) + " To " +
+         modRes::LabelOf(session_.SlotLabel, end);
+}
+
+bool frmDay::Confirm(const std::string& question) {
+  return dialogs_.MsgBox({.Text = question + kLineBreak + "Select OK to Book or Cancel to Cancel",
+                          .Choice = Buttons::OkCancel,
+                          .Sign = Icon::Question}) == Answer::Ok;
+}
+
+void frmDay::PlanSeveralDays() {
+  windows_.EnableDayWindow(false);
+  windows_.ShowMultiDayWindow(DateText(session_.DayDate));
 }
 
 void frmDay::FillGrid() {

@@ -102,23 +102,38 @@ void frmCalendar::Combo1_GotFocus() {
 }
 
 void frmCalendar::lstDay_MouseDown(int index, MouseButton button) {
-  if (button != MouseButton::Left) {
-    return;
+  if (button == MouseButton::Right) {
+    OpenForViewing(index);
+  } else if (button == MouseButton::Left && MayOpenDay()) {
+    OpenForBooking(index);
   }
+}
+
+bool frmCalendar::MayOpenDay() {
   if (Combo1_.Text.empty()) {
     dialogs_.MsgBox({.Text = "There is no Facility Selected", .Sign = Icon::Critical});
-    return;
+    return false;
   }
   if (session_.PrintLayoutOn) {
     session_.PrintLayoutOn = false;
-    return;
+    return false;
   }
   view_.ShowControls(true);
   if (session_.IsLoading) {
     session_.IsLoading = false;
-    return;
+    return false;
   }
-  OpenForBooking(index);
+  return true;
+}
+
+void frmCalendar::mnuAbout_Click() {
+  windows_.EnableMonthWindow(false);
+  EnableAgainIfThrown([this] { windows_.OpenAbout(); });
+}
+
+void frmCalendar::mnuSettings_Click() {
+  windows_.EnableMonthWindow(false);
+  EnableAgainIfThrown([this] { windows_.OpenSettings(); });
 }
 
 void frmCalendar::Form_Unload() {
@@ -127,6 +142,11 @@ void frmCalendar::Form_Unload() {
 
 void frmCalendar::RefreshMonth() {
   modRes::RefreshMonth(session_, clock_, view_, session_.CurMonth);
+}
+
+void frmCalendar::Repaint() {
+  ApplyHeaderColors();
+  RefreshMonth();
 }
 
 void frmCalendar::TurnTo(int year, int month) {
@@ -182,6 +202,24 @@ void frmCalendar::OpenForBooking(int index) {
     windows_.OpenDayWindow("  " + DateText(day) + " Bookings");
   } catch (...) {
     windows_.ShowMonthWindow();
+    throw;
+  }
+}
+
+void frmCalendar::OpenForViewing(int index) {
+  windows_.EnableMonthWindow(false);
+  session_.DayDate = DateOfCell(index);
+  session_.DayCellIndex = index;
+  EnableAgainIfThrown(
+      [this] { windows_.OpenDayViewer("  " + DateText(session_.DayDate) + " Day Viewer"); });
+}
+
+/// A window that failed to open cannot enable this one when it closes.
+void frmCalendar::EnableAgainIfThrown(const std::function<void()>& open) {
+  try {
+    open();
+  } catch (...) {
+    windows_.EnableMonthWindow(true);
     throw;
   }
 }

@@ -28,7 +28,8 @@ constexpr int kGap = 8;
 constexpr double kShareOfScreen = 0.9;
 constexpr QSize kComfortableSize(1000, 680);
 constexpr int kRoomForWindowFrame = 40;
-constexpr int kNameCharacters = 22;
+constexpr int kNameCharacters = 14;
+constexpr int kWidestControls = 460;
 
 void MakeLarger(QLabel* label, double factor, QFont::Weight weight) {
   QFont font = label->font();
@@ -141,6 +142,7 @@ QWidget* QtMonthWindow::BuildControls() {
   auto* rows = new QVBoxLayout(controls);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(kGap - 2);
+  controls->setMaximumWidth(kWidestControls);
   rows->addLayout(upper);
   rows->addLayout(lower);
   return controls;
@@ -165,8 +167,8 @@ void QtMonthWindow::BuildContents() {
   contents->setAutoFillBackground(true);
   auto* head = new QHBoxLayout;
   head->setSpacing(2 * kGap);
-  head->addWidget(BuildTitles(), 1);
-  head->addWidget(BuildControls());
+  head->addWidget(BuildTitles(), 3);
+  head->addWidget(BuildControls(), 2);
   grid_ = new QtMonthGrid(contents);
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kGap, kMargin, kMargin);

@@ -11,7 +11,7 @@
 
 namespace veyra {
 
-enum class ColumnType { WholeNumber, Double, Text, Date };
+enum class ColumnType { WholeNumber, Double, Text, Day };
 
 /// A column that is to be made.
 struct ColumnDefinition {

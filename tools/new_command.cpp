@@ -29,7 +29,8 @@ void RefuseIfThere(const fs::path& file) {
   // A journal that an earlier database left would be taken for the new one's.
   for (const char* companion : {"", "-wal", "-shm", "-journal"}) {
     const fs::path name = file.string() + companion;
-    if (fs::exists(fs::symlink_status(name))) {
+    std::error_code unreachable;
+    if (fs::exists(fs::symlink_status(name, unreachable))) {
       throw FileError({name.string(), "This file is there already; nothing was made.",
                        "Choose another folder, or move the file away first."});
     }

@@ -80,19 +80,33 @@ struct SlotRange {
   int End;    ///< SlotAt the end, not included.
 };
 
-/// When a room is hired for once.
+/// When a guest hires a room.
 constexpr std::array kUsualTimes = {
     SlotRange{SlotAt(8, 30), SlotAt(9, 30)},   SlotRange{SlotAt(11), SlotAt(13)},
     SlotRange{SlotAt(12, 30), SlotAt(13, 30)}, SlotRange{SlotAt(13), SlotAt(15)},
     SlotRange{SlotAt(14), SlotAt(17)},         SlotRange{SlotAt(15, 30), SlotAt(17, 30)},
-    SlotRange{SlotAt(17, 30), SlotAt(18)},     SlotRange{SlotAt(18), SlotAt(21)},
-    SlotRange{SlotAt(19), SlotAt(23)},
+    SlotRange{SlotAt(18), SlotAt(21)},         SlotRange{SlotAt(19), SlotAt(23)},
+};
+
+/// Something that takes place once, at its own time of day.
+struct Occasion {
+  const char* Event;
+  SlotRange Time;
 };
 
 constexpr std::array kOccasions = {
-    "Birthday Party",       "Residents' Meeting", "First Aid Course", "Craft Market",
-    "Photography Workshop", "Blood Donors",       "Board Meeting",    "Anniversary Lunch",
-    "School Rehearsal",     "Allotment Society",  "Repair Cafe",      "Poetry Evening",
+    Occasion{"Blood Donors", {SlotAt(8, 30), SlotAt(12)}},
+    Occasion{"First Aid Course", {SlotAt(9), SlotAt(12, 30)}},
+    Occasion{"Craft Market", {SlotAt(10), SlotAt(16)}},
+    Occasion{"Repair Cafe", {SlotAt(13), SlotAt(16)}},
+    Occasion{"Anniversary Lunch", {SlotAt(12), SlotAt(15)}},
+    Occasion{"Birthday Party", {SlotAt(14), SlotAt(17)}},
+    Occasion{"School Rehearsal", {SlotAt(13), SlotAt(14, 30)}},
+    Occasion{"Photography Workshop", {SlotAt(16), SlotAt(18)}},
+    Occasion{"Allotment Society", {SlotAt(17, 30), SlotAt(18, 30)}},
+    Occasion{"Residents' Meeting", {SlotAt(18), SlotAt(20)}},
+    Occasion{"Board Meeting", {SlotAt(18, 30), SlotAt(20, 30)}},
+    Occasion{"Poetry Evening", {SlotAt(20), SlotAt(22, 30)}},
 };
 
 Date FirstOfMonth(Date day) {
@@ -154,21 +168,28 @@ class SampleMaker {
     random_.seed(static_cast<unsigned>(YearOf(month) * 12 + MonthOf(month)));
     for (Date day = month; day <= LastOfMonth(month); day = AddDays(day, 1)) {
       for (std::size_t room = 0; room < data_.Facilities.size(); ++room) {
-        // The hall is hired most days, the small rooms now and then.
-        const std::size_t attempts = room == kMainHall ? 1 + Pick(2) : Pick(2);
-        for (std::size_t i = 0; i < attempts; ++i) {
+        for (std::size_t wishes = WishesFor(room, day); wishes > 0; --wishes) {
           TryToAdd(room, day);
         }
       }
     }
   }
 
+  /// The hall is asked for every day, most of all on Saturdays; the small rooms now and then.
+  std::size_t WishesFor(std::size_t room, Date day) {
+    if (room != kMainHall) return Pick(2);
+    return WeekdayNumber(day) == kSaturday ? 4 : 1 + Pick(2);
+  }
+
   void TryToAdd(std::size_t room, Date day) {
-    const SlotRange range = kUsualTimes[Pick(kUsualTimes.size())];
-    const std::string event = Pick(5) < 3 ? data_.Guests[Pick(data_.Guests.size())]
-                                          : std::string(kOccasions[Pick(kOccasions.size())]);
-    if (IsFree(room, day, range)) {
-      Add(room, day, range, event, std::nullopt);
+    Occasion wish = kOccasions[Pick(kOccasions.size())];
+    std::string event = wish.Event;
+    if (Pick(5) < 3) {
+      event = data_.Guests[Pick(data_.Guests.size())];
+      wish.Time = kUsualTimes[Pick(kUsualTimes.size())];
+    }
+    if (IsFree(room, day, wish.Time)) {
+      Add(room, day, wish.Time, event, std::nullopt);
     }
   }
 

@@ -21,7 +21,8 @@ std::string Reason(int error_number) {
 /// The highest of the folders down to `folder` that is not there; empty when all are.
 fs::path TopmostMissing(const fs::path& folder) {
   fs::path missing;
-  for (fs::path at = folder; !at.empty() && !fs::exists(at); at = at.parent_path()) {
+  std::error_code unreachable;
+  for (fs::path at = folder; !at.empty() && !fs::exists(at, unreachable); at = at.parent_path()) {
     missing = at;
   }
   return missing;

@@ -5,6 +5,7 @@ import shutil
 import subprocess
 import tempfile
 import unittest
+from datetime import date, timedelta
 
 from desk import Desk
 from screen import Screen
@@ -60,6 +61,14 @@ class DeskTest(unittest.TestCase):
     def write_path_file(self, folder):
         with open(self.file("path.txt"), "w", encoding="utf-8", newline="") as file:
             file.write(f"{folder}\r\n{folder}\r\n")
+
+    def free_day(self, facility):
+        """A day of this month on which the facility is free from 9:00 to 10:30 AM."""
+        taken = self.sql("SELECT DISTINCT DateOfRes FROM Reserv JOIN Rooms ON RmID = Rooms.ID "
+                         f"WHERE Rooms.Name = '{facility}' AND TimeFrom <= 21 AND TimeTo >= 19;")
+        first = date.today().replace(day=1)
+        days = (first + timedelta(days=n) for n in range(28))
+        return next(day for day in days if day.isoformat() not in taken)
 
     def sql(self, statement):
         """The rows that the sqlite3 shell gives for the calendar, each a text such as "3|Pool"."""

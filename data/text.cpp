@@ -68,7 +68,6 @@ void Append(std::string& text, const Character& character, Mapping mapping) {
 }
 
 bool IsWhiteSpace(CodePoint code) {
-  if (code == kNone) return false;
   return (code >= '\t' && code <= '\r') || utf8proc_category(code) == UTF8PROC_CATEGORY_ZS;
 }
 

@@ -37,6 +37,10 @@ TEST(PixelsFromTwipsTest, TakesScreensBetween) {
   EXPECT_EQ(38, PixelsFromTwips(375, 144));
 }
 
+TEST(PixelsFromTwipsTest, RoundsTheMiddleAwayFromZero) {
+  EXPECT_EQ(-38, PixelsFromTwips(-375, 144));
+}
+
 TEST(TwipsFromPixelsTest, GivesFifteenForAPixelAt96Dpi) {
   EXPECT_EQ(375, TwipsFromPixels(25, 96));
 }

@@ -108,7 +108,9 @@ void Recordset::ReadNext() {
 void Recordset::ReadAll() {
   if (read_) return;
   std::unordered_set<RowKey> added;
-  for (const HeldRow& row : rows_) added.insert(row.Content.Key);
+  for (const HeldRow& row : rows_) {
+    if (!row.Deleted) added.insert(row.Content.Key);
+  }
   std::vector<HeldRow> all;
   const auto source = store_->Select(query_);
   for (Row row; source->Next(row); row = Row()) {

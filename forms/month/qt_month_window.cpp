@@ -68,8 +68,8 @@ void QtMonthWindow::BuildMenus() {
   AddMenuItem(mnuHelp, "mnuContents", "Contents", nullptr);
   AddMenuItem(mnuHelp, "mnuOver", "Overview", nullptr);
   AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", nullptr);
-  AddMenuItem(mnuHelp, "mnuAbout", "About", nullptr);
-  AddMenuItem(menuBar(), "mnuSettings", "Settings", nullptr);
+  AddMenuItem(mnuHelp, "mnuAbout", "About", &frmCalendar::mnuAbout_Click);
+  AddMenuItem(menuBar(), "mnuSettings", "Settings", &frmCalendar::mnuSettings_Click);
 }
 
 /// An item without a handler stands there disabled.

@@ -12,7 +12,9 @@ namespace veyra {
 enum class StoreKind { Sqlite };
 
 /// The kind that this run of the tests is for.
-inline StoreKind TestedStoreKind() { return StoreKind::Sqlite; }
+inline StoreKind TestedStoreKind() {
+  return StoreKind::Sqlite;
+}
 
 /// Makes a new file of that kind, without tables.
 inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind, const std::string& file_name) {

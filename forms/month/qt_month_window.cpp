@@ -87,6 +87,8 @@ QWidget* QtMonthWindow::BuildTitles() {
   lblMonth_ = new QtElidedLabel(titles);
   lblMonth_->setObjectName(QStringLiteral("lblMonth"));
   MakeLarger(lblMonth_, 2.0, QFont::DemiBold);
+  lblMonth_->setMinimumWidth(
+      lblMonth_->fontMetrics().horizontalAdvance(QStringLiteral("September 8888 ")));
   lblRoom_ = new QtElidedLabel(titles);
   lblRoom_->setObjectName(QStringLiteral("lblRoom"));
   MakeLarger(lblRoom_, 1.3, QFont::Normal);
@@ -161,11 +163,11 @@ QPushButton* QtMonthWindow::AddButton(const char* name, const char* caption, con
 void QtMonthWindow::BuildContents() {
   auto* contents = new QWidget(this);
   contents->setAutoFillBackground(true);
-  grid_ = new QtMonthGrid(contents);
   auto* head = new QHBoxLayout;
   head->setSpacing(2 * kGap);
   head->addWidget(BuildTitles(), 1);
   head->addWidget(BuildControls());
+  grid_ = new QtMonthGrid(contents);
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kGap, kMargin, kMargin);
   column->setSpacing(kGap);

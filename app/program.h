@@ -5,6 +5,7 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
+#include "forms/month/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
 #include "forms/qt_dialogs.h"
 #include "forms/windows.h"
@@ -57,6 +58,7 @@ class Program : public Windows {
   HandlerGuard guard_;
   Session session_;
   QtMonthWindow month_window_;
+  QtMonthPrinter printer_;
   frmCalendar month_;
   NoDayList viewer_list_;
   MultiDayPlan plan_;

@@ -107,8 +107,8 @@ void frmCalendar::Command3_Click() {
   }
   printer_.UsePrinter(*printer);
   printer_.PrintMonth();
-  dialogs_.MsgBox({.Text = "Print Complete, Click on Form to get Controls back.",
-                   .Sign = Icon::Information});
+  dialogs_.MsgBox(
+      {.Text = "Print Complete, Click on Form to get Controls back.", .Sign = Icon::Information});
 }
 
 void frmCalendar::Form_Click() {

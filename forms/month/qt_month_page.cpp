@@ -1,12 +1,14 @@
 #include "forms/month/qt_month_page.h"
 
 #include <QFontMetricsF>
+#include <QPageLayout>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QPolygonF>
 #include <QRectF>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "forms/qt_colors.h"
 
@@ -17,6 +19,8 @@ using Day = QtMonthPage::Day;
 
 constexpr int kColumns = 7;
 constexpr int kCells = 42;
+
+constexpr double kMarginMillimetres = 10;
 
 // Lengths and sizes of type, in points.
 constexpr double kPadding = 10;  // between a coloured background's edge and what stands on it
@@ -29,14 +33,15 @@ constexpr double kRoomSize = 15;
 constexpr double kWeekdaySize = 10;
 constexpr double kNumberSize = 12;
 constexpr double kLargestLine = 9;
+constexpr double kComfortableLine = 7;
 constexpr double kSmallestLine = 4;
 
 /// Room for a line, and for a title, in heights of its type.
 constexpr double kLineHeight = 1.22;
 constexpr double kTitleHeight = 1.25;
 
-/// How narrow a line may become before all lines become smaller instead.
-constexpr double kNarrowest = 0.8;
+/// How narrow all lines may become before they become smaller instead.
+constexpr double kNarrowest = 0.75;
 
 /// The type is measured at this size, in pixels; widths grow in proportion.
 constexpr int kMeasuredSize = 1000;
@@ -58,7 +63,13 @@ QFont LineFont(const QString& family, double pixels) {
   return font;
 }
 
-/// Draws the pages of one painter.
+/// From one place to another across the page.
+struct Span {
+  double Left;
+  double Right;
+};
+
+/// Draws the page of one painter.
 class PagePainter {
  public:
   PagePainter(QPainter& painter, const QRectF& area, const QtMonthPage& page)
@@ -71,7 +82,7 @@ class PagePainter {
     painter_.fillRect(whole, page_.Background);
     PaintHead();
     PaintWeekdays();
-    line_size_ = LineSize();
+    ChooseLineSize();
     for (int index = 1; index <= kCells; ++index) {
       if (const auto& day = page_.Days.at(static_cast<std::size_t>(index))) {
         PaintDay(*day, CellRect(index));
@@ -90,9 +101,7 @@ class PagePainter {
 
   double HeadHeight() const { return Points(kTitleSize * kTitleHeight + 2 * kGap); }
   double WeekdaysHeight() const { return Points(kWeekdaySize * 1.6); }
-  QRectF GridRect() const {
-    return area_.adjusted(0, HeadHeight() + WeekdaysHeight(), 0, 0);
-  }
+  QRectF GridRect() const { return area_.adjusted(0, HeadHeight() + WeekdaysHeight(), 0, 0); }
 
   /// The weeks that hold a day.
   int Weeks() const {
@@ -121,22 +130,34 @@ class PagePainter {
     return cell.adjusted(inset, Points(kNumberSize * 1.35) + inset / 2, -inset, -inset);
   }
 
-  /// Draws a text on one line from `left`, or so that it ends at `right`, no wider than between
-  /// the two.
-  void DrawText(const QString& text, const QFont& font, double left, double right, double baseline,
-                Qt::Alignment alignment = Qt::AlignLeft) {
-    painter_.setFont(font);
-    const double natural = QFontMetricsF(font, painter_.device()).horizontalAdvance(text);
-    const double scale = natural > right - left ? (right - left) / natural : 1.0;
-    const double free = right - left - natural * scale;
-    const double start = alignment == Qt::AlignRight    ? left + free
-                         : alignment == Qt::AlignHCenter ? left + free / 2
-                                                         : left;
+  QRectF LineRect(const QRectF& list) const {
+    return list.adjusted(Points(1.5), 0, -Points(1), -Points(1));
+  }
+
+  double WidthOf(const QString& text, const QFont& font) const {
+    return QFontMetricsF(font, painter_.device()).horizontalAdvance(text);
+  }
+
+  void DrawNarrowed(const QString& text, const QFont& font, QPointF start, double scale) {
     painter_.save();
-    painter_.translate(start, baseline);
+    painter_.setFont(font);
+    painter_.translate(start);
     painter_.scale(scale, 1.0);
     painter_.drawText(QPointF(0, 0), text);
     painter_.restore();
+  }
+
+  /// Draws a text on one line, no wider than the span.
+  void DrawText(const QString& text, const QFont& font, Span span, double baseline,
+                Qt::Alignment alignment = Qt::AlignLeft) {
+    const double natural = WidthOf(text, font);
+    const double room = span.Right - span.Left;
+    const double scale = natural > room ? room / natural : 1.0;
+    const double free = room - natural * scale;
+    const double share = alignment == Qt::AlignRight     ? 1.0
+                         : alignment == Qt::AlignHCenter ? 0.5
+                                                         : 0;
+    DrawNarrowed(text, font, {span.Left + free * share, baseline}, scale);
   }
 
   void PaintHead() {
@@ -144,11 +165,10 @@ class PagePainter {
     const QFont title = FontOf(page_.TextFamily, Points(kTitleSize), QFont::DemiBold);
     const QFont room = FontOf(page_.TextFamily, Points(kRoomSize));
     const double baseline = area_.top() + Points(kTitleSize);
-    DrawText(page_.Title, title, area_.left(), area_.right(), baseline);
+    DrawText(page_.Title, title, {area_.left(), area_.right()}, baseline);
     if (page_.Room.isEmpty()) return;
-    const double taken =
-        QFontMetricsF(title, painter_.device()).horizontalAdvance(page_.Title) + Points(kTitleSize);
-    DrawText(page_.Room, room, area_.left() + taken, area_.right(), baseline, Qt::AlignRight);
+    const double taken = WidthOf(page_.Title, title) + Points(kTitleSize);
+    DrawText(page_.Room, room, {area_.left() + taken, area_.right()}, baseline, Qt::AlignRight);
   }
 
   void PaintWeekdays() {
@@ -157,28 +177,38 @@ class PagePainter {
     const double baseline = area_.top() + HeadHeight() + Points(kWeekdaySize);
     for (int column = 0; column < kColumns; ++column) {
       const QRectF cell = CellRect(column + 1);
-      DrawText(page_.Weekdays.at(static_cast<std::size_t>(column)), font, cell.left(), cell.right(),
-               baseline, Qt::AlignHCenter);
+      DrawText(page_.Weekdays.at(static_cast<std::size_t>(column)), font,
+               {cell.left(), cell.right()}, baseline, Qt::AlignHCenter);
     }
   }
 
-  /// The size of the lines, one for the whole page: as large as the fullest cell and, but for
-  /// narrowing, the longest line allow.
-  double LineSize() const {
-    const QRectF room = ListRect(CellRect(1));
+  /// The width of the longest line at one pixel of size, and the number of lines of the fullest
+  /// cell.
+  std::pair<double, qsizetype> MeasureLines() const {
     const QFontMetricsF metrics(LineFont(page_.ListFamily, kMeasuredSize), painter_.device());
-    double size = Points(kLargestLine);
+    double longest = 0;
     qsizetype most = 1;
     for (const auto& day : page_.Days) {
       if (!day) continue;
       most = std::max(most, day->Lines.size());
       for (const QString& line : day->Lines) {
-        const double width = metrics.horizontalAdvance(line) / kMeasuredSize;
-        size = width > 0 ? std::min(size, room.width() / width / kNarrowest) : size;
+        longest = std::max(longest, metrics.horizontalAdvance(line) / kMeasuredSize);
       }
     }
-    size = std::max(size, Points(kSmallestLine));
-    return std::min(size, room.height() / (kLineHeight * static_cast<double>(most)));
+    return {longest, most};
+  }
+
+  /// One size for all lines of the page, as large as the longest line and the fullest cell allow.
+  /// Below a comfortable size the lines become narrower first, then smaller.
+  void ChooseLineSize() {
+    const QRectF room = LineRect(ListRect(CellRect(1)));
+    const auto [longest, most] = MeasureLines();
+    const double fitting = longest > 0 ? room.width() / longest : Points(kLargestLine);
+    const double narrowed = std::min(fitting / kNarrowest, Points(kComfortableLine));
+    line_size_ =
+        std::clamp(std::max(fitting, narrowed), Points(kSmallestLine), Points(kLargestLine));
+    line_size_ = std::min(line_size_, room.height() / (kLineHeight * static_cast<double>(most)));
+    line_scale_ = std::clamp(fitting / line_size_, kNarrowest, 1.0);
   }
 
   void PaintDay(const Day& day, const QRectF& cell) {
@@ -198,18 +228,20 @@ class PagePainter {
 
   void PaintNumber(const Day& day, const QRectF& cell) {
     painter_.setPen(day.NumberColor);
-    const QFont font = FontOf(page_.TextFamily, Points(kNumberSize),
-                              day.IsToday ? QFont::Bold : QFont::Normal);
-    DrawText(day.Number, font, cell.left() + Points(kInset + 1), cell.right(),
+    const QFont font =
+        FontOf(page_.TextFamily, Points(kNumberSize), day.IsToday ? QFont::Bold : QFont::Normal);
+    DrawText(day.Number, font, {cell.left() + Points(kInset + 1), cell.right()},
              cell.top() + Points(kNumberSize * 1.2));
   }
 
   void PaintLines(const Day& day, const QRectF& list) {
     painter_.setPen(day.ListText);
     const QFont font = LineFont(page_.ListFamily, line_size_);
-    double baseline = list.top() + line_size_;
+    const QRectF room = LineRect(list);
+    double baseline = room.top() + line_size_;
     for (const QString& line : day.Lines) {
-      DrawText(line, font, list.left() + Points(1), list.right(), baseline);
+      const double scale = std::min(line_scale_, room.width() / WidthOf(line, font));
+      DrawNarrowed(line, font, {room.left(), baseline}, scale);
       baseline += line_size_ * kLineHeight;
     }
   }
@@ -217,21 +249,38 @@ class PagePainter {
   /// A small triangle beside the number: this day has more than its cell shows.
   void PaintMoreMark(const Day& day, const QRectF& cell) {
     const double half = Points(2.6);
-    const QPointF tip(cell.right() - Points(kInset) - half, cell.top() + Points(kNumberSize * 1.15));
+    const QPointF tip(cell.right() - Points(kInset) - half,
+                      cell.top() + Points(kNumberSize * 1.15));
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(day.Frame);
-    painter_.drawPolygon(QPolygonF{
-        {tip, tip + QPointF(-half, -half * 1.3), tip + QPointF(half, -half * 1.3)}});
+    painter_.drawPolygon(
+        QPolygonF{{tip, tip + QPointF(-half, -half * 1.3), tip + QPointF(half, -half * 1.3)}});
   }
 
   QPainter& painter_;
   const QtMonthPage& page_;
   const double point_;  ///< Pixels of the device.
   const QRectF area_;
-  double line_size_ = 0;
+  double line_size_ = 0;   ///< Pixels of the device.
+  double line_scale_ = 1;  ///< How narrow the lines are.
 };
 
 }  // namespace
+
+QString TitleOf(const QtMonthPage& page) {
+  return page.Room.isEmpty() ? page.Title : page.Title + QLatin1Char(' ') + page.Room;
+}
+
+QPageLayout LayoutFor(const QtMonthPage& page, QPageLayout layout) {
+  layout.setOrientation(page.Shape.width() < page.Shape.height() ? QPageLayout::Portrait
+                                                                 : QPageLayout::Landscape);
+  layout.setUnits(QPageLayout::Millimeter);
+  const QMarginsF least = layout.minimumMargins();
+  const auto at_least = [](double margin) { return std::max(margin, kMarginMillimetres); };
+  layout.setMargins({at_least(least.left()), at_least(least.top()), at_least(least.right()),
+                     at_least(least.bottom())});
+  return layout;
+}
 
 void PaintMonthPage(QPainter& painter, const QRectF& area, const QtMonthPage& page) {
   painter.save();

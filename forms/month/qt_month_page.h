@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPageLayout>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -22,7 +23,7 @@ struct QtMonthPage {
     QColor ListBackground;
     QColor ListText;
     bool IsToday = false;
-    QStringList Lines;      ///< The lines that are to be seen, each as far as it is to be seen.
+    QStringList Lines;     ///< The lines that are to be seen, each as far as it is to be seen.
     bool HasMore = false;  ///< Whether there are lines that are not to be seen.
   };
 
@@ -36,6 +37,13 @@ struct QtMonthPage {
   QString ListFamily;  ///< The font of the lines.
   QSizeF Shape;        ///< Size of what the window shows; only the proportions count.
 };
+
+/// What the page is called where it has to have a name: title and facility.
+QString TitleOf(const QtMonthPage& page);
+
+/// The paper of `layout` turned as it fits the page better, with even margins, or wider ones where
+/// the printer needs them.
+QPageLayout LayoutFor(const QtMonthPage& page, QPageLayout layout);
 
 /// Paints the page so that it fills `area`, in pixels of the painter's device. Every text is drawn
 /// as text, once and whole; a line that is too long for its cell is drawn narrower.

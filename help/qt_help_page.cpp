@@ -10,6 +10,7 @@ namespace veyra {
 namespace {
 
 constexpr const char* kScheme = "chm";
+constexpr qreal kSheetMargin = 14;
 
 /// The URL by which the widget knows a page.
 QUrl UrlOf(const std::string& reference) {
@@ -45,6 +46,7 @@ QPalette SheetPalette(QPalette palette) {
 
 QtHelpPage::QtHelpPage(QWidget* parent) : QTextBrowser(parent) {
   setPalette(SheetPalette(palette()));
+  document()->setDocumentMargin(kSheetMargin);
   setOpenLinks(false);
   connect(this, &QTextBrowser::anchorClicked, this, &QtHelpPage::FollowLink);
 }

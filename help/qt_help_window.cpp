@@ -25,6 +25,7 @@ namespace {
 constexpr int kPageRole = Qt::UserRole;
 constexpr QSize kWindowSize{1000, 700};
 constexpr int kSideWidth = 250;
+constexpr int kResultSpacing = 3;
 
 QString PageOf(const QTreeWidgetItem& item) {
   return item.data(0, kPageRole).toString();
@@ -98,6 +99,7 @@ QWidget* QtHelpWindow::MakeSide() {
   contents_->setHeaderHidden(true);
   results_->setWordWrap(true);
   results_->setAlternatingRowColors(true);
+  results_->setSpacing(kResultSpacing);
   side_->addWidget(contents_);
   side_->addWidget(results_);
 

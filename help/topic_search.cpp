@@ -38,12 +38,19 @@ std::string ExcerptAround(const std::string& text, std::size_t character) {
   return (first > 0 ? "…" : "") + excerpt + (cut_behind ? " …" : "");
 }
 
+/// The text without the heading that repeats the title at its beginning.
+std::string WithoutHeading(const std::string& text, const std::string& title) {
+  const bool repeats = !title.empty() && text.compare(0, title.size() + 1, title + " ") == 0;
+  return repeats ? text.substr(title.size() + 1) : text;
+}
+
 }  // namespace
 
 TopicSearch::TopicSearch(const ChmArchive& archive) {
   for (const std::string& page : archive.Pages()) {
     const std::string html = archive.Page(page).value_or("");
-    Topic topic{page, PageTitle(html), PlainText(html), "", ""};
+    Topic topic{page, PageTitle(html), "", "", ""};
+    topic.Text = WithoutHeading(PlainText(html), topic.Title);
     if (topic.Title.empty()) topic.Title = page;
     topic.UpperTitle = UpperCase(topic.Title);
     topic.UpperText = UpperCase(topic.Text);

@@ -57,6 +57,13 @@ TEST_F(TopicSearchTest, TheExcerptOfAShortPageIsAllOfIt) {
   EXPECT_EQ("Print the month.", found[0].Excerpt);
 }
 
+TEST(TopicSearchExcerptTest, TheExcerptDoesNotRepeatTheTitle) {
+  const ChmArchive archive({{"/a.htm", "<title>The month</title><h1>The month</h1>One month."}});
+  const auto found = TopicSearch(archive).Find("month");
+  ASSERT_EQ(1U, found.size());
+  EXPECT_EQ("One month.", found[0].Excerpt);
+}
+
 TEST(TopicSearchExcerptTest, TheExcerptShowsTheWordsAroundTheFirstPlace) {
   std::string text;
   for (int i = 0; i < 50; ++i) text += "wörd ";

@@ -44,12 +44,13 @@ enum class CursorType {
 /// Left out on purpose: moving backwards, bookmarks, filters, batches, several open edits.
 class Recordset {
  public:
+  /// The store must outlive the record set.
   Recordset(Store& store, Query query, CursorType cursor);
-  ~Recordset();
+  ~Recordset() = default;
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  /// True iff there is no row and none has been added.
+  /// True iff there is no row: none found and none added, or all deleted again.
   bool IsEmpty();
 
   /// True iff the cursor stands after the last row.
@@ -58,14 +59,16 @@ class Recordset {
   /// How many rows there are. REQUIRES: StaticOptimistic.
   std::size_t RecordCount();
 
-  /// Stands on the first row, or at the end when there is none. REQUIRES: StaticOptimistic.
+  /// Stands on the first row, or at the end when there is none.
+  /// REQUIRES: StaticOptimistic, no pending fields.
   void MoveFirst();
 
-  /// Stands on the row after the current one, or at the end. REQUIRES: !AtEnd(). After Delete the
-  /// cursor goes to the row that followed the deleted one.
+  /// Stands on the row after the current one, or at the end; after Delete on the row that followed
+  /// the deleted one. REQUIRES: !AtEnd(), no pending fields.
   void MoveNext();
 
-  /// Stands on the last row, or at the end when there is none. REQUIRES: StaticOptimistic.
+  /// Stands on the last row, or at the end when there is none.
+  /// REQUIRES: StaticOptimistic, no pending fields.
   void MoveLast();
 
   /// The value of a column, found without regard to ASCII letter case; after SetField the new one.
@@ -94,8 +97,45 @@ class Recordset {
   void Close();
 
  private:
-  class Impl;
-  std::unique_ptr<Impl> impl_;
+  enum class Editing { Nothing, NewRow, CurrentRow };
+
+  struct HeldRow {
+    Row Content;
+    bool Deleted = false;
+  };
+
+  void RequireOpen() const;
+  void RequireStatic() const;
+  void RequireNothingPending() const;
+  const HeldRow& RequireRow();
+
+  void CheckNames();
+  std::size_t ColumnIndex(std::string_view name) const;
+  void LearnColumns(const Row& row);
+
+  void ReadNext();
+  void ReadAll();
+  void LookForRow();
+  void SkipDeleted();
+  std::size_t LiveRows() const { return rows_.size() - deleted_; }
+
+  void WriteNewRow(const FieldValues& fields);
+  void WriteCurrentRow(const FieldValues& fields);
+
+  Store* store_;  ///< Null once closed.
+  Query query_;
+  CursorType cursor_;
+  std::vector<std::string> columns_;
+
+  std::unique_ptr<RowSource> source_;  ///< ForwardOnlyReadOnly: the rows still to come.
+  std::vector<HeldRow> rows_;  ///< ForwardOnlyReadOnly: the current row, if there was one ever.
+                               ///< StaticOptimistic: the rows read, then the rows added.
+  std::size_t position_ = 0;   ///< The current row in rows_; its size at the end.
+  std::size_t deleted_ = 0;    ///< How many of rows_ are deleted.
+  bool read_ = false;          ///< Whether the query's rows have been read.
+
+  Editing editing_ = Editing::Nothing;
+  FieldValues pending_;
 };
 
 }  // namespace veyra

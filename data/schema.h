@@ -28,8 +28,8 @@ void CreateResCon(Databases& databases);
 /// Throws DatabaseError when the file cannot be opened for reading.
 void CreateVeyraCon(Databases& databases);
 
-/// Makes table Settings with its default row, ID 1, when there is no such table, and reopens ResCon
-/// so that it sees it. Failures are silent. REQUIRES: ResCon is open.
+/// Makes table Settings with its default row, ID 1, when there is no such table. Works on ResCon
+/// itself, which sees the table at once. Failures are silent. REQUIRES: ResCon is open.
 void EnsureSettingsRow(Databases& databases);
 
 /// Adds column MultKey (double, default 0) to Reserv when it is missing. Failures are silent.

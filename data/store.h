@@ -11,20 +11,28 @@
 
 namespace veyra {
 
-enum class ColumnType { WholeNumber, Double, Text, Date };
+enum class ColumnType { WholeNumber, Double, Text, Day };
 
 /// A column that is to be made.
 struct ColumnDefinition {
   std::string Name;
   ColumnType Type = ColumnType::Text;
-  int Size = 0;                  ///< Text: the most characters it is meant for; 0 for no limit.
-  bool AutoIncrement = false;    ///< WholeNumber: the key, given by the store to each new row.
-  Value Default = Null{};        ///< What rows that stood before the column came read as.
+  int Size = 0;                ///< Text: the most characters it is meant for; 0 for no limit.
+  bool AutoIncrement = false;  ///< WholeNumber: the key, given by the store to each new row.
+  Value Default = Null{};      ///< What rows that stood before the column came read as.
+};
+
+/// An index that is to be made with its table. Its name is unique in the file.
+struct IndexDefinition {
+  std::string Name;
+  std::vector<std::string> Columns;
 };
 
 struct TableDefinition {
   std::string Name;
   std::vector<ColumnDefinition> Columns;
+  std::vector<IndexDefinition> Indexes =
+      {};  ///< A kind of file that cannot use them leaves them out.
 };
 
 /// Tells a row from every other of its table, for as long as the store is open and the row stands.
@@ -84,7 +92,8 @@ class Store {
   /// Throws RowChangedError when the row in the file is no longer equal to `before`.
   virtual void Delete(const std::string& table, const Row& before) = 0;
 
-  /// Makes a table without rows. Throws DatabaseError when one of that name is there.
+  /// Makes a table without rows, and its indexes. Throws DatabaseError when one of that name is
+  /// there.
   virtual void CreateTable(const TableDefinition& definition) = 0;
 
   /// Adds a column after the last one. Throws DatabaseError when one of that name is there.

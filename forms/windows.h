@@ -15,9 +15,39 @@ class Windows {
   /// Takes the month window off the screen; it stays loaded.
   virtual void HideMonthWindow() = 0;
 
+  /// Lets the month window take input, or keeps it on the screen without taking any.
+  virtual void EnableMonthWindow(bool enabled) = 0;
+
+  /// Paints the month window anew in Session::CurrentColors.
+  virtual void RepaintMonthWindow() = 0;
+
+  /// Whether a day may be opened for booking now, as frmCalendar::MayOpenDay finds.
+  virtual bool MayOpenDay() = 0;
+
   /// Loads the day window for Session::DayDate and shows it under `caption`. When loading fails the
   /// exception passes through and no day window is left.
   virtual void OpenDayWindow(const std::string& caption) = 0;
+
+  /// Lets the day window take input, or keeps it on the screen without taking any.
+  virtual void EnableDayWindow(bool enabled) = 0;
+
+  /// Sets the day window to book one day: selects Book(0).
+  virtual void SelectSingleBooking() = 0;
+
+  /// Loads the day viewer for Session::DayDate and shows it under `caption`. When loading fails the
+  /// exception passes through and no day viewer is left.
+  virtual void OpenDayViewer(const std::string& caption) = 0;
+
+  /// Brings the day viewer, which stays loaded, back to the screen, or takes it off.
+  virtual void ShowDayViewer() = 0;
+  virtual void HideDayViewer() = 0;
+
+  /// Shows the multiple-day window, its From field set to `from_text`.
+  virtual void ShowMultiDayWindow(const std::string& from_text) = 0;
+
+  /// Loads and shows the colour settings window, the about box.
+  virtual void OpenSettings() = 0;
+  virtual void OpenAbout() = 0;
 
   /// Ends the program, closing every window.
   virtual void EndProgram() = 0;

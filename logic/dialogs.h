@@ -1,6 +1,7 @@
 #pragma once
 
-#include <optional>
+#include <cstdint>
+#include <memory>
 #include <string>
 
 namespace veyra {
@@ -24,6 +25,19 @@ struct Message {
   std::string Title = kApplicationTitle;
 };
 
+/// Tells the operator how far a long action has come. Nothing is shown in its first half second, so
+/// that a short one passes unseen. The box goes when the object does.
+class Progress {
+ public:
+  virtual ~Progress() = default;
+
+  /// `done` steps of `total` are done. Keeps the screen alive; returns false once the operator has
+  /// broken the action off.
+  virtual bool Report(std::int64_t done, std::int64_t total) = 0;
+};
+
+enum class BreakOff { Allowed, Refused };
+
 /// Asks the operator. Handed in, so that a test can answer.
 class Dialogs {
  public:
@@ -35,6 +49,9 @@ class Dialogs {
   /// Asks for a line of text, `default_text` standing there to be changed. Empty when cancelled.
   virtual std::string InputBox(const std::string& prompt, const std::string& title,
                                const std::string& default_text) = 0;
+
+  /// Begins to show the progress of an action, which `text` names.
+  virtual std::unique_ptr<Progress> StartProgress(const std::string& text, BreakOff break_off) = 0;
 };
 
 }  // namespace veyra

@@ -18,13 +18,13 @@ using DayLines = std::vector<std::string>;
 
 /// One of the 42 cells of the month grid.
 struct MonthCell {
-  bool Visible = false;           ///< Whether the cell belongs to the month; if not, ignore the rest.
-  Date Day{};                     ///< The cell's date.
-  std::string Number;             ///< lblDate: the day of the month, without padding.
-  std::int32_t NumberColor = 0;   ///< lblDate: colour of its text.
+  bool Visible = false;  ///< Whether the cell belongs to the month; if not, ignore the rest.
+  Date Day{};            ///< The cell's date.
+  std::string Number;    ///< lblDate: the day of the month, without padding.
+  std::int32_t NumberColor = 0;           ///< lblDate: colour of its text.
   std::optional<std::int32_t> ListColor;  ///< lstDay: its background; nothing leaves it as it is.
   bool IsToday = false;
-  DayLines Lines;                 ///< lstDay: what it lists.
+  DayLines Lines;  ///< lstDay: what it lists.
 };
 
 /// What the month grid is to show.
@@ -68,5 +68,15 @@ void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day);
 
 /// Mode 2: shows a line for each booking of CurRmID on `day`. Throws DatabaseError.
 void FillDayList(Session& session, DayListScreen& lstDay, Date day);
+
+/// The listings that a change of bookings must reach, and the clock by which today is marked.
+struct Listings {
+  MonthScreen& Month;
+  DayListScreen& Viewer;  ///< The day viewer's list; told only while DayOpener is 2.
+  const Clock& Time;
+};
+
+/// Draws the month again and, while the day viewer is loaded, its list. Throws DatabaseError.
+void RefreshListings(Session& session, const Listings& listings);
 
 }  // namespace veyra::modRes

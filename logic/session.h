@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "data/color_settings.h"
@@ -31,8 +32,16 @@ struct Session : Databases {
   int SelEndRow = 0;                  ///< Last row of the selection.
   std::string AnchorTimeText;         ///< Long label of the day grid's current row when pressed.
 
+  std::int64_t PlannedDayCount = 0;  ///< Dates in the multiple-day plan.
+  std::int64_t MultiBookCount = 0;   ///< Of those, the ones free of clashes.
+  int PickerTarget = 0;              ///< Which date field the date picker fills: 0 From, 1 To.
+
   ColorSettings CurrentColors;  ///< The colours in use.
   ColorSettings StoredColors;   ///< The colours as read at start-up.
+
+  int CustomRed = 0;  ///< Parts of the colour mixed in the colour window, 0 to 255 each.
+  int CustomGreen = 0;
+  int CustomBlue = 0;
 };
 
 }  // namespace veyra

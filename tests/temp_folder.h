@@ -1,12 +1,12 @@
 #pragma once
 
+#include <stdlib.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
-
-#include <stdlib.h>
 
 namespace veyra {
 

@@ -18,6 +18,9 @@ class DayView {
   /// Combo1: shows the list and the text.
   virtual void ShowNameBox(const NameBox& Combo1) = 0;
 
+  /// Combo1: shows the text; the list stays.
+  virtual void ShowName(const std::string& text) = 0;
+
   /// Scrolls so that `row` is the topmost one to be seen.
   virtual void ScrollToRow(int row) = 0;
 
@@ -27,8 +30,12 @@ class DayView {
   /// Selects the whole text of Combo1, which has the focus.
   virtual void SelectAllText() = 0;
 
-  /// Places the window at the top of the screen, centred, 1000 twips lower than the screen is high.
+  /// Places the window at the top of the screen, centred, its height that of the screen less 1000
+  /// twips.
   virtual void PlaceOnScreen() = 0;
+
+  /// Book(0), Book(1): shows which is selected.
+  virtual void ShowMode(bool multiple) = 0;
 
   /// Takes the window off the screen for good.
   virtual void CloseWindow() = 0;

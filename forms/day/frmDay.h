@@ -4,10 +4,10 @@
 
 #include "forms/day/day_view.h"
 #include "forms/windows.h"
-#include "logic/clock.h"
 #include "logic/day_grid.h"
 #include "logic/dialogs.h"
 #include "logic/listings.h"
+#include "logic/multiday.h"
 #include "logic/name_box.h"
 #include "logic/session.h"
 
@@ -16,9 +16,9 @@ namespace veyra {
 /// The day window: the 48 half hours of DayDate for facility CurRmID, booked by dragging over them.
 class frmDay {
  public:
-  /// All of them must outlive the window.
-  frmDay(Session& session, DayView& view, modRes::MonthScreen& month, Windows& windows,
-         Dialogs& dialogs, const Clock& clock);
+  /// All of them must outlive the window. `plan` is what the multiple-day window holds.
+  frmDay(Session& session, DayView& view, const modRes::Listings& listings,
+         const MultiDayPlan& plan, Windows& windows, Dialogs& dialogs);
 
   /// Builds the grid and fills it and the name box. Returns false, having done nothing, when the
   /// month window is in its printed layout: the window must then be unloaded at once.
@@ -35,28 +35,39 @@ class frmDay {
   void Combo1_GotFocus();
   void Combo1_LostFocus();  ///< Tidies the name.
 
+  void Book_Click(int index);     ///< 1 is "Multiple Booking", 0 "Single Booking".
+  void Book_DblClick(int index);  ///< Either: on to the multiple-day window.
+  void SelectSingleBooking();     ///< Selects Book(0).
+
   void Command2_Click();  ///< "Close"
 
-  /// The window goes: the one that opened it is shown again.
+  /// The window goes: the one that opened it is shown again, and the month cell of the day is
+  /// filled again.
   void Form_Unload();
-
-  /// Fills the month cell of the day again and closes the window.
-  void RefreshCellAndClose();
 
  private:
   void SelectRows(int row);
   int BookedRowsInSelection() const;
+  void ChangeSelectedBooking();
+  void DeleteSelectedBooking();
+  void RenameSelectedBooking(const std::string& name);
   void BookSelection();
+  bool ConfirmSingle();
+  bool ConfirmMultiple();
+  std::string Question() const;
+  bool Confirm(const std::string& question);
+  void PlanSeveralDays();
   void FillGrid();
 
   Session& session_;
   DayView& view_;
-  modRes::MonthScreen& month_;
+  modRes::Listings listings_;
+  const MultiDayPlan& plan_;
   Windows& windows_;
   Dialogs& dialogs_;
-  const Clock& clock_;
   DayGrid MSFlexGrid1_;
   NameBox Combo1_;
+  bool multiple_ = false;
 };
 
 }  // namespace veyra

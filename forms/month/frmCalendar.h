@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "forms/month/month_view.h"
+#include "forms/mouse_button.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/dialogs.h"
@@ -11,10 +13,9 @@
 
 namespace veyra {
 
-enum class MouseButton { Left, Right, Other };
-
 /// The month window: one month of one facility in 42 day cells, with paging and the facility box.
-/// Every handler may throw what the logic throws; what was shown before then stands.
+/// Every handler may throw what the logic throws; what was shown before then stands. Paging stops
+/// at the first and the last month that a date can have.
 class frmCalendar {
  public:
   /// All of them must outlive the window.
@@ -39,15 +40,31 @@ class frmCalendar {
   /// A mouse button went down on lstDay(index), 1 to 42, a cell that belongs to the month.
   void lstDay_MouseDown(int index, MouseButton button);
 
+  /// Whether a day may be opened for booking: not without a facility, which the operator is told,
+  /// and not by the first click after printing or during start-up, which only ends that state.
+  /// Brings back the controls that printing hid.
+  bool MayOpenDay();
+
+  void mnuAbout_Click();
+  void mnuSettings_Click();
+
   void Form_Unload();  ///< The window is closed: the program ends.
 
-  /// Draws the month again after a change of bookings.
+  /// Draws the month again.
   void RefreshMonth();
 
+  /// Paints the window anew in the colours in use, and draws the month again.
+  void Repaint();
+
  private:
+  void TurnTo(int year, int month);
+  bool AdoptListedName();
+  void AddTypedFacility();
   void OpenForBooking(int index);
+  void OpenForViewing(int index);
+  void EnableAgainIfThrown(const std::function<void()>& open);
   Date DateOfCell(int index) const;
-  void ShowFacility();
+  void ShowRoom(const std::string& name);
 
   Session& session_;
   MonthView& view_;

@@ -1,0 +1,58 @@
+#include "app/startup.h"
+
+#include "app/file_opener.h"
+#include "data/color_settings.h"
+#include "data/schema.h"
+#include "logic/slots.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kReadByLines = 2;
+constexpr int kRecordLength = 80;
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The folder as an operator may have typed it, less what a text editor leaves around it.
+std::string FolderOf(std::string line) {
+  if (line.starts_with(kByteOrderMark)) {
+    line.erase(0, 3);
+  }
+  line.erase(line.find_last_not_of(" \t") + 1);
+  return line;
+}
+
+void ReadDataFolder(Session& session, Dialogs& dialogs) {
+  Files files(session.AppFolder, dialogs);
+  std::string path_file = session.AppFolder + "\\path.txt";
+  const int handle = files.FileOpener(path_file, kReadByLines, kRecordLength, false);
+  if (handle > 0) {
+    session.DataFolder = FolderOf(files.ReadLine(handle));
+    files.Close(handle);
+  }
+}
+
+}  // namespace
+
+void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
+             const std::string& app_folder) {
+  modRes::SlotLabels(session.SlotLabel);
+  session.AppFolder = app_folder;
+  ReadDataFolder(session, dialogs);
+  session.IsLoading = true;
+  session.PrintLayoutOn = false;
+  session.CurRmID = 0;
+  session.DayOpener = 1;
+  CreateResCon(session);
+  CreateVeyraCon(session);
+  EnsureSettingsRow(session);
+  EnsureMultKeyColumn(session);
+  EnsureTodayBColorColumn(session);
+  calendar.LoadFacilityBox();
+  LoadColorSettings(*session.ResCon, session.CurrentColors, session.StoredColors);
+  calendar.ApplyHeaderColors();
+  calendar.SelectActiveFacility();
+  calendar.ShowCurrentMonth();
+  session.IsLoading = false;
+}
+
+}  // namespace veyra

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/store.h"
+
+namespace veyra {
+
+/// Makes a new database file without tables, of the kind that calendars are kept in, and opens it
+/// for reading and writing. A backslash in `file_name` counts as a slash.
+///
+/// Throws DatabaseError when a file of that name is there already, which is left as it is, or when
+/// the file cannot be made; then no file is left behind.
+std::unique_ptr<Store> CreateStore(const std::string& file_name);
+
+}  // namespace veyra

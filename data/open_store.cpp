@@ -1,0 +1,115 @@
+#include "data/open_store.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "data/errors.h"
+#include "data/file_name.h"
+#include "data/sqlite/sqlite_store.h"
+
+namespace veyra {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kSqliteStart("SQLite format 3\0", 16);
+constexpr std::string_view kAccessStart("\0\1\0\0Standard ", 13);
+
+constexpr const char* kRightFile =
+    "Put the right file, or a backup copy of it, in its place and start again.";
+
+/// Whether any of the permission bits is set; true when that cannot be told.
+bool HasPermission(const fs::path& path, fs::perms any_of) {
+  std::error_code error;
+  const fs::perms permissions = fs::status(path, error).permissions();
+  return error || permissions == fs::perms::unknown || (permissions & any_of) != fs::perms::none;
+}
+
+/// The administrator may write to everything, but what nobody may write to was protected on
+/// purpose.
+bool IsWritable(const fs::path& path) {
+  constexpr fs::perms kAnyWrite =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return HasPermission(path, kAnyWrite) && access(path.c_str(), W_OK) == 0;
+}
+
+void RequireFile(const fs::path& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::not_found) {
+    throw DatabaseError({path.string(), "There is no such file.",
+                         "Check that the folder is the right one and that the file is in it."});
+  }
+  if (status.type() == fs::file_type::directory) {
+    throw DatabaseError({path.string(), "This is a folder, where a database file should be.",
+                         "Move the folder away and put the file in its place."});
+  }
+  if (status.type() != fs::file_type::regular) {
+    throw DatabaseError({path.string(), "The file cannot be reached: " + error.message() + ".",
+                         "Check that the disk is connected and that you may use the folder."});
+  }
+}
+
+void RequireWritable(const fs::path& path) {
+  if (!IsWritable(path)) {
+    throw DatabaseError({path.string(), "The file is write-protected, so nothing could be saved.",
+                         "Ask for the right to change the file, or remove its write protection."});
+  }
+  const fs::path folder = fs::weakly_canonical(path).parent_path();
+  if (!IsWritable(folder)) {
+    throw DatabaseError(
+        {path.string(),
+         "The folder " + folder.string() + " is write-protected, so nothing could be saved.",
+         "Ask for the right to make files in the folder, or remove its write protection."});
+  }
+}
+
+/// The file's first bytes, fewer when it is shorter.
+std::string FirstBytes(const fs::path& path) {
+  std::array<char, 24> bytes{};
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    throw DatabaseError(
+        {path.string(),
+         "The file cannot be opened: " + std::generic_category().message(errno) + ".",
+         "Ask for the right to read the file."});
+  }
+  file.read(bytes.data(), bytes.size());
+  return {bytes.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
+                                        std::chrono::milliseconds timeout) {
+  const std::string bytes = FirstBytes(path);
+  if (bytes.empty()) {
+    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
+  }
+  if (bytes.starts_with(kSqliteStart)) {
+    return access == StoreAccess::ReadOnly ? sqlite::OpenReadOnly(path.string(), timeout)
+                                           : sqlite::OpenReadWrite(path.string(), timeout);
+  }
+  if (bytes.starts_with(kAccessStart)) {
+    throw DatabaseError({path.string(), "This is an Access database, which cannot be opened yet.",
+                         "Have it converted to the calendar's own kind of file."});
+  }
+  throw DatabaseError({path.string(), "The file is no database of a kind known here.", kRightFile});
+}
+
+}  // namespace
+
+std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
+                                 std::chrono::milliseconds timeout) {
+  const fs::path path = fs::absolute(NativePath(file_name));
+  RequireFile(path);
+  if (access == StoreAccess::ReadWrite) RequireWritable(path);
+  return OpenByFirstBytes(path, access, timeout);
+}
+
+}  // namespace veyra

@@ -1,0 +1,261 @@
+#include "data/recordset.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "data/names.h"
+#include "data/store_errors.h"
+
+namespace veyra {
+
+namespace {
+
+/// Whether storing `value` where `held` was read would change nothing.
+bool IsHeldAlready(const Value& held, const Value& value) {
+  if (held == value) return true;
+  if (const auto* date = std::get_if<Date>(&value)) {
+    const auto* text = std::get_if<std::string>(&held);
+    return text != nullptr && *text == IsoText(*date);
+  }
+  const bool both_numbers = !IsNull(held) && !IsNull(value) &&
+                            !std::holds_alternative<std::string>(held) &&
+                            !std::holds_alternative<std::string>(value);
+  return both_numbers && ToDouble(held) == ToDouble(value);
+}
+
+void CheckCondition(const Condition& condition, const std::vector<std::string>& columns,
+                    const std::string& file, const std::string& table) {
+  for (const Operand* operand : {&condition.Left, &condition.Right}) {
+    const auto* column = std::get_if<ColumnName>(operand);
+    if (condition.What != Condition::Kind::Compare || column == nullptr) continue;
+    if (!FindName(columns, column->Name)) throw MissingColumn(file, table, column->Name);
+  }
+  for (const Condition& part : condition.Parts) CheckCondition(part, columns, file, table);
+}
+
+}  // namespace
+
+Recordset::Recordset(Store& store, Query query, CursorType cursor)
+    : store_(&store),
+      query_(std::move(query)),
+      cursor_(cursor),
+      columns_(store.ColumnNames(query_.Table)) {
+  if (cursor_ == CursorType::StaticOptimistic) {
+    CheckNames();
+    return;
+  }
+  source_ = store.Select(query_);
+  read_ = true;
+  rows_.emplace_back();
+  ReadNext();
+  if (AtEnd()) rows_.clear(), position_ = 0;
+}
+
+void Recordset::RequireOpen() const {
+  if (store_ == nullptr) throw std::logic_error("the record set is closed");
+}
+
+void Recordset::RequireStatic() const {
+  RequireOpen();
+  if (cursor_ != CursorType::StaticOptimistic) {
+    throw std::logic_error("the record set is forward-only and read-only");
+  }
+}
+
+void Recordset::RequireNothingPending() const {
+  if (editing_ != Editing::Nothing) throw std::logic_error("fields are pending: call Update first");
+}
+
+const Recordset::HeldRow& Recordset::RequireRow() {
+  LookForRow();
+  if (position_ >= rows_.size()) throw std::logic_error("the record set is at its end");
+  if (rows_[position_].Deleted) throw std::logic_error("the row is deleted: move on first");
+  return rows_[position_];
+}
+
+void Recordset::CheckNames() {
+  const std::string& file = store_->FileName();
+  for (const Condition& condition : query_.Where) {
+    CheckCondition(condition, columns_, file, query_.Table);
+  }
+  for (const OrderTerm& term : query_.OrderBy) {
+    if (!FindName(columns_, term.Column)) throw MissingColumn(file, query_.Table, term.Column);
+  }
+}
+
+std::size_t Recordset::ColumnIndex(std::string_view name) const {
+  const auto column = FindName(columns_, name);
+  if (!column) throw MissingColumn(store_->FileName(), query_.Table, std::string(name));
+  return *column;
+}
+
+/// Another program may have added a column since the record set was opened.
+void Recordset::LearnColumns(const Row& row) {
+  if (row.Values.size() != columns_.size()) columns_ = store_->ColumnNames(query_.Table);
+}
+
+void Recordset::ReadNext() {
+  Row& row = rows_.front().Content;
+  if (source_->Next(row)) {
+    LearnColumns(row);
+  } else {
+    position_ = rows_.size();
+    source_.reset();
+  }
+}
+
+void Recordset::ReadAll() {
+  if (read_) return;
+  std::vector<HeldRow> all;
+  const auto source = store_->Select(query_);
+  for (Row row; source->Next(row); row = Row()) {
+    const bool was_added = std::any_of(rows_.begin(), rows_.end(), [&row](const HeldRow& added) {
+      return !added.Deleted && added.Content.Key == row.Key;
+    });
+    if (!was_added) all.push_back({std::move(row)});
+  }
+  if (!all.empty()) LearnColumns(all.front().Content);
+  position_ += all.size() * (rows_.empty() ? 0 : 1);
+  all.insert(all.end(), std::make_move_iterator(rows_.begin()),
+             std::make_move_iterator(rows_.end()));
+  rows_ = std::move(all);
+  read_ = true;
+}
+
+/// Finds out where the cursor stands. After an Update of a new row that is known without reading.
+void Recordset::LookForRow() {
+  RequireOpen();
+  if (rows_.empty()) ReadAll();
+}
+
+void Recordset::SkipDeleted() {
+  while (position_ < rows_.size() && rows_[position_].Deleted) ++position_;
+}
+
+bool Recordset::IsEmpty() {
+  RequireOpen();
+  if (LiveRows() == 0) ReadAll();
+  return LiveRows() == 0;
+}
+
+bool Recordset::AtEnd() {
+  LookForRow();
+  return position_ >= rows_.size();
+}
+
+std::size_t Recordset::RecordCount() {
+  RequireStatic();
+  ReadAll();
+  return LiveRows();
+}
+
+void Recordset::MoveFirst() {
+  RequireStatic();
+  RequireNothingPending();
+  ReadAll();
+  position_ = 0;
+  SkipDeleted();
+}
+
+void Recordset::MoveNext() {
+  RequireNothingPending();
+  if (AtEnd()) throw std::logic_error("the record set is at its end");
+  if (cursor_ == CursorType::ForwardOnlyReadOnly) {
+    ReadNext();
+    return;
+  }
+  ++position_;
+  SkipDeleted();
+}
+
+void Recordset::MoveLast() {
+  RequireStatic();
+  RequireNothingPending();
+  if (LiveRows() == 0) ReadAll();
+  const auto last =
+      std::find_if(rows_.rbegin(), rows_.rend(), [](const HeldRow& row) { return !row.Deleted; });
+  position_ =
+      last == rows_.rend() ? rows_.size() : static_cast<std::size_t>(rows_.rend() - last) - 1;
+}
+
+Value Recordset::Field(std::string_view name) {
+  RequireOpen();
+  if (editing_ != Editing::NewRow) RequireRow();
+  const std::size_t column = ColumnIndex(name);
+  for (const auto& [pending_name, value] : pending_) {
+    if (pending_name == columns_[column]) return value;
+  }
+  return editing_ == Editing::NewRow ? Value() : rows_[position_].Content.Values[column];
+}
+
+void Recordset::AddNew() {
+  RequireStatic();
+  RequireNothingPending();
+  editing_ = Editing::NewRow;
+}
+
+void Recordset::SetField(std::string_view name, Value value) {
+  RequireStatic();
+  if (editing_ != Editing::NewRow) RequireRow();
+  const std::string& column = columns_[ColumnIndex(name)];
+  if (editing_ == Editing::Nothing) editing_ = Editing::CurrentRow;
+  for (auto& [pending_name, pending_value] : pending_) {
+    if (pending_name == column) {
+      pending_value = std::move(value);
+      return;
+    }
+  }
+  pending_.emplace_back(column, std::move(value));
+}
+
+void Recordset::Update() {
+  RequireStatic();
+  // Whatever happens below, nothing is pending any more.
+  const FieldValues fields = std::exchange(pending_, {});
+  switch (std::exchange(editing_, Editing::Nothing)) {
+    case Editing::Nothing:
+      throw std::logic_error("no fields are pending");
+    case Editing::NewRow:
+      WriteNewRow(fields);
+      break;
+    case Editing::CurrentRow:
+      WriteCurrentRow(fields);
+      break;
+  }
+}
+
+void Recordset::WriteNewRow(const FieldValues& fields) {
+  Row row = store_->Insert(query_.Table, fields);
+  LearnColumns(row);
+  rows_.push_back({std::move(row)});
+  position_ = rows_.size() - 1;
+}
+
+void Recordset::WriteCurrentRow(const FieldValues& fields) {
+  Row& row = rows_[position_].Content;
+  FieldValues changed;
+  for (const auto& [name, value] : fields) {
+    if (!IsHeldAlready(row.Values[ColumnIndex(name)], value)) changed.emplace_back(name, value);
+  }
+  if (changed.empty()) return;
+  row = store_->Update(query_.Table, row, changed);
+  LearnColumns(row);
+}
+
+void Recordset::Delete() {
+  RequireStatic();
+  RequireNothingPending();
+  RequireRow();
+  store_->Delete(query_.Table, rows_[position_].Content);
+  rows_[position_].Deleted = true;
+  ++deleted_;
+}
+
+void Recordset::Close() {
+  source_.reset();
+  rows_.clear();
+  store_ = nullptr;
+}
+
+}  // namespace veyra

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "data/sqlite/database.h"
+#include "data/sqlite/statement.h"
+
+namespace veyra::sqlite {
+
+/// A table as the file has it.
+struct Table {
+  std::string Name;                  ///< As the file spells it.
+  std::vector<std::string> Columns;  ///< Those of "SELECT *", in that order.
+  std::vector<bool> Computed;        ///< Of each column, whether the file works out its value.
+  std::string Key;                   ///< The name by which a row's number is reached when no column
+                                     ///< hides it; empty when the rows have no number.
+};
+
+/// What tables and columns the file has. Asked of the file once, and again when the schema has been
+/// changed, by this program or by another.
+class Catalogue {
+ public:
+  Catalogue(Database& database, StatementCache& statements);
+
+  /// The tables and views of the file, but for SQLite's own.
+  std::vector<std::string> TableNames();
+
+  /// The table, found without regard to ASCII letter case; stays where it is until the next call.
+  /// Throws DatabaseError when there is none.
+  const Table& Find(const std::string& name);
+
+ private:
+  void ForgetIfChanged();
+  Table Read(const std::string& name);
+
+  Database& database_;
+  StatementCache& statements_;
+  std::int64_t schema_version_ = -1;
+  std::unordered_map<std::string, Table> tables_;
+};
+
+}  // namespace veyra::sqlite

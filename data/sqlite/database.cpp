@@ -1,0 +1,71 @@
+#include "data/sqlite/database.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "data/sqlite/sqlite_errors.h"
+
+namespace veyra::sqlite {
+
+namespace {
+
+/// Guards against files made to do harm; none of it costs anything.
+void SetDefences(sqlite3* handle) {
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+  // A quoted name that is no column must be an error, not a text.
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+}
+
+}  // namespace
+
+Database::Database(const std::string& location, std::string file, OpenMode mode,
+                   std::chrono::milliseconds timeout)
+    : file_(std::move(file)) {
+  const int access = mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+  const int flags = access | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
+  const int code = sqlite3_open_v2(location.c_str(), &handle_, flags, nullptr);
+  if (code != SQLITE_OK) {
+    const std::string detail = handle_ != nullptr ? sqlite3_errmsg(handle_) : sqlite3_errstr(code);
+    sqlite3_close(std::exchange(handle_, nullptr));
+    ThrowError(file_, code, detail);
+  }
+  sqlite3_extended_result_codes(handle_, 1);
+  SetDefences(handle_);
+  SetTimeout(timeout);
+}
+
+Database::~Database() {
+  sqlite3_close(handle_);
+}
+
+void Database::SetTimeout(std::chrono::milliseconds timeout) {
+  sqlite3_busy_timeout(handle_, static_cast<int>(timeout.count()));
+}
+
+void Database::Execute(const std::string& sql) {
+  Check(sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+void Database::Check(int code) {
+  if (code != SQLITE_OK) ThrowError(file_, code, sqlite3_errmsg(handle_));
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+  database_.Execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+  // A failure that SQLite itself rolled back leaves nothing to roll back: its answer is no news.
+  if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Transaction::Commit() {
+  database_.Execute("COMMIT");
+  open_ = false;
+}
+
+}  // namespace veyra::sqlite

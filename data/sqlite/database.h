@@ -1,0 +1,58 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+struct sqlite3;
+
+namespace veyra::sqlite {
+
+enum class OpenMode { ReadOnly, ReadWrite };
+
+/// An open handle on a SQLite file, which must exist.
+class Database {
+ public:
+  /// Opens the file. `location` is its absolute name, or a URI that begins with "file:"; `file` is
+  /// the name to be used in reports. Throws DatabaseError; that the file is a sound database shows
+  /// only when it is first read.
+  Database(const std::string& location, std::string file, OpenMode mode,
+           std::chrono::milliseconds timeout);
+  ~Database();
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  sqlite3* handle() const { return handle_; }
+  const std::string& file() const { return file_; }
+
+  /// How long to wait from now on for another program to let go of the file.
+  void SetTimeout(std::chrono::milliseconds timeout);
+
+  /// Runs statements that give no rows. Throws as ThrowError does.
+  void Execute(const std::string& sql);
+
+  /// Throws what the result code stands for, unless it is SQLITE_OK.
+  void Check(int code);
+
+ private:
+  sqlite3* handle_ = nullptr;
+  std::string file_;
+};
+
+/// A change of several statements that is carried out whole or not at all. It takes the write lock
+/// at once, so what it reads is what it changes. Rolled back unless committed.
+class Transaction {
+ public:
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  /// The change is on the disk when this returns; when it throws nothing was changed.
+  void Commit();
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+}  // namespace veyra::sqlite

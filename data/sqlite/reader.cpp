@@ -1,0 +1,64 @@
+#include "data/sqlite/reader.h"
+
+#include <utility>
+
+#include "data/sqlite/sql_text.h"
+
+namespace veyra::sqlite {
+
+namespace {
+
+/// The rows of a statement that stands on its first row, if it has one.
+class StatementRows : public RowSource {
+ public:
+  StatementRows(StatementCache::Loan statement, std::vector<Value> parameters, bool has_row)
+      : parameters_(std::move(parameters)), statement_(std::move(statement)), has_row_(has_row) {
+    if (!has_row_) statement_->Reset();
+  }
+
+  bool Next(Row& row) override {
+    if (!std::exchange(has_row_, false)) return false;
+    TakeRow(*statement_, row);
+    has_row_ = statement_->Step();
+    // Lets go of the file as soon as the last row is read, not when the caller is done with it.
+    if (!has_row_) statement_->Reset();
+    return true;
+  }
+
+ private:
+  std::vector<Value> parameters_;
+  StatementCache::Loan statement_;
+  bool has_row_;
+};
+
+}  // namespace
+
+Reader::Reader(std::unique_ptr<Database> database)
+    : database_(std::move(database)),
+      statements_(*database_),
+      catalogue_(*database_, statements_) {}
+
+std::unique_ptr<RowSource> Reader::Select(const Query& query) {
+  while (true) {
+    const Table& table = catalogue_.Find(query.Table);
+    BoundSql sql = SelectSql(file(), table, query);
+    auto statement = statements_.Take(std::move(sql.Text));
+    statement->Bind(sql.Parameters);
+    const bool has_row = statement->Step();
+    // Another program may have added a column since the catalogue was asked.
+    if (static_cast<std::size_t>(statement->ColumnCount()) == table.Columns.size() + 1) {
+      return std::make_unique<StatementRows>(std::move(statement), std::move(sql.Parameters),
+                                             has_row);
+    }
+  }
+}
+
+void TakeRow(const Statement& statement, Row& row) {
+  row.Key = statement.Integer(0);
+  const int columns = statement.ColumnCount() - 1;
+  row.Values.clear();
+  row.Values.reserve(static_cast<std::size_t>(columns));
+  for (int column = 1; column <= columns; ++column) row.Values.push_back(statement.Column(column));
+}
+
+}  // namespace veyra::sqlite

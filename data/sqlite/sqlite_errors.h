@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace veyra::sqlite {
+
+/// Throws the failure that a result code of SQLite stands for, in words for the operator:
+/// DatabaseBusyError when another program holds the file, DatabaseError for everything else.
+/// `detail` is SQLite's own message; it is shown only where no better words are known.
+[[noreturn]] void ThrowError(const std::string& file, int code, const std::string& detail);
+
+}  // namespace veyra::sqlite

@@ -1,0 +1,212 @@
+#include "data/sqlite/sqlite_store.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "data/names.h"
+#include "data/sqlite/reader.h"
+#include "data/sqlite/sql_text.h"
+#include "data/store_errors.h"
+
+namespace veyra::sqlite {
+
+namespace {
+
+std::size_t ColumnIndex(const std::string& file, const Table& table, const std::string& name) {
+  const auto column = FindName(table.Columns, name);
+  if (!column) throw MissingColumn(file, table.Name, name);
+  return *column;
+}
+
+/// A SQLite file that this program reads and writes.
+class SqliteStore : public Store {
+ public:
+  explicit SqliteStore(std::unique_ptr<Database> database) : reader_(std::move(database)) {}
+
+  const std::string& FileName() const override { return reader_.file(); }
+  std::vector<std::string> TableNames() override { return reader_.catalogue().TableNames(); }
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    return reader_.catalogue().Find(table).Columns;
+  }
+  std::unique_ptr<RowSource> Select(const Query& query) override { return reader_.Select(query); }
+
+  Row Insert(const std::string& table, const FieldValues& fields) override;
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
+  void Delete(const std::string& table, const Row& before) override;
+  void CreateTable(const TableDefinition& definition) override;
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+
+ private:
+  const Table& FindForWriting(const std::string& name);
+  void Run(std::string sql, const std::vector<Value>& parameters);
+  bool ReadRow(const Table& table, RowKey key, Row& row);
+  void CheckUnchanged(const Table& table, const Row& before);
+
+  Reader reader_;
+};
+
+const Table& SqliteStore::FindForWriting(const std::string& name) {
+  const Table& table = reader_.catalogue().Find(name);
+  if (table.Key.empty()) {
+    throw DatabaseError({FileName(), "The rows of the table " + table.Name + " cannot be changed.",
+                         "The file was made by another program. Use the file of this program."});
+  }
+  return table;
+}
+
+void SqliteStore::Run(std::string sql, const std::vector<Value>& parameters) {
+  const auto statement = reader_.statements().Take(std::move(sql));
+  statement->Bind(parameters);
+  statement->Run();
+}
+
+bool SqliteStore::ReadRow(const Table& table, RowKey key, Row& row) {
+  const std::vector<Value> parameters{key};
+  const auto statement = reader_.statements().Take(SelectRowSql(table));
+  statement->Bind(parameters);
+  if (!statement->Step()) return false;
+  TakeRow(*statement, row);
+  return true;
+}
+
+/// Compares what SQLite gives now with what it gave when `before` was read, rather than asking
+/// SQLite to compare: its own "=" takes some different values for equal (letter case in a column
+/// that ignores it, the number 1 and the text "1").
+void SqliteStore::CheckUnchanged(const Table& table, const Row& before) {
+  Row now;
+  if (!ReadRow(table, before.Key, now)) throw RowRemoved(FileName(), table.Name);
+  if (now.Values != before.Values) throw RowChanged(FileName(), table.Name);
+}
+
+Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
+  Transaction transaction(reader_.database());
+  const Table& table = FindForWriting(table_name);
+  std::vector<Value> by_column(table.Columns.size());
+  for (const auto& [name, value] : fields) by_column[ColumnIndex(FileName(), table, name)] = value;
+  std::vector<Value> stored;
+  for (std::size_t i = 0; i < by_column.size(); ++i) {
+    if (!table.Computed[i]) stored.push_back(std::move(by_column[i]));
+  }
+  Run(InsertSql(table), stored);
+  Row row;
+  ReadRow(table, sqlite3_last_insert_rowid(reader_.database().handle()), row);
+  transaction.Commit();
+  return row;
+}
+
+Row SqliteStore::Update(const std::string& table_name, const Row& before,
+                        const FieldValues& fields) {
+  Transaction transaction(reader_.database());
+  const Table& table = FindForWriting(table_name);
+  CheckUnchanged(table, before);
+  if (fields.empty()) return before;
+  std::vector<std::string> columns;
+  std::vector<Value> parameters;
+  for (const auto& [name, value] : fields) {
+    columns.push_back(table.Columns[ColumnIndex(FileName(), table, name)]);
+    parameters.push_back(value);
+  }
+  parameters.emplace_back(before.Key);
+  Run(UpdateSql(table, columns), parameters);
+  Row after;
+  if (!ReadRow(table, before.Key, after)) throw RowRemoved(FileName(), table.Name);
+  transaction.Commit();
+  return after;
+}
+
+void SqliteStore::Delete(const std::string& table_name, const Row& before) {
+  Transaction transaction(reader_.database());
+  const Table& table = FindForWriting(table_name);
+  CheckUnchanged(table, before);
+  Run(DeleteSql(table), {before.Key});
+  transaction.Commit();
+}
+
+void SqliteStore::CreateTable(const TableDefinition& definition) {
+  Transaction transaction(reader_.database());
+  if (FindName(TableNames(), definition.Name)) throw TableExists(FileName(), definition.Name);
+  reader_.database().Execute(CreateTableSql(definition));
+  for (const IndexDefinition& index : definition.Indexes) {
+    reader_.database().Execute(CreateIndexSql(definition.Name, index));
+  }
+  transaction.Commit();
+}
+
+void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinition& column) {
+  Transaction transaction(reader_.database());
+  const Table& table = reader_.catalogue().Find(table_name);
+  if (FindName(table.Columns, column.Name)) {
+    throw ColumnExists(FileName(), table.Name, column.Name);
+  }
+  reader_.database().Execute(AddColumnSql(table, column));
+  transaction.Commit();
+}
+
+/// A SQLite file that is only looked at.
+class SqliteReadOnlyStore : public Store {
+ public:
+  explicit SqliteReadOnlyStore(std::unique_ptr<Database> database) : reader_(std::move(database)) {}
+
+  const std::string& FileName() const override { return reader_.file(); }
+  std::vector<std::string> TableNames() override { return reader_.catalogue().TableNames(); }
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    return reader_.catalogue().Find(table).Columns;
+  }
+  std::unique_ptr<RowSource> Select(const Query& query) override { return reader_.Select(query); }
+
+  Row Insert(const std::string&, const FieldValues&) override {
+    throw OpenedForReadingOnly(FileName());
+  }
+  Row Update(const std::string&, const Row&, const FieldValues&) override {
+    throw OpenedForReadingOnly(FileName());
+  }
+  void Delete(const std::string&, const Row&) override { throw OpenedForReadingOnly(FileName()); }
+  void CreateTable(const TableDefinition&) override { throw OpenedForReadingOnly(FileName()); }
+  void AddColumn(const std::string&, const ColumnDefinition&) override {
+    throw OpenedForReadingOnly(FileName());
+  }
+
+ private:
+  Reader reader_;
+};
+
+/// Reads the schema, by which a file that is locked, damaged or cut short shows itself: SQLite
+/// compares the number of pages that the file should have with its size.
+void ReadSchema(Database& database) {
+  database.Execute("PRAGMA cell_size_check = ON");
+  database.Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
+}
+
+/// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,
+/// or another program that is reading just now, leaves the file with its rollback journal: as safe,
+/// only slower. So a refusal is no failure, and is not waited for.
+void MakeDurable(Database& database, std::chrono::milliseconds timeout) {
+  database.SetTimeout(std::chrono::milliseconds(0));
+  sqlite3_exec(database.handle(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+  database.SetTimeout(timeout);
+  database.Execute("PRAGMA synchronous = FULL");
+}
+
+}  // namespace
+
+std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
+  ReadSchema(*database);
+  MakeDurable(*database, timeout);
+  return std::make_unique<SqliteStore>(std::move(database));
+}
+
+std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout) {
+  // The first thing written turns an empty file into a database.
+  Database(file, file, OpenMode::ReadWrite, timeout).Execute("PRAGMA user_version = 1");
+  return OpenReadWrite(file, timeout);
+}
+
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadOnly, timeout);
+  ReadSchema(*database);
+  return std::make_unique<SqliteReadOnlyStore>(std::move(database));
+}
+
+}  // namespace veyra::sqlite

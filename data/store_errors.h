@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "data/errors.h"
+
+namespace veyra {
+
+/// The failures that every kind of store reports in the same words. `file` is the full name of the
+/// database file.
+DatabaseError MissingTable(const std::string& file, const std::string& table);
+DatabaseError MissingColumn(const std::string& file, const std::string& table,
+                            const std::string& column);
+DatabaseError TableExists(const std::string& file, const std::string& table);
+DatabaseError ColumnExists(const std::string& file, const std::string& table,
+                           const std::string& column);
+DatabaseError OpenedForReadingOnly(const std::string& file);
+
+/// The row is there with other values, or no longer there.
+RowChangedError RowChanged(const std::string& file, const std::string& table);
+RowChangedError RowRemoved(const std::string& file, const std::string& table);
+
+}  // namespace veyra

@@ -1,0 +1,31 @@
+#include "forms/about/frmAbout.h"
+
+#include <string>
+
+#include "forms/about/maker.h"
+
+namespace veyra {
+
+frmAbout::frmAbout(AboutView& view, Windows& windows, Browser& browser, Dialogs& dialogs)
+    : view_(view), windows_(windows), browser_(browser), dialogs_(dialogs) {}
+
+void frmAbout::Command1_Click() {
+  view_.CloseWindow();
+}
+
+void frmAbout::labAbout_Click(std::size_t index) {
+  if (index != kLinkLabel) {
+    return;
+  }
+  const std::string address = kAboutLabels.at(kLinkLabel);
+  if (!browser_.Open(address)) {
+    dialogs_.MsgBox({.Text = "There is no web browser on this machine that can open " + address,
+                     .Sign = Icon::Exclamation});
+  }
+}
+
+void frmAbout::Form_Unload() {
+  windows_.EnableMonthWindow(true);
+}
+
+}  // namespace veyra

@@ -1,0 +1,209 @@
+#include "forms/day/frmDay.h"
+
+#include <algorithm>
+
+#include "data/text.h"
+#include "logic/bookings.h"
+#include "logic/guests.h"
+
+namespace veyra {
+namespace {
+
+/// 5:00 AM: the row on top when the window opens.
+constexpr int kFirstRowSeen = 11;
+
+/// DayOpener while the day viewer is loaded.
+constexpr int kDayViewer = 2;
+
+bool IsBooked(const std::string& guest) {
+  return !guest.empty();
+}
+
+}  // namespace
+
+frmDay::frmDay(Session& session, DayView& view, const modRes::Listings& listings,
+               const MultiDayPlan& plan, Windows& windows, Dialogs& dialogs)
+    : session_(session),
+      view_(view),
+      listings_(listings),
+      plan_(plan),
+      windows_(windows),
+      dialogs_(dialogs) {}
+
+bool frmDay::Form_Load() {
+  if (session_.PrintLayoutOn) {
+    return false;
+  }
+  view_.PlaceOnScreen();
+  view_.ScrollToRow(kFirstRowSeen);
+  modRes::LoadGuestNames(session_, Combo1_);
+  view_.ShowNameBox(Combo1_);
+  view_.ShowMode(multiple_);
+  FillGrid();
+  return true;
+}
+
+void frmDay::MSFlexGrid1_MouseDown(int row, int current_row) {
+  session_.AnchorRow = row;
+  session_.AnchorTimeText = current_row == 0 ? "Time" : modRes::LongSlotLabel(current_row);
+}
+
+void frmDay::MSFlexGrid1_Click(int row, int column) {
+  if (row == 0 || column == 0 || session_.AnchorRow == 0) {
+    return;
+  }
+  SelectRows(row);
+  const int booked = BookedRowsInSelection();
+  if (booked == 0) {
+    BookSelection();
+  } else if (booked == 1) {
+    ChangeSelectedBooking();
+  } else {
+    dialogs_.MsgBox({.Text = "There is already a Booking on " + std::to_string(booked) +
+                             " of the Time Slot(s).",
+                     .Sign = Icon::Critical});
+  }
+}
+
+void frmDay::Combo1_Change(const std::string& text) {
+  Combo1_.Text = text;
+}
+
+void frmDay::Combo1_GotFocus() {
+  if (!Combo1_.Text.empty()) {
+    view_.SelectAllText();
+  }
+}
+
+void frmDay::Combo1_LostFocus() {
+  Combo1_.Text = CapitalizeWords(Combo1_.Text);
+  view_.ShowName(Combo1_.Text);
+}
+
+void frmDay::Book_Click(int index) {
+  multiple_ = index == 1;
+  if (multiple_) {
+    PlanSeveralDays();
+  }
+}
+
+void frmDay::Book_DblClick(int) {
+  PlanSeveralDays();
+}
+
+void frmDay::SelectSingleBooking() {
+  multiple_ = false;
+  view_.ShowMode(multiple_);
+}
+
+void frmDay::Command2_Click() {
+  view_.CloseWindow();
+}
+
+void frmDay::Form_Unload() {
+  if (session_.DayOpener == kDayViewer) {
+    windows_.ShowDayViewer();
+  } else {
+    windows_.ShowMonthWindow();
+  }
+  session_.PrintLayoutOn = false;
+  modRes::FillDayCell(session_, listings_.Month, session_.DayCellIndex, session_.DayDate);
+}
+
+void frmDay::SelectRows(int row) {
+  const modRes::SlotRange range = modRes::RangeOfRows(session_.AnchorRow, row);
+  session_.SelFirstSlot = range.First;
+  session_.SelLastSlot = range.Last;
+  session_.SelEndRow = range.Last;
+  view_.SetCurrentRow(modRes::EndLabelSlot(range.Last));
+}
+
+int frmDay::BookedRowsInSelection() const {
+  const auto first = MSFlexGrid1_.Guest.begin() + session_.SelFirstSlot;
+  const auto end = MSFlexGrid1_.Guest.begin() + session_.SelLastSlot + 1;
+  return static_cast<int>(std::count_if(first, end, IsBooked));
+}
+
+void frmDay::ChangeSelectedBooking() {
+  const std::string name = MSFlexGrid1_.Guest.at(static_cast<std::size_t>(session_.SelFirstSlot));
+  if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + name + "?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Critical}) == Answer::Yes) {
+    DeleteSelectedBooking();
+    return;
+  }
+  if (dialogs_.MsgBox({.Text = "Do You wand to Edit the Booking Name of " + name + "?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Exclamation}) != Answer::Yes) {
+    return;
+  }
+  const std::string new_name = dialogs_.InputBox(
+      "Enter a New Booking Name (Limited to 50 Characters)", "Booking Name", name);
+  if (!new_name.empty()) {
+    RenameSelectedBooking(new_name);
+  }
+}
+
+void frmDay::DeleteSelectedBooking() {
+  modRes::DeleteBookings(session_, MSFlexGrid1_, listings_, dialogs_);
+  FillGrid();
+}
+
+void frmDay::RenameSelectedBooking(const std::string& name) {
+  std::string new_name = name;
+  if (modRes::RenameBookings(session_, new_name, MSFlexGrid1_, listings_, dialogs_)) {
+    FillGrid();
+  } else {
+    view_.ShowGrid(MSFlexGrid1_);
+  }
+}
+
+void frmDay::BookSelection() {
+  if (!(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
+    return;
+  }
+  modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_}, MSFlexGrid1_, listings_.Time,
+                       dialogs_);
+  view_.ShowGrid(MSFlexGrid1_);
+  modRes::RefreshListings(session_, listings_);
+}
+
+bool frmDay::ConfirmSingle() {
+  return Confirm(Question() + ".");
+}
+
+bool frmDay::ConfirmMultiple() {
+  modRes::CheckMultiDayConflicts(session_, plan_, listings_.Time, dialogs_);
+  if (session_.MultiBookCount < 1) {
+    return false;
+  }
+  return Confirm(Question() + kLineBreak + "for " + std::to_string(session_.MultiBookCount) +
+                 " Booking(s) between " + plan_.Text1[0] + " and " + plan_.Text1[1]);
+}
+
+std::string frmDay::Question() const {
+  const std::string name = Combo1_.Text.empty() ? modRes::kNoTitle : Combo1_.Text;
+  const modRes::TimeSlot end = modRes::EndLabelSlot(session_.SelLastSlot);
+  return "Reservation for " + name + " From " +
+         modRes::LabelOf(session_.SlotLabel, session_.SelFirstSlot) + " To " +
+         modRes::LabelOf(session_.SlotLabel, end);
+}
+
+bool frmDay::Confirm(const std::string& question) {
+  return dialogs_.MsgBox({.Text = question + kLineBreak + "Select OK to Book or Cancel to Cancel",
+                          .Choice = Buttons::OkCancel,
+                          .Sign = Icon::Question}) == Answer::Ok;
+}
+
+void frmDay::PlanSeveralDays() {
+  windows_.EnableDayWindow(false);
+  windows_.ShowMultiDayWindow(DateText(session_.DayDate));
+}
+
+void frmDay::FillGrid() {
+  MSFlexGrid1_ = {};
+  modRes::FillDayList(session_, MSFlexGrid1_, session_.DayDate);
+  view_.ShowGrid(MSFlexGrid1_);
+}
+
+}  // namespace veyra

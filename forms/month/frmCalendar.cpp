@@ -1,0 +1,237 @@
+#include "forms/month/frmCalendar.h"
+
+#include <algorithm>
+
+#include "data/color_settings.h"
+#include "data/text.h"
+#include "logic/facilities.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kEnterKey = 13;
+
+}  // namespace
+
+frmCalendar::frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
+                         const Clock& clock)
+    : session_(session), view_(view), windows_(windows), dialogs_(dialogs), clock_(clock) {}
+
+void frmCalendar::LoadFacilityBox() {
+  modRes::LoadFacilities(session_, Combo1_);
+  view_.ShowFacilityBox(Combo1_);
+}
+
+void frmCalendar::ApplyHeaderColors() {
+  const ColorSettings& colors = session_.CurrentColors;
+  view_.ShowColors(ColorNumber(colors.BkGrnd, "BkGrnd"),
+                   ColorNumber(colors.HeaderTxt, "HeaderTxt"));
+}
+
+void frmCalendar::SelectActiveFacility() {
+  modRes::SelectFacility(session_, Combo1_.Text);
+  ShowRoom(Combo1_.Text);
+}
+
+void frmCalendar::ShowCurrentMonth() {
+  const Date today = clock_.Today();
+  session_.CurMonth = MonthOf(today);
+  session_.CurYear = YearOf(today);
+  view_.PlaceAtTopCentre();
+  RefreshMonth();
+}
+
+void frmCalendar::Command1_Click() {
+  const bool december = session_.CurMonth == 12;
+  TurnTo(december ? session_.CurYear + 1 : session_.CurYear, december ? 1 : session_.CurMonth + 1);
+}
+
+void frmCalendar::Command2_Click() {
+  const bool january = session_.CurMonth == 1;
+  TurnTo(january ? session_.CurYear - 1 : session_.CurYear, january ? 12 : session_.CurMonth - 1);
+}
+
+void frmCalendar::Command4_Click() {
+  const Answer answer = dialogs_.MsgBox({.Text = "Are you Sure you want to Delete " + lblRoom_ +
+                                                 " and All Events associated with it?",
+                                         .Choice = Buttons::YesNo,
+                                         .Sign = Icon::Critical});
+  if (answer != Answer::Yes) {
+    return;
+  }
+  modRes::DeleteFacility(session_, Combo1_, lblRoom_);
+  view_.ShowFacilityBox(Combo1_);
+  view_.ShowRoom(lblRoom_);
+  RefreshMonth();
+}
+
+void frmCalendar::Combo1_Change(const std::string& text) {
+  Combo1_.Text = text;
+}
+
+void frmCalendar::Combo1_Click(const std::string& text) {
+  session_.IsLoading = false;
+  modRes::SelectFacility(session_, text);
+  Combo1_.Text = text;
+  ShowRoom(text);
+  RefreshMonth();
+}
+
+void frmCalendar::Combo1_KeyPress(int key) {
+  if (key != kEnterKey || AdoptListedName()) {
+    return;
+  }
+  Combo1_.Text = ProperCase(Combo1_.Text);
+  view_.ShowFacilityBox(Combo1_);
+  const Answer answer =
+      dialogs_.MsgBox({.Text = "Do you want to add a new Facility called " + Combo1_.Text + "?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Exclamation});
+  if (answer == Answer::Yes) {
+    AddTypedFacility();
+  } else {
+    modRes::ShowCurrentFacility(session_, Combo1_);
+    view_.ShowFacilityBox(Combo1_);
+  }
+}
+
+void frmCalendar::Combo1_GotFocus() {
+  if (!Combo1_.Text.empty()) {
+    view_.SelectAllText();
+  }
+}
+
+void frmCalendar::lstDay_MouseDown(int index, MouseButton button) {
+  if (button == MouseButton::Right) {
+    OpenForViewing(index);
+  } else if (button == MouseButton::Left && MayOpenDay()) {
+    OpenForBooking(index);
+  }
+}
+
+bool frmCalendar::MayOpenDay() {
+  if (Combo1_.Text.empty()) {
+    dialogs_.MsgBox({.Text = "There is no Facility Selected", .Sign = Icon::Critical});
+    return false;
+  }
+  if (session_.PrintLayoutOn) {
+    session_.PrintLayoutOn = false;
+    return false;
+  }
+  view_.ShowControls(true);
+  if (session_.IsLoading) {
+    session_.IsLoading = false;
+    return false;
+  }
+  return true;
+}
+
+void frmCalendar::mnuAbout_Click() {
+  windows_.EnableMonthWindow(false);
+  EnableAgainIfThrown([this] { windows_.OpenAbout(); });
+}
+
+void frmCalendar::mnuSettings_Click() {
+  windows_.EnableMonthWindow(false);
+  EnableAgainIfThrown([this] { windows_.OpenSettings(); });
+}
+
+void frmCalendar::Form_Unload() {
+  windows_.EndProgram();
+}
+
+void frmCalendar::RefreshMonth() {
+  modRes::RefreshMonth(session_, clock_, view_, session_.CurMonth);
+}
+
+void frmCalendar::Repaint() {
+  ApplyHeaderColors();
+  RefreshMonth();
+}
+
+void frmCalendar::TurnTo(int year, int month) {
+  session_.IsLoading = false;
+  if (year < kFirstYear || year > kLastYear) {
+    return;
+  }
+  const int old_year = session_.CurYear;
+  const int old_month = session_.CurMonth;
+  session_.CurYear = year;
+  session_.CurMonth = month;
+  try {
+    RefreshMonth();
+  } catch (...) {
+    // The old month still stands on the screen, and a click on it must open its own days.
+    session_.CurYear = old_year;
+    session_.CurMonth = old_month;
+    throw;
+  }
+}
+
+bool frmCalendar::AdoptListedName() {
+  if (Combo1_.Text.empty()) {
+    return true;
+  }
+  const std::string wanted = UpperCase(Combo1_.Text);
+  const auto listed =
+      std::find_if(Combo1_.Items.begin(), Combo1_.Items.end(),
+                   [&wanted](const std::string& item) { return UpperCase(item) == wanted; });
+  if (listed == Combo1_.Items.end()) {
+    return false;
+  }
+  Combo1_.Text = *listed;
+  view_.ShowFacilityBox(Combo1_);
+  return true;
+}
+
+void frmCalendar::AddTypedFacility() {
+  session_.IsLoading = false;
+  modRes::AddFacility(session_, Combo1_);
+  view_.ShowFacilityBox(Combo1_);
+  ShowRoom(Combo1_.Text);
+  RefreshMonth();
+}
+
+void frmCalendar::OpenForBooking(int index) {
+  const Date day = DateOfCell(index);
+  view_.FocusPrintButton();
+  windows_.HideMonthWindow();
+  session_.DayDate = day;
+  session_.DayCellIndex = index;
+  try {
+    windows_.OpenDayWindow("  " + DateText(day) + " Bookings");
+  } catch (...) {
+    windows_.ShowMonthWindow();
+    throw;
+  }
+}
+
+void frmCalendar::OpenForViewing(int index) {
+  windows_.EnableMonthWindow(false);
+  session_.DayDate = DateOfCell(index);
+  session_.DayCellIndex = index;
+  EnableAgainIfThrown(
+      [this] { windows_.OpenDayViewer("  " + DateText(session_.DayDate) + " Day Viewer"); });
+}
+
+/// A window that failed to open cannot enable this one when it closes.
+void frmCalendar::EnableAgainIfThrown(const std::function<void()>& open) {
+  try {
+    open();
+  } catch (...) {
+    windows_.EnableMonthWindow(true);
+    throw;
+  }
+}
+
+Date frmCalendar::DateOfCell(int index) const {
+  const Date first_day = MakeDate(session_.CurYear, session_.CurMonth, 1).value();
+  return AddDays(first_day, index - WeekdayNumber(first_day));
+}
+
+void frmCalendar::ShowRoom(const std::string& name) {
+  lblRoom_ = name;
+  view_.ShowRoom(lblRoom_);
+}
+
+}  // namespace veyra

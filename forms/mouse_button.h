@@ -1,0 +1,7 @@
+#pragma once
+
+namespace veyra {
+
+enum class MouseButton { Left, Right, Other };
+
+}  // namespace veyra

@@ -1,0 +1,121 @@
+#include "logic/facilities.h"
+
+#include <algorithm>
+
+namespace veyra::modRes {
+namespace {
+
+constexpr const char* kAllRooms = "SELECT * FROM Rooms";
+
+std::string CurrentRoomQuery(const Session& session) {
+  return "SELECT * FROM Rooms Where ID = " + std::to_string(session.CurRmID);
+}
+
+bool IsActive(Recordset& room) {
+  return ToInteger(room.Field("Active")) == 1;
+}
+
+std::int64_t IdOf(Recordset& room) {
+  return ToInteger(room.Field("ID")).value_or(0);
+}
+
+std::string NameOf(Recordset& room) {
+  return ToText(room.Field("Name"));
+}
+
+void SetActive(Recordset& room, bool active) {
+  room.SetField("Active", std::int64_t{active ? 1 : 0});
+}
+
+void DeleteBookingsOfCurrentRoom(Session& session) {
+  const auto bookings =
+      session.ResCon->Open("SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID),
+                           CursorType::StaticOptimistic);
+  for (; !bookings->AtEnd(); bookings->MoveNext()) {
+    bookings->Delete();
+  }
+}
+
+void RemoveCurrentEntry(NameBox& Combo1) {
+  const auto entry = std::find(Combo1.Items.begin(), Combo1.Items.end(), Combo1.Text);
+  if (entry != Combo1.Items.end()) {
+    Combo1.Items.erase(entry);
+  }
+}
+
+void DeleteCurrentRoom(Session& session) {
+  const auto room = session.ResCon->Open(CurrentRoomQuery(session), CursorType::StaticOptimistic);
+  if (!room->IsEmpty()) {
+    room->Delete();
+  }
+}
+
+void SelectFirstRoom(Session& session, NameBox& Combo1, std::string& lblRoom) {
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  if (rooms->IsEmpty()) {
+    Combo1.Text.clear();
+    return;
+  }
+  SetActive(*rooms, true);
+  rooms->Update();
+  session.CurRmID = IdOf(*rooms);
+  Combo1.Text = NameOf(*rooms);
+  lblRoom = Combo1.Text;
+}
+
+}  // namespace
+
+void LoadFacilities(Session& session, NameBox& Combo1) {
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::ForwardOnlyReadOnly);
+  if (rooms->IsEmpty()) {
+    return;
+  }
+  Combo1.Items.clear();
+  for (; !rooms->AtEnd(); rooms->MoveNext()) {
+    Combo1.Items.push_back(NameOf(*rooms));
+    if (IsActive(*rooms)) {
+      Combo1.Text = Combo1.Items.back();
+    }
+  }
+}
+
+void SelectFacility(Session& session, const std::string& FacilityName) {
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  std::int64_t selected_id = session.CurRmID;
+  for (; !rooms->AtEnd(); rooms->MoveNext()) {
+    const bool selected = NameOf(*rooms) == FacilityName;
+    if (selected) {
+      selected_id = IdOf(*rooms);
+    }
+    SetActive(*rooms, selected);
+    rooms->Update();
+  }
+  session.CurRmID = selected_id;
+}
+
+void ShowCurrentFacility(Session& session, NameBox& Combo1) {
+  const auto room =
+      session.ResCon->Open(CurrentRoomQuery(session), CursorType::ForwardOnlyReadOnly);
+  if (!room->AtEnd()) {
+    Combo1.Text = NameOf(*room);
+  }
+}
+
+void AddFacility(Session& session, NameBox& Combo1) {
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  rooms->AddNew();
+  rooms->SetField("Name", Combo1.Text);
+  SetActive(*rooms, true);
+  rooms->Update();
+  session.CurRmID = IdOf(*rooms);
+  Combo1.Items.push_back(Combo1.Text);
+}
+
+void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom) {
+  DeleteBookingsOfCurrentRoom(session);
+  DeleteCurrentRoom(session);
+  RemoveCurrentEntry(Combo1);
+  SelectFirstRoom(session, Combo1, lblRoom);
+}
+
+}  // namespace veyra::modRes

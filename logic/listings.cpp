@@ -1,0 +1,114 @@
+#include "logic/listings.h"
+
+#include <utility>
+
+#include "logic/slots.h"
+
+namespace veyra::modRes {
+namespace {
+
+constexpr std::array<const char*, 12> kMonthTitles = {
+    "January ", "February ", "March ",     "April ",   "May ",      "June ",
+    "July ",    "August ",   "September ", "October ", "November ", "December "};
+
+/// Days of each month, less 30.
+constexpr std::array<int, 12> kDaysInMonthOffset = {1, -2, 1, 0, 1, 0, 1, 1, 0, 1, 0, 1};
+
+constexpr int kFebruary = 2;
+
+int DaysInMonth(int year, int month) {
+  if (month == kFebruary && MakeDate(year, month, 29)) {
+    return 29;
+  }
+  return 30 + kDaysInMonthOffset.at(static_cast<std::size_t>(month) - 1);
+}
+
+/// The day's bookings of the current facility, in the order of their first slots.
+std::unique_ptr<Recordset> OpenDay(Session& session, Date day) {
+  return session.ResCon->Open(
+      "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
+          " And DateOfRes = #" + DateText(day) + "# Order By TimeFrom;",
+      CursorType::ForwardOnlyReadOnly);
+}
+
+SlotRange RangeOf(Recordset& booking) {
+  return {SlotOf(booking.Field("TimeFrom")), SlotOf(booking.Field("TimeTo"))};
+}
+
+std::string ListingLine(const Session& session, Recordset& booking) {
+  return RangeLabel(session.SlotLabel, RangeOf(booking)) + " " + ToText(booking.Field("Event"));
+}
+
+DayLines LinesOfDay(Session& session, Date day) {
+  DayLines lines;
+  const auto bookings = OpenDay(session, day);
+  for (; !bookings->AtEnd(); bookings->MoveNext()) {
+    lines.push_back(ListingLine(session, *bookings));
+  }
+  return lines;
+}
+
+void ColorCell(const ColorSettings& colors, MonthCell& cell) {
+  if (!cell.IsToday) {
+    cell.NumberColor = ColorNumber(colors.DaysTxtColor, "DaysTxtColor");
+    return;
+  }
+  cell.NumberColor = ColorNumber(colors.TodayColor, "TodayColor");
+  cell.ListColor = ColorNumber(colors.TodayBColor, "TodayBColor");
+}
+
+MonthCell CellOf(Session& session, Date day, Date today) {
+  MonthCell cell;
+  cell.Visible = true;
+  cell.Day = day;
+  cell.Number = std::to_string(DayOf(day));
+  cell.IsToday = day == today;
+  ColorCell(session.CurrentColors, cell);
+  cell.Lines = LinesOfDay(session, day);
+  return cell;
+}
+
+}  // namespace
+
+void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month) {
+  MonthPicture picture;
+  const int year = session.CurYear;
+  picture.Title = kMonthTitles.at(static_cast<std::size_t>(month) - 1) + std::to_string(year);
+  const Date first_day = MakeDate(year, month, 1).value();
+  const int first_cell = WeekdayNumber(first_day);
+  const Date today = clock.Today();
+  for (int day = 0; day < DaysInMonth(year, month); ++day) {
+    picture.Cells.at(static_cast<std::size_t>(first_cell + day)) =
+        CellOf(session, AddDays(first_day, day), today);
+  }
+  screen.ShowMonth(picture);
+}
+
+void FillDayCell(Session& session, MonthScreen& screen, int cell_index, Date day) {
+  screen.ShowDayCell(cell_index, LinesOfDay(session, day));
+}
+
+void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day) {
+  const auto bookings = OpenDay(session, day);
+  for (; !bookings->AtEnd(); bookings->MoveNext()) {
+    const SlotRange rows = RowsOf(bookings->Field("TimeFrom"), bookings->Field("TimeTo"));
+    const std::string name = ToText(bookings->Field("Event"));
+    for (TimeSlot slot = rows.First; slot <= rows.Last; ++slot) {
+      MSFlexGrid1.Guest.at(static_cast<std::size_t>(slot)) = name;
+    }
+  }
+}
+
+void FillDayList(Session& session, DayListScreen& lstDay, Date day) {
+  lstDay.ShowDayList(LinesOfDay(session, day));
+}
+
+void RefreshListings(Session& session, const Listings& listings) {
+  RefreshMonth(session, listings.Time, listings.Month, session.CurMonth);
+  constexpr int kDayViewer = 2;
+  if (session.DayOpener == kDayViewer) {
+    FillDayList(session, listings.Viewer, session.DayDate);
+  }
+}
+
+}  // namespace veyra::modRes

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "data/date.h"
+#include "logic/clock.h"
+#include "logic/dialogs.h"
+#include "logic/session.h"
+
+namespace veyra {
+
+/// What the multiple-day window holds: the dates of a range that fall on the ticked weekdays.
+struct MultiDayPlan {
+  std::array<std::string, 2> Text1;  ///< From and To as typed; both ends belong to the range.
+  std::array<bool, 8> Days{};        ///< By weekday, 1 for Sunday to 7; entry 0 is not used.
+
+  bool operator==(const MultiDayPlan&) const = default;
+};
+
+namespace modRes {
+
+/// The dates of a plan, its texts read.
+struct PlannedRange {
+  Date From{};
+  Date To{};  ///< Included. Before From when the plan has no date.
+  std::array<bool, 8> Days{};
+};
+
+/// Reads the plan's two texts. Throws ValueError when one is no date.
+PlannedRange RangeOfPlan(const MultiDayPlan& plan, Date today);
+
+/// How many days the range spans, ticked or not; 0 when To lies before From.
+std::int64_t DaysInRange(const PlannedRange& range);
+
+/// Visits, in their order, the dates from From to To that fall on a ticked weekday, and breaks off
+/// when `progress` says so. Counting, checking and booking all walk by this routine. Returns false
+/// when broken off.
+bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
+                        const std::function<void(Date)>& visit);
+
+/// How many dates ForEachPlannedDate would visit.
+std::int64_t CountPlannedDates(const PlannedRange& range);
+
+/// The English name of the date's weekday.
+std::string WeekdayName(Date date);
+
+/// The text of the query for bookings of any facility on `day` that hold the first or the last slot
+/// of the selection. A booking that lies strictly inside the selection is not found: this is meant.
+std::string ClashQuery(const Session& session, Date day);
+
+/// Looks for clashes on every date of the plan, lists them to the operator, and sets MultiBookCount
+/// to PlannedDayCount less the number of dates that clash; to 0 when the operator breaks off.
+/// Throws DatabaseError, and ValueError when a text of the plan is no date.
+void CheckMultiDayConflicts(Session& session, const MultiDayPlan& plan, const Clock& clock,
+                            Dialogs& dialogs);
+
+}  // namespace modRes
+}  // namespace veyra

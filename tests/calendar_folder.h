@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "data/connection.h"
+#include "data/create_store.h"
+#include "data/schema.h"
+#include "logic/session.h"
+#include "tests/store_kind.h"
+#include "tests/temp_folder.h"
+
+namespace veyra {
+
+/// A data folder with a real calendar and a real guest database in it, both without rows, of the
+/// kind of file that this run of the tests is for.
+class CalendarFolder {
+ public:
+  CalendarFolder() {
+    const auto calendar = CreateStoreOfKind(TestedStoreKind(), File("Calendar.mdb"));
+    calendar->CreateTable(RoomsTable());
+    calendar->CreateTable(ReservTable());
+    const auto guests = CreateStoreOfKind(TestedStoreKind(), File("Veyra.mdb"));
+    guests->CreateTable(GuestTable());
+  }
+
+  std::string Path() const { return folder_.path().string(); }
+  std::string File(const std::string& name) const { return folder_.File(name).string(); }
+  const TempFolder& Folder() const { return folder_; }
+
+  /// Adds a facility and returns its ID.
+  std::int64_t AddRoom(const std::string& name, bool active = false) {
+    const auto row =
+        Calendar()->Insert("Rooms", {{"Name", name}, {"Active", std::int64_t{active}}});
+    return ToInteger(row.Values.front()).value();
+  }
+
+  void AddBooking(std::int64_t room, const std::string& day, int from, int to,
+                  const std::string& event, Value group_key = Null{}) {
+    Calendar()->Insert("Reserv", {{"RmID", room},
+                                  {"Event", event},
+                                  {"DateOfRes", DateFromIsoText(day).value()},
+                                  {"TimeFrom", std::int64_t{from}},
+                                  {"TimeTo", std::int64_t{to}},
+                                  {"MultKey", std::move(group_key)}});
+  }
+
+  void AddGuest(Value name) {
+    OpenStore(File("Veyra.mdb"), StoreAccess::ReadWrite)
+        ->Insert("Guest", {{"Name", std::move(name)}});
+  }
+
+  /// The facilities, a line each: "1 Pool active".
+  std::string Rooms() {
+    return Listed("SELECT * FROM Rooms", [](Recordset& row) {
+      return ToText(row.Field("ID")) + " " + ToText(row.Field("Name")) +
+             (ToInteger(row.Field("Active")) == 1 ? " active" : "");
+    });
+  }
+
+  /// The bookings in the order of their making, a line each: "1 2014-04-06 19-21 Smith", with the
+  /// group key at the end of those that have one.
+  std::string Bookings() {
+    return Listed("SELECT * FROM Reserv", [](Recordset& row) {
+      const Value key = row.Field("MultKey");
+      return ToText(row.Field("RmID")) + " " + IsoText(ToDate(row.Field("DateOfRes")).value()) +
+             " " + ToText(row.Field("TimeFrom")) + "-" + ToText(row.Field("TimeTo")) + " " +
+             ToText(row.Field("Event")) + (IsNull(key) ? "" : " " + ToText(key));
+    });
+  }
+
+  /// A session with both connections open and its slot labels filled.
+  std::unique_ptr<Session> OpenSession() {
+    auto session = std::make_unique<Session>();
+    session->DataFolder = Path();
+    CreateResCon(*session);
+    CreateVeyraCon(*session);
+    modRes::SlotLabels(session->SlotLabel);
+    return session;
+  }
+
+  /// The calendar, opened for this one statement.
+  std::unique_ptr<Store> Calendar() const {
+    return OpenStore(File("Calendar.mdb"), StoreAccess::ReadWrite);
+  }
+
+ private:
+  template <typename Render>
+  std::string Listed(const std::string& sql, Render render) {
+    Connection connection(OpenStore(File("Calendar.mdb"), StoreAccess::ReadWrite));
+    std::string lines;
+    const auto rows = connection.Open(sql, CursorType::ForwardOnlyReadOnly);
+    for (; !rows->AtEnd(); rows->MoveNext()) {
+      lines += render(*rows) + "\n";
+    }
+    return lines;
+  }
+
+  TempFolder folder_;
+};
+
+}  // namespace veyra

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace veyra {
+
+/// The desktop's own style, with buttons of an even size and slender scroll bars.
+class QtStyle : public QProxyStyle {
+  Q_OBJECT
+
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
+};
+
+}  // namespace veyra

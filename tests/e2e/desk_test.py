@@ -41,12 +41,12 @@ class DeskTest(unittest.TestCase):
         self.desk = Desk(screen(), self.app_folder)
         self.addCleanup(self.desk.__exit__)
 
-    def tearDown(self):
-        if not self._outcome.success and PICTURES:
+    def leave_picture(self):
+        if PICTURES:
             os.makedirs(PICTURES, exist_ok=True)
             picture = os.path.join(PICTURES, f"{self.id()}.png")
             self.desk.picture(picture, window_only=False)
-            print(f"\nWhat was on the screen when {self.id()} failed: {picture}")
+            print(f"What was on the screen then: {picture}")
 
     def start(self):
         """Starts the program and waits for its month."""
@@ -75,3 +75,20 @@ class DeskTest(unittest.TestCase):
         result = subprocess.run(["sqlite3", os.path.join(self.data_folder, "Calendar.mdb")],
                                 input=statement, check=True, stdout=subprocess.PIPE, text=True)
         return result.stdout.splitlines()
+
+
+class _Result(unittest.TextTestResult):
+    """Leaves a picture of what a failed test had on the screen."""
+
+    def addFailure(self, test, err):
+        super().addFailure(test, err)
+        test.leave_picture()
+
+    def addError(self, test, err):
+        super().addError(test, err)
+        if isinstance(test, DeskTest):
+            test.leave_picture()
+
+
+def main():
+    unittest.main(testRunner=unittest.TextTestRunner(resultclass=_Result, verbosity=2))

@@ -1,8 +1,6 @@
 """From the start to the first booking, the way a newcomer goes."""
 
-import unittest
-
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 
 class FirstBookingTest(DeskTest):
@@ -54,4 +52,4 @@ class FirstBookingTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

@@ -1,10 +1,9 @@
 """Turning the pages of the calendar."""
 
-import unittest
 from calendar import monthrange
 from datetime import date
 
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 MONTHS = ("January February March April May June July August September October November "
           "December").split()
@@ -70,4 +69,4 @@ class PagingTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

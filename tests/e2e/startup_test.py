@@ -2,9 +2,8 @@
 
 import os
 import sqlite3
-import unittest
 
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 
 class StartUpTest(DeskTest):
@@ -97,4 +96,4 @@ class EndTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

@@ -4,6 +4,7 @@
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -23,7 +24,7 @@ namespace veyra {
 namespace {
 
 constexpr int kPageRole = Qt::UserRole;
-constexpr QSize kWindowSize{1000, 700};
+constexpr QSize kWindowSize{1040, 740};
 constexpr int kSideWidth = 250;
 constexpr int kResultSpacing = 3;
 
@@ -51,12 +52,12 @@ QtHelpWindow::QtHelpWindow(Browser browser)
   setAttribute(Qt::WA_QuitOnClose, false);
   Name(this, "helpWindow", tr("Help"));
   Name(page_, "helpPage", tr("Help page"));
-  resize(kWindowSize);
+  resize(kWindowSize.boundedTo(screen()->availableSize()));
 
   auto* splitter = new QSplitter(this);
   splitter->addWidget(MakeSide());
   splitter->addWidget(page_);
-  splitter->setSizes({kSideWidth, kWindowSize.width() - kSideWidth});
+  splitter->setSizes({kSideWidth, width() - kSideWidth});
   splitter->setStretchFactor(1, 1);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

@@ -23,7 +23,8 @@ from screen import Screen  # noqa: E402
 
 FACILITIES = ["Main Hall", "Meeting Room", "Swimming Pool"]
 GUESTS = ["Ann Example", "Carlos Medina", "Dana Smith", "Liam Fairbrother", "Priya Raghavan"]
-WIDTH = 700  # pixels: what a page is wide in the help window
+SCREEN = (1024, 620)  # low, for the day window is nearly as high as the screen
+WIDTH = 720  # pixels: what a page is wide in the help window
 
 # Day of the month, first and last slot, name: a month that is neither empty nor crowded.
 BOOKINGS = [
@@ -72,7 +73,7 @@ def save(desk, name):
     """The front window, with no more colours than it needs, so that the help file stays small."""
     picture = PICTURES / f"{name}.png"
     desk.picture(picture)
-    subprocess.run(["convert", picture, "-resize", f"{WIDTH}x>", "-strip", "-colors", "255",
+    subprocess.run(["convert", picture, "-resize", f"{WIDTH}x>", "-strip", "+dither", "-colors", "255",
                     "-define", "png:compression-level=9", picture], check=True)
 
 
@@ -100,7 +101,7 @@ def main():
     PICTURES.mkdir(exist_ok=True)
     with tempfile.TemporaryDirectory(prefix="veyra-pictures-") as folder:
         make_application_folder(program_folder, pathlib.Path(folder))
-        with Screen(1024, 768) as screen, Desk(screen, folder) as desk:
+        with Screen(*SCREEN) as screen, Desk(screen, folder) as desk:
             take_all(desk)
     for picture in sorted(PICTURES.glob("*.png")):
         print(f"{picture.name}: {os.path.getsize(picture)} bytes")

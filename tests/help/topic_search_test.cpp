@@ -58,8 +58,8 @@ TEST_F(TopicSearchTest, TheExcerptOfAShortPageIsAllOfIt) {
 }
 
 TEST(TopicSearchExcerptTest, TheExcerptDoesNotRepeatTheTitle) {
-  const ChmArchive archive(std::vector<HelpObject>{
-      {"/a.htm", "<title>The month</title><h1>The month</h1>One month."}});
+  const ChmArchive archive(
+      std::vector<HelpObject>{{"/a.htm", "<title>The month</title><h1>The month</h1>One month."}});
   const auto found = TopicSearch(archive).Find("month");
   ASSERT_EQ(1U, found.size());
   EXPECT_EQ("One month.", found[0].Excerpt);

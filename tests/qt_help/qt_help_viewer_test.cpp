@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QTextBrowser>
+#include <random>
 
 #include "help/qt_help_page.h"
 #include "tests/help/help_samples.h"
@@ -78,6 +79,18 @@ TEST_F(QtHelpViewerTest, ADamagedHelpFileIsReportedInTheWindow) {
   InstallHelp(good_.substr(0, good_.size() / 2));
   viewer_.ShowTopic(kHelpContents);
   EXPECT_EQ("The help file cannot be read.", Heading());
+}
+
+TEST_F(QtHelpViewerTest, DamagedPagesAreShownAsFarAsTheyGo) {
+  std::mt19937 random(20140406);
+  for (int i = 0; i < 60; ++i) {
+    std::string damaged = good_;
+    for (int k = 0; k < 4; ++k) damaged[random() % damaged.size()] = static_cast<char>(random());
+    InstallHelp(damaged + std::string(static_cast<std::size_t>(i), ' '));
+    viewer_.ShowTopic(kHelpOverview);
+    QCoreApplication::processEvents();
+    EXPECT_NE("none", Heading());
+  }
 }
 
 TEST_F(QtHelpViewerTest, AHelpFileThatWasReplacedIsReadAnew) {

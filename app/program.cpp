@@ -92,7 +92,8 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       guard_(dialogs),
       month_window_(guard_),
       month_gate_(month_window_),
-      month_(session_, month_window_, *this, dialogs, clock) {
+      printer_(month_window_),
+      month_(session_, month_window_, *this, dialogs, clock, printer_) {
   month_window_.SetHandler(&month_);
 }
 

@@ -5,6 +5,7 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
+#include "forms/month/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
 #include "forms/qt_browser.h"
 #include "forms/qt_input_gate.h"
@@ -65,6 +66,7 @@ class Program : public Windows {
   Session session_;
   QtMonthWindow month_window_;
   QtInputGate month_gate_;
+  QtMonthPrinter printer_;
   frmCalendar month_;
   NoDayList no_list_;
   std::unique_ptr<OpenViewer> viewer_;

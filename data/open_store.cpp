@@ -60,6 +60,9 @@ void RequireFile(const fs::path& path) {
     throw DatabaseError({path.string(), "This is no file that can be read.",
                          "Check that the disk is connected and that you may use the folder."});
   }
+  if (fs::file_size(path, error) == 0) {
+    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
+  }
   if (access(path.c_str(), R_OK) != 0) {
     throw DatabaseError({path.string(), "You may not read the file.",
                          "Ask for the right to read and change the file."});
@@ -83,9 +86,6 @@ void RequireWritable(const fs::path& path) {
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
                                         std::chrono::milliseconds timeout) {
   const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
-  if (bytes.empty()) {
-    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
-  }
   if (bytes.starts_with(kSqliteStart)) {
     return access == StoreAccess::ReadOnly ? sqlite::OpenReadOnly(path.string(), timeout)
                                            : sqlite::OpenReadWrite(path.string(), timeout);

@@ -42,10 +42,11 @@ bool IsWritable(const fs::path& path) {
   std::error_code error;
   const fs::path folder = path.parent_path();
   const bool has_folder = fs::is_directory(folder, error);
-  throw DatabaseError({path.string(),
-                       has_folder ? "There is no such file."
-                                  : "There is no such file, and no folder " + folder.string() + ".",
-                       "Check that the folder is the right one and that the file is in it."});
+  throw MissingFileError({path.string(),
+                          has_folder
+                              ? "There is no such file."
+                              : "There is no such file, and no folder " + folder.string() + ".",
+                          "Check that the folder is the right one and that the file is in it."});
 }
 
 void RequireFile(const fs::path& path) {

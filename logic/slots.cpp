@@ -31,7 +31,7 @@ std::string ShortLabel(TimeSlot slot) {
 }
 
 std::string LabelOrUnknown(const SlotLabelTable& labels, TimeSlot slot) {
-  return IsSlot(slot) ? LabelOf(labels, slot) : "??:???";
+  return IsSlot(slot) ? LabelOf(labels, slot) : "**:***";
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ TimeSlot SlotOf(const Value& stored);
 SlotRange RowsOf(const Value& time_from, const Value& time_to);
 
 /// "12:00A- 1:30A": the short labels of a range's beginning and end. A bound that is no slot, as a
-/// damaged row may hold, shows as "??:???".
+/// damaged row may hold, shows as "**:***".
 std::string RangeLabel(const SlotLabelTable& labels, SlotRange range);
 
 }  // namespace veyra::modRes

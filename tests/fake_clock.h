@@ -9,9 +9,7 @@ class FakeClock : public Clock {
  public:
   explicit FakeClock(int year, int month, int day) { Set(year, month, day); }
 
-  void Set(int year, int month, int day) {
-    now_ = {MakeDate(year, month, day).value(), 12, 0, 0};
-  }
+  void Set(int year, int month, int day) { now_ = {MakeDate(year, month, day).value(), 12, 0, 0}; }
   void SetTime(int hour, int minute, int second) {
     now_.Hour = hour;
     now_.Minute = minute;

@@ -13,7 +13,8 @@
 
 namespace veyra {
 
-/// The buttons, the icon and the text of a box, on one line: "[OK/Cancel Question] Reservation ...".
+/// The buttons, the icon and the text of a box, on one line: "[OK/Cancel Question] Reservation
+/// ...".
 inline std::string Rendered(const Message& message) {
   constexpr const char* kButtons[] = {"OK", "OK/Cancel", "Yes/No"};
   constexpr const char* kIcons[] = {"", " Critical", " Question", " Exclamation", " Information"};

@@ -24,7 +24,9 @@ inline const char* NameOf(StoreKind kind) {
 }
 
 /// The kind that this run of the tests is for.
-inline StoreKind TestedStoreKind() { return StoreKind::Sqlite; }
+inline StoreKind TestedStoreKind() {
+  return StoreKind::Sqlite;
+}
 
 /// Makes a new file of that kind, without tables.
 inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind, const std::string& file_name) {

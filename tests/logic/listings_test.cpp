@@ -66,13 +66,17 @@ TEST_F(ListingsTest, AMonthThatStartsOnSaturdayBeginsInTheSeventhCell) {
   EXPECT_EQ("7..36", CellsOf(2014, 11));
 }
 
-TEST_F(ListingsTest, TheLastCellEverUsedIsThe37th) { EXPECT_EQ("7..37", CellsOf(2014, 3)); }
+TEST_F(ListingsTest, TheLastCellEverUsedIsThe37th) {
+  EXPECT_EQ("7..37", CellsOf(2014, 3));
+}
 
 TEST_F(ListingsTest, FebruaryThatStartsOnSundayFillsFourRows) {
   EXPECT_EQ("1..28", CellsOf(2015, 2));
 }
 
-TEST_F(ListingsTest, FebruaryOfALeapYearShows29Days) { EXPECT_EQ("4..32", CellsOf(2012, 2)); }
+TEST_F(ListingsTest, FebruaryOfALeapYearShows29Days) {
+  EXPECT_EQ("4..32", CellsOf(2012, 2));
+}
 
 TEST_F(ListingsTest, ACenturyIsALeapYearOnlyEveryFourHundredYears) {
   EXPECT_EQ("5..32", CellsOf(1900, 2));
@@ -91,10 +95,10 @@ TEST_F(ListingsTest, EveryMonthShowsItsOwnNumberOfDays) {
 }
 
 TEST_F(ListingsTest, EveryMonthHasItsTitle) {
-  const std::vector<std::string> titles = {
-      "January 2014", "February 2014", "March 2014",     "April 2014",   "May 2014",
-      "June 2014",    "July 2014",     "August 2014",    "September 2014", "October 2014",
-      "November 2014", "December 2014"};
+  const std::vector<std::string> titles = {"January 2014", "February 2014", "March 2014",
+                                           "April 2014",   "May 2014",      "June 2014",
+                                           "July 2014",    "August 2014",   "September 2014",
+                                           "October 2014", "November 2014", "December 2014"};
   for (int month = 1; month <= 12; ++month) {
     EXPECT_EQ(titles[static_cast<std::size_t>(month) - 1], Month(2014, month).Title);
   }
@@ -187,8 +191,8 @@ TEST_F(ListingsTest, DamagedRowsAreShownSafelyAndTheRestOfTheDayIsListed) {
   folder_.AddBooking(room_, "2014-03-15", 19, 21, "sound");
   folder_.AddBooking(room_, "2014-03-15", 30, 28, "reversed");
   folder_.AddBooking(room_, "2014-03-15", 48, 49, "beyond");
-  EXPECT_EQ((DayLines{"??:???- 1:00A zero", " 9:00A-10:30A sound", " 2:30P- 2:00P reversed",
-                      "11:30P-??:??? beyond"}),
+  EXPECT_EQ((DayLines{"**:***- 1:00A zero", " 9:00A-10:30A sound", " 2:30P- 2:00P reversed",
+                      "11:30P-**:*** beyond"}),
             CellOn("2014-03-15"));
 }
 
@@ -218,8 +222,7 @@ TEST_F(ListingsTest, DamagedRowsFillOnlyRowsOfTheDayGrid) {
 TEST_F(ListingsTest, TheDayViewerListsTheLinesOfAMonthCell) {
   folder_.AddBooking(room_, "2014-03-15", 47, 48, "Party");
   folder_.AddBooking(room_, "2014-03-15", 1, 3, "Meeting");
-  FillDayList(Desk(), static_cast<DayListScreen&>(screen_),
-              DateFromIsoText("2014-03-15").value());
+  FillDayList(Desk(), static_cast<DayListScreen&>(screen_), DateFromIsoText("2014-03-15").value());
   EXPECT_EQ((DayLines{"12:00A- 1:30A Meeting", "11:00P-12:00A Party"}), screen_.ViewerLines);
 }
 

@@ -130,9 +130,8 @@ TEST_F(ConflictsTest, ConflictsAreListedWithTheirWeekdays) {
 TEST_F(ConflictsTest, WhenEveryDateClashesNoneCanBeMade) {
   folder_.AddBooking(pool_, "2014-03-17", 18, 18, "a");
   Check(PlanOf("3/17/2014", "3/17/2014", {kMonday}), 18, 20);
-  EXPECT_EQ(
-      "[OK Exclamation] Due to other Booking Conflicts, none of these Bookings can be made.",
-      dialogs_.OnlyBox());
+  EXPECT_EQ("[OK Exclamation] Due to other Booking Conflicts, none of these Bookings can be made.",
+            dialogs_.OnlyBox());
   EXPECT_EQ(0, Free());
 }
 

@@ -68,8 +68,8 @@ TEST(SlotsTest, TheEndLabelIsTheStartOfTheNextSlot) {
 }
 
 TEST(SlotsTest, ABoundThatIsNoSlotIsShownAsUnknown) {
-  EXPECT_EQ("??:???- 1:30A", RangeLabel(Labels(), {0, 3}));
-  EXPECT_EQ("12:00A-??:???", RangeLabel(Labels(), {1, 49}));
+  EXPECT_EQ("**:***- 1:30A", RangeLabel(Labels(), {0, 3}));
+  EXPECT_EQ("12:00A-**:***", RangeLabel(Labels(), {1, 49}));
 }
 
 TEST(SlotsTest, ARangeRunsFromTheUpperToTheLowerRow) {

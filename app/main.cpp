@@ -1,0 +1,25 @@
+#include <QApplication>
+#include <clocale>
+#include <cstdlib>
+
+#include "app/program.h"
+#include "forms/qt_dialogs.h"
+#include "forms/qt_style.h"
+#include "forms/qt_text.h"
+#include "logic/clock.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setStyle(new veyra::QtStyle);
+  QApplication::setQuitOnLastWindowClosed(false);
+  // Numbers are written with a point, whatever the country.
+  std::setlocale(LC_NUMERIC, "C");
+
+  const veyra::SystemClock clock;
+  veyra::QtDialogs dialogs;
+  veyra::Program program(clock, dialogs);
+  if (!program.Start(veyra::ToUtf8(QApplication::applicationDirPath()))) {
+    return EXIT_FAILURE;
+  }
+  return QApplication::exec();
+}

@@ -1,0 +1,290 @@
+#include "forms/day/qt_slot_grid.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+#include "forms/qt_colors.h"
+#include "forms/qt_text.h"
+#include "logic/slots.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kRows = modRes::kLastSlot;
+constexpr int kTimeColumn = 0;
+constexpr int kGuestColumn = 1;
+constexpr modRes::TimeSlot kNoon = 25;
+constexpr int kRowPadding = 5;
+constexpr double kSmallestFont = 6.5;
+constexpr double kFontStep = 0.25;
+constexpr int kScrollMilliseconds = 60;
+constexpr double kBookedTint = 0.22;
+
+QTableWidgetItem* MakeItem() {
+  auto* item = new QTableWidgetItem;
+  item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  return item;
+}
+
+QTableWidgetItem* MakeTimeItem(int row) {
+  auto* item = MakeItem();
+  const QPalette theme = QGuiApplication::palette();
+  item->setText(ToQString(modRes::LongSlotLabel(row)));
+  item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  item->setBackground(theme.color(QPalette::Button));
+  item->setForeground(theme.color(QPalette::ButtonText));
+  return item;
+}
+
+QBrush BookedBackground() {
+  const QPalette theme = QGuiApplication::palette();
+  return Blend(theme.color(QPalette::Base), theme.color(QPalette::Highlight), kBookedTint);
+}
+
+}  // namespace
+
+QtSlotGrid::QtSlotGrid(QWidget* parent) : QTableWidget(kRows, 2, parent) {
+  setSelectionMode(QAbstractItemView::ContiguousSelection);
+  setSelectionBehavior(QAbstractItemView::SelectRows);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setCornerButtonEnabled(false);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  AddRows();
+}
+
+void QtSlotGrid::AddRows() {
+  setHorizontalHeaderLabels({QStringLiteral("Time"), QStringLiteral("Guest")});
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->hide();
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  for (int row = 1; row <= kRows; ++row) {
+    setItem(row - 1, kTimeColumn, MakeTimeItem(row));
+    setItem(row - 1, kGuestColumn, MakeItem());
+  }
+  SetCurrentRow(1);
+}
+
+void QtSlotGrid::ShowGuests(const DayGrid& grid) {
+  const QBrush booked = BookedBackground();
+  for (int row = 1; row <= kRows; ++row) {
+    const std::string& name = grid.Guest.at(static_cast<std::size_t>(row));
+    QTableWidgetItem* cell = item(row - 1, kGuestColumn);
+    cell->setText(OneLine(name));
+    cell->setBackground(name.empty() ? QBrush() : booked);
+  }
+}
+
+void QtSlotGrid::ScrollToRow(int row) {
+  wanted_top_row_ = row;
+  if (isVisible()) {
+    verticalScrollBar()->setValue(row - 1);
+  }
+}
+
+void QtSlotGrid::SetCurrentRow(int row) {
+  anchor_row_ = row;
+  end_row_ = row;
+  selectionModel()->setCurrentIndex(model()->index(row - 1, kTimeColumn),
+                                    QItemSelectionModel::NoUpdate);
+}
+
+void QtSlotGrid::StretchRangeTo(int row) {
+  end_row_ = row;
+  const auto [upper, lower] = std::minmax({anchor_row_, end_row_});
+  const QItemSelection range(model()->index(upper - 1, kTimeColumn),
+                             model()->index(lower - 1, kGuestColumn));
+  selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
+}
+
+int QtSlotGrid::RowNear(int y) const {
+  const int row = rowAt(std::clamp(y, 0, viewport()->height() - 1)) + 1;
+  return row == 0 ? kRows : row;
+}
+
+int QtSlotGrid::FirstRowSeen() const {
+  return RowNear(0);
+}
+
+int QtSlotGrid::LastRowSeen() const {
+  const int row = RowNear(viewport()->height() - 1);
+  const bool whole = rowViewportPosition(row - 1) + rowHeight(row - 1) <= viewport()->height();
+  return whole || row == FirstRowSeen() ? row : row - 1;
+}
+
+bool QtSlotGrid::IsRowSeen(int row) const {
+  return row >= FirstRowSeen() && row <= LastRowSeen();
+}
+
+void QtSlotGrid::mousePressEvent(QMouseEvent* event) {
+  const int row = rowAt(event->pos().y()) + 1;
+  if (event->button() != Qt::LeftButton || row == 0) {
+    return;
+  }
+  dragging_ = true;
+  const int current_row = CurrentRow();
+  anchor_row_ = row;
+  StretchRangeTo(row);
+  emit Pressed(row, current_row);
+}
+
+void QtSlotGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+void QtSlotGrid::mouseMoveEvent(QMouseEvent* event) {
+  if (dragging_) {
+    StretchRangeTo(RowNear(event->pos().y()));
+    ScrollWhileDragging(event->pos().y());
+  }
+}
+
+void QtSlotGrid::ScrollWhileDragging(int y) {
+  drag_y_ = y;
+  const bool outside = y < 0 || y >= viewport()->height();
+  if (!outside) {
+    scroll_timer_.stop();
+  } else if (!scroll_timer_.isActive()) {
+    scroll_timer_.start(kScrollMilliseconds, this);
+  }
+}
+
+void QtSlotGrid::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != scroll_timer_.timerId()) {
+    QTableWidget::timerEvent(event);
+    return;
+  }
+  QScrollBar* bar = verticalScrollBar();
+  bar->setValue(bar->value() + (drag_y_ < 0 ? -1 : 1));
+  StretchRangeTo(drag_y_ < 0 ? FirstRowSeen() : LastRowSeen());
+}
+
+void QtSlotGrid::mouseReleaseEvent(QMouseEvent* event) {
+  if (!dragging_ || event->button() != Qt::LeftButton) {
+    return;
+  }
+  dragging_ = false;
+  scroll_timer_.stop();
+  const QPoint position = event->pos();
+  const bool in_header = position.y() < 0 && position.y() >= -horizontalHeader()->height();
+  const bool in_times = position.x() < columnViewportPosition(kGuestColumn);
+  Report(in_header ? 0 : RowNear(position.y()), in_times ? kTimeColumn : kGuestColumn);
+}
+
+void QtSlotGrid::Report(int row, int column) {
+  emit Released(row, column);
+  clearSelection();
+}
+
+void QtSlotGrid::keyPressEvent(QKeyEvent* event) {
+  const bool stretch = event->modifiers().testFlag(Qt::ShiftModifier);
+  const int page = std::max(1, LastRowSeen() - FirstRowSeen());
+  switch (event->key()) {
+    case Qt::Key_Up:
+      return MoveTo(end_row_ - 1, stretch);
+    case Qt::Key_Down:
+      return MoveTo(end_row_ + 1, stretch);
+    case Qt::Key_PageUp:
+      return MoveTo(end_row_ - page, stretch);
+    case Qt::Key_PageDown:
+      return MoveTo(end_row_ + page, stretch);
+    case Qt::Key_Home:
+      return MoveTo(1, stretch);
+    case Qt::Key_End:
+      return MoveTo(kRows, stretch);
+    case Qt::Key_Return:
+    case Qt::Key_Enter: {
+      const int current_row = CurrentRow();
+      const int end_row = end_row_;
+      StretchRangeTo(end_row);
+      emit Pressed(anchor_row_, current_row);
+      return Report(end_row, kGuestColumn);
+    }
+    default:
+      event->ignore();
+  }
+}
+
+void QtSlotGrid::MoveTo(int row, bool stretch) {
+  const int target = std::clamp(row, 1, kRows);
+  if (!stretch) {
+    SetCurrentRow(target);
+  }
+  StretchRangeTo(target);
+  scrollTo(model()->index(target - 1, kTimeColumn));
+}
+
+/// Who comes to the grid with the Tab key begins where he looks.
+void QtSlotGrid::focusInEvent(QFocusEvent* event) {
+  QTableWidget::focusInEvent(event);
+  const bool by_key =
+      event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  if (by_key && !IsRowSeen(CurrentRow())) {
+    SetCurrentRow(FirstRowSeen());
+  }
+}
+
+void QtSlotGrid::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  if (wanted_top_row_ != 0) {
+    verticalScrollBar()->setValue(wanted_top_row_ - 1);
+  }
+}
+
+void QtSlotGrid::resizeEvent(QResizeEvent* event) {
+  QTableWidget::resizeEvent(event);
+  const int time_width = viewport()->width() - columnWidth(kGuestColumn);
+  setColumnWidth(kTimeColumn, std::max(1, time_width));
+  ShrinkFontTo(time_width);
+}
+
+void QtSlotGrid::ShrinkFontTo(int time_width) {
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  const QString widest = ToQString(modRes::LongSlotLabel(kNoon));
+  QFont fitting = font();
+  while (QFontMetrics(fitting).horizontalAdvance(widest) + 2 * margin > time_width &&
+         fitting.pointSizeF() > kSmallestFont) {
+    fitting.setPointSizeF(fitting.pointSizeF() - kFontStep);
+  }
+  setFont(fitting);
+}
+
+bool QtSlotGrid::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (ShowFullName(help->pos(), help->globalPos())) {
+      return true;
+    }
+    QToolTip::hideText();
+  }
+  return QTableWidget::viewportEvent(event);
+}
+
+/// Whether the position is over a name that is not seen whole, whose full text is then shown.
+bool QtSlotGrid::ShowFullName(const QPoint& position, const QPoint& screen_position) {
+  const QTableWidgetItem* cell = itemAt(position);
+  if (cell == nullptr || cell->column() != kGuestColumn || cell->text().isEmpty()) {
+    return false;
+  }
+  if (sizeHintForIndex(indexFromItem(cell)).width() <= columnWidth(kGuestColumn)) {
+    return false;
+  }
+  QToolTip::showText(screen_position, PlainToolTip(ToUtf8(cell->text())), viewport(),
+                     visualItemRect(cell));
+  return true;
+}
+
+}  // namespace veyra

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QTableWidget>
+
+#include "logic/day_grid.h"
+
+namespace veyra {
+
+/// MSFlexGrid1: a row for each half hour, its time in column 0 and who has booked it in column 1.
+/// Rows count from 1, as the header is row 0. A range of rows is chosen by dragging with the left
+/// button, or with the arrow keys, Shift and Enter, and is highlighted meanwhile.
+class QtSlotGrid : public QTableWidget {
+  Q_OBJECT
+
+ public:
+  explicit QtSlotGrid(QWidget* parent = nullptr);
+
+  /// Shows the names in column 1.
+  void ShowGuests(const DayGrid& grid);
+
+  /// Scrolls so that `row` is the topmost one seen; as soon as the grid is on the screen if it is
+  /// not there yet.
+  void ScrollToRow(int row);
+
+  /// Makes `row` the current one, from which the next range of the keyboard begins.
+  void SetCurrentRow(int row);
+
+  int CurrentRow() const { return currentRow() + 1; }
+
+ signals:
+  /// A range was begun in `row`, 1 to 48, while `current_row` was the current one.
+  void Pressed(int row, int current_row);
+
+  /// The range was ended in `row`, the nearest one to the mouse, or in the header, 0; in the time
+  /// column, 0, or in column 1. The highlight goes when this has been dealt with.
+  void Released(int row, int column);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  void AddRows();
+  int RowNear(int y) const;
+  int FirstRowSeen() const;
+  int LastRowSeen() const;
+  bool IsRowSeen(int row) const;
+  void StretchRangeTo(int row);
+  void ScrollWhileDragging(int y);
+  void MoveTo(int row, bool stretch);
+  void Report(int row, int column);
+  void ShrinkFontTo(int time_width);
+  bool ShowFullName(const QPoint& position, const QPoint& screen_position);
+
+  bool dragging_ = false;
+  int anchor_row_ = 1;  ///< Where the range begins.
+  int end_row_ = 1;     ///< Where it ends, above or below.
+  int wanted_top_row_ = 0;
+  int drag_y_ = 0;
+  QBasicTimer scroll_timer_;
+};
+
+}  // namespace veyra

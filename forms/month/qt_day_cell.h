@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+
+#include "logic/listings.h"
+
+class QBoxLayout;
+class QLabel;
+
+namespace veyra {
+
+class QtDayList;
+
+/// One of the 42 places of the month grid: a day number, lblDate(i), over a list, lstDay(i), in a
+/// frame. It keeps its place when its day is hidden.
+class QtDayCell : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `index` is 1 to 42.
+  QtDayCell(int index, QWidget* parent);
+
+  /// Shows the day, or nothing when the cell does not belong to the month. The list's background
+  /// changes only when the cell names one.
+  void ShowDay(const modRes::MonthCell& cell);
+
+  /// Puts the number beside the list, where there is no room to put it above, and sets the size of
+  /// the list's font.
+  void SetLayout(bool number_beside, double point_size);
+
+  QtDayList& List() { return *lstDay_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void ShowNumber(const modRes::MonthCell& cell);
+  void DrawFrame(QPainter& painter, const QColor& color, int outside, int width) const;
+  QColor FrameColor() const;
+
+  QBoxLayout* layout_;
+  QLabel* lblDate_;
+  QtDayList* lstDay_;
+  bool has_day_ = false;
+  bool is_today_ = false;
+};
+
+}  // namespace veyra

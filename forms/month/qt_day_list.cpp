@@ -1,0 +1,173 @@
+#include "forms/month/qt_day_list.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "forms/qt_colors.h"
+#include "forms/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kPointSize = 9;
+
+/// Lines bear no focus frame of their own.
+class LineDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~QStyle::State_HasFocus;
+  }
+};
+
+QFont FixedPitchFont() {
+  QFont font(QStringLiteral("Courier New"), kPointSize);
+  font.setStyleHint(QFont::Monospace);
+  return font;
+}
+
+MouseButton ButtonOf(Qt::MouseButton button) {
+  switch (button) {
+    case Qt::LeftButton:
+      return MouseButton::Left;
+    case Qt::RightButton:
+      return MouseButton::Right;
+    default:
+      return MouseButton::Other;
+  }
+}
+
+bool IsMoveKey(int key) {
+  return (key >= Qt::Key_Left && key <= Qt::Key_Down) || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+void Step(QScrollBar* bar, int steps) {
+  bar->setValue(bar->value() + steps * bar->singleStep());
+}
+
+}  // namespace
+
+QtDayList::QtDayList(QWidget* parent) : QListWidget(parent) {
+  setFont(FixedPitchFont());
+  setItemDelegate(new LineDelegate(this));
+  setFrameShape(QFrame::NoFrame);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setTextElideMode(Qt::ElideNone);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  auto* corner = new QWidget(this);
+  corner->setBackgroundRole(QPalette::Base);
+  corner->setAutoFillBackground(true);
+  setCornerWidget(corner);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+  setToolTip(QStringLiteral(
+      "Left Click to Add/Change the Bookings for this Day    Right Click for Larger View"));
+}
+
+void QtDayList::ShowLines(const modRes::DayLines& lines) {
+  if (lines != lines_) {
+    lines_ = lines;
+    clear();
+    for (const std::string& line : lines) {
+      addItem(OneLine(line));
+    }
+    doItemsLayout();
+  }
+  horizontalScrollBar()->setValue(0);
+  verticalScrollBar()->setValue(0);
+}
+
+void QtDayList::SetBackground(const QColor& color) {
+  QPalette colors = palette();
+  colors.setColor(QPalette::Base, color);
+  colors.setColor(QPalette::Text, ReadableOn(color, colors.color(QPalette::Text)));
+  setPalette(colors);
+}
+
+void QtDayList::SetPointSize(double size) {
+  if (QFont resized = font(); resized.pointSizeF() != size) {
+    resized.setPointSizeF(size);
+    setFont(resized);
+  }
+}
+
+void QtDayList::SetBarStyle(QStyle* style) {
+  horizontalScrollBar()->setStyle(style);
+  verticalScrollBar()->setStyle(style);
+}
+
+/// The window may be hidden before the handler returns, so the press is not the list's to follow.
+void QtDayList::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  emit Pressed(ButtonOf(event->button()));
+}
+
+void QtDayList::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+void QtDayList::mouseMoveEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+void QtDayList::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    emit Pressed(MouseButton::Right);
+  }
+}
+
+void QtDayList::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const bool shifted = event->modifiers() == Qt::ShiftModifier;
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    emit Pressed(MouseButton::Left);
+  } else if (key == Qt::Key_F10 && shifted) {
+    emit Pressed(MouseButton::Right);
+  } else if (IsMoveKey(key) && event->modifiers().testFlag(Qt::ControlModifier)) {
+    ScrollBy(key);
+  } else if (IsMoveKey(key)) {
+    emit MoveKeyPressed(key);
+  } else {
+    event->ignore();
+  }
+}
+
+void QtDayList::ScrollBy(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return Step(horizontalScrollBar(), -1);
+    case Qt::Key_Right:
+      return Step(horizontalScrollBar(), 1);
+    case Qt::Key_Up:
+      return Step(verticalScrollBar(), -1);
+    case Qt::Key_Down:
+      return Step(verticalScrollBar(), 1);
+    default:
+      return;
+  }
+}
+
+/// No line becomes the current one: the focus is the day's.
+void QtDayList::focusInEvent(QFocusEvent* event) {
+  event->accept();
+  emit FocusChanged();
+}
+
+void QtDayList::focusOutEvent(QFocusEvent* event) {
+  QListWidget::focusOutEvent(event);
+  emit FocusChanged();
+}
+
+}  // namespace veyra

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QListWidget>
+
+#include "forms/mouse_button.h"
+#include "logic/listings.h"
+
+namespace veyra {
+
+/// lstDay(i): lists the bookings of one day. Nothing is selected in it: it reports what is done to
+/// the day as a whole. Control with the arrow keys scrolls it.
+class QtDayList : public QListWidget {
+  Q_OBJECT
+
+ public:
+  explicit QtDayList(QWidget* parent = nullptr);
+
+  /// Shows these lines, each on one line, from the first one's beginning.
+  void ShowLines(const modRes::DayLines& lines);
+
+  void SetBackground(const QColor& color);
+
+  /// Sets the size of the fixed-pitch font.
+  void SetPointSize(double size);
+
+  /// The style of both scroll bars; it must outlive the list.
+  void SetBarStyle(QStyle* style);
+
+ signals:
+  void Pressed(veyra::MouseButton button);  ///< By the mouse or by a key that means the same.
+  void MoveKeyPressed(int key);             ///< An arrow key, Home or End, as Qt::Key.
+  void FocusChanged();
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void ScrollBy(int key);
+
+  modRes::DayLines lines_;
+};
+
+}  // namespace veyra

@@ -1,0 +1,190 @@
+#include "forms/month/qt_month_grid.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <algorithm>
+#include <functional>
+
+#include "forms/month/qt_day_cell.h"
+#include "forms/month/qt_day_list.h"
+#include "forms/month/qt_slim_bars.h"
+
+namespace veyra {
+namespace {
+
+using modRes::MonthCell;
+
+constexpr int kColumns = 7;
+constexpr int kCells = 42;
+constexpr int kWeeks = 6;
+constexpr int kSpacing = 3;
+
+/// A cell below this height has no room for a number above its list.
+constexpr int kLowCell = 60;
+
+/// The list's font is made smaller until a line shows so many characters.
+constexpr int kCharactersSeen = 20;
+constexpr double kLargestFont = 9;
+constexpr double kSmallestFont = 7;
+constexpr double kFontStep = 0.5;
+constexpr int kListMargins = 16;
+
+constexpr std::array<const char*, kColumns> kWeekdays = {
+    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+
+int StepOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return -1;
+    case Qt::Key_Right:
+      return 1;
+    case Qt::Key_Up:
+      return -kColumns;
+    case Qt::Key_Down:
+      return kColumns;
+    case Qt::Key_Home:
+      return -kCells;
+    default:
+      return kCells;
+  }
+}
+
+double FittingPointSize(QFont font, int cell_width) {
+  const QString line(kCharactersSeen, QChar(u'0'));
+  double size = kLargestFont;
+  for (; size > kSmallestFont; size -= kFontStep) {
+    font.setPointSizeF(size);
+    if (QFontMetrics(font).horizontalAdvance(line) <= cell_width - kListMargins) {
+      break;
+    }
+  }
+  return size;
+}
+
+/// The cell of today, or the first one when today is not among them.
+int TodayIn(const std::array<MonthCell, 43>& cells) {
+  const auto today = std::find_if(cells.begin(), cells.end(), [](const MonthCell& cell) {
+    return cell.Visible && cell.IsToday;
+  });
+  return today == cells.end() ? 1 : static_cast<int>(today - cells.begin());
+}
+
+}  // namespace
+
+QtMonthGrid::QtMonthGrid(QWidget* parent) : QWidget(parent) {
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(kSpacing);
+  AddHeaders();
+  AddCells();
+}
+
+void QtMonthGrid::AddHeaders() {
+  auto* grid = static_cast<QGridLayout*>(layout());
+  for (int column = 0; column < kColumns; ++column) {
+    auto* header = new QLabel(QLatin1String(kWeekdays.at(static_cast<std::size_t>(column))), this);
+    header->setObjectName(QStringLiteral("Label2(%1)").arg(column));
+    QFont font(QStringLiteral("MS Sans Serif"), header->font().pointSize());
+    font.setWeight(QFont::DemiBold);
+    header->setFont(font);
+    header->setAlignment(Qt::AlignCenter);
+    header->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    grid->addWidget(header, 0, column);
+    grid->setColumnStretch(column, 1);
+    Label2_.at(static_cast<std::size_t>(column)) = header;
+  }
+}
+
+void QtMonthGrid::AddCells() {
+  auto* grid = static_cast<QGridLayout*>(layout());
+  auto* slim_bars = new QtSlimBars(this);
+  for (int index = 1; index <= kCells; ++index) {
+    auto* cell = new QtDayCell(index, this);
+    cells_.at(static_cast<std::size_t>(index)) = cell;
+    const int row = 1 + (index - 1) / kColumns;
+    grid->addWidget(cell, row, (index - 1) % kColumns);
+    grid->setRowStretch(row, 1);
+    QtDayList& list = cell->List();
+    list.setFocusPolicy(Qt::ClickFocus);
+    list.SetBarStyle(slim_bars);
+    connect(&list, &QtDayList::Pressed, this,
+            [this, index](MouseButton button) { emit DayPressed(index, button); });
+    connect(&list, &QtDayList::MoveKeyPressed, this, [this, index](int key) { Move(index, key); });
+    connect(&list, &QtDayList::FocusChanged, this, [this, index] {
+      if (Cell(index).List().hasFocus()) {
+        MakeTabStop(index);
+      }
+    });
+  }
+}
+
+void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
+  const bool focused = tab_stop_ == 0 || window()->focusWidget() == &Cell(tab_stop_).List();
+  std::transform(cells.begin(), cells.end(), has_day_.begin(), std::mem_fn(&MonthCell::Visible));
+  for (int index = 1; index <= kCells; ++index) {
+    if (HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+  }
+  MakeTabStop(NearestDay(tab_stop_ == 0 ? TodayIn(cells) : tab_stop_));
+  if (focused) {
+    Cell(tab_stop_).List().setFocus(Qt::OtherFocusReason);
+  }
+  // Last, for a list that is hidden while it has the focus passes it to any other control.
+  for (int index = 1; index <= kCells; ++index) {
+    if (!HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+  }
+}
+
+/// All cells are laid out alike.
+void QtMonthGrid::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int cell_width = (width() - (kColumns - 1) * kSpacing) / kColumns;
+  const int cell_height = (height() - Label2_[0]->height()) / kWeeks - kSpacing;
+  const double point_size = FittingPointSize(Cell(1).List().font(), cell_width);
+  for (int index = 1; index <= kCells; ++index) {
+    Cell(index).SetLayout(cell_height < kLowCell, point_size);
+  }
+}
+
+void QtMonthGrid::ShowLines(int index, const modRes::DayLines& lines) {
+  Cell(index).List().ShowLines(lines);
+}
+
+void QtMonthGrid::SetHeaderColor(const QColor& color) {
+  for (QLabel* header : Label2_) {
+    QPalette colors = header->palette();
+    colors.setColor(QPalette::WindowText, color);
+    header->setPalette(colors);
+  }
+}
+
+bool QtMonthGrid::HasDay(int index) const {
+  return index >= 1 && index <= kCells && has_day_.at(static_cast<std::size_t>(index));
+}
+
+/// The cell nearest to `index` that holds a day; `index` itself when none does.
+int QtMonthGrid::NearestDay(int index) const {
+  for (int distance = 0; distance < kCells; ++distance) {
+    if (HasDay(index - distance)) return index - distance;
+    if (HasDay(index + distance)) return index + distance;
+  }
+  return index;
+}
+
+void QtMonthGrid::Move(int index, int key) {
+  const int target = std::clamp(index + StepOf(key), 1, kCells);
+  const bool to_the_end = key == Qt::Key_Home || key == Qt::Key_End;
+  const int goal = to_the_end ? NearestDay(target) : index + StepOf(key);
+  if (HasDay(goal)) {
+    Cell(goal).List().setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void QtMonthGrid::MakeTabStop(int index) {
+  if (tab_stop_ != 0) {
+    Cell(tab_stop_).List().setFocusPolicy(Qt::ClickFocus);
+  }
+  tab_stop_ = index;
+  Cell(index).List().setFocusPolicy(Qt::StrongFocus);
+}
+
+}  // namespace veyra

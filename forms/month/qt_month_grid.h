@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "forms/mouse_button.h"
+#include "logic/listings.h"
+
+class QLabel;
+
+namespace veyra {
+
+class QtDayCell;
+
+/// The weekday headers, Label2(0) to (6), over the 42 day cells. One cell at a time is reached with
+/// the Tab key; the arrow keys lead from it to the others.
+class QtMonthGrid : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit QtMonthGrid(QWidget* parent = nullptr);
+
+  /// Shows the cells 1 to 42. The cell that has the focus keeps it, or passes it to the nearest one
+  /// that holds a day; the first month ever shown gives it to today's cell.
+  void ShowCells(const std::array<modRes::MonthCell, 43>& cells);
+
+  /// Shows these lines in lstDay(index), 1 to 42.
+  void ShowLines(int index, const modRes::DayLines& lines);
+
+  void SetHeaderColor(const QColor& color);
+
+ signals:
+  void DayPressed(int index, veyra::MouseButton button);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void AddHeaders();
+  void AddCells();
+  QtDayCell& Cell(int index) { return *cells_.at(static_cast<std::size_t>(index)); }
+  bool HasDay(int index) const;
+  int NearestDay(int index) const;
+  void Move(int index, int key);
+  void MakeTabStop(int index);
+
+  std::array<QLabel*, 7> Label2_{};
+  std::array<QtDayCell*, 43> cells_{};
+  std::array<bool, 43> has_day_{};
+  int tab_stop_ = 0;
+};
+
+}  // namespace veyra

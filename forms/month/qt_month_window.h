@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <string>
+
+#include "forms/handler_guard.h"
+#include "forms/month/frmCalendar.h"
+#include "forms/month/month_view.h"
+
+class QLabel;
+class QMenu;
+class QPushButton;
+
+namespace veyra {
+
+class QtMonthGrid;
+class QtNameBox;
+
+/// The widgets of the month window. They report each gesture to its handler in frmCalendar, by way
+/// of the guard, and decide nothing.
+class QtMonthWindow : public QMainWindow, public MonthView {
+  Q_OBJECT
+
+ public:
+  /// `guard` must outlive the window.
+  explicit QtMonthWindow(const HandlerGuard& guard);
+
+  /// REQUIRES: called before the operator can reach the window. `frmCalendar` must outlive it.
+  void SetHandler(frmCalendar* handler) { handler_ = handler; }
+
+  void ShowMonth(const modRes::MonthPicture& picture) override;
+  void ShowDayCell(int cell_index, const modRes::DayLines& lines) override;
+  void ShowFacilityBox(const NameBox& box) override;
+  void ShowRoom(const std::string& room) override;
+  void ShowColors(std::int32_t background, std::int32_t header) override;
+  void ShowControls(bool visible) override;
+  void SelectAllText() override;
+  void FocusPrintButton() override;
+  void PlaceAtTopCentre() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  using Handler = void (frmCalendar::*)();
+
+  void BuildMenus();
+  QWidget* BuildTitles();
+  QWidget* BuildControls();
+  void BuildContents();
+  void WireFacilityBox();
+  void WirePageKeys();
+  QPushButton* AddButton(const char* name, const char* caption, const char* tooltip,
+                         Handler handler);
+  void AddMenuItem(QWidget* menu, const char* name, const char* caption, Handler handler);
+  void Report(Handler handler);
+
+  const HandlerGuard& guard_;
+  frmCalendar* handler_ = nullptr;
+  QLabel* lblMonth_ = nullptr;
+  QLabel* lblRoom_ = nullptr;
+  QLabel* Label1_ = nullptr;
+  QtNameBox* Combo1_ = nullptr;
+  QPushButton* Command1_ = nullptr;
+  QPushButton* Command2_ = nullptr;
+  QPushButton* Command3_ = nullptr;
+  QPushButton* Command4_ = nullptr;
+  QtMonthGrid* grid_ = nullptr;
+};
+
+}  // namespace veyra

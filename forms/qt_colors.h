@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <cstdint>
+
+#include "forms/colors.h"
+
+namespace veyra {
+
+/// The colour that the theme gives one of its parts.
+QColor ColorOfTheme(ThemeColor part, const QPalette& theme);
+
+/// The colour that a colour number stands for in this theme.
+QColor ToQColor(std::int32_t number, const QPalette& theme);
+
+/// `preferred` where it can be read on `background`, otherwise black or white.
+QColor ReadableOn(const QColor& background, const QColor& preferred);
+
+/// The colour between two: `first` at 0, `second` at 1.
+QColor Blend(const QColor& first, const QColor& second, double share);
+
+}  // namespace veyra

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "logic/dialogs.h"
+
+namespace veyra {
+
+/// Message boxes and input boxes over the window that is in use.
+class QtDialogs : public Dialogs {
+ public:
+  Answer MsgBox(const Message& message) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& default_text) override;
+  std::unique_ptr<Progress> StartProgress(const std::string& text, BreakOff break_off) override;
+};
+
+}  // namespace veyra

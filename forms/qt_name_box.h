@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QComboBox>
+#include <string>
+#include <vector>
+
+#include "logic/name_box.h"
+
+class QStringListModel;
+
+namespace veyra {
+
+/// An editable drop-down box of names, made for very long lists. What is put into it by the program
+/// is never reported; the gestures of the operator are, each once.
+class QtNameBox : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit QtNameBox(QWidget* parent = nullptr);
+
+  /// Shows the list and the text. The cursor and the selection stay when the text is the same.
+  void ShowNames(const NameBox& box);
+
+  /// Shows the text; the list stays.
+  void ShowText(const std::string& text);
+
+  /// Selects the whole text. When it is a mouse click that has brought the focus, the selection
+  /// outlasts this click.
+  void SelectAllText();
+
+ signals:
+  void Typed(const std::string& text);   ///< The operator has changed the text by hand.
+  void Picked(const std::string& text);  ///< An entry of the list, exactly as the list has it.
+  void EnterPressed();
+  void FocusArrived();  ///< From another control; not when the whole window had been left.
+  void FocusLeft();     ///< For another control.
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void FillList(const std::vector<std::string>& names);
+
+  std::vector<std::string> names_;
+  QStringListModel* list_;
+  bool has_focus_ = false;
+  bool focused_by_click_ = false;
+  bool select_after_click_ = false;
+};
+
+}  // namespace veyra

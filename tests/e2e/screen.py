@@ -1,0 +1,194 @@
+"""A virtual screen with a window manager, a mouse and a keyboard, all of its own.
+
+Programs started on it see nothing of the user's desktop, settings or session, and the screen ends
+nothing but what it started. One process can have one screen: the accessibility library is bound to
+the first one that it meets.
+"""
+
+import os
+import select
+import shutil
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 20.0  # seconds; a busy machine needs some of them, a broken program all
+_PAUSE = 0.02  # seconds between two looks
+
+
+class GaveUp(AssertionError):
+    """What was waited for did not come about."""
+
+
+def wait_until(condition, what, patience=PATIENCE, passing=()):
+    """The first true result of condition(). Exceptions of the kinds `passing` count as not yet."""
+    deadline = time.monotonic() + patience
+    trouble = None
+    while True:
+        try:
+            result = condition()
+            if result:
+                return result
+        except passing as error:
+            trouble = error
+        if time.monotonic() > deadline:
+            because = f" ({trouble})" if trouble else ""
+            raise GaveUp(f"waited {patience:.0f} s in vain for {what}{because}")
+        time.sleep(_PAUSE)
+
+
+class Screen:
+    """Use as a context manager; what was started on it ends with it."""
+
+    def __init__(self, width=1280, height=800):
+        self.width, self.height = width, height
+        self.environment = {}  # of the programs started on it
+        self._started = []
+        self._home = None
+        self._log = None
+
+    def __enter__(self):
+        self._home = tempfile.mkdtemp(prefix="veyra-screen-")
+        self._log = open(os.path.join(self._home, "log.txt"), "w", encoding="utf-8")
+        try:
+            self._set_up()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self._started):
+            end(process)
+        self._log.close()
+        shutil.rmtree(self._home, ignore_errors=True)
+
+    def _set_up(self):
+        kept = {name: os.environ[name] for name in ("PATH", "TZ", "TMPDIR") if name in os.environ}
+        self.environment = {
+            **kept,
+            "HOME": self._home,
+            "XDG_RUNTIME_DIR": self._home,
+            "LC_ALL": "C.UTF-8",
+            "QT_QPA_PLATFORM": "xcb",
+            "QT_ACCESSIBILITY": "1",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        }
+        size = f"{self.width}x{self.height}x24"
+        display = self._start_announced(
+            ["Xvfb", "-screen", "0", size, "-dpi", "96", "-nolisten", "tcp", "-noreset"],
+            "-displayfd {}")
+        self.environment["DISPLAY"] = f":{display}"
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_announced(
+            ["dbus-daemon", "--session", "--nofork", "--nopidfile"], "--print-address={}")
+        self.start(["openbox"])
+        wait_until(lambda: self._xdotool("get_num_desktops", check=False), "the window manager")
+        # This process looks at the screen too: by the accessibility library, which reads these.
+        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
+            os.environ[name] = self.environment[name]
+
+    def _start_announced(self, command, option):
+        """Starts a server that writes where it is to be found into a pipe; returns what it wrote."""
+        readable, writable = os.pipe()
+        self.start(command + option.format(writable).split(), pass_fds=[writable])
+        os.close(writable)
+        with os.fdopen(readable) as pipe:
+            if not select.select([pipe], [], [], PATIENCE)[0]:
+                raise GaveUp(f"{command[0]} did not start: {self.log()}")
+            answer = pipe.readline().strip()
+        if not answer:
+            raise GaveUp(f"{command[0]} did not start: {self.log()}")
+        return answer
+
+    def start(self, command, **options):
+        """Starts a program on this screen; it ends with the screen if not earlier."""
+        options = {"stdin": subprocess.DEVNULL, "stdout": self._log, "stderr": self._log, **options}
+        process = subprocess.Popen(command, env=self.environment, cwd=self._home, **options)
+        self._started.append(process)
+        return process
+
+    def log(self):
+        """What the programs on this screen have said so far."""
+        self._log.flush()
+        with open(self._log.name, encoding="utf-8", errors="replace") as log:
+            return log.read()
+
+    # The mouse. Places are pixels from the top left corner.
+
+    def click(self, x, y, button=1):
+        self._xdotool("mousemove", x, y, "click", button)
+
+    def drag(self, start, end):
+        """Presses at one place, moves to the other in steps, and lets go there."""
+        steps = 8
+        way = [(start[0] + (end[0] - start[0]) * i // steps,
+                start[1] + (end[1] - start[1]) * i // steps) for i in range(1, steps + 1)]
+        moves = [word for place in way for word in ("mousemove", *place)]
+        self._xdotool("mousemove", *start, "mousedown", 1, *moves, "mouseup", 1)
+
+    def wheel(self, x, y, down):
+        """Turns the wheel by one notch."""
+        self.click(x, y, 5 if down else 4)
+
+    # The keyboard. Keys have their X names: "Return", "shift+Down".
+
+    def type(self, text):
+        self._xdotool("type", "--delay", 10, "--", text)
+
+    def key(self, *keys):
+        self._xdotool("key", "--delay", 10, *keys)
+
+    def hold_key_until(self, key, condition, what):
+        """Holds a key down, so that it repeats, until condition() is true."""
+        self._xdotool("keydown", key)
+        try:
+            return wait_until(condition, what)
+        finally:
+            self._xdotool("keyup", key)
+
+    def picture(self, path, window_only=True):
+        """Saves what is to be seen, once it stands still: the front window or the whole screen."""
+        window = ["-window", "root"]
+        if window_only:
+            window = ["-frame", "-window", self._xdotool("getactivewindow")]
+
+        def take():
+            return subprocess.run(["import", *window, "png:-"], env=self.environment, check=True,
+                                  stdout=subprocess.PIPE).stdout
+
+        def take_twice():
+            first, second = take(), take()
+            return second if _pixels(first) == _pixels(second) else None
+
+        picture = wait_until(take_twice, "a still picture")
+        with open(path, "wb") as file:
+            file.write(picture)
+
+    def _xdotool(self, *words, check=True):
+        result = subprocess.run(["xdotool", *map(str, words)], env=self.environment, text=True,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+        if check and result.returncode != 0:
+            raise RuntimeError(f"xdotool {' '.join(map(str, words))}: {result.stderr.strip()}")
+        return result.stdout.strip() if result.returncode == 0 else ""
+
+
+def end(process):
+    """Asks a process to end, insists after a while, and returns its exit status."""
+    if process.poll() is None:
+        process.terminate()
+        try:
+            process.wait(5)
+        except subprocess.TimeoutExpired:
+            process.kill()
+    return process.wait()
+
+
+def _pixels(png):
+    """The compressed pixels of a PNG, without the chunks that tell when it was made."""
+    at, pixels = 8, b""
+    while at < len(png):
+        length = int.from_bytes(png[at:at + 4], "big")
+        if png[at + 4:at + 8] == b"IDAT":
+            pixels += png[at + 8:at + 8 + length]
+        at += 12 + length
+    return pixels

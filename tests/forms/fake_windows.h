@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/windows.h"
+
+namespace veyra {
+
+/// Keeps what the windows asked about each other, a line each.
+class FakeWindows : public Windows {
+ public:
+  std::string Log;
+  bool DayMayBeOpened = true;
+
+  /// Called where a window is loaded: it may throw, as loading may.
+  std::function<void()> WhileLoading;
+
+  void ShowMonthWindow() override { Add("show month"); }
+  void HideMonthWindow() override { Add("hide month"); }
+  void EnableMonthWindow(bool enabled) override { Add(enabled ? "enable month" : "disable month"); }
+  void RepaintMonthWindow() override { Add("repaint month"); }
+  bool MayOpenDay() override { return DayMayBeOpened; }
+  void OpenDayWindow(const std::string& caption) override { Load("open day", caption); }
+  void EnableDayWindow(bool enabled) override { Add(enabled ? "enable day" : "disable day"); }
+  void SelectSingleBooking() override { Add("single booking"); }
+  void OpenDayViewer(const std::string& caption) override { Load("open viewer", caption); }
+  void ShowDayViewer() override { Add("show viewer"); }
+  void HideDayViewer() override { Add("hide viewer"); }
+  void ShowMultiDayWindow(const std::string& from_text) override {
+    Add("show several days from " + from_text);
+  }
+  void OpenSettings() override { Load("open settings", ""); }
+  void OpenAbout() override { Load("open about", ""); }
+  void EndProgram() override { Add("end"); }
+
+ private:
+  void Add(const std::string& line) { Log += line + "\n"; }
+  void Load(const std::string& what, const std::string& caption) {
+    if (WhileLoading) {
+      WhileLoading();
+    }
+    Add(what + (caption.empty() ? "" : " \"" + caption + "\""));
+  }
+};
+
+}  // namespace veyra

@@ -1,0 +1,130 @@
+#include "tools/new_command.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "data/connection.h"
+#include "data/create_store.h"
+#include "data/errors.h"
+#include "data/schema.h"
+#include "tools/command_line.h"
+#include "tools/sample_data.h"
+#include "tools/unfinished_folder.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+constexpr const char* kCalendarFile = "Calendar.mdb";
+constexpr const char* kGuestFile = "Veyra.mdb";
+
+void RefuseIfThere(const fs::path& file) {
+  // A journal that an earlier database left would be taken for the new one's.
+  for (const char* companion : {"", "-wal", "-shm", "-journal"}) {
+    const fs::path name = file.string() + companion;
+    std::error_code unreachable;
+    if (fs::exists(fs::symlink_status(name, unreachable))) {
+      throw FileError({name.string(), "This file is there already; nothing was made.",
+                       "Choose another folder, or move the file away first."});
+    }
+  }
+}
+
+Connection NewDatabase(const fs::path& file, const std::vector<TableDefinition>& tables) {
+  Connection connection(CreateStore(file.string()));
+  for (const TableDefinition& table : tables) {
+    connection.CreateTable(table);
+  }
+  return connection;
+}
+
+/// Adds the facilities and returns their ID, in the same order.
+std::vector<Value> AddFacilities(Connection& calendar, const SampleData& sample) {
+  std::vector<Value> ids;
+  auto rooms = calendar.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
+  for (std::size_t i = 0; i < sample.Facilities.size(); ++i) {
+    rooms->AddNew();
+    rooms->SetField("Name", sample.Facilities[i]);
+    rooms->SetField("Active", std::int64_t{i == sample.ActiveFacility});
+    rooms->Update();
+    rooms->MoveLast();
+    ids.push_back(rooms->Field("ID"));
+  }
+  return ids;
+}
+
+void AddBookings(Connection& calendar, const SampleData& sample, const std::vector<Value>& ids) {
+  auto bookings = calendar.Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
+  for (const SampleBooking& booking : sample.Bookings) {
+    bookings->AddNew();
+    bookings->SetField("RmID", ids[booking.Facility]);
+    bookings->SetField("Event", booking.Event);
+    bookings->SetField("DateOfRes", booking.Day);
+    bookings->SetField("TimeFrom", std::int64_t{booking.TimeFrom});
+    bookings->SetField("TimeTo", std::int64_t{booking.TimeTo});
+    if (booking.MultKey) {
+      bookings->SetField("MultKey", static_cast<double>(*booking.MultKey));
+    }
+    bookings->Update();
+  }
+}
+
+void AddGuests(Connection& guest_database, const SampleData& sample) {
+  auto guests = guest_database.Open("SELECT * FROM Guest", CursorType::StaticOptimistic);
+  for (const std::string& name : sample.Guests) {
+    guests->AddNew();
+    guests->SetField("Name", name);
+    guests->Update();
+  }
+}
+
+void MakeDatabases(const fs::path& folder, const SampleData& sample) {
+  Connection calendar = NewDatabase(folder / kCalendarFile, {RoomsTable(), ReservTable()});
+  AddBookings(calendar, sample, AddFacilities(calendar, sample));
+  Connection guest_database = NewDatabase(folder / kGuestFile, {GuestTable()});
+  AddGuests(guest_database, sample);
+}
+
+void MakeDataFolder(const fs::path& folder, const SampleData& sample) {
+  RefuseIfThere(folder / kCalendarFile);
+  RefuseIfThere(folder / kGuestFile);
+  UnfinishedFolder unfinished(folder);
+  MakeDatabases(unfinished.path(), sample);
+  unfinished.MoveOut({kCalendarFile, kGuestFile});
+}
+
+void RunNew(const Arguments& arguments, Date today, std::ostream& out) {
+  Arguments options;
+  const Arguments folders = WithoutOptions(arguments, {"--sample"}, options);
+  if (folders.size() != 1 || folders.front().empty()) {
+    throw UsageError("\"new\" needs the name of one folder.");
+  }
+  const SampleData sample = options.empty() ? SampleData{} : MakeSampleData(today);
+  MakeDataFolder(folders.front(), sample);
+  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << folders.front();
+  if (!options.empty()) {
+    out << ", with " << sample.Facilities.size() << " facilities, " << sample.Bookings.size()
+        << " bookings and " << sample.Guests.size() << " guests";
+  }
+  out << ".\n";
+}
+
+}  // namespace
+
+Command NewCommand(Date today) {
+  return {
+      "new", "FOLDER [--sample]",
+      "      Makes the data folder FOLDER with an empty Calendar.mdb and Veyra.mdb.\n"
+      "      --sample fills them: five facilities, forty guests, and bookings over last\n"
+      "      month, this month and next. Files that are there are never written over.\n",
+      [today](const Arguments& arguments, std::ostream& out) { RunNew(arguments, today, out); }};
+}
+
+}  // namespace veyra

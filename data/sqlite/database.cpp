@@ -77,6 +77,12 @@ void Database::CheckWhole() {
   if (size < pages.Integer(0)) ThrowError(file_, SQLITE_CORRUPT, {});
 }
 
+unsigned Database::Version() {
+  unsigned version = 0;
+  Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_DATA_VERSION, &version));
+  return version;
+}
+
 sqlite3_file* Database::MainFile() {
   sqlite3_file* file = nullptr;
   Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file));

@@ -39,6 +39,10 @@ class Database {
   /// DatabaseError when the file is shorter than the pages that it should have.
   void CheckWhole();
 
+  /// A number that differs from an earlier one when the file was changed in between, by this
+  /// program or, as far as was noticed when the file was last read, by another.
+  unsigned Version();
+
   /// Throws what the result code stands for, unless it is SQLITE_OK.
   void Check(int code);
 

@@ -9,8 +9,8 @@
 #include "logic/clock.h"
 
 int main(int argc, char** argv) {
-  QApplication::setStyle(new veyra::QtStyle);
   QApplication application(argc, argv);
+  QApplication::setStyle(new veyra::QtStyle);
   QApplication::setQuitOnLastWindowClosed(false);
   // Numbers are written with a point, whatever the country.
   std::setlocale(LC_NUMERIC, "C");

@@ -14,9 +14,9 @@ namespace veyra {
 /// A day window and its logic, which come and go together.
 class OpenDay : public QObject {
  public:
-  OpenDay(Session& session, modRes::MonthScreen& month, Windows& windows, Dialogs& dialogs,
-          const Clock& clock, const HandlerGuard& guard)
-      : Window(guard), Logic(session, Window, month, windows, dialogs, clock) {
+  OpenDay(Session& session, const modRes::Listings& listings, const MultiDayPlan& plan,
+          Windows& windows, Dialogs& dialogs, const HandlerGuard& guard)
+      : Window(guard), Logic(session, Window, listings, plan, windows, dialogs) {
     Window.SetHandler(&Logic);
   }
   ~OpenDay() override { Window.SetHandler(nullptr); }
@@ -59,7 +59,8 @@ void Program::HideMonthWindow() {
 
 void Program::OpenDayWindow(const std::string& caption) {
   DropDayWindow();
-  auto day = std::make_unique<OpenDay>(session_, month_window_, *this, dialogs_, clock_, guard_);
+  const modRes::Listings listings{month_window_, viewer_list_, clock_};
+  auto day = std::make_unique<OpenDay>(session_, listings, plan_, *this, dialogs_, guard_);
   if (!day->Logic.Form_Load()) {
     day->Logic.Form_Unload();
     return;
@@ -77,6 +78,52 @@ void Program::DropDayWindow() {
   if (day_) {
     day_.release()->deleteLater();
   }
+}
+
+void Program::EnableMonthWindow(bool enabled) {
+  month_window_.setEnabled(enabled);
+}
+
+void Program::RepaintMonthWindow() {
+  month_.Repaint();
+}
+
+bool Program::MayOpenDay() {
+  return month_.MayOpenDay();
+}
+
+void Program::EnableDayWindow(bool enabled) {
+  if (day_) {
+    day_->Window.setEnabled(enabled);
+  }
+}
+
+void Program::SelectSingleBooking() {
+  if (day_) {
+    day_->Logic.SelectSingleBooking();
+  }
+}
+
+// The windows that are not there yet leave the one that opens them as it was.
+
+void Program::OpenDayViewer(const std::string&) {
+  EnableMonthWindow(true);
+}
+
+void Program::ShowDayViewer() {}
+
+void Program::HideDayViewer() {}
+
+void Program::ShowMultiDayWindow(const std::string&) {
+  EnableDayWindow(true);
+}
+
+void Program::OpenSettings() {
+  EnableMonthWindow(true);
+}
+
+void Program::OpenAbout() {
+  EnableMonthWindow(true);
 }
 
 void Program::EndProgram() {

@@ -9,6 +9,8 @@
 #include "forms/qt_dialogs.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
+#include "logic/listings.h"
+#include "logic/multiday.h"
 #include "logic/session.h"
 
 namespace veyra {
@@ -29,10 +31,26 @@ class Program : public Windows {
   void ShowMonthWindow() override;
   void HideMonthWindow() override;
   void OpenDayWindow(const std::string& caption) override;
+  void EnableMonthWindow(bool enabled) override;
+  void RepaintMonthWindow() override;
+  bool MayOpenDay() override;
+  void EnableDayWindow(bool enabled) override;
+  void SelectSingleBooking() override;
+  void OpenDayViewer(const std::string& caption) override;
+  void ShowDayViewer() override;
+  void HideDayViewer() override;
+  void ShowMultiDayWindow(const std::string& from_text) override;
+  void OpenSettings() override;
+  void OpenAbout() override;
   void EndProgram() override;
 
  private:
   void DropDayWindow();
+
+  /// The day viewer's list while there is no day viewer.
+  class NoDayList : public modRes::DayListScreen {
+    void ShowDayList(const modRes::DayLines&) override {}
+  };
 
   Dialogs& dialogs_;
   const Clock& clock_;
@@ -40,6 +58,8 @@ class Program : public Windows {
   Session session_;
   QtMonthWindow month_window_;
   frmCalendar month_;
+  NoDayList viewer_list_;
+  MultiDayPlan plan_;
   std::unique_ptr<OpenDay> day_;
 };
 

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "forms/qt_progress.h"
 #include "forms/qt_text.h"
 
 namespace veyra {
@@ -143,6 +144,10 @@ std::string QtDialogs::InputBox(const std::string& prompt, const std::string& ti
     label->setTextFormat(Qt::PlainText);
   }
   return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
+}
+
+std::unique_ptr<Progress> QtDialogs::StartProgress(const std::string& text, BreakOff break_off) {
+  return std::make_unique<QtProgress>(text, break_off);
 }
 
 }  // namespace veyra

@@ -1,5 +1,6 @@
 #include "forms/qt_style.h"
 
+#include <QApplication>
 #include <algorithm>
 
 namespace veyra {
@@ -8,8 +9,11 @@ namespace {
 constexpr int kScrollBarWidth = 12;
 constexpr int kButtonWidth = 86;
 constexpr int kButtonHeight = 27;
+constexpr int kButtonPadding = 24;
 
 }  // namespace
+
+QtStyle::QtStyle() : QProxyStyle(QApplication::style()->name()) {}
 
 int QtStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                          const QWidget* widget) const {
@@ -20,7 +24,11 @@ int QtStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 QSize QtStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                 const QSize& contents, const QWidget* widget) const {
   const QSize usual = QProxyStyle::sizeFromContents(type, option, contents, widget);
-  return type == CT_PushButton ? usual.expandedTo({kButtonWidth, kButtonHeight}) : usual;
+  if (type != CT_PushButton) {
+    return usual;
+  }
+  return usual.expandedTo(
+      {std::max(kButtonWidth, contents.width() + kButtonPadding), kButtonHeight});
 }
 
 }  // namespace veyra

@@ -25,8 +25,8 @@ constexpr Twips kButtonAboveBottom = 1034;
 constexpr Twips kGuestColumnWidth = 2400;
 constexpr Twips kShortOfScreen = 1000;
 
-constexpr int kMargin = 5;
-constexpr int kGap = 4;
+constexpr int kMargin = 3;
+constexpr int kGap = 3;
 constexpr int kGuestColumn = 1;
 constexpr double kSmallestFont = 6.5;
 
@@ -46,7 +46,9 @@ QtDayWindow::QtDayWindow(const HandlerGuard& guard) : guard_(guard) {
   setObjectName(QStringLiteral("frmDay"));
   BuildMenu();
   BuildContents();
-  WireContents();
+  WireGrid();
+  WireNameBox();
+  connect(Command2_, &QPushButton::clicked, this, [this] { Report(&frmDay::Command2_Click); });
   setFixedWidth(Pixels(kWidth));
   setMinimumHeight(Pixels(kLeastHeight));
 }
@@ -89,8 +91,8 @@ QWidget* QtDayWindow::BuildHead() {
   Label1->setBuddy(Combo1_);
   auto* rows = new QGridLayout(head);
   rows->setContentsMargins(kMargin, kGap, kMargin, 0);
-  rows->setHorizontalSpacing(kMargin);
-  rows->setVerticalSpacing(kGap);
+  rows->setHorizontalSpacing(2 * kGap);
+  rows->setVerticalSpacing(1);
   rows->setColumnStretch(1, 1);
   rows->addWidget(Label1, 0, 0);
   rows->addWidget(Combo1_, 0, 1);
@@ -101,44 +103,50 @@ QWidget* QtDayWindow::BuildHead() {
 QGroupBox* QtDayWindow::BuildFrame() {
   auto* Frame1 = new QGroupBox(QStringLiteral("Multiple Day Bookings"), this);
   Frame1->setObjectName(QStringLiteral("Frame1"));
-  single_ = new QRadioButton(QStringLiteral("Single Booking"), Frame1);
-  single_->setObjectName(QStringLiteral("Book(0)"));
-  single_->setAccessibleName(QStringLiteral("Single Booking"));
-  single_->setChecked(true);
-  multiple_ = new QRadioButton(QStringLiteral("Multiple Booking"), Frame1);
-  multiple_->setObjectName(QStringLiteral("Book(1)"));
-  multiple_->setAccessibleName(QStringLiteral("Multiple Booking"));
-  multiple_->setToolTip(QStringLiteral("Click or Double-Click to Set Multiple Bookings"));
-  multiple_->setEnabled(false);
+  Book_ = {AddOption(0, "Single Booking", Frame1), AddOption(1, "Multiple Booking", Frame1)};
+  Book_[1]->setToolTip(QStringLiteral("Click or Double-Click to Set Multiple Bookings"));
+  Book_[0]->setChecked(true);
+  Book_[1]->setEnabled(false);
   auto* row = new QHBoxLayout(Frame1);
-  row->setContentsMargins(kGap, 0, kGap, kGap);
+  row->setContentsMargins(kGap, 0, kGap, 1);
   row->setSpacing(kGap);
-  row->addWidget(single_);
-  row->addWidget(multiple_);
+  row->addWidget(Book_[0]);
+  row->addWidget(Book_[1]);
   ShrinkToWidth(Frame1, Pixels(kWidth) - 2 * kMargin);
   return Frame1;
 }
 
-void QtDayWindow::WireContents() {
+QRadioButton* QtDayWindow::AddOption(int index, const char* caption, QWidget* frame) {
+  auto* option = new QRadioButton(QLatin1String(caption), frame);
+  option->setObjectName(QStringLiteral("Book(%1)").arg(index));
+  option->setAccessibleName(QLatin1String(caption));
+  connect(option, &QRadioButton::clicked, this,
+          [this, index] { Report([index](frmDay& day) { day.Book_Click(index); }); });
+  return option;
+}
+
+void QtDayWindow::WireGrid() {
   connect(MSFlexGrid1_, &QtSlotGrid::Pressed, this, [this](int row, int current_row) {
-    guard_.Run([&] { handler_->MSFlexGrid1_MouseDown(row, current_row); });
+    Report([=](frmDay& day) { day.MSFlexGrid1_MouseDown(row, current_row); });
   });
   connect(MSFlexGrid1_, &QtSlotGrid::Released, this, [this](int row, int column) {
-    guard_.Run([&] { handler_->MSFlexGrid1_Click(row, column); });
+    Report([=](frmDay& day) { day.MSFlexGrid1_Click(row, column); });
   });
+}
+
+void QtDayWindow::WireNameBox() {
   const auto change_name = [this](const std::string& text) {
-    guard_.Run([&] { handler_->Combo1_Change(text); });
+    Report([&text](frmDay& day) { day.Combo1_Change(text); });
   };
   connect(Combo1_, &QtNameBox::Typed, this, change_name);
   connect(Combo1_, &QtNameBox::Picked, this, change_name);
   connect(Combo1_, &QtNameBox::FocusArrived, this, [this] { Report(&frmDay::Combo1_GotFocus); });
   connect(Combo1_, &QtNameBox::FocusLeft, this, [this] { Report(&frmDay::Combo1_LostFocus); });
-  connect(Command2_, &QPushButton::clicked, this, [this] { Report(&frmDay::Command2_Click); });
 }
 
-void QtDayWindow::Report(void (frmDay::*handler)()) {
+void QtDayWindow::Report(const std::function<void(frmDay&)>& gesture) {
   if (handler_ != nullptr) {
-    guard_.Run([&] { (handler_->*handler)(); });
+    guard_.Run([&] { gesture(*handler_); });
   }
 }
 
@@ -160,6 +168,10 @@ void QtDayWindow::ScrollToRow(int row) {
 
 void QtDayWindow::SetCurrentRow(int row) {
   MSFlexGrid1_->SetCurrentRow(row);
+}
+
+void QtDayWindow::ShowMode(bool multiple) {
+  Book_[multiple ? 1 : 0]->setChecked(true);
 }
 
 void QtDayWindow::SelectAllText() {
@@ -189,8 +201,8 @@ void QtDayWindow::resizeEvent(QResizeEvent* event) {
   const int head_height = head_->sizeHint().height();
   const int button_top = height() - Pixels(kButtonAboveBottom);
   const int grid_bottom = button_top - kGap;
-  const int grid_top = std::max(head_height + kGap, 0);
-  const int grid_height = std::min(height() - Pixels(kGridShortOfWindow), grid_bottom - grid_top);
+  const int room = grid_bottom - head_height - kGap;
+  const int grid_height = std::min(height() - Pixels(kGridShortOfWindow), room);
   head_->setGeometry(0, 0, width(), head_height);
   MSFlexGrid1_->setGeometry(kMargin, grid_bottom - grid_height, width() - 2 * kMargin, grid_height);
   const QSize button = Command2_->sizeHint();

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <array>
+#include <functional>
 #include <string>
 
 #include "forms/day/day_view.h"
@@ -35,6 +37,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   void ShowName(const std::string& text) override;
   void ScrollToRow(int row) override;
   void SetCurrentRow(int row) override;
+  void ShowMode(bool multiple) override;
   void SelectAllText() override;
   void PlaceOnScreen() override;
   void CloseWindow() override;
@@ -51,16 +54,17 @@ class QtDayWindow : public QMainWindow, public DayView {
   void BuildContents();
   QWidget* BuildHead();
   QGroupBox* BuildFrame();
-  void WireContents();
-  void Report(void (frmDay::*handler)());
+  QRadioButton* AddOption(int index, const char* caption, QWidget* frame);
+  void WireGrid();
+  void WireNameBox();
+  void Report(const std::function<void(frmDay&)>& gesture);
   int Pixels(Twips twips) const;
 
   const HandlerGuard& guard_;
   frmDay* handler_ = nullptr;
   QWidget* head_ = nullptr;
   QtNameBox* Combo1_ = nullptr;
-  QRadioButton* single_ = nullptr;    ///< Book(0)
-  QRadioButton* multiple_ = nullptr;  ///< Book(1)
+  std::array<QRadioButton*, 2> Book_{};
   QtSlotGrid* MSFlexGrid1_ = nullptr;
   QPushButton* Command2_ = nullptr;
 };

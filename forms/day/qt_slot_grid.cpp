@@ -19,7 +19,10 @@ namespace {
 constexpr int kRows = modRes::kLastSlot;
 constexpr int kTimeColumn = 0;
 constexpr int kGuestColumn = 1;
+constexpr modRes::TimeSlot kNoon = 25;
 constexpr int kRowPadding = 5;
+constexpr double kSmallestFont = 6.5;
+constexpr double kFontStep = 0.25;
 constexpr int kScrollMilliseconds = 60;
 constexpr double kBookedTint = 0.22;
 
@@ -243,8 +246,20 @@ void QtSlotGrid::showEvent(QShowEvent* event) {
 
 void QtSlotGrid::resizeEvent(QResizeEvent* event) {
   QTableWidget::resizeEvent(event);
-  const int guest_width = columnWidth(kGuestColumn);
-  setColumnWidth(kTimeColumn, std::max(1, viewport()->width() - guest_width));
+  const int time_width = viewport()->width() - columnWidth(kGuestColumn);
+  setColumnWidth(kTimeColumn, std::max(1, time_width));
+  ShrinkFontTo(time_width);
+}
+
+void QtSlotGrid::ShrinkFontTo(int time_width) {
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+  const QString widest = ToQString(modRes::LongSlotLabel(kNoon));
+  QFont fitting = font();
+  while (QFontMetrics(fitting).horizontalAdvance(widest) + 2 * margin > time_width &&
+         fitting.pointSizeF() > kSmallestFont) {
+    fitting.setPointSizeF(fitting.pointSizeF() - kFontStep);
+  }
+  setFont(fitting);
 }
 
 bool QtSlotGrid::viewportEvent(QEvent* event) {

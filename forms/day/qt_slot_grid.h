@@ -58,6 +58,7 @@ class QtSlotGrid : public QTableWidget {
   void ScrollWhileDragging(int y);
   void MoveTo(int row, bool stretch);
   void Report(int row, int column);
+  void ShrinkFontTo(int time_width);
   bool ShowFullName(const QPoint& position, const QPoint& screen_position);
 
   bool dragging_ = false;

@@ -1,9 +1,9 @@
 #include "forms/month/qt_day_cell.h"
 
+#include <QBoxLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
-#include <QVBoxLayout>
 
 #include "forms/month/qt_day_list.h"
 #include "forms/qt_colors.h"
@@ -12,7 +12,8 @@
 namespace veyra {
 namespace {
 
-constexpr int kMargin = 3;
+constexpr int kStrongFrame = 2;
+constexpr int kMargin = 2 * kStrongFrame;
 constexpr double kFrameStrength = 0.25;
 
 QString IndexedName(const char* control, int index) {
@@ -22,16 +23,17 @@ QString IndexedName(const char* control, int index) {
 }  // namespace
 
 QtDayCell::QtDayCell(int index, QWidget* parent)
-    : QWidget(parent), lblDate_(new QLabel(this)), lstDay_(new QtDayList(this)) {
+    : QWidget(parent),
+      layout_(new QBoxLayout(QBoxLayout::TopToBottom, this)),
+      lblDate_(new QLabel(this)),
+      lstDay_(new QtDayList(this)) {
   lblDate_->setObjectName(IndexedName("lblDate", index));
   lblDate_->setTextFormat(Qt::PlainText);
   lstDay_->setObjectName(IndexedName("lstDay", index));
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, kMargin - 1, kMargin, kMargin);
-  column->setSpacing(1);
-  column->addWidget(lblDate_);
-  column->addWidget(lstDay_, 1);
-  lblDate_->setIndent(kMargin);
+  layout_->setSpacing(1);
+  layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout_->addWidget(lblDate_, 0, Qt::AlignTop);
+  layout_->addWidget(lstDay_, 1);
   lblDate_->hide();
   lstDay_->hide();
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
@@ -52,6 +54,18 @@ void QtDayCell::ShowDay(const modRes::MonthCell& cell) {
   lblDate_->setVisible(cell.Visible);
   lstDay_->setVisible(cell.Visible);
   update();
+}
+
+void QtDayCell::SetLayout(bool number_beside, double point_size) {
+  layout_->setDirection(number_beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  lblDate_->setIndent(number_beside ? 1 : kStrongFrame + 1);
+  QFont font = lblDate_->font();
+  font.setPointSizeF(number_beside ? point_size : this->font().pointSizeF());
+  lblDate_->setFont(font);
+  font.setBold(true);
+  const int widest = QFontMetrics(font).horizontalAdvance(QStringLiteral("30")) + kStrongFrame;
+  lblDate_->setMinimumWidth(number_beside ? widest : 0);
+  lstDay_->SetPointSize(point_size);
 }
 
 void QtDayCell::ShowNumber(const modRes::MonthCell& cell) {
@@ -76,12 +90,17 @@ void QtDayCell::paintEvent(QPaintEvent*) {
   if (!has_day_) {
     return;
   }
-  const bool focused = lstDay_->hasFocus();
-  const int width = focused || is_today_ ? 2 : 1;
-  const QColor color = focused ? palette().color(QPalette::Highlight) : FrameColor();
   QPainter painter(this);
+  DrawFrame(painter, FrameColor(), 0, is_today_ ? kStrongFrame : 1);
+  if (lstDay_->hasFocus()) {
+    DrawFrame(painter, palette().color(QPalette::Highlight), is_today_ ? kStrongFrame : 0,
+              kStrongFrame);
+  }
+}
+
+void QtDayCell::DrawFrame(QPainter& painter, const QColor& color, int outside, int width) const {
   painter.setPen(QPen(color, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  const double inset = width / 2.0;
+  const double inset = outside + width / 2.0;
   painter.drawRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset));
 }
 

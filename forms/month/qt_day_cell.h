@@ -5,6 +5,7 @@
 
 #include "logic/listings.h"
 
+class QBoxLayout;
 class QLabel;
 
 namespace veyra {
@@ -24,6 +25,10 @@ class QtDayCell : public QWidget {
   /// changes only when the cell names one.
   void ShowDay(const modRes::MonthCell& cell);
 
+  /// Puts the number beside the list, where there is no room to put it above, and sets the size of
+  /// the list's font.
+  void SetLayout(bool number_beside, double point_size);
+
   QtDayList& List() { return *lstDay_; }
 
  protected:
@@ -31,8 +36,10 @@ class QtDayCell : public QWidget {
 
  private:
   void ShowNumber(const modRes::MonthCell& cell);
+  void DrawFrame(QPainter& painter, const QColor& color, int outside, int width) const;
   QColor FrameColor() const;
 
+  QBoxLayout* layout_;
   QLabel* lblDate_;
   QtDayList* lstDay_;
   bool has_day_ = false;

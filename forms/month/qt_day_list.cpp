@@ -14,8 +14,7 @@ namespace {
 
 constexpr int kPointSize = 9;
 
-/// Lines are measured by their number of characters, for the font is fixed-pitch, and bear no
-/// focus frame of their own.
+/// Lines bear no focus frame of their own.
 class LineDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -63,6 +62,10 @@ QtDayList::QtDayList(QWidget* parent) : QListWidget(parent) {
   setTextElideMode(Qt::ElideNone);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  auto* corner = new QWidget(this);
+  corner->setBackgroundRole(QPalette::Base);
+  corner->setAutoFillBackground(true);
+  setCornerWidget(corner);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   setToolTip(QStringLiteral(
       "Left Click to Add/Change the Bookings for this Day    Right Click for Larger View"));
@@ -86,6 +89,18 @@ void QtDayList::SetBackground(const QColor& color) {
   colors.setColor(QPalette::Base, color);
   colors.setColor(QPalette::Text, ReadableOn(color, colors.color(QPalette::Text)));
   setPalette(colors);
+}
+
+void QtDayList::SetPointSize(double size) {
+  if (QFont resized = font(); resized.pointSizeF() != size) {
+    resized.setPointSizeF(size);
+    setFont(resized);
+  }
+}
+
+void QtDayList::SetBarStyle(QStyle* style) {
+  horizontalScrollBar()->setStyle(style);
+  verticalScrollBar()->setStyle(style);
 }
 
 /// The window may be hidden before the handler returns, so the press is not the list's to follow.

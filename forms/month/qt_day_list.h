@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-#include "forms/month/frmCalendar.h"
+#include "forms/mouse_button.h"
 #include "logic/listings.h"
 
 namespace veyra {
@@ -19,6 +19,12 @@ class QtDayList : public QListWidget {
   void ShowLines(const modRes::DayLines& lines);
 
   void SetBackground(const QColor& color);
+
+  /// Sets the size of the fixed-pitch font.
+  void SetPointSize(double size);
+
+  /// The style of both scroll bars; it must outlive the list.
+  void SetBarStyle(QStyle* style);
 
  signals:
   void Pressed(veyra::MouseButton button);  ///< By the mouse or by a key that means the same.

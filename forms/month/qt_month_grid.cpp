@@ -7,6 +7,7 @@
 
 #include "forms/month/qt_day_cell.h"
 #include "forms/month/qt_day_list.h"
+#include "forms/month/qt_slim_bars.h"
 
 namespace veyra {
 namespace {
@@ -15,7 +16,18 @@ using modRes::MonthCell;
 
 constexpr int kColumns = 7;
 constexpr int kCells = 42;
+constexpr int kWeeks = 6;
 constexpr int kSpacing = 3;
+
+/// A cell below this height has no room for a number above its list.
+constexpr int kLowCell = 60;
+
+/// The list's font is made smaller until a line shows so many characters.
+constexpr int kCharactersSeen = 20;
+constexpr double kLargestFont = 9;
+constexpr double kSmallestFont = 7;
+constexpr double kFontStep = 0.5;
+constexpr int kListMargins = 16;
 
 constexpr std::array<const char*, kColumns> kWeekdays = {
     "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
@@ -35,6 +47,18 @@ int StepOf(int key) {
     default:
       return kCells;
   }
+}
+
+double FittingPointSize(QFont font, int cell_width) {
+  const QString line(kCharactersSeen, QChar(u'0'));
+  double size = kLargestFont;
+  for (; size > kSmallestFont; size -= kFontStep) {
+    font.setPointSizeF(size);
+    if (QFontMetrics(font).horizontalAdvance(line) <= cell_width - kListMargins) {
+      break;
+    }
+  }
+  return size;
 }
 
 /// The cell of today, or the first one when today is not among them.
@@ -73,6 +97,7 @@ void QtMonthGrid::AddHeaders() {
 
 void QtMonthGrid::AddCells() {
   auto* grid = static_cast<QGridLayout*>(layout());
+  auto* slim_bars = new QtSlimBars(this);
   for (int index = 1; index <= kCells; ++index) {
     auto* cell = new QtDayCell(index, this);
     cells_.at(static_cast<std::size_t>(index)) = cell;
@@ -81,6 +106,7 @@ void QtMonthGrid::AddCells() {
     grid->setRowStretch(row, 1);
     QtDayList& list = cell->List();
     list.setFocusPolicy(Qt::ClickFocus);
+    list.SetBarStyle(slim_bars);
     connect(&list, &QtDayList::Pressed, this,
             [this, index](MouseButton button) { emit DayPressed(index, button); });
     connect(&list, &QtDayList::MoveKeyPressed, this, [this, index](int key) { Move(index, key); });
@@ -93,7 +119,7 @@ void QtMonthGrid::AddCells() {
 }
 
 void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
-  const bool focused = tab_stop_ != 0 && Cell(tab_stop_).List().hasFocus();
+  const bool focused = tab_stop_ == 0 || window()->focusWidget() == &Cell(tab_stop_).List();
   std::transform(cells.begin(), cells.end(), has_day_.begin(), std::mem_fn(&MonthCell::Visible));
   for (int index = 1; index <= kCells; ++index) {
     if (HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
@@ -105,6 +131,17 @@ void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
   // Last, for a list that is hidden while it has the focus passes it to any other control.
   for (int index = 1; index <= kCells; ++index) {
     if (!HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+  }
+}
+
+/// All cells are laid out alike.
+void QtMonthGrid::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int cell_width = (width() - (kColumns - 1) * kSpacing) / kColumns;
+  const int cell_height = (height() - Label2_[0]->height()) / kWeeks - kSpacing;
+  const double point_size = FittingPointSize(Cell(1).List().font(), cell_width);
+  for (int index = 1; index <= kCells; ++index) {
+    Cell(index).SetLayout(cell_height < kLowCell, point_size);
   }
 }
 

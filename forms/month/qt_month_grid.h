@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <array>
 
-#include "forms/month/frmCalendar.h"
+#include "forms/mouse_button.h"
 #include "logic/listings.h"
 
 class QLabel;
@@ -20,8 +20,8 @@ class QtMonthGrid : public QWidget {
  public:
   explicit QtMonthGrid(QWidget* parent = nullptr);
 
-  /// Shows the cells 1 to 42. The cell that was in use stays so if it still holds a day; at first
-  /// it is today's.
+  /// Shows the cells 1 to 42. The cell that has the focus keeps it, or passes it to the nearest one
+  /// that holds a day; the first month ever shown gives it to today's cell.
   void ShowCells(const std::array<modRes::MonthCell, 43>& cells);
 
   /// Shows these lines in lstDay(index), 1 to 42.
@@ -31,6 +31,9 @@ class QtMonthGrid : public QWidget {
 
  signals:
   void DayPressed(int index, veyra::MouseButton button);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void AddHeaders();

@@ -28,7 +28,8 @@ constexpr int kGap = 8;
 constexpr double kShareOfScreen = 0.9;
 constexpr QSize kComfortableSize(1000, 680);
 constexpr int kRoomForWindowFrame = 40;
-constexpr int kNameCharacters = 22;
+constexpr int kNameCharacters = 14;
+constexpr int kWidestControls = 460;
 
 void MakeLarger(QLabel* label, double factor, QFont::Weight weight) {
   QFont font = label->font();
@@ -87,6 +88,8 @@ QWidget* QtMonthWindow::BuildTitles() {
   lblMonth_ = new QtElidedLabel(titles);
   lblMonth_->setObjectName(QStringLiteral("lblMonth"));
   MakeLarger(lblMonth_, 2.0, QFont::DemiBold);
+  lblMonth_->setMinimumWidth(
+      lblMonth_->fontMetrics().horizontalAdvance(QStringLiteral("September 8888 ")));
   lblRoom_ = new QtElidedLabel(titles);
   lblRoom_->setObjectName(QStringLiteral("lblRoom"));
   MakeLarger(lblRoom_, 1.3, QFont::Normal);
@@ -139,6 +142,7 @@ QWidget* QtMonthWindow::BuildControls() {
   auto* rows = new QVBoxLayout(controls);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(kGap - 2);
+  controls->setMaximumWidth(kWidestControls);
   rows->addLayout(upper);
   rows->addLayout(lower);
   return controls;
@@ -161,11 +165,11 @@ QPushButton* QtMonthWindow::AddButton(const char* name, const char* caption, con
 void QtMonthWindow::BuildContents() {
   auto* contents = new QWidget(this);
   contents->setAutoFillBackground(true);
-  grid_ = new QtMonthGrid(contents);
   auto* head = new QHBoxLayout;
   head->setSpacing(2 * kGap);
-  head->addWidget(BuildTitles(), 1);
-  head->addWidget(BuildControls());
+  head->addWidget(BuildTitles(), 3);
+  head->addWidget(BuildControls(), 2);
+  grid_ = new QtMonthGrid(contents);
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kGap, kMargin, kMargin);
   column->setSpacing(kGap);

@@ -27,18 +27,19 @@ void MakeEmptyFile(const std::string& file) {
     throw DatabaseError({file, "This file is there already; nothing was made.",
                          "Choose another folder, or move the file away first."});
   }
-  throw DatabaseError(
-      {file, "The file cannot be made: " + std::generic_category().message(errno) + ".",
-       "Check that the folder is there and that you may make files in it."});
+  throw DatabaseError({file,
+                       "The file cannot be made: " + std::generic_category().message(errno) + ".",
+                       "Check that the folder is there and that you may make files in it."});
 }
 
 }  // namespace
 
-std::unique_ptr<Store> CreateStore(const std::string& file_name) {
+std::unique_ptr<Store> CreateStore(const std::string& file_name, Durability durability) {
   const std::string file = std::filesystem::absolute(NativePath(file_name)).string();
   MakeEmptyFile(file);
   try {
-    return sqlite::OpenNew(file, kStoreTimeout);
+    const bool durable = durability == Durability::AtOnce;
+    return sqlite::OpenNew(file, kStoreTimeout, durable);
   } catch (const Error&) {
     unlink(file.c_str());
     throw;

@@ -155,19 +155,26 @@ void MakeDurable(Database& database, std::chrono::milliseconds timeout) {
   database.Execute("PRAGMA synchronous = FULL");
 }
 
-}  // namespace
-
-std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
+std::unique_ptr<Database> OpenDurable(const std::string& file, std::chrono::milliseconds timeout) {
   auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
   database->CheckWhole();
   MakeDurable(*database, timeout);
-  return std::make_unique<SqliteStore>(std::move(database));
+  return database;
 }
 
-std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout) {
+}  // namespace
+
+std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
+  return std::make_unique<SqliteStore>(OpenDurable(file, timeout));
+}
+
+std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout,
+                               bool durable) {
   // The first thing written turns an empty file into a database.
   Database(file, file, OpenMode::ReadWrite, timeout).Execute("PRAGMA user_version = 1");
-  return OpenReadWrite(file, timeout);
+  auto database = OpenDurable(file, timeout);
+  if (!durable) database->Execute("PRAGMA synchronous = OFF");
+  return std::make_unique<SqliteStore>(std::move(database));
 }
 
 std::string FirstBytes(const std::string& file, std::size_t count) {

@@ -214,6 +214,16 @@ TEST_F(FrmCalendarTest, PickingAFacilityShowsItsMonth) {
   EXPECT_FALSE(session_->IsLoading);
 }
 
+TEST_F(FrmCalendarTest, AFacilityThatCannotBeSelectedIsNotNamed) {
+  Start({"Pool", "Hall"});
+  BreakCalendar();
+  view_.Combo1.Text = "Hall";
+  EXPECT_THROW(calendar_->Combo1_Click("Hall"), DatabaseError);
+  EXPECT_EQ("Pool", view_.Combo1.Text);
+  EXPECT_EQ("Pool", view_.lblRoom);
+  EXPECT_EQ(1, session_->CurRmID);
+}
+
 TEST_F(FrmCalendarTest, TypingAListedNameInLowerCaseAdoptsItsSpelling) {
   Start({"Pool", "Hall"});
   TypeAndEnter("hALL");

@@ -27,9 +27,9 @@ void MakeEmptyFile(const std::string& file) {
     throw DatabaseError({file, "This file is there already; nothing was made.",
                          "Choose another folder, or move the file away first."});
   }
-  throw DatabaseError(
-      {file, "The file cannot be made: " + std::generic_category().message(errno) + ".",
-       "Check that the folder is there and that you may make files in it."});
+  throw DatabaseError({file,
+                       "The file cannot be made: " + std::generic_category().message(errno) + ".",
+                       "Check that the folder is there and that you may make files in it."});
 }
 
 }  // namespace

@@ -2,15 +2,13 @@
 
 #include <unistd.h>
 
-#include <array>
-#include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 #include <system_error>
 
 #include "data/errors.h"
 #include "data/file_name.h"
+#include "data/sqlite/read_only_store.h"
 #include "data/sqlite/sqlite_store.h"
 
 namespace veyra {
@@ -40,20 +38,31 @@ bool IsWritable(const fs::path& path) {
   return HasPermission(path, kAnyWrite) && access(path.c_str(), W_OK) == 0;
 }
 
+[[noreturn]] void FailAsMissing(const fs::path& path) {
+  std::error_code error;
+  const fs::path folder = path.parent_path();
+  const bool has_folder = fs::is_directory(folder, error);
+  throw DatabaseError({path.string(),
+                       has_folder ? "There is no such file."
+                                  : "There is no such file, and no folder " + folder.string() + ".",
+                       "Check that the folder is the right one and that the file is in it."});
+}
+
 void RequireFile(const fs::path& path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (status.type() == fs::file_type::not_found) {
-    throw DatabaseError({path.string(), "There is no such file.",
-                         "Check that the folder is the right one and that the file is in it."});
-  }
+  if (status.type() == fs::file_type::not_found) FailAsMissing(path);
   if (status.type() == fs::file_type::directory) {
     throw DatabaseError({path.string(), "This is a folder, where a database file should be.",
                          "Move the folder away and put the file in its place."});
   }
   if (status.type() != fs::file_type::regular) {
-    throw DatabaseError({path.string(), "The file cannot be reached: " + error.message() + ".",
+    throw DatabaseError({path.string(), "This is no file that can be read.",
                          "Check that the disk is connected and that you may use the folder."});
+  }
+  if (access(path.c_str(), R_OK) != 0) {
+    throw DatabaseError({path.string(), "You may not read the file.",
+                         "Ask for the right to read and change the file."});
   }
 }
 
@@ -71,23 +80,9 @@ void RequireWritable(const fs::path& path) {
   }
 }
 
-/// The file's first bytes, fewer when it is shorter.
-std::string FirstBytes(const fs::path& path) {
-  std::array<char, 24> bytes{};
-  std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    throw DatabaseError(
-        {path.string(),
-         "The file cannot be opened: " + std::generic_category().message(errno) + ".",
-         "Ask for the right to read the file."});
-  }
-  file.read(bytes.data(), bytes.size());
-  return {bytes.data(), static_cast<std::size_t>(file.gcount())};
-}
-
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
                                         std::chrono::milliseconds timeout) {
-  const std::string bytes = FirstBytes(path);
+  const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
   if (bytes.empty()) {
     throw DatabaseError({path.string(), "The file is empty.", kRightFile});
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <unordered_set>
 #include <utility>
 
 #include "data/names.h"
@@ -47,9 +48,7 @@ Recordset::Recordset(Store& store, Query query, CursorType cursor)
   }
   source_ = store.Select(query_);
   read_ = true;
-  rows_.emplace_back();
-  ReadNext();
-  if (AtEnd()) rows_.clear(), position_ = 0;
+  ReadFirst();
 }
 
 void Recordset::RequireOpen() const {
@@ -95,28 +94,30 @@ void Recordset::LearnColumns(const Row& row) {
   if (row.Values.size() != columns_.size()) columns_ = store_->ColumnNames(query_.Table);
 }
 
+void Recordset::ReadFirst() {
+  HeldRow first;
+  if (!source_->Next(first.Content)) return;
+  LearnColumns(first.Content);
+  rows_.push_back(std::move(first));
+}
+
 void Recordset::ReadNext() {
-  Row& row = rows_.front().Content;
-  if (source_->Next(row)) {
-    LearnColumns(row);
-  } else {
-    position_ = rows_.size();
-    source_.reset();
-  }
+  if (!source_->Next(rows_.front().Content)) ++position_;
 }
 
 void Recordset::ReadAll() {
   if (read_) return;
+  std::unordered_set<RowKey> added;
+  for (const HeldRow& row : rows_) {
+    if (!row.Deleted) added.insert(row.Content.Key);
+  }
   std::vector<HeldRow> all;
   const auto source = store_->Select(query_);
   for (Row row; source->Next(row); row = Row()) {
-    const bool was_added = std::any_of(rows_.begin(), rows_.end(), [&row](const HeldRow& added) {
-      return !added.Deleted && added.Content.Key == row.Key;
-    });
-    if (!was_added) all.push_back({std::move(row)});
+    if (!added.contains(row.Key)) all.push_back({std::move(row)});
   }
   if (!all.empty()) LearnColumns(all.front().Content);
-  position_ += all.size() * (rows_.empty() ? 0 : 1);
+  if (!rows_.empty()) position_ += all.size();
   all.insert(all.end(), std::make_move_iterator(rows_.begin()),
              std::make_move_iterator(rows_.end()));
   rows_ = std::move(all);

@@ -113,6 +113,7 @@ class Recordset {
   std::size_t ColumnIndex(std::string_view name) const;
   void LearnColumns(const Row& row);
 
+  void ReadFirst();
   void ReadNext();
   void ReadAll();
   void LookForRow();

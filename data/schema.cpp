@@ -69,6 +69,7 @@ void AddDefaultSettings(Connection& res_con) {
 void CopyBackgroundToToday(Connection& res_con) {
   const auto rows =
       res_con.Open("SELECT * FROM Settings Where ID = 1", CursorType::StaticOptimistic);
+  if (rows->IsEmpty()) return;
   rows->SetField("TodayBColor", rows->Field("BkGrnd"));
   rows->Update();
 }

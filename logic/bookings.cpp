@@ -5,6 +5,7 @@
 
 #include "data/connection.h"
 #include "data/text.h"
+#include "logic/many_rows.h"
 
 namespace veyra::modRes {
 namespace {
@@ -88,12 +89,10 @@ bool WantsGroup(const Value& group_key, const std::string& question, Icon icon, 
          dialogs.MsgBox({.Text = question, .Choice = Buttons::YesNo, .Sign = icon}) == Answer::Yes;
 }
 
-std::string DeleteGroup(Session& session, const Value& group_key, const Listings& listings) {
+std::string DeleteGroup(Session& session, const Value& group_key, const Listings& listings,
+                        Dialogs& dialogs) {
   const Rows group = FindGroup(session, group_key);
-  const std::size_t count = group->RecordCount();
-  for (; !group->AtEnd(); group->MoveNext()) {
-    group->Delete();
-  }
+  const std::size_t count = DeleteAll(*group, dialogs);
   RefreshMonth(session, listings.Time, listings.Month, session.CurMonth);
   return std::to_string(count) + " Bookings Deleted.";
 }
@@ -108,20 +107,19 @@ std::string DeletePicked(Session& session, const Listings& listings, Dialogs& di
   if (WantsGroup(group_key, "This has Multiple Bookings. Do you want to Delete All of them?",
                  Icon::Critical, dialogs)) {
     picked->Close();
-    return DeleteGroup(session, group_key, listings);
+    return DeleteGroup(session, group_key, listings, dialogs);
   }
   picked->Delete();
   return "Booking Deleted.";
 }
 
 std::string RenameGroup(Session& session, const Value& group_key, const std::string& name,
-                        const Listings& listings) {
+                        const Listings& listings, Dialogs& dialogs) {
   const Rows group = FindGroup(session, group_key);
-  const std::size_t count = group->RecordCount();
-  for (; !group->AtEnd(); group->MoveNext()) {
+  const std::size_t count = ForEachRow(*group, "Renaming bookings ...", dialogs, [&] {
     group->SetField("Event", name);
     group->Update();
-  }
+  });
   RefreshMonth(session, listings.Time, listings.Month, session.CurMonth);
   return std::to_string(count) + " Bookings Name Changed.";
 }
@@ -148,7 +146,7 @@ std::string RenamePicked(Session& session, std::string& name, const Listings& li
                  "This has Multiple Bookings. Do you want to Change the Name on All of them?",
                  Icon::Exclamation, dialogs)) {
     picked->Close();
-    return RenameGroup(session, group_key, name, listings);
+    return RenameGroup(session, group_key, name, listings, dialogs);
   }
   // Only a single booking's name is cut; a group keeps the name as typed. This is meant.
   CutNewName(name, dialogs);

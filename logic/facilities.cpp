@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "logic/many_rows.h"
+
 namespace veyra::modRes {
 namespace {
 
@@ -27,13 +29,11 @@ void SetActive(Recordset& room, bool active) {
   room.SetField("Active", std::int64_t{active ? 1 : 0});
 }
 
-void DeleteBookingsOfCurrentRoom(Session& session) {
+void DeleteBookingsOfCurrentRoom(Session& session, Dialogs& dialogs) {
   const auto bookings =
       session.ResCon->Open("SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID),
                            CursorType::StaticOptimistic);
-  for (; !bookings->AtEnd(); bookings->MoveNext()) {
-    bookings->Delete();
-  }
+  DeleteAll(*bookings, dialogs);
 }
 
 void RemoveCurrentEntry(NameBox& Combo1) {
@@ -111,8 +111,8 @@ void AddFacility(Session& session, NameBox& Combo1) {
   Combo1.Items.push_back(Combo1.Text);
 }
 
-void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom) {
-  DeleteBookingsOfCurrentRoom(session);
+void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs) {
+  DeleteBookingsOfCurrentRoom(session, dialogs);
   DeleteCurrentRoom(session);
   RemoveCurrentEntry(Combo1);
   SelectFirstRoom(session, Combo1, lblRoom);

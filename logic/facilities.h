@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "logic/dialogs.h"
 #include "logic/name_box.h"
 #include "logic/session.h"
 
@@ -28,6 +29,6 @@ void AddFacility(Session& session, NameBox& Combo1);
 /// Deletes every booking of facility CurRmID, its entry in Combo1 (the one that equals Combo1's
 /// text) and its row. The first facility left becomes active, CurRmID, Combo1's text and lblRoom;
 /// when none is left Combo1's text is empty and CurRmID and lblRoom stay.
-void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom);
+void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs);
 
 }  // namespace veyra::modRes

@@ -51,6 +51,12 @@ class CalendarFolder {
         ->Insert("Guest", {{"Name", std::move(name)}});
   }
 
+  /// Removes the first guest.
+  void RemoveGuest() {
+    Connection guests(OpenStore(File("Veyra.mdb"), StoreAccess::ReadWrite));
+    guests.Open("SELECT * FROM Guest", CursorType::StaticOptimistic)->Delete();
+  }
+
   /// The facilities, a line each: "1 Pool active".
   std::string Rooms() {
     return Listed("SELECT * FROM Rooms", [](Recordset& row) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -10,6 +11,17 @@ namespace veyra {
 
 /// The kinds of database file that a calendar may be kept in.
 enum class StoreKind { Sqlite };
+
+/// Every kind, for the tests of what all stores have in common.
+inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite};
+
+inline const char* NameOf(StoreKind kind) {
+  switch (kind) {
+    case StoreKind::Sqlite:
+      return "Sqlite";
+  }
+  return "";
+}
 
 /// The kind that this run of the tests is for.
 inline StoreKind TestedStoreKind() {

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "data/sqlite/sqlite_errors.h"
@@ -18,6 +19,7 @@ void SetDefences(sqlite3* handle) {
   // A quoted name that is no column must be an error, not a text.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_exec(handle, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr);
 }
 
 }  // namespace
@@ -48,6 +50,16 @@ void Database::SetTimeout(std::chrono::milliseconds timeout) {
 
 void Database::Execute(const std::string& sql) {
   Check(sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+std::string Database::FirstBytes(std::size_t count) {
+  sqlite3_file* file = nullptr;
+  Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file));
+  sqlite3_int64 size = 0;
+  Check(file->pMethods->xFileSize(file, &size));
+  std::string bytes(std::min(count, static_cast<std::size_t>(size)), '\0');
+  Check(file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0));
+  return bytes;
 }
 
 void Database::Check(int code) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 
 struct sqlite3;
@@ -29,6 +30,9 @@ class Database {
 
   /// Runs statements that give no rows. Throws as ThrowError does.
   void Execute(const std::string& sql);
+
+  /// The file's first bytes, fewer when it is shorter. Takes no lock.
+  std::string FirstBytes(std::size_t count);
 
   /// Throws what the result code stands for, unless it is SQLITE_OK.
   void Check(int code);

@@ -17,6 +17,10 @@ constexpr const char* kBackup =
     "Put a backup copy in its place. Keep the damaged file: a specialist may be able to read it.";
 
 Words WordsFor(int code, const std::string& detail) {
+  if (code == SQLITE_READONLY_ROLLBACK) {
+    return {"Another program was interrupted in the middle of a change of the file.",
+            "Start the program that the file belongs to: it puts the file in order."};
+  }
   const std::string number = " (error " + std::to_string(code) + ")";
   switch (code & 0xFF) {
     case SQLITE_READONLY:
@@ -49,7 +53,9 @@ Words WordsFor(int code, const std::string& detail) {
 
 bool IsBusy(int code) {
   const int primary = code & 0xFF;
-  return primary == SQLITE_BUSY || primary == SQLITE_LOCKED || primary == SQLITE_PROTOCOL;
+  // The two read-only codes: the other program is just setting up its log.
+  return code == SQLITE_READONLY_CANTINIT || code == SQLITE_READONLY_RECOVERY ||
+         primary == SQLITE_BUSY || primary == SQLITE_LOCKED || primary == SQLITE_PROTOCOL;
 }
 
 }  // namespace

@@ -13,6 +13,8 @@ namespace veyra::sqlite {
 
 namespace {
 
+constexpr std::chrono::milliseconds kNoWait{0};
+
 std::size_t ColumnIndex(const std::string& file, const Table& table, const std::string& name) {
   const auto column = FindName(table.Columns, name);
   if (!column) throw MissingColumn(file, table.Name, name);
@@ -143,38 +145,9 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
   transaction.Commit();
 }
 
-/// A SQLite file that is only looked at.
-class SqliteReadOnlyStore : public Store {
- public:
-  explicit SqliteReadOnlyStore(std::unique_ptr<Database> database) : reader_(std::move(database)) {}
-
-  const std::string& FileName() const override { return reader_.file(); }
-  std::vector<std::string> TableNames() override { return reader_.catalogue().TableNames(); }
-  std::vector<std::string> ColumnNames(const std::string& table) override {
-    return reader_.catalogue().Find(table).Columns;
-  }
-  std::unique_ptr<RowSource> Select(const Query& query) override { return reader_.Select(query); }
-
-  Row Insert(const std::string&, const FieldValues&) override {
-    throw OpenedForReadingOnly(FileName());
-  }
-  Row Update(const std::string&, const Row&, const FieldValues&) override {
-    throw OpenedForReadingOnly(FileName());
-  }
-  void Delete(const std::string&, const Row&) override { throw OpenedForReadingOnly(FileName()); }
-  void CreateTable(const TableDefinition&) override { throw OpenedForReadingOnly(FileName()); }
-  void AddColumn(const std::string&, const ColumnDefinition&) override {
-    throw OpenedForReadingOnly(FileName());
-  }
-
- private:
-  Reader reader_;
-};
-
 /// Reads the schema, by which a file that is locked, damaged or cut short shows itself: SQLite
 /// compares the number of pages that the file should have with its size.
 void ReadSchema(Database& database) {
-  database.Execute("PRAGMA cell_size_check = ON");
   database.Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
 }
 
@@ -182,7 +155,7 @@ void ReadSchema(Database& database) {
 /// or another program that is reading just now, leaves the file with its rollback journal: as safe,
 /// only slower. So a refusal is no failure, and is not waited for.
 void MakeDurable(Database& database, std::chrono::milliseconds timeout) {
-  database.SetTimeout(std::chrono::milliseconds(0));
+  database.SetTimeout(kNoWait);
   sqlite3_exec(database.handle(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
   database.SetTimeout(timeout);
   database.Execute("PRAGMA synchronous = FULL");
@@ -203,10 +176,8 @@ std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::millisecond
   return OpenReadWrite(file, timeout);
 }
 
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadOnly, timeout);
-  ReadSchema(*database);
-  return std::make_unique<SqliteReadOnlyStore>(std::move(database));
+std::string FirstBytes(const std::string& file, std::size_t count) {
+  return Database(file, file, OpenMode::ReadOnly, kNoWait).FirstBytes(count);
 }
 
 }  // namespace veyra::sqlite

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -16,8 +17,9 @@ std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milli
 /// REQUIRES: the file exists and is empty; its name is absolute.
 std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout);
 
-/// Opens a SQLite file for reading only: nothing is written to it or beside it.
-/// REQUIRES: the file exists; its name is absolute.
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout);
+/// The first bytes of a file of any kind, fewer when it is shorter. Read in SQLite's own way: to
+/// open and close a file on this platform lets go of every lock that the process holds on it, and
+/// it may hold some by another store.
+std::string FirstBytes(const std::string& file, std::size_t count);
 
 }  // namespace veyra::sqlite

@@ -90,7 +90,7 @@ void frmCalendar::Command4_Click() {
   if (answer != Answer::Yes) {
     return;
   }
-  modRes::DeleteFacility(session_, Combo1_, lblRoom_);
+  modRes::DeleteFacility(session_, Combo1_, lblRoom_, dialogs_);
   view_.ShowFacilityBox(Combo1_);
   view_.ShowRoom(lblRoom_);
   RefreshMonth();
@@ -133,7 +133,13 @@ void frmCalendar::Combo1_Change(const std::string& text) {
 
 void frmCalendar::Combo1_Click(const std::string& text) {
   session_.IsLoading = false;
-  modRes::SelectFacility(session_, text);
+  try {
+    modRes::SelectFacility(session_, text);
+  } catch (...) {
+    // The box must not name a facility that is not the current one.
+    view_.ShowFacilityBox(Combo1_);
+    throw;
+  }
   Combo1_.Text = text;
   ShowRoom(text);
   RefreshMonth();

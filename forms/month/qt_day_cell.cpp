@@ -13,6 +13,7 @@ namespace veyra {
 namespace {
 
 constexpr int kStrongFrame = 2;
+constexpr int kMargin = 2 * kStrongFrame;
 constexpr double kFrameStrength = 0.25;
 
 QString IndexedName(const char* control, int index) {
@@ -30,6 +31,7 @@ QtDayCell::QtDayCell(int index, QWidget* parent)
   lblDate_->setTextFormat(Qt::PlainText);
   lstDay_->setObjectName(IndexedName("lstDay", index));
   layout_->setSpacing(1);
+  layout_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout_->addWidget(lblDate_, 0, Qt::AlignTop);
   layout_->addWidget(lstDay_, 1);
   lblDate_->hide();
@@ -56,8 +58,6 @@ void QtDayCell::ShowDay(const modRes::MonthCell& cell) {
 
 void QtDayCell::SetLayout(bool number_beside, double point_size) {
   layout_->setDirection(number_beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-  const int margin = number_beside ? kStrongFrame : 2 * kStrongFrame;
-  layout_->setContentsMargins(margin, margin, margin, margin);
   lblDate_->setIndent(number_beside ? 1 : kStrongFrame + 1);
   QFont font = lblDate_->font();
   font.setPointSizeF(number_beside ? point_size : this->font().pointSizeF());

@@ -29,7 +29,8 @@ constexpr int kGap = 8;
 constexpr double kShareOfScreen = 0.9;
 constexpr QSize kComfortableSize(1000, 680);
 constexpr int kRoomForWindowFrame = 40;
-constexpr int kNameCharacters = 22;
+constexpr int kNameCharacters = 14;
+constexpr int kWidestControls = 460;
 
 void MakeLarger(QLabel* label, double factor, QFont::Weight weight) {
   QFont font = label->font();
@@ -142,6 +143,7 @@ QWidget* QtMonthWindow::BuildControls() {
   auto* rows = new QVBoxLayout(controls);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(kGap - 2);
+  controls->setMaximumWidth(kWidestControls);
   rows->addLayout(upper);
   rows->addLayout(lower);
   return controls;
@@ -166,8 +168,8 @@ void QtMonthWindow::BuildContents() {
   contents->setAutoFillBackground(true);
   auto* head = new QHBoxLayout;
   head->setSpacing(2 * kGap);
-  head->addWidget(BuildTitles(), 1);
-  head->addWidget(BuildControls());
+  head->addWidget(BuildTitles(), 3);
+  head->addWidget(BuildControls(), 2);
   grid_ = new QtMonthGrid(contents);
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kGap, kMargin, kMargin);

@@ -128,7 +128,7 @@ class Desk:
             return None
 
         wanted = f'window "{title}"' if title else "message box" if roles else "window"
-        return self._wait(find, f"the {wanted} in front")
+        return self.wait(find, f"the {wanted} in front")
 
     def picture(self, path, window_only=True):
         self.screen.picture(path, window_only)
@@ -143,7 +143,7 @@ class Desk:
                     return control
             return None
 
-        return self._wait(look, f'"{name}" on the screen')
+        return self.wait(look, f'"{name}" on the screen')
 
     def first(self, role, window=None):
         """Waits for the first control of that role and returns it."""
@@ -151,7 +151,7 @@ class Desk:
             controls = (window or self.front_window()).everything()
             return next((one for one in controls if one.role == role and one.is_showing), None)
 
-        return self._wait(look, f"a {role} on the screen")
+        return self.wait(look, f"a {role} on the screen")
 
     def has(self, name):
         """Whether the front window shows such a control now."""
@@ -175,13 +175,32 @@ class Desk:
     def type(self, text):
         self.screen.type(text)
 
+    def focused(self):
+        """The control that the keyboard goes to, or None for the moment."""
+        # The current cell of a table says that it has the focus even when the table has not.
+        claims = ("frame", "filler", "table cell", "list item")
+        return next((one for one in self.front_window().everything()
+                     if one.has_state("FOCUSED") and one.role not in claims), None)
+
+    def tab_to(self, is_wanted, what):
+        """Presses Tab until is_wanted(control) is true for the control that has the focus."""
+        for _ in range(70):
+            control = self.wait(self.focused, "a control with the focus")
+            if is_wanted(control):
+                return control
+            place = control.box
+            self.key("Tab")
+            self.wait(lambda: (now := self.focused()) and now.box != place, "the focus to move on")
+        raise GaveUp(f"{what} cannot be reached with Tab")
+
     # Message boxes
 
     def message(self):
-        """Waits for a message box and returns its text, as the program wrote it."""
+        """Waits for a message box and returns its text, its lines parted by "\\n"."""
         box = self.front_window(roles=_BOXES)
-        return self._wait(lambda: [one.name for one in box.everything() if one.role == "label"],
-                          "the text of the box")[0]
+        texts = self.wait(lambda: [one.name for one in box.everything() if one.role == "label"],
+                           "the text of the box")
+        return texts[0].replace("\r\n", "\n")
 
     def answers(self):
         """The buttons of the message box in front."""
@@ -189,10 +208,18 @@ class Desk:
         return [one.name for one in box.everything() if one.role == "push button"]
 
     def press(self, button):
-        """Presses a button of the message box in front, and waits until the box is gone."""
+        """Presses a button of the message box in front, and waits until the box is gone; the
+        program may be gone with it."""
         box = self.front_window(roles=_BOXES)
         self.click_on(self.find(button, "push button", box))
-        self.wait(lambda: not box.is_showing, f'the box to go after "{button}"', gone=True)
+
+        def is_gone():
+            try:
+                return self.process.poll() is not None or not box.is_showing
+            except _glib.Error:
+                return True
+
+        wait_until(is_gone, f'the box to go after "{button}"')
 
     # The month window
 
@@ -223,7 +250,7 @@ class Desk:
         combo = self.first("combo box")
         x, y, width, height = combo.box
         self.screen.click(x + width - 8, y + height // 2)
-        entry = self._wait(
+        entry = self.wait(
             lambda: next((one for one in combo.everything()
                           if one.role == "list item" and one.name == item
                           and one.is_showing and one.box[0] >= x), None),
@@ -285,7 +312,7 @@ class Desk:
             self.screen.wheel(x + width // 2, y + height // 2, down=top > y)
             return False
 
-        self._wait(look, f"slot {slot} in sight")
+        self.wait(look, f"slot {slot} in sight")
 
     def _grid(self):
         return self.first("table")
@@ -295,17 +322,9 @@ class Desk:
 
     # Waiting
 
-    def wait(self, condition, what, gone=False):
-        """Waits until condition() is true. With `gone`, a control that has vanished counts as true."""
-        def look():
-            try:
-                return condition()
-            except _glib.Error:
-                return gone
-
-        return self._wait(look, what)
-
-    def _wait(self, condition, what):
+    def wait(self, condition, what):
+        """Waits until condition() is true, and returns what it gave. A control that vanishes while
+        it is looked at counts as not yet. Gives up when the program ends."""
         def look():
             if self.process.poll() is not None:
                 raise GaveUp(f"the program ended with status {self.process.returncode} while "

@@ -5,6 +5,7 @@ import shutil
 import subprocess
 import tempfile
 import unittest
+from datetime import date, timedelta
 
 from desk import Desk
 from screen import Screen
@@ -40,12 +41,12 @@ class DeskTest(unittest.TestCase):
         self.desk = Desk(screen(), self.app_folder)
         self.addCleanup(self.desk.__exit__)
 
-    def tearDown(self):
-        if not self._outcome.success and PICTURES:
+    def leave_picture(self):
+        if PICTURES:
             os.makedirs(PICTURES, exist_ok=True)
             picture = os.path.join(PICTURES, f"{self.id()}.png")
             self.desk.picture(picture, window_only=False)
-            print(f"\nWhat was on the screen when {self.id()} failed: {picture}")
+            print(f"What was on the screen then: {picture}")
 
     def start(self):
         """Starts the program and waits for its month."""
@@ -61,8 +62,33 @@ class DeskTest(unittest.TestCase):
         with open(self.file("path.txt"), "w", encoding="utf-8", newline="") as file:
             file.write(f"{folder}\r\n{folder}\r\n")
 
+    def free_day(self, facility):
+        """A day of this month on which the facility is free from 9:00 to 10:30 AM."""
+        taken = self.sql("SELECT DISTINCT DateOfRes FROM Reserv JOIN Rooms ON RmID = Rooms.ID "
+                         f"WHERE Rooms.Name = '{facility}' AND TimeFrom <= 21 AND TimeTo >= 19;")
+        first = date.today().replace(day=1)
+        days = (first + timedelta(days=n) for n in range(28))
+        return next(day for day in days if day.isoformat() not in taken)
+
     def sql(self, statement):
         """The rows that the sqlite3 shell gives for the calendar, each a text such as "3|Pool"."""
         result = subprocess.run(["sqlite3", os.path.join(self.data_folder, "Calendar.mdb")],
                                 input=statement, check=True, stdout=subprocess.PIPE, text=True)
         return result.stdout.splitlines()
+
+
+class _Result(unittest.TextTestResult):
+    """Leaves a picture of what a failed test had on the screen."""
+
+    def addFailure(self, test, err):
+        super().addFailure(test, err)
+        test.leave_picture()
+
+    def addError(self, test, err):
+        super().addError(test, err)
+        if isinstance(test, DeskTest):
+            test.leave_picture()
+
+
+def main():
+    unittest.main(testRunner=unittest.TextTestRunner(resultclass=_Result, verbosity=2))

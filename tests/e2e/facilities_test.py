@@ -1,8 +1,6 @@
 """Facilities: typed in, picked, deleted, remembered."""
 
-import unittest
-
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 
 class FacilitiesTest(DeskTest):
@@ -59,4 +57,4 @@ class FacilitiesTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

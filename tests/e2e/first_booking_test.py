@@ -1,9 +1,6 @@
 """From the start to the first booking, the way a newcomer goes."""
 
-import unittest
-from datetime import date, timedelta
-
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 
 class FirstBookingTest(DeskTest):
@@ -15,7 +12,7 @@ class FirstBookingTest(DeskTest):
         self.desk.write_name("Ann Example")
 
         self.desk.drag_slots(19, 21)
-        self.assertEqual("Reservation for Ann Example From  9:00A To 10:30A.\r\n"
+        self.assertEqual("Reservation for Ann Example From  9:00A To 10:30A.\n"
                          "Select OK to Book or Cancel to Cancel", self.desk.message())
         self.assertEqual(["OK", "Cancel"], self.desk.answers())
         self.desk.press("OK")
@@ -53,14 +50,6 @@ class FirstBookingTest(DeskTest):
                          self.desk.message())
         self.desk.press("OK")
 
-    def free_day(self, facility):
-        """A day of this month on which the facility is free from 9:00 to 10:30 AM."""
-        taken = self.sql("SELECT DISTINCT DateOfRes FROM Reserv JOIN Rooms ON RmID = Rooms.ID "
-                         f"WHERE Rooms.Name = '{facility}' AND TimeFrom <= 21 AND TimeTo >= 19;")
-        first = date.today().replace(day=1)
-        days = (first + timedelta(days=n) for n in range(28))
-        return next(day for day in days if day.isoformat() not in taken)
-
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

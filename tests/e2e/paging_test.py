@@ -1,9 +1,9 @@
 """Turning the pages of the calendar."""
 
-import unittest
+from calendar import monthrange
 from datetime import date
 
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 MONTHS = ("January February March April May June July August September October November "
           "December").split()
@@ -34,6 +34,32 @@ class PagingTest(DeskTest):
         self.turn("<= Previous", title(self.today.year - 1, 12))
         self.turn("Next =>", title(self.today.year, 1))
 
+    def test_a_key_held_down_turns_many_pages_and_every_one_is_whole(self):
+        shown = self.desk.screen.hold_key_until(
+            "Next", lambda: self.shown_month() >= (self.today.year + 2, 1) and self.shown_month(),
+            "January two years on")
+        self.desk.wait(lambda: self.has_come_to_rest(), "the pages to come to rest")
+        year, month = self.shown_month()
+        self.assertGreaterEqual((year, month), shown)
+        self.assertEqual(self.days_of(year, month), self.days_shown())
+
+    def shown_month(self):
+        name, year = self.desk.wait(self.desk.month_title, "a month title").split()
+        return int(year), MONTHS.index(name) + 1
+
+    def has_come_to_rest(self):
+        before = self.shown_month(), self.days_shown()
+        return before == (self.shown_month(), self.days_shown())
+
+    def days_shown(self):
+        names = [one.name for one in self.desk.front_window().everything()
+                 if one.role == "list" and one.name.startswith("Bookings on ") and one.is_showing]
+        return [name.removeprefix("Bookings on ") for name in names]
+
+    @staticmethod
+    def days_of(year, month):
+        return [f"{month}/{day}/{year}" for day in range(1, monthrange(year, month)[1] + 1)]
+
     def turn(self, button, new_title):
         self.desk.click(button)
         self.wait_for_title(new_title)
@@ -43,4 +69,4 @@ class PagingTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

@@ -2,9 +2,8 @@
 
 import os
 import sqlite3
-import unittest
 
-from desk_test import DeskTest
+from desk_test import DeskTest, main
 
 
 class StartUpTest(DeskTest):
@@ -19,8 +18,8 @@ class StartUpTest(DeskTest):
         self.assertEqual(1, self.desk.exit_status())
         return report
 
-    def overwrite_calendar(self, content):
-        with open(self.calendar(), "wb") as file:
+    def overwrite(self, name, content):
+        with open(self.file(name), "wb") as file:
             file.write(content)
 
     def read_path_file(self):
@@ -34,14 +33,20 @@ class StartUpTest(DeskTest):
         self.assertIn("/Calendar.mdb", report)
 
     def test_a_path_file_of_one_line_is_tolerated(self):
-        with open(self.file("path.txt"), "w", encoding="utf-8") as file:
-            file.write(self.data_folder)
+        self.overwrite("path.txt", self.data_folder.encode())
         self.start()
 
     def test_an_empty_path_file(self):
-        with open(self.file("path.txt"), "w", encoding="utf-8"):
-            pass
-        self.assertIn("/Calendar.mdb", self.report_of_failed_start())
+        self.overwrite("path.txt", b"")
+        self.assertIn("path.txt", self.report_of_failed_start())
+
+    def test_a_path_file_that_is_no_text(self):
+        self.overwrite("path.txt", bytes(range(256)) * 40)
+        self.report_of_failed_start()
+
+    def test_a_path_file_of_ten_megabytes(self):
+        self.overwrite("path.txt", b"x" * 10_000_000)
+        self.assertLess(len(self.report_of_failed_start()), 5000)
 
     def test_a_missing_data_folder(self):
         self.write_path_file("/nowhere/at all")
@@ -59,12 +64,16 @@ class StartUpTest(DeskTest):
         self.assertFalse(os.path.exists(guests))
 
     def test_an_empty_calendar_file(self):
-        self.overwrite_calendar(b"")
+        self.overwrite("data/Calendar.mdb", b"")
         self.assertIn(self.calendar(), self.report_of_failed_start())
         self.assertEqual(0, os.path.getsize(self.calendar()))
 
     def test_a_calendar_that_is_no_database(self):
-        self.overwrite_calendar(b"Dear all, the calendar has moved to the other computer.\n" * 100)
+        self.overwrite("data/Calendar.mdb", b"The calendar has moved to the other computer.\n" * 100)
+        self.assertIn(self.calendar(), self.report_of_failed_start())
+
+    def test_a_calendar_that_was_cut_short(self):
+        os.truncate(self.calendar(), os.path.getsize(self.calendar()) // 2)
         self.assertIn(self.calendar(), self.report_of_failed_start())
 
     def test_a_calendar_without_bookings_table(self):
@@ -87,4 +96,4 @@ class EndTest(DeskTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main()

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/calendar_folder.h"
+#include "tests/fake_dialogs.h"
 
 namespace veyra::modRes {
 namespace {
@@ -23,6 +24,7 @@ class FacilitiesTest : public testing::Test {
 
   CalendarFolder folder_;
   std::unique_ptr<Session> session_;
+  FakeDialogs dialogs_;
   NameBox box_;
   std::string lblRoom_ = "old caption";
 };
@@ -112,7 +114,7 @@ TEST_F(FacilitiesTest, DeletingTakesTheBookingsOfThatFacilityOnly) {
   folder_.AddBooking(pool, "2015-01-01", 3, 4, "dive");
   LoadFacilities(Desk(), box_);
   Desk().CurRmID = pool;
-  DeleteFacility(Desk(), box_, lblRoom_);
+  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
   EXPECT_EQ("2 2014-04-06 1-2 dance\n", folder_.Bookings());
   EXPECT_EQ("2 Hall active\n", folder_.Rooms());
 }
@@ -122,7 +124,7 @@ TEST_F(FacilitiesTest, AfterDeletingTheFirstFacilityLeftIsSelected) {
   folder_.AddRoom("Hall");
   Desk().CurRmID = folder_.AddRoom("Court", true);
   LoadFacilities(Desk(), box_);
-  DeleteFacility(Desk(), box_, lblRoom_);
+  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
   EXPECT_EQ(1, Desk().CurRmID);
   EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Pool"}), box_);
   EXPECT_EQ("Pool", lblRoom_);
@@ -131,7 +133,7 @@ TEST_F(FacilitiesTest, AfterDeletingTheFirstFacilityLeftIsSelected) {
 TEST_F(FacilitiesTest, DeletingTheLastFacilityLeavesTheTextEmptyAndCurRmIDAlone) {
   Desk().CurRmID = folder_.AddRoom("Pool", true);
   LoadFacilities(Desk(), box_);
-  DeleteFacility(Desk(), box_, lblRoom_);
+  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
   EXPECT_EQ((NameBox{}), box_);
   EXPECT_EQ(1, Desk().CurRmID);
   EXPECT_EQ("old caption", lblRoom_);
@@ -143,7 +145,7 @@ TEST_F(FacilitiesTest, DeletingWithNoneSelectedTakesOnlyTheEntryAndSelectsTheFir
   folder_.AddBooking(1, "2014-04-06", 1, 2, "swim");
   box_ = {{"Pool", "Hall"}, "Hall"};
   Desk().CurRmID = 0;
-  DeleteFacility(Desk(), box_, lblRoom_);
+  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
   EXPECT_EQ((NameBox{{"Pool"}, "Pool"}), box_);
   EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
   EXPECT_EQ("1 2014-04-06 1-2 swim\n", folder_.Bookings());

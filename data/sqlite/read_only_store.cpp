@@ -1,0 +1,125 @@
+#include "data/sqlite/read_only_store.h"
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "data/errors.h"
+#include "data/sqlite/file_reading.h"
+#include "data/store_errors.h"
+
+namespace veyra::sqlite {
+
+namespace {
+
+using std::chrono::steady_clock;
+
+/// The rows of a file that cannot change while they are read.
+class OpenRows : public RowSource {
+ public:
+  OpenRows(std::shared_ptr<FileReading> reading, std::unique_ptr<RowSource> rows)
+      : reading_(std::move(reading)), rows_(std::move(rows)) {}
+
+  bool Next(Row& row) override { return rows_->Next(row); }
+
+ private:
+  std::shared_ptr<FileReading> reading_;
+  std::unique_ptr<RowSource> rows_;
+};
+
+/// Rows that were all read before the first is handed out.
+class HeldRows : public RowSource {
+ public:
+  explicit HeldRows(RowSource& rows) {
+    for (Row row; rows.Next(row); row = Row()) rows_.push_back(std::move(row));
+  }
+
+  bool Next(Row& row) override {
+    if (next_ == rows_.size()) return false;
+    row = std::move(rows_[next_++]);
+    return true;
+  }
+
+ private:
+  std::vector<Row> rows_;
+  std::size_t next_ = 0;
+};
+
+class ReadOnlyStore : public Store {
+ public:
+  ReadOnlyStore(std::string file, std::chrono::milliseconds timeout)
+      : file_(std::move(file)), timeout_(timeout) {}
+
+  const std::string& FileName() const override { return file_; }
+
+  std::vector<std::string> TableNames() override {
+    std::vector<std::string> names;
+    Ask([&](const auto& reading) { names = reading->reader().catalogue().TableNames(); });
+    return names;
+  }
+
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    std::vector<std::string> names;
+    Ask([&](const auto& reading) { names = reading->reader().catalogue().Find(table).Columns; });
+    return names;
+  }
+
+  std::unique_ptr<RowSource> Select(const Query& query) override {
+    std::unique_ptr<RowSource> source;
+    Ask([&](const auto& reading) {
+      auto rows = reading->reader().Select(query);
+      if (reading->IsUnlocked()) {
+        source = std::make_unique<HeldRows>(*rows);
+      } else {
+        source = std::make_unique<OpenRows>(reading, std::move(rows));
+      }
+    });
+    return source;
+  }
+
+  Row Insert(const std::string&, const FieldValues&) override { Refuse(); }
+  Row Update(const std::string&, const Row&, const FieldValues&) override { Refuse(); }
+  void Delete(const std::string&, const Row&) override { Refuse(); }
+  void CreateTable(const TableDefinition&) override { Refuse(); }
+  void AddColumn(const std::string&, const ColumnDefinition&) override { Refuse(); }
+
+ private:
+  using Question = std::function<void(const std::shared_ptr<FileReading>&)>;
+
+  /// Puts the question until the file stood still while it was answered.
+  void Ask(const Question& question) {
+    const auto deadline = steady_clock::now() + timeout_;
+    while (!IsAnswered(question)) {
+      if (steady_clock::now() < deadline) continue;
+      throw DatabaseBusyError({file_, "Another program is writing to the file all the time.",
+                               "Wait until the other program has finished, and try again."});
+    }
+  }
+
+  bool IsAnswered(const Question& question) {
+    const std::shared_ptr<FileReading> reading = OpenForReading(file_, timeout_);
+    try {
+      question(reading);
+    } catch (const DatabaseError&) {
+      // What was read while the file changed need not make sense: then it is asked again.
+      if (!reading->HasChanged()) throw;
+    }
+    return !reading->HasChanged();
+  }
+
+  [[noreturn]] void Refuse() const { throw OpenedForReadingOnly(file_); }
+
+  std::string file_;
+  std::chrono::milliseconds timeout_;
+};
+
+}  // namespace
+
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout) {
+  auto store = std::make_unique<ReadOnlyStore>(file, timeout);
+  // A file that is locked, damaged or cut short shows itself now, not at the first question.
+  store->TableNames();
+  return store;
+}
+
+}  // namespace veyra::sqlite

@@ -1,0 +1,79 @@
+#include "forms/about/frmAbout.h"
+
+#include <gtest/gtest.h>
+
+#include "forms/about/maker.h"
+#include "tests/fake_dialogs.h"
+#include "tests/forms/fake_windows.h"
+
+namespace veyra {
+namespace {
+
+class FakeAboutView : public AboutView {
+ public:
+  bool Closed = false;
+
+  void CloseWindow() override { Closed = true; }
+};
+
+class FakeBrowser : public Browser {
+ public:
+  bool Works = true;
+  std::string Opened;
+
+  bool Open(const std::string& address) override {
+    Opened = address;
+    return Works;
+  }
+};
+
+class FrmAboutTest : public testing::Test {
+ protected:
+  FakeDialogs dialogs_;
+  FakeWindows windows_;
+  FakeAboutView view_;
+  FakeBrowser browser_;
+  frmAbout about_{view_, windows_, browser_, dialogs_};
+};
+
+TEST_F(FrmAboutTest, ExitClosesTheBox) {
+  about_.Command1_Click();
+  EXPECT_TRUE(view_.Closed);
+}
+
+TEST_F(FrmAboutTest, ClosingEnablesTheMonth) {
+  about_.Form_Unload();
+  EXPECT_EQ("enable month\n", windows_.Log);
+}
+
+TEST_F(FrmAboutTest, TheLinkOpensTheMakersSite) {
+  about_.labAbout_Click(4);
+  EXPECT_EQ("https://www.example.com/", browser_.Opened);
+  EXPECT_TRUE(dialogs_.Boxes().empty());
+}
+
+TEST_F(FrmAboutTest, WithoutABrowserTheOperatorIsTold) {
+  browser_.Works = false;
+  about_.labAbout_Click(4);
+  EXPECT_EQ(
+      "[OK Exclamation] There is no web browser on this machine that can open "
+      "https://www.example.com/",
+      dialogs_.OnlyBox());
+}
+
+TEST_F(FrmAboutTest, AnyOtherLabelDoesNothing) {
+  for (std::size_t label = 0; label < kAboutLabels.size(); ++label) {
+    if (label != kLinkLabel) {
+      about_.labAbout_Click(label);
+    }
+  }
+  EXPECT_EQ("", browser_.Opened);
+}
+
+TEST_F(FrmAboutTest, TheBoxTellsTitleAndVersion) {
+  EXPECT_STREQ("Veyra Calendar     Scheduler", kAboutLabels[0]);
+  EXPECT_STREQ("Version 1.0.5", kAboutLabels[5]);
+}
+
+}  // namespace
+}  // namespace veyra

@@ -207,6 +207,14 @@ TEST_F(FrmCalendarTest, AboutAndSettingsDisableTheMonth) {
   EXPECT_EQ("disable month\nopen about\ndisable month\nopen settings\n", windows_.Log);
 }
 
+TEST_F(FrmCalendarTest, EachHelpItemOpensItsTopic) {
+  Start();
+  calendar_->mnuContents_Click();
+  calendar_->mnuOver_Click();
+  calendar_->mnuCalendar_Click();
+  EXPECT_EQ("help 20\nhelp 30\nhelp 60\n", windows_.Log);
+}
+
 TEST_F(FrmCalendarTest, PickingAFacilityShowsItsMonth) {
   Start({"Pool", "Hall"});
   folder_.AddBooking(2, "2014-03-05", 1, 2, "Dance");

@@ -205,13 +205,13 @@ void QtMonthWindow::Report(Handler handler) {
 }
 
 void QtMonthWindow::ShowMonth(const modRes::MonthPicture& picture) {
-  setUpdatesEnabled(false);
+  QWidget* contents = centralWidget();
   if (picture.Title) {
     lblMonth_->setText(ToQString(*picture.Title));
   }
   grid_->ShowCells(picture.Cells);
-  setUpdatesEnabled(true);
-  repaint();
+  contents->layout()->activate();
+  contents->repaint();
 }
 
 void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {

@@ -88,6 +88,7 @@ void QtSettingsWindow::BuildContents() {
   columns->addLayout(left);
   columns->addLayout(right);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
+  adjustSize();
 }
 
 QGroupBox* QtSettingsWindow::BuildSelector() {

@@ -2,12 +2,22 @@
 
 #include <QCoreApplication>
 #include <QObject>
+#include <utility>
 
 #include "app/startup.h"
 #include "data/errors.h"
+#include "forms/about/frmAbout.h"
+#include "forms/about/qt_about_window.h"
 #include "forms/day/frmDay.h"
 #include "forms/day/qt_day_window.h"
+#include "forms/dayviewer/frmDayViewer.h"
+#include "forms/dayviewer/qt_dayviewer_window.h"
+#include "forms/multiday/frmMultiDay.h"
+#include "forms/multiday/qt_multiday_window.h"
 #include "forms/qt_text.h"
+#include "forms/qt_window_place.h"
+#include "forms/settings/frmSettings.h"
+#include "forms/settings/qt_settings_window.h"
 
 namespace veyra {
 
@@ -16,13 +26,64 @@ class OpenDay : public QObject {
  public:
   OpenDay(Session& session, const modRes::Listings& listings, const MultiDayPlan& plan,
           Windows& windows, Dialogs& dialogs, const HandlerGuard& guard)
-      : Window(guard), Logic(session, Window, listings, plan, windows, dialogs) {
+      : Window(guard), Gate(Window), Logic(session, Window, listings, plan, windows, dialogs) {
     Window.SetHandler(&Logic);
   }
   ~OpenDay() override { Window.SetHandler(nullptr); }
 
   QtDayWindow Window;
+  QtInputGate Gate;
   frmDay Logic;
+};
+
+/// The day viewer and its logic. Like the colour settings and the about box it is made anew for
+/// each opening; a closed one stays until then.
+class OpenViewer {
+ public:
+  OpenViewer(Session& session, Windows& windows, Dialogs& dialogs, const Clock& clock,
+             const HandlerGuard& guard)
+      : Window(guard), Logic(session, Window, windows, dialogs, clock) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtDayViewerWindow Window;
+  frmDayViewer Logic;
+};
+
+class OpenSettingsWindow {
+ public:
+  OpenSettingsWindow(Session& session, Windows& windows, const HandlerGuard& guard)
+      : Window(guard), Logic(session, Window, windows) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtSettingsWindow Window;
+  frmSettings Logic;
+};
+
+class OpenAboutBox {
+ public:
+  OpenAboutBox(Windows& windows, Browser& browser, Dialogs& dialogs, const HandlerGuard& guard)
+      : Window(guard), Logic(Window, windows, browser, dialogs) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtAboutWindow Window;
+  frmAbout Logic;
+};
+
+/// The multiple-day window and its logic, made with the first day window and kept for the run.
+class OpenMultiDay {
+ public:
+  OpenMultiDay(Session& session, Windows& windows, Dialogs& dialogs, const Clock& clock,
+               const HandlerGuard& guard, QtMultiDayWindow::Neighbour neighbour)
+      : Window(guard, std::move(neighbour)), Logic(session, Window, windows, dialogs, clock) {
+    Window.SetHandler(&Logic);
+    Logic.Form_Load();
+  }
+
+  QtMultiDayWindow Window;
+  frmMultiDay Logic;
 };
 
 Program::Program(const Clock& clock, Dialogs& dialogs)
@@ -30,7 +91,9 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       clock_(clock),
       guard_(dialogs),
       month_window_(guard_),
-      month_(session_, month_window_, *this, dialogs, clock) {
+      month_gate_(month_window_),
+      printer_(month_window_),
+      month_(session_, month_window_, *this, dialogs, clock, printer_) {
   month_window_.SetHandler(&month_);
 }
 
@@ -59,8 +122,8 @@ void Program::HideMonthWindow() {
 
 void Program::OpenDayWindow(const std::string& caption) {
   DropDayWindow();
-  const modRes::Listings listings{month_window_, viewer_list_, clock_};
-  auto day = std::make_unique<OpenDay>(session_, listings, plan_, *this, dialogs_, guard_);
+  auto day = std::make_unique<OpenDay>(session_, ListingsOfDay(), MultiDay().Logic.Plan(), *this,
+                                       dialogs_, guard_);
   if (!day->Logic.Form_Load()) {
     day->Logic.Form_Unload();
     return;
@@ -80,8 +143,24 @@ void Program::DropDayWindow() {
   }
 }
 
+modRes::Listings Program::ListingsOfDay() {
+  if (viewer_) {
+    return {month_window_, viewer_->Window, clock_};
+  }
+  return {month_window_, no_list_, clock_};
+}
+
+OpenMultiDay& Program::MultiDay() {
+  if (!multi_day_) {
+    multi_day_ = std::make_unique<OpenMultiDay>(
+        session_, *this, dialogs_, clock_, guard_,
+        [this]() -> QWidget* { return day_ ? &day_->Window : nullptr; });
+  }
+  return *multi_day_;
+}
+
 void Program::EnableMonthWindow(bool enabled) {
-  month_window_.setEnabled(enabled);
+  month_gate_.SetOpen(enabled);
 }
 
 void Program::RepaintMonthWindow() {
@@ -94,7 +173,7 @@ bool Program::MayOpenDay() {
 
 void Program::EnableDayWindow(bool enabled) {
   if (day_) {
-    day_->Window.setEnabled(enabled);
+    day_->Gate.SetOpen(enabled);
   }
 }
 
@@ -104,26 +183,38 @@ void Program::SelectSingleBooking() {
   }
 }
 
-// The windows that are not there yet leave the one that opens them as it was.
-
-void Program::OpenDayViewer(const std::string&) {
-  EnableMonthWindow(true);
+void Program::OpenDayViewer(const std::string& caption) {
+  auto viewer = std::make_unique<OpenViewer>(session_, *this, dialogs_, clock_, guard_);
+  viewer->Logic.Form_Load();
+  viewer->Window.SetCaption(caption, session_.DayDate);
+  viewer_ = std::move(viewer);
+  ShowOver(viewer_->Window, month_window_);
 }
 
-void Program::ShowDayViewer() {}
+void Program::ShowDayViewer() {
+  viewer_->Window.show();
+  viewer_->Window.raise();
+  viewer_->Window.activateWindow();
+}
 
-void Program::HideDayViewer() {}
+void Program::HideDayViewer() {
+  viewer_->Window.hide();
+}
 
-void Program::ShowMultiDayWindow(const std::string&) {
-  EnableDayWindow(true);
+void Program::ShowMultiDayWindow(const std::string& from_text) {
+  MultiDay().Logic.Open(from_text);
 }
 
 void Program::OpenSettings() {
-  EnableMonthWindow(true);
+  auto settings = std::make_unique<OpenSettingsWindow>(session_, *this, guard_);
+  settings->Logic.Form_Load();
+  settings_ = std::move(settings);
+  ShowOver(settings_->Window, month_window_);
 }
 
 void Program::OpenAbout() {
-  EnableMonthWindow(true);
+  about_ = std::make_unique<OpenAboutBox>(*this, browser_, dialogs_, guard_);
+  ShowOver(about_->Window, month_window_);
 }
 
 void Program::EndProgram() {

@@ -5,17 +5,22 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
+#include "forms/month/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
-#include "forms/qt_dialogs.h"
+#include "forms/qt_browser.h"
+#include "forms/qt_input_gate.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/listings.h"
-#include "logic/multiday.h"
 #include "logic/session.h"
 
 namespace veyra {
 
+class OpenAboutBox;
 class OpenDay;
+class OpenMultiDay;
+class OpenSettingsWindow;
+class OpenViewer;
 
 /// The whole program: the state of a run and the windows that are open.
 class Program : public Windows {
@@ -45,21 +50,29 @@ class Program : public Windows {
   void EndProgram() override;
 
  private:
-  void DropDayWindow();
-
   /// The day viewer's list while there is no day viewer.
   class NoDayList : public modRes::DayListScreen {
     void ShowDayList(const modRes::DayLines&) override {}
   };
 
+  void DropDayWindow();
+  modRes::Listings ListingsOfDay();
+  OpenMultiDay& MultiDay();
+
   Dialogs& dialogs_;
   const Clock& clock_;
   HandlerGuard guard_;
+  QtBrowser browser_;
   Session session_;
   QtMonthWindow month_window_;
+  QtInputGate month_gate_;
+  QtMonthPrinter printer_;
   frmCalendar month_;
-  NoDayList viewer_list_;
-  MultiDayPlan plan_;
+  NoDayList no_list_;
+  std::unique_ptr<OpenViewer> viewer_;
+  std::unique_ptr<OpenMultiDay> multi_day_;
+  std::unique_ptr<OpenSettingsWindow> settings_;
+  std::unique_ptr<OpenAboutBox> about_;
   std::unique_ptr<OpenDay> day_;
 };
 

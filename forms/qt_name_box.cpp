@@ -1,5 +1,6 @@
 #include "forms/qt_name_box.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -16,10 +17,10 @@ namespace {
 
 constexpr int kMostNamesSeen = 16;
 
-/// Whether the focus only pauses: the window is left, or a menu or a list has opened over it.
+/// Whether the focus only pauses: the window is left, or a menu or the list has opened.
 bool IsPause(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-         reason == Qt::MenuBarFocusReason;
+         reason == Qt::MenuBarFocusReason || QApplication::activePopupWidget() != nullptr;
 }
 
 }  // namespace

@@ -1,30 +1,34 @@
 #pragma once
 
-#include <QProgressDialog>
+#include <QElapsedTimer>
+#include <QString>
 #include <cstdint>
-#include <string>
+#include <memory>
 
 #include "logic/dialogs.h"
 
 namespace veyra {
 
-/// A box with a bar, which shows itself when the action takes long. While it is there the windows
-/// take no input.
-class QtProgress : public QProgressDialog, public Progress {
-  Q_OBJECT
+class QtProgressBox;
 
+/// A box over the window in use that counts the steps of a long action. While it is on the screen
+/// no other window takes input; before that, in the first half second, no event is looked at.
+class QtProgress : public Progress {
  public:
   QtProgress(const std::string& text, BreakOff break_off);
+  ~QtProgress() override;
 
   bool Report(std::int64_t done, std::int64_t total) override;
 
-  void reject() override;
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-
  private:
+  void Show();
+
+  QString text_;
   BreakOff break_off_;
+  QElapsedTimer since_start_;
+  QElapsedTimer since_look_;
+  std::unique_ptr<QtProgressBox> box_;
+  bool broken_off_ = false;
 };
 
 }  // namespace veyra

@@ -106,7 +106,6 @@ QGroupBox* QtDayWindow::BuildFrame() {
   Book_ = {AddOption(0, "Single Booking", Frame1), AddOption(1, "Multiple Booking", Frame1)};
   Book_[1]->setToolTip(QStringLiteral("Click or Double-Click to Set Multiple Bookings"));
   Book_[0]->setChecked(true);
-  Book_[1]->setEnabled(false);
   auto* row = new QHBoxLayout(Frame1);
   row->setContentsMargins(kGap, 0, kGap, 1);
   row->setSpacing(kGap);
@@ -122,6 +121,7 @@ QRadioButton* QtDayWindow::AddOption(int index, const char* caption, QWidget* fr
   option->setAccessibleName(QLatin1String(caption));
   connect(option, &QRadioButton::clicked, this,
           [this, index] { Report([index](frmDay& day) { day.Book_Click(index); }); });
+  option->installEventFilter(this);
   return option;
 }
 
@@ -186,6 +186,15 @@ void QtDayWindow::PlaceOnScreen() {
 
 void QtDayWindow::CloseWindow() {
   close();
+}
+
+bool QtDayWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::MouseButtonDblClick) {
+    return QMainWindow::eventFilter(watched, event);
+  }
+  const int index = watched == Book_[1] ? 1 : 0;
+  Report([index](frmDay& day) { day.Book_DblClick(index); });
+  return true;
 }
 
 void QtDayWindow::closeEvent(QCloseEvent* event) {

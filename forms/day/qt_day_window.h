@@ -47,6 +47,7 @@ class QtDayWindow : public QMainWindow, public DayView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

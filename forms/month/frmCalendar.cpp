@@ -1,6 +1,7 @@
 #include "forms/month/frmCalendar.h"
 
 #include <algorithm>
+#include <new>
 
 #include "data/color_settings.h"
 #include "data/text.h"
@@ -11,11 +12,41 @@ namespace {
 
 constexpr int kEnterKey = 13;
 
+/// Error numbers of the classic runtime.
+constexpr int kOutOfMemory = 7;
+constexpr int kInternalError = 51;
+
+int ErrorNumber(const std::exception& failure) {
+  if (const auto* dialog = dynamic_cast<const PrinterDialogError*>(&failure)) {
+    return dialog->Number;
+  }
+  return dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ? kOutOfMemory : kInternalError;
+}
+
+Message PrintFailure(int number) {
+  if (number == PrinterDialogError::kCancelled) {
+    return {.Text = "Calendar Printing Canceled", .Sign = Icon::Exclamation};
+  }
+  return {.Text = "A nonCancel Error Occured - " + std::to_string(number),
+          .Sign = Icon::Exclamation};
+}
+
+PrinterError NoSuchPrinter(const std::string& device_name) {
+  return PrinterError({"", "The printer \"" + device_name + "\" is no longer there.",
+                       "Click on the month to get the buttons back, then print again on another "
+                       "printer, or into a PDF file."});
+}
+
 }  // namespace
 
 frmCalendar::frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
-                         const Clock& clock)
-    : session_(session), view_(view), windows_(windows), dialogs_(dialogs), clock_(clock) {}
+                         const Clock& clock, MonthPrinter& printer)
+    : session_(session),
+      view_(view),
+      windows_(windows),
+      dialogs_(dialogs),
+      clock_(clock),
+      printer_(printer) {}
 
 void frmCalendar::LoadFacilityBox() {
   modRes::LoadFacilities(session_, Combo1_);
@@ -63,6 +94,37 @@ void frmCalendar::Command4_Click() {
   view_.ShowFacilityBox(Combo1_);
   view_.ShowRoom(lblRoom_);
   RefreshMonth();
+}
+
+void frmCalendar::Command3_Click() {
+  const std::optional<std::string> chosen = ChoosePrinterAndHideControls();
+  if (!chosen) {
+    return;
+  }
+  const std::optional<std::string> printer = PrinterNamed(printer_.PrinterNames(), *chosen);
+  if (!printer) {
+    throw NoSuchPrinter(*chosen);
+  }
+  printer_.UsePrinter(*printer);
+  printer_.PrintMonth();
+  dialogs_.MsgBox(
+      {.Text = "Print Complete, Click on Form to get Controls back.", .Sign = Icon::Information});
+}
+
+void frmCalendar::Form_Click() {
+  RestoreAfterPrint();
+}
+
+void frmCalendar::Label2_Click() {
+  RestoreAfterPrint();
+}
+
+void frmCalendar::lblMonth_Click() {
+  RestoreAfterPrint();
+}
+
+void frmCalendar::lblRoom_Click() {
+  RestoreAfterPrint();
 }
 
 void frmCalendar::Combo1_Change(const std::string& text) {
@@ -153,6 +215,23 @@ void frmCalendar::RefreshMonth() {
 void frmCalendar::Repaint() {
   ApplyHeaderColors();
   RefreshMonth();
+}
+
+void frmCalendar::RestoreAfterPrint() {
+  view_.ShowControls(true);
+}
+
+/// The device name of the chosen printer; nothing when there is none, which the operator was told.
+std::optional<std::string> frmCalendar::ChoosePrinterAndHideControls() {
+  try {
+    std::string chosen = printer_.AskForPrinter();
+    session_.PrintLayoutOn = true;
+    view_.ShowControls(false);
+    return chosen;
+  } catch (const std::exception& failure) {
+    dialogs_.MsgBox(PrintFailure(ErrorNumber(failure)));
+    return std::nullopt;
+  }
 }
 
 void frmCalendar::TurnTo(int year, int month) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "forms/month/month_printer.h"
 #include "forms/month/month_view.h"
 #include "forms/mouse_button.h"
 #include "forms/windows.h"
@@ -20,7 +22,7 @@ class frmCalendar {
  public:
   /// All of them must outlive the window.
   frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
-              const Clock& clock);
+              const Clock& clock, MonthPrinter& printer);
 
   /// The window's share of start-up, in the order in which start-up calls it.
   void LoadFacilityBox();
@@ -31,6 +33,16 @@ class frmCalendar {
   void Command1_Click();  ///< "Next =>"
   void Command2_Click();  ///< "<= Previous"
   void Command4_Click();  ///< "Delete Facility"
+
+  /// "Print". A failure up to the hiding of the controls is told by its number; of the printing
+  /// itself it throws PrinterError. Once hidden, the controls stay so in either case.
+  void Command3_Click();
+
+  // Clicks on the background, a weekday header, the month's title and the facility's name.
+  void Form_Click();
+  void Label2_Click();
+  void lblMonth_Click();
+  void lblRoom_Click();
 
   void Combo1_Change(const std::string& text);  ///< The operator has typed.
   void Combo1_Click(const std::string& text);   ///< The operator has picked an entry of the list.
@@ -57,6 +69,10 @@ class frmCalendar {
   void Repaint();
 
  private:
+  /// Brings back the controls that printing hid; PrintLayoutOn stays as it is.
+  void RestoreAfterPrint();
+
+  std::optional<std::string> ChoosePrinterAndHideControls();
   void TurnTo(int year, int month);
   bool AdoptListedName();
   void AddTypedFacility();
@@ -71,6 +87,7 @@ class frmCalendar {
   Windows& windows_;
   Dialogs& dialogs_;
   const Clock& clock_;
+  MonthPrinter& printer_;
   NameBox Combo1_;
   std::string lblRoom_;
 };

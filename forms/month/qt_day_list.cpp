@@ -4,7 +4,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyle>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
 
 #include "forms/qt_colors.h"
 #include "forms/qt_text.h"
@@ -101,6 +103,32 @@ void QtDayList::SetPointSize(double size) {
 void QtDayList::SetBarStyle(QStyle* style) {
   horizontalScrollBar()->setStyle(style);
   verticalScrollBar()->setStyle(style);
+}
+
+QStringList QtDayList::LinesInSight() const {
+  QStringList lines;
+  for (int row = 0; row < count(); ++row) {
+    const QRect place = visualItemRect(item(row));
+    if (2 * place.intersected(viewport()->rect()).height() >= place.height()) {
+      lines.append(PartInSight(item(row)->text(), place));
+    }
+  }
+  return lines;
+}
+
+/// `place` is that of the line's row within the viewport, which may begin outside it.
+QString QtDayList::PartInSight(const QString& line, const QRect& place) const {
+  QTextOption one_line;
+  one_line.setWrapMode(QTextOption::NoWrap);
+  QTextLayout layout(line, font());
+  layout.setTextOption(one_line);
+  layout.beginLayout();
+  const QTextLine laid_out = layout.createLine();
+  layout.endLayout();
+  const int start = place.left() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+  const int first = laid_out.xToCursor(-start);
+  const int end = laid_out.xToCursor(viewport()->width() - start);
+  return line.mid(first, end - first);
 }
 
 /// The window may be hidden before the handler returns, so the press is not the list's to follow.

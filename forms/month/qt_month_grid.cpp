@@ -157,6 +157,18 @@ void QtMonthGrid::SetHeaderColor(const QColor& color) {
   }
 }
 
+bool QtMonthGrid::IsHeader(const QWidget* widget) const {
+  return std::find(Label2_.begin(), Label2_.end(), widget) != Label2_.end();
+}
+
+void QtMonthGrid::DescribeOn(QtMonthPage& page) const {
+  std::transform(Label2_.begin(), Label2_.end(), page.Weekdays.begin(),
+                 [](const QLabel* header) { return header->text(); });
+  std::transform(cells_.begin() + 1, cells_.end(), page.Days.begin() + 1,
+                 [](const QtDayCell* cell) { return cell->InSight(); });
+  page.ListFamily = cells_.back()->List().font().family();
+}
+
 bool QtMonthGrid::HasDay(int index) const {
   return index >= 1 && index <= kCells && has_day_.at(static_cast<std::size_t>(index));
 }

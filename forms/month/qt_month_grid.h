@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 
+#include "forms/month/qt_month_page.h"
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
 
@@ -28,6 +29,12 @@ class QtMonthGrid : public QWidget {
   void ShowLines(int index, const modRes::DayLines& lines);
 
   void SetHeaderColor(const QColor& color);
+
+  /// Whether the widget is one of the weekday headers.
+  bool IsHeader(const QWidget* widget) const;
+
+  /// Writes what is to be seen of the weekdays and the days into the page.
+  void DescribeOn(QtMonthPage& page) const;
 
  signals:
   void DayPressed(int index, veyra::MouseButton button);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -68,8 +69,8 @@ void QtMonthWindow::BuildMenus() {
   AddMenuItem(mnuHelp, "mnuContents", "Contents", nullptr);
   AddMenuItem(mnuHelp, "mnuOver", "Overview", nullptr);
   AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", nullptr);
-  AddMenuItem(mnuHelp, "mnuAbout", "About", nullptr);
-  AddMenuItem(menuBar(), "mnuSettings", "Settings", nullptr);
+  AddMenuItem(mnuHelp, "mnuAbout", "About", &frmCalendar::mnuAbout_Click);
+  AddMenuItem(menuBar(), "mnuSettings", "Settings", &frmCalendar::mnuSettings_Click);
 }
 
 /// An item without a handler stands there disabled.
@@ -124,7 +125,7 @@ QWidget* QtMonthWindow::BuildControls() {
   Command1_ =
       AddButton("Command1", "Next =>", "Go To the Next Month", &frmCalendar::Command1_Click);
   Command3_ = AddButton("Command3", "Print", "Print this Month's Calendar on your Default Printer",
-                        nullptr);
+                        &frmCalendar::Command3_Click);
   Command1_->setAutoRepeat(true);
   Command2_->setAutoRepeat(true);
 
@@ -204,13 +205,13 @@ void QtMonthWindow::Report(Handler handler) {
 }
 
 void QtMonthWindow::ShowMonth(const modRes::MonthPicture& picture) {
-  setUpdatesEnabled(false);
+  QWidget* contents = centralWidget();
   if (picture.Title) {
     lblMonth_->setText(ToQString(*picture.Title));
   }
   grid_->ShowCells(picture.Cells);
-  setUpdatesEnabled(true);
-  repaint();
+  contents->layout()->activate();
+  contents->repaint();
 }
 
 void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {
@@ -258,6 +259,37 @@ void QtMonthWindow::PlaceAtTopCentre() {
   const QSize most(room.width(), room.height() - kRoomForWindowFrame);
   resize((room.size() * kShareOfScreen).expandedTo(kComfortableSize).boundedTo(most));
   move(room.x() + (room.width() - width()) / 2, room.y());
+}
+
+QtMonthPage QtMonthWindow::InSight() const {
+  QtMonthPage page;
+  page.Title = lblMonth_->text();
+  page.Room = lblRoom_->text();
+  page.Background = centralWidget()->palette().color(QPalette::Window);
+  page.Header = lblMonth_->palette().color(QPalette::WindowText);
+  page.TextFamily = lblMonth_->font().family();
+  page.Shape = centralWidget()->size();
+  grid_->DescribeOn(page);
+  return page;
+}
+
+/// A press comes here when no control has taken it; so does then its release.
+void QtMonthWindow::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+void QtMonthWindow::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  const QWidget* clicked = childAt(event->position().toPoint());
+  if (clicked == lblMonth_) {
+    Report(&frmCalendar::lblMonth_Click);
+  } else if (clicked == lblRoom_) {
+    Report(&frmCalendar::lblRoom_Click);
+  } else if (grid_->IsHeader(clicked)) {
+    Report(&frmCalendar::Label2_Click);
+  } else {
+    Report(&frmCalendar::Form_Click);
+  }
 }
 
 void QtMonthWindow::closeEvent(QCloseEvent* event) {

@@ -7,6 +7,7 @@
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/month_view.h"
+#include "forms/month/qt_month_page.h"
 
 class QLabel;
 class QMenu;
@@ -29,6 +30,9 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   /// REQUIRES: called before the operator can reach the window. `frmCalendar` must outlive it.
   void SetHandler(frmCalendar* handler) { handler_ = handler; }
 
+  /// What the window shows now but for its controls, as it is to be printed.
+  QtMonthPage InSight() const;
+
   void ShowMonth(const modRes::MonthPicture& picture) override;
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override;
   void ShowFacilityBox(const NameBox& box) override;
@@ -40,6 +44,8 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void PlaceAtTopCentre() override;
 
  protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

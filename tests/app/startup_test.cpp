@@ -6,6 +6,7 @@
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
+#include "tests/forms/fake_month_printer.h"
 #include "tests/forms/fake_month_view.h"
 #include "tests/forms/fake_windows.h"
 
@@ -53,7 +54,8 @@ class StartUpTest : public testing::Test {
   FakeWindows windows_;
   FakeDialogs dialogs_;
   FakeClock clock_{2014, 3, 15};
-  frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_};
+  FakeMonthPrinter printer_;
+  frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
 };
 
 TEST_F(StartUpTest, TodaysMonthOfTheActiveFacilityIsShown) {
@@ -108,7 +110,7 @@ TEST_F(StartUpTest, ASecondStartChangesNothing) {
   const std::string rows = SettingsRows();
   const std::string rooms = data_.Rooms();
   Session second;
-  frmCalendar again(second, view_, windows_, dialogs_, clock_);
+  frmCalendar again(second, view_, windows_, dialogs_, clock_, printer_);
   StartUp(second, again, dialogs_, app_.path().string());
   EXPECT_EQ(rows, SettingsRows());
   EXPECT_EQ(rooms, data_.Rooms());
@@ -206,7 +208,7 @@ TEST_F(StartUpTest, ASettingsTableWithoutItsRowEndsTheStart) {
     connection.Open("SELECT * FROM Settings", CursorType::StaticOptimistic)->Delete();
   }
   Session second;
-  frmCalendar again(second, view_, windows_, dialogs_, clock_);
+  frmCalendar again(second, view_, windows_, dialogs_, clock_, printer_);
   EXPECT_THROW(StartUp(second, again, dialogs_, app_.path().string()), ValueError);
   EXPECT_EQ("", SettingsRows());
 }

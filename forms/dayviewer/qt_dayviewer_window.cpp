@@ -1,0 +1,106 @@
+#include "forms/dayviewer/qt_dayviewer_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "forms/dayviewer/qt_viewer_list.h"
+#include "forms/qt_colors.h"
+#include "forms/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kMargin = 14;
+constexpr QSize kComfortableSize(760, 540);
+constexpr double kShareOfScreen = 0.85;
+constexpr int kDaySize = 22;
+constexpr int kDateSize = 40;
+
+void SetColor(QWidget* widget, QPalette::ColorRole role, const QColor& color) {
+  QPalette colors = widget->palette();
+  colors.setColor(role, color);
+  widget->setPalette(colors);
+}
+
+QLabel* MakeLabel(const char* name, const QFont& font, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  label->setFont(font);
+  return label;
+}
+
+}  // namespace
+
+QtDayViewerWindow::QtDayViewerWindow(const HandlerGuard& guard) : guard_(guard) {
+  setObjectName(QStringLiteral("frmDayViewer"));
+  BuildMenu();
+  BuildContents();
+  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(escape, &QShortcut::activated, this, &QWidget::close);
+  resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
+}
+
+/// The help is not there yet, so its item stands there disabled.
+void QtDayViewerWindow::BuildMenu() {
+  QAction* mnuHelp = menuBar()->addAction(QStringLiteral("Help"));
+  mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
+  mnuHelp->setMenuRole(QAction::NoRole);
+  mnuHelp->setEnabled(false);
+}
+
+void QtDayViewerWindow::BuildContents() {
+  auto* contents = new QWidget(this);
+  contents->setAutoFillBackground(true);
+  lblDay_ = MakeLabel("lblDay", {QStringLiteral("MS Sans Serif"), kDaySize}, contents);
+  lblDate_ = MakeLabel("lblDate", {QStringLiteral("Arial"), kDateSize, QFont::Bold}, contents);
+  lstDay_ = new QtViewerList(contents);
+  lstDay_->setObjectName(QStringLiteral("lstDay"));
+  connect(lstDay_, &QtViewerList::Pressed, this, [this](MouseButton button) {
+    guard_.Run([&] { handler_->lstDay_MouseDown(button, lstDay_->SelectedLines()); });
+  });
+  auto* head = new QHBoxLayout;
+  head->addWidget(lblDay_, 1, Qt::AlignBottom);
+  head->addWidget(lblDate_, 0, Qt::AlignBottom);
+  auto* column = new QVBoxLayout(contents);
+  column->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  column->setSpacing(kMargin / 2);
+  column->addLayout(head);
+  column->addWidget(lstDay_, 1);
+  setCentralWidget(contents);
+}
+
+void QtDayViewerWindow::SetCaption(const std::string& caption, Date day) {
+  setWindowTitle(ToQString(caption));
+  lstDay_->setAccessibleName(QStringLiteral("Bookings on ") + ToQString(DateText(day)));
+}
+
+void QtDayViewerWindow::ShowDay(const DayViewerPicture& picture) {
+  const QPalette theme = QGuiApplication::palette();
+  lblDay_->setText(ToQString(picture.lblDay));
+  lblDate_->setText(ToQString(picture.lblDate));
+  SetColor(centralWidget(), QPalette::Window, ToQColor(picture.BackColor, theme));
+  SetColor(lblDay_, QPalette::WindowText, ToQColor(picture.DayColor, theme));
+  SetColor(lblDate_, QPalette::WindowText, ToQColor(picture.DateColor, theme));
+  const QColor list =
+      picture.ListColor ? ToQColor(*picture.ListColor, theme) : theme.color(QPalette::Base);
+  SetColor(lstDay_, QPalette::Base, list);
+  SetColor(lstDay_, QPalette::Text, ReadableOn(list, theme.color(QPalette::Text)));
+}
+
+void QtDayViewerWindow::ShowDayList(const modRes::DayLines& lines) {
+  lstDay_->ShowLines(lines);
+}
+
+void QtDayViewerWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  guard_.Run([this] { handler_->Form_Unload(); });
+}
+
+}  // namespace veyra

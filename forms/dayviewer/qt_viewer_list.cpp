@@ -1,0 +1,83 @@
+#include "forms/dayviewer/qt_viewer_list.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "forms/qt_mouse_button.h"
+#include "forms/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kPointSize = 16;
+
+}  // namespace
+
+QtViewerList::QtViewerList(QWidget* parent) : QListWidget(parent) {
+  QFont font(QStringLiteral("Courier New"), kPointSize);
+  font.setStyleHint(QFont::Monospace);
+  setFont(font);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setTextElideMode(Qt::ElideNone);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setToolTip(
+      QStringLiteral("Right Click to Add/Change the Bookings for this Day Left Click on Item for "
+                     "more Detail"));
+}
+
+void QtViewerList::ShowLines(const modRes::DayLines& lines) {
+  lines_ = lines;
+  clear();
+  for (const std::string& line : lines) {
+    addItem(OneLine(line));
+  }
+}
+
+std::vector<std::string> QtViewerList::SelectedLines() const {
+  std::vector<std::string> selected;
+  for (int row = 0; row < count(); ++row) {
+    if (item(row)->isSelected()) {
+      selected.push_back(lines_.at(static_cast<std::size_t>(row)));
+    }
+  }
+  return selected;
+}
+
+void QtViewerList::mousePressEvent(QMouseEvent* event) {
+  QListWidget::mousePressEvent(event);
+  emit Pressed(ToMouseButton(event->button()));
+}
+
+void QtViewerList::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+/// A box may have come up since the press, so the mouse is not followed.
+void QtViewerList::mouseMoveEvent(QMouseEvent* event) {
+  event->accept();
+}
+
+void QtViewerList::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    emit Pressed(MouseButton::Right);
+  }
+}
+
+void QtViewerList::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    if (currentItem() != nullptr && selectedItems().isEmpty()) {
+      currentItem()->setSelected(true);
+    }
+    emit Pressed(MouseButton::Left);
+  } else if (key == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+    emit Pressed(MouseButton::Right);
+  } else {
+    QListWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace veyra

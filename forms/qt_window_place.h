@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+class QWidget;
+
+namespace veyra {
+
+/// Where a window of `size`, its frame included, stands beside `neighbour` on a screen with the
+/// room `screen`: to its right, else to its left, tops level; where neither side has the room, on
+/// the roomier one as far as the screen allows. The window's top left corner is always on the
+/// screen.
+QPoint PlaceBeside(const QRect& neighbour, const QSize& size, const QRect& screen);
+
+/// The same for a window that stands over the middle of `owner`.
+QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen);
+
+/// Brings `window` to the screen beside `neighbour`, above it and in front; wherever the desktop
+/// puts it when there is no neighbour on the screen.
+void ShowBeside(QWidget& window, QWidget* neighbour);
+
+/// Brings `window` to the screen over the middle of `owner`, above it and in front.
+void ShowOver(QWidget& window, QWidget& owner);
+
+}  // namespace veyra

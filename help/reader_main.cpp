@@ -1,0 +1,57 @@
+#include <sys/resource.h>
+
+#include <cstdio>
+#include <string>
+
+#include "help/archive_stream.h"
+#include "help/chm_objects.h"
+
+namespace {
+
+// The address sanitizer reserves far more address space than any limit leaves it.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kLimitMemory = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kLimitMemory = false;
+#else
+constexpr bool kLimitMemory = true;
+#endif
+#else
+constexpr bool kLimitMemory = true;
+#endif
+
+constexpr rlim_t kMostSeconds = 5;
+constexpr rlim_t kMostMemory = 512U << 20U;
+
+void Limit(auto resource, rlim_t most) {
+  const rlimit limit{most, most};
+  setrlimit(resource, &limit);
+}
+
+void LimitThisProcess() {
+  Limit(RLIMIT_CORE, 0);
+  Limit(RLIMIT_CPU, kMostSeconds);
+  if (kLimitMemory) Limit(RLIMIT_AS, kMostMemory);
+}
+
+void Write(const std::string& bytes) {
+  std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
+}  // namespace
+
+/// Writes the objects of the help archive named by the one argument to standard output, as
+/// archive_stream.h describes. Ends with 0 when all of them were read.
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("usage: veyra-help-reader FILE.chm > objects\n", stderr);
+    return 2;
+  }
+  LimitThisProcess();
+  const bool whole = veyra::ForEachObject(
+      argv[1], [](const veyra::HelpObject& object) { Write(veyra::StreamedObject(object)); });
+  if (!whole) return 1;
+  Write(veyra::StreamEnd());
+  return std::fflush(stdout) == 0 ? 0 : 1;
+}

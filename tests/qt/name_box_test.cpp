@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include "forms/qt_name_box.h"
+
+namespace veyra {
+namespace {
+
+/// A box beside another control, and what it reports, an event a line.
+class NameBoxTest : public testing::Test {
+ protected:
+  NameBoxTest() {
+    auto* column = new QVBoxLayout(&window_);
+    column->addWidget(&other_);
+    column->addWidget(&box_);
+    QObject::connect(&box_, &QtNameBox::Typed, [this](const std::string& t) { Add("typed " + t); });
+    QObject::connect(&box_, &QtNameBox::Picked,
+                     [this](const std::string& t) { Add("picked " + t); });
+    QObject::connect(&box_, &QtNameBox::EnterPressed, [this] { Add("enter"); });
+    QObject::connect(&box_, &QtNameBox::FocusArrived, [this] { Add("arrived"); });
+    QObject::connect(&box_, &QtNameBox::FocusLeft, [this] { Add("left"); });
+    box_.ShowNames({{"Alpha", "Beta", "Gamma"}, "Alpha"});
+    other_.setFocus();
+    window_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+  }
+
+  void FocusBox() {
+    box_.setFocus(Qt::TabFocusReason);
+    log_.clear();
+  }
+
+  void TypeOver(const char* text) {
+    box_.lineEdit()->selectAll();
+    QTest::keyClicks(&box_, QLatin1String(text));
+  }
+
+  void Add(const std::string& event) { log_ += event + "\n"; }
+
+  void Wheel() {
+    QWheelEvent turn(QPointF(5, 5), box_.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), {}, {},
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&box_, &turn);
+  }
+
+  QWidget window_;
+  QLineEdit other_;
+  QtNameBox box_;
+  std::string log_;
+};
+
+TEST_F(NameBoxTest, WhatTheProgramShowsIsNotReported) {
+  FocusBox();
+  box_.ShowNames({{"Delta", "Beta"}, "Beta"});
+  box_.ShowText("free");
+  EXPECT_EQ("", log_);
+  EXPECT_EQ("free", box_.currentText().toStdString());
+}
+
+TEST_F(NameBoxTest, EveryTypedCharacterIsReported) {
+  FocusBox();
+  TypeOver("be");
+  EXPECT_EQ("typed b\ntyped be\n", log_);
+}
+
+TEST_F(NameBoxTest, WhatIsTypedIsNotCompleted) {
+  FocusBox();
+  TypeOver("Be");
+  EXPECT_EQ("Be", box_.currentText().toStdString());
+}
+
+TEST_F(NameBoxTest, EnterOverATextThatEqualsAnEntryPicksNothing) {
+  FocusBox();
+  TypeOver("Beta");
+  log_.clear();
+  QTest::keyClick(&box_, Qt::Key_Return);
+  EXPECT_EQ("enter\n", log_);
+}
+
+TEST_F(NameBoxTest, LeavingATextThatEqualsAnEntryPicksNothing) {
+  FocusBox();
+  TypeOver("Beta");
+  log_.clear();
+  other_.setFocus();
+  EXPECT_EQ("left\n", log_);
+}
+
+TEST_F(NameBoxTest, EnterAddsNothingToTheList) {
+  FocusBox();
+  TypeOver("Omega");
+  QTest::keyClick(&box_, Qt::Key_Return);
+  EXPECT_EQ(3, box_.count());
+}
+
+TEST_F(NameBoxTest, TheDownKeyPicksTheNextEntry) {
+  FocusBox();
+  QTest::keyClick(&box_, Qt::Key_Down);
+  EXPECT_EQ("picked Beta\n", log_);
+  EXPECT_EQ("Beta", box_.currentText().toStdString());
+}
+
+TEST_F(NameBoxTest, TheWheelPicksWhileTheOperatorWorksInTheBox) {
+  FocusBox();
+  Wheel();
+  EXPECT_EQ("picked Beta\n", log_);
+}
+
+TEST_F(NameBoxTest, TheWheelPicksNothingOtherwise) {
+  Wheel();
+  EXPECT_EQ("", log_);
+}
+
+TEST_F(NameBoxTest, AnEntryOfTheOpenListIsPickedByAClick) {
+  FocusBox();
+  box_.showPopup();
+  QAbstractItemView* list = box_.view();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualRect(list->model()->index(2, 0)).center());
+  EXPECT_EQ("picked Gamma\n", log_);
+}
+
+TEST_F(NameBoxTest, TheEntryThatIsShownAlreadyCanBePickedAgain) {
+  FocusBox();
+  TypeOver("x");
+  log_.clear();
+  box_.showPopup();
+  QTest::keyClick(box_.view(), Qt::Key_Return);
+  EXPECT_EQ("picked Alpha\n", log_);
+  EXPECT_EQ("Alpha", box_.currentText().toStdString());
+}
+
+TEST_F(NameBoxTest, APickedNameIsTheListsToTheLetter) {
+  box_.ShowNames({{"a", "two\nlines"}, "a"});
+  FocusBox();
+  QTest::keyClick(&box_, Qt::Key_Down);
+  EXPECT_EQ("picked two\nlines\n", log_);
+  EXPECT_EQ("two lines", box_.currentText().toStdString());
+}
+
+TEST_F(NameBoxTest, FocusIsReportedWhenItArrivesAndWhenItLeaves) {
+  box_.setFocus(Qt::TabFocusReason);
+  other_.setFocus();
+  EXPECT_EQ("arrived\nleft\n", log_);
+}
+
+TEST_F(NameBoxTest, AWindowThatComesBackIsNoNewArrival) {
+  FocusBox();
+  QFocusEvent gone(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+  QApplication::sendEvent(&box_, &gone);
+  QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+  QApplication::sendEvent(&box_, &back);
+  EXPECT_EQ("", log_);
+}
+
+TEST_F(NameBoxTest, OpeningTheListIsNoLeaving) {
+  FocusBox();
+  box_.showPopup();
+  box_.hidePopup();
+  EXPECT_EQ("", log_);
+}
+
+TEST_F(NameBoxTest, ASelectionOfTheWholeTextOutlastsTheClickThatBroughtTheFocus) {
+  QObject::connect(&box_, &QtNameBox::FocusArrived, [this] { box_.SelectAllText(); });
+  QTest::mouseClick(box_.lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_EQ("Alpha", box_.lineEdit()->selectedText().toStdString());
+}
+
+TEST_F(NameBoxTest, ASecondClickPlacesTheCursor) {
+  QObject::connect(&box_, &QtNameBox::FocusArrived, [this] { box_.SelectAllText(); });
+  QTest::mouseClick(box_.lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+  QTest::mouseClick(box_.lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_FALSE(box_.lineEdit()->hasSelectedText());
+}
+
+TEST_F(NameBoxTest, ShowingTheSameTextKeepsTheCursor) {
+  FocusBox();
+  box_.lineEdit()->setCursorPosition(2);
+  box_.ShowNames({{"Alpha", "Beta", "Gamma"}, "Alpha"});
+  EXPECT_EQ(2, box_.lineEdit()->cursorPosition());
+}
+
+TEST_F(NameBoxTest, FiftyThousandNamesAreThereAtOnce) {
+  NameBox guests;
+  for (int i = 0; i < 50'000; ++i) guests.Items.push_back("Guest number " + std::to_string(i));
+  QElapsedTimer time;
+  time.start();
+  box_.ShowNames(guests);
+  box_.showPopup();
+  QCoreApplication::processEvents();
+  EXPECT_LT(time.elapsed(), 1000);
+  EXPECT_EQ(50'000, box_.count());
+}
+
+}  // namespace
+}  // namespace veyra

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "data/access/access_store.h"
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/sqlite/read_only_store.h"
@@ -92,8 +93,7 @@ std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access
                                            : sqlite::OpenReadWrite(path.string(), timeout);
   }
   if (bytes.starts_with(kAccessStart)) {
-    throw DatabaseError({path.string(), "This is an Access database, which cannot be opened yet.",
-                         "Have it converted to the calendar's own kind of file."});
+    return OpenAccessStore(path.string(), access, timeout);
   }
   throw DatabaseError({path.string(), "The file is no database of a kind known here.", kRightFile});
 }

@@ -4,21 +4,25 @@
 #include <memory>
 #include <string>
 
+#include "data/access/create_file.h"
 #include "data/create_store.h"
+#include "data/open_store.h"
 #include "data/store.h"
 
 namespace veyra {
 
 /// The kinds of database file that a calendar may be kept in.
-enum class StoreKind { Sqlite };
+enum class StoreKind { Sqlite, Access };
 
 /// Every kind, for the tests of what all stores have in common.
-inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite};
+inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite, StoreKind::Access};
 
 inline const char* NameOf(StoreKind kind) {
   switch (kind) {
     case StoreKind::Sqlite:
       return "Sqlite";
+    case StoreKind::Access:
+      return "Access";
   }
   return "";
 }
@@ -29,8 +33,12 @@ inline StoreKind TestedStoreKind() {
 }
 
 /// Makes a new file of that kind, without tables.
-inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind, const std::string& file_name) {
-  return CreateStore(file_name);
+inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind kind, const std::string& file_name) {
+  if (kind == StoreKind::Sqlite) {
+    return CreateStore(file_name);
+  }
+  CreateAccessFile(file_name);
+  return OpenStore(file_name, StoreAccess::ReadWrite);
 }
 
 }  // namespace veyra

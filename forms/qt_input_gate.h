@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPalette>
 #include <QPointer>
 
 class QWidget;
@@ -8,7 +9,7 @@ class QWidget;
 namespace veyra {
 
 /// Keeps a window on the screen without taking input, its close button included, while another one
-/// has the word.
+/// has the word. It looks as it did, for what it shows is still to be read.
 class QtInputGate : public QObject {
   Q_OBJECT
 
@@ -25,6 +26,7 @@ class QtInputGate : public QObject {
  private:
   QWidget& window_;
   QPointer<QWidget> focus_;
+  QPalette colors_;
 };
 
 }  // namespace veyra

@@ -8,9 +8,12 @@
 namespace veyra {
 namespace {
 
-/// Clamps to a range that is empty when the window is larger than the screen.
-int Clamp(int wanted, int lowest, int highest) {
-  return std::max(lowest, std::min(wanted, highest));
+/// On a screen that is smaller than the window the top left corner counts.
+QPoint ClampToScreen(const QPoint& place, const QSize& size, const QRect& screen) {
+  const int last_x = screen.x() + screen.width() - size.width();
+  const int last_y = screen.y() + screen.height() - size.height();
+  return {std::max(screen.x(), std::min(place.x(), last_x)),
+          std::max(screen.y(), std::min(place.y(), last_y))};
 }
 
 void BringToFront(QWidget& window) {
@@ -26,9 +29,15 @@ void KeepAbove(QWidget& window, QWidget& owner) {
   window.windowHandle()->setTransientParent(owner.windowHandle());
 }
 
-/// The frame that the desktop will put around a window, judged by one that has it already.
-QSize FrameOf(const QWidget& window) {
-  return window.frameGeometry().size() - window.size();
+/// The desktop tells a window's frame only once that is on the screen, so it is judged by the frame
+/// of another one.
+QSize SizeWithFrame(const QWidget& window, const QWidget& framed) {
+  return window.size() + framed.frameGeometry().size() - framed.size();
+}
+
+void MoveFrameTo(QWidget& window, const QPoint& place, const QWidget& framed) {
+  const QPoint inside = framed.geometry().topLeft() - framed.frameGeometry().topLeft();
+  window.setGeometry(QRect(place + inside, window.size()));
 }
 
 }  // namespace
@@ -40,28 +49,30 @@ QPoint PlaceBeside(const QRect& neighbour, const QSize& size, const QRect& scree
   const int room_left = neighbour.x() - screen.x();
   const bool to_the_right =
       size.width() <= room_right || (size.width() > room_left && room_right >= room_left);
-  const int last_x = screen.x() + screen.width() - size.width();
-  const int last_y = screen.y() + screen.height() - size.height();
-  return {Clamp(to_the_right ? right : left, screen.x(), last_x),
-          Clamp(neighbour.y(), screen.y(), last_y)};
+  return ClampToScreen({to_the_right ? right : left, neighbour.y()}, size, screen);
+}
+
+QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen) {
+  QRect place({}, size);
+  place.moveCenter(owner.center());
+  return ClampToScreen(place.topLeft(), size, screen);
 }
 
 void ShowBeside(QWidget& window, QWidget* neighbour) {
   if (neighbour != nullptr) {
     KeepAbove(window, *neighbour);
-    window.move(PlaceBeside(neighbour->frameGeometry(), window.size() + FrameOf(*neighbour),
-                            neighbour->screen()->availableGeometry()));
+    const QPoint place = PlaceBeside(neighbour->frameGeometry(), SizeWithFrame(window, *neighbour),
+                                     neighbour->screen()->availableGeometry());
+    MoveFrameTo(window, place, *neighbour);
   }
   BringToFront(window);
 }
 
 void ShowOver(QWidget& window, QWidget& owner) {
   KeepAbove(window, owner);
-  const QRect room = owner.screen()->availableGeometry();
-  QRect place(QPoint(), window.size() + FrameOf(owner));
-  place.moveCenter(owner.frameGeometry().center());
-  window.move(Clamp(place.x(), room.x(), room.x() + room.width() - place.width()),
-              Clamp(place.y(), room.y(), room.y() + room.height() - place.height()));
+  const QPoint place = PlaceOver(owner.frameGeometry(), SizeWithFrame(window, owner),
+                                 owner.screen()->availableGeometry());
+  MoveFrameTo(window, place, owner);
   BringToFront(window);
 }
 

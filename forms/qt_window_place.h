@@ -14,6 +14,9 @@ namespace veyra {
 /// screen.
 QPoint PlaceBeside(const QRect& neighbour, const QSize& size, const QRect& screen);
 
+/// The same for a window that stands over the middle of `owner`.
+QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen);
+
 /// Brings `window` to the screen beside `neighbour`, above it and in front; wherever the desktop
 /// puts it when there is no neighbour on the screen.
 void ShowBeside(QWidget& window, QWidget* neighbour);

@@ -32,20 +32,23 @@ QFont TitleFont() {
 QtAboutWindow::QtAboutWindow(const HandlerGuard& guard) : guard_(guard) {
   setObjectName(QStringLiteral("frmAbout"));
   setWindowTitle(QStringLiteral("Veyra About"));
+  auto* contents = new QWidget(this);
+  setCentralWidget(contents);
   AddLabels();
-  auto* column = new QVBoxLayout(this);
+  auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(kMargin);
   column->addWidget(BuildFrame(), 1);
   column->addWidget(BuildExit(), 0, Qt::AlignRight);
-  column->setSizeConstraint(QLayout::SetFixedSize);
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  adjustSize();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
 }
 
 void QtAboutWindow::AddLabels() {
   for (std::size_t index = 0; index < labAbout_.size(); ++index) {
-    auto* label = new QtAboutLabel(QString::fromUtf8(kAboutLabels.at(index)), this);
+    auto* label = new QtAboutLabel(QString::fromUtf8(kAboutLabels.at(index)), centralWidget());
     label->setObjectName(QStringLiteral("labAbout(%1)").arg(index));
     connect(label, &QtAboutLabel::Clicked, this,
             [this, index] { guard_.Run([&] { handler_->labAbout_Click(index); }); });
@@ -57,7 +60,7 @@ void QtAboutWindow::AddLabels() {
 }
 
 QWidget* QtAboutWindow::BuildFrame() {
-  auto* Frame1 = new QFrame(this);
+  auto* Frame1 = new QFrame(centralWidget());
   Frame1->setObjectName(QStringLiteral("Frame1"));
   Frame1->setFrameShape(QFrame::StyledPanel);
   auto* Picture2 = new QtCalendarLeaf(Frame1);
@@ -79,7 +82,7 @@ QWidget* QtAboutWindow::BuildFrame() {
 }
 
 QWidget* QtAboutWindow::BuildExit() {
-  auto* Command1 = new QPushButton(QStringLiteral("Exit"), this);
+  auto* Command1 = new QPushButton(QStringLiteral("Exit"), centralWidget());
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setAutoDefault(true);
   Command1->setFocus();

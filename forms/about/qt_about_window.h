@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 #include <array>
 
 #include "forms/about/about_view.h"
@@ -14,7 +14,7 @@ class QtAboutLabel;
 
 /// The widgets of the about box. They report each gesture to its handler in frmAbout, by way of the
 /// guard, and decide nothing.
-class QtAboutWindow : public QWidget, public AboutView {
+class QtAboutWindow : public QMainWindow, public AboutView {
   Q_OBJECT
 
  public:

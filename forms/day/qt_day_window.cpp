@@ -1,17 +1,16 @@
 #include "forms/day/qt_day_window.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <algorithm>
 
 #include "forms/day/qt_slot_grid.h"
+#include "forms/qt_help_item.h"
 #include "forms/qt_name_box.h"
 #include "forms/qt_text.h"
 
@@ -58,10 +57,7 @@ int QtDayWindow::Pixels(Twips twips) const {
 }
 
 void QtDayWindow::BuildMenu() {
-  QAction* mnuHelp = menuBar()->addAction(QStringLiteral("Help"));
-  mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  mnuHelp->setMenuRole(QAction::NoRole);
-  mnuHelp->setEnabled(false);
+  AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
 }
 
 void QtDayWindow::BuildContents() {

@@ -67,22 +67,22 @@ QtMonthWindow::QtMonthWindow(const HandlerGuard& guard) : guard_(guard) {
 void QtMonthWindow::BuildMenus() {
   QMenu* mnuHelp = menuBar()->addMenu(QStringLiteral("Help"));
   mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  AddMenuItem(mnuHelp, "mnuContents", "Contents", nullptr);
-  AddMenuItem(mnuHelp, "mnuOver", "Overview", nullptr);
-  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", nullptr);
+  AddMenuItem(mnuHelp, "mnuContents", "Contents", &frmCalendar::mnuContents_Click);
+  AddMenuItem(mnuHelp, "mnuOver", "Overview", &frmCalendar::mnuOver_Click);
+  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", &frmCalendar::mnuCalendar_Click)
+      ->setShortcut(QKeySequence(Qt::Key_F1));
   AddMenuItem(mnuHelp, "mnuAbout", "About", &frmCalendar::mnuAbout_Click);
   AddMenuItem(menuBar(), "mnuSettings", "Settings", &frmCalendar::mnuSettings_Click);
 }
 
-/// An item without a handler stands there disabled.
-void QtMonthWindow::AddMenuItem(QWidget* menu, const char* name, const char* caption,
-                                Handler handler) {
+QAction* QtMonthWindow::AddMenuItem(QWidget* menu, const char* name, const char* caption,
+                                    Handler handler) {
   auto* item = new QAction(QLatin1String(caption), this);
   item->setObjectName(QLatin1String(name));
   item->setMenuRole(QAction::NoRole);
-  item->setEnabled(handler != nullptr);
   menu->addAction(item);
   connect(item, &QAction::triggered, this, [this, handler] { Report(handler); });
+  return item;
 }
 
 QWidget* QtMonthWindow::BuildTitles() {

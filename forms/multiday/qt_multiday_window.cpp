@@ -58,8 +58,10 @@ QtMultiDayWindow::QtMultiDayWindow(const HandlerGuard& guard, Neighbour neighbou
     : guard_(guard), neighbour_(std::move(neighbour)) {
   setObjectName(QStringLiteral("frmMultiDay"));
   setWindowTitle(QStringLiteral("Multiple Day Booking"));
+  auto* contents = new QWidget(this);
+  setCentralWidget(contents);
   BuildUpperPart();
-  auto* column = new QVBoxLayout(this);
+  auto* column = new QVBoxLayout(contents);
   const int margin = Pixels(kMargin);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSpacing(margin);
@@ -71,12 +73,14 @@ QtMultiDayWindow::QtMultiDayWindow(const HandlerGuard& guard, Neighbour neighbou
   column->addLayout(fields);
   AddButtons(column);
   BuildPicker();
-  setFixedWidth(Pixels(kWindowWidth));
-  setFixedHeight(column->totalHeightForWidth(width()));
+  const int width_in_pixels = Pixels(kWindowWidth);
+  contents->setFixedSize(width_in_pixels, column->totalHeightForWidth(width_in_pixels));
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  adjustSize();
 }
 
 void QtMultiDayWindow::BuildUpperPart() {
-  upper_part_ = new QWidget(this);
+  upper_part_ = new QWidget(centralWidget());
   QSizePolicy keeps_place = upper_part_->sizePolicy();
   keeps_place.setRetainSizeWhenHidden(true);
   upper_part_->setSizePolicy(keeps_place);
@@ -114,9 +118,9 @@ QWidget* QtMultiDayWindow::BuildWeekdays() {
 }
 
 void QtMultiDayWindow::AddDateField(QBoxLayout* row, std::size_t index) {
-  auto* Label1 = new QLabel(QLatin1String(kFieldLabels.at(index)), this);
+  auto* Label1 = new QLabel(QLatin1String(kFieldLabels.at(index)), centralWidget());
   Label1->setObjectName(IndexedName("Label1", index));
-  auto* field = new QtDateField(this);
+  auto* field = new QtDateField(centralWidget());
   field->setObjectName(IndexedName("Text1", index));
   field->setAccessibleName(Label1->text());
   field->setToolTip(QStringLiteral("Double-Click for Calendar"));
@@ -146,7 +150,7 @@ void QtMultiDayWindow::AddButtons(QBoxLayout* column) {
 }
 
 void QtMultiDayWindow::BuildPicker() {
-  Calendar1_ = new QCalendarWidget(this);
+  Calendar1_ = new QCalendarWidget(centralWidget());
   Calendar1_->setObjectName(QStringLiteral("Calendar1"));
   Calendar1_->setAccessibleName(QStringLiteral("Calendar"));
   Calendar1_->setToolTip(QStringLiteral("Double-Click to enter desired Date"));
@@ -172,7 +176,7 @@ void QtMultiDayWindow::BuildPicker() {
 
 QPushButton* QtMultiDayWindow::AddButton(const char* name, const char* caption, const char* tooltip,
                                          Handler handler) {
-  auto* button = new QPushButton(QLatin1String(caption), this);
+  auto* button = new QPushButton(QLatin1String(caption), centralWidget());
   button->setObjectName(QLatin1String(name));
   button->setToolTip(QLatin1String(tooltip));
   button->setAutoDefault(true);

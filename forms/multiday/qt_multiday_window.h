@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 #include <array>
 #include <functional>
 
@@ -20,7 +20,7 @@ class QtDateField;
 /// The widgets of the multiple-day window. The upper part is for the weekdays and, while a date is
 /// picked, for the picker; the two date fields are below it, so that it never covers either. They
 /// report each gesture to its handler in frmMultiDay, by way of the guard, and decide nothing.
-class QtMultiDayWindow : public QWidget, public MultiDayView {
+class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   Q_OBJECT
 
  public:

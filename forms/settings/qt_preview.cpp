@@ -39,26 +39,21 @@ void SetColor(QWidget* widget, QPalette::ColorRole role, const QColor& color) {
 
 }  // namespace
 
-QtPreview::QtPreview(QWidget* parent) : QFrame(parent) {
+QtPreview::QtPreview(QWidget* parent)
+    : QFrame(parent),
+      text_height_(fontMetrics().height()),
+      title_height_(static_cast<int>(kTitleFactor * text_height_) + kIndent) {
   setObjectName(QStringLiteral("Frame1"));
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
-  Measure();
   AddHeader();
-  AddLines();
+  AddLines("Line1", kRows + 1, Line1_);
+  AddLines("Line2", kColumns + 1, Line2_);
   AddDays();
   AddToday();
-  setFixedSize(2 * kMargin + kColumns * cell_width_ + 1,
-               grid_top_ + kRows * cell_height_ + 1 + kMargin);
-}
-
-void QtPreview::Measure() {
-  const QFontMetrics metrics = fontMetrics();
-  text_height_ = metrics.height();
-  title_height_ = static_cast<int>(kTitleFactor * text_height_);
-  cell_width_ = metrics.horizontalAdvance(QStringLiteral("Today")) + 4 * kIndent;
-  cell_height_ = 2 * text_height_ + 2 * kIndent;
-  grid_top_ = kMargin / 2 + title_height_ + kIndent + text_height_ + kIndent;
+  const int least_cell = fontMetrics().horizontalAdvance(Label4_->text()) + 3 * kIndent;
+  setMinimumWidth(2 * kMargin + kColumns * least_cell);
+  setFixedHeight(RowTop(kRows) + kMargin);
 }
 
 void QtPreview::AddHeader() {
@@ -68,47 +63,30 @@ void QtPreview::AddHeader() {
   title.setPointSizeF(title.pointSizeF() * kTitleFactor);
   title.setWeight(QFont::DemiBold);
   Label1_->setFont(title);
-  Label1_->setGeometry(kMargin, kMargin / 2, kColumns * cell_width_, title_height_ + kIndent);
   Label2_ =
       new QtSpreadLabel(QStringLiteral("Sun   Mon    Tue    Wed   Thu     Fri       Sat"), 0, this);
   Label2_->setObjectName(QStringLiteral("Label2"));
   Label2_->setAlignment(Qt::AlignCenter);
   Label2_->setIndent(0);
-  Label2_->setGeometry(kMargin, grid_top_ - text_height_ - kIndent / 2, kColumns * cell_width_,
-                       text_height_);
 }
 
-void QtPreview::AddLines() {
-  const int right = kMargin + kColumns * cell_width_;
-  const int bottom = grid_top_ + kRows * cell_height_;
-  for (int row = 0; row <= kRows; ++row) {
-    const int y = grid_top_ + row * cell_height_;
-    AddLine("Line1", row, QRect(kMargin, y, right - kMargin + 1, 1));
+void QtPreview::AddLines(const char* name, std::size_t count, std::vector<QWidget*>& lines) {
+  for (std::size_t index = 0; index < count; ++index) {
+    auto* line = new QWidget(this);
+    line->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index));
+    line->setAutoFillBackground(true);
+    lines.push_back(line);
   }
-  for (int column = 0; column <= kColumns; ++column) {
-    const int x = kMargin + column * cell_width_;
-    AddLine("Line2", column, QRect(x, grid_top_, 1, bottom - grid_top_ + 1));
-  }
-}
-
-void QtPreview::AddLine(const char* name, int index, const QRect& place) {
-  auto* line = new QWidget(this);
-  line->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index));
-  line->setAutoFillBackground(true);
-  line->setGeometry(place);
-  lines_.push_back(line);
 }
 
 void QtPreview::AddDays() {
-  for (int row = 0; row < kRows; ++row) {
-    const Week& week = kWeeks.at(static_cast<std::size_t>(row));
+  for (std::size_t row = 0; row < kWeeks.size(); ++row) {
+    const Week& week = kWeeks.at(row);
     auto* label = new QtSpreadLabel(QLatin1String(week.Caption), week.FirstColumn, this);
     label->setObjectName(QStringLiteral("Label3(%1)").arg(row));
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     label->setIndent(kIndent);
-    label->setGeometry(kMargin, grid_top_ + row * cell_height_ + kIndent / 2,
-                       kColumns * cell_width_, text_height_);
-    Label3_.at(static_cast<std::size_t>(row)) = label;
+    Label3_.at(row) = label;
   }
 }
 
@@ -117,10 +95,54 @@ void QtPreview::AddToday() {
   Label4_->setObjectName(QStringLiteral("Label4"));
   Label4_->setAlignment(Qt::AlignCenter);
   Label4_->setAutoFillBackground(true);
-  const int left = kMargin + kTodayColumn * cell_width_ + 1;
-  const int top = grid_top_ + kTodayRow * cell_height_ + kIndent / 2 + text_height_;
-  const int bottom = grid_top_ + (kTodayRow + 1) * cell_height_;
-  Label4_->setGeometry(left, top, cell_width_ - 1, bottom - top);
+}
+
+int QtPreview::CellHeight() const {
+  return 2 * text_height_ + 2 * kIndent;
+}
+
+int QtPreview::GridTop() const {
+  return kMargin / 2 + title_height_ + text_height_ + kIndent;
+}
+
+int QtPreview::ColumnLeft(int column) const {
+  return kMargin + column * (width() - 2 * kMargin - 1) / kColumns;
+}
+
+int QtPreview::RowTop(int row) const {
+  return GridTop() + row * CellHeight();
+}
+
+void QtPreview::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  PlaceHeader();
+  PlaceGrid();
+}
+
+void QtPreview::PlaceHeader() {
+  const int left = ColumnLeft(0);
+  const int grid_width = ColumnLeft(kColumns) - left;
+  Label1_->setGeometry(left, kMargin / 2, grid_width, title_height_);
+  Label2_->setGeometry(left, GridTop() - text_height_ - kIndent / 2, grid_width, text_height_);
+}
+
+void QtPreview::PlaceGrid() {
+  const int left = ColumnLeft(0);
+  const int grid_width = ColumnLeft(kColumns) - left;
+  for (int row = 0; row <= kRows; ++row) {
+    Line1_.at(static_cast<std::size_t>(row))->setGeometry(left, RowTop(row), grid_width + 1, 1);
+  }
+  for (int column = 0; column <= kColumns; ++column) {
+    Line2_.at(static_cast<std::size_t>(column))
+        ->setGeometry(ColumnLeft(column), RowTop(0), 1, RowTop(kRows) - RowTop(0) + 1);
+  }
+  for (int row = 0; row < kRows; ++row) {
+    Label3_.at(static_cast<std::size_t>(row))
+        ->setGeometry(left, RowTop(row) + kIndent / 2, grid_width, text_height_);
+  }
+  const QPoint today(ColumnLeft(kTodayColumn) + 1, RowTop(kTodayRow) + kIndent / 2 + text_height_);
+  const QPoint next(ColumnLeft(kTodayColumn + 1) - 1, RowTop(kTodayRow + 1) - 1);
+  Label4_->setGeometry(QRect(today, next));
 }
 
 void QtPreview::ShowColors(const RoleColors& colors) {
@@ -137,8 +159,10 @@ void QtPreview::ShowColors(const RoleColors& colors) {
   SetColor(Label4_, QPalette::WindowText, color_of(ColorRole::Today));
   SetColor(Label4_, QPalette::Window, color_of(ColorRole::TodayBackGround));
   const QColor line = Blend(background, ReadableOn(background, background), kLineStrength);
-  for (QWidget* edge : lines_) {
-    SetColor(edge, QPalette::Window, line);
+  for (const auto& lines : {Line1_, Line2_}) {
+    for (QWidget* edge : lines) {
+      SetColor(edge, QPalette::Window, line);
+    }
   }
 }
 

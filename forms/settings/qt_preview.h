@@ -19,24 +19,29 @@ class QtPreview : public QFrame {
 
   void ShowColors(const RoleColors& colors);
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
-  void Measure();
+  void AddLines(const char* name, std::size_t count, std::vector<QWidget*>& lines);
   void AddHeader();
-  void AddLines();
   void AddDays();
   void AddToday();
-  void AddLine(const char* name, int index, const QRect& place);
+  void PlaceHeader();
+  void PlaceGrid();
+  int CellHeight() const;
+  int GridTop() const;
+  int ColumnLeft(int column) const;
+  int RowTop(int row) const;
 
-  int cell_width_ = 0;
-  int cell_height_ = 0;
-  int text_height_ = 0;
-  int title_height_ = 0;
-  int grid_top_ = 0;
+  int text_height_;
+  int title_height_;
   QLabel* Label1_ = nullptr;
   QLabel* Label2_ = nullptr;
   std::array<QLabel*, 5> Label3_{};
   QLabel* Label4_ = nullptr;
-  std::vector<QWidget*> lines_;
+  std::vector<QWidget*> Line1_;  ///< Across, from the top.
+  std::vector<QWidget*> Line2_;  ///< Down, from the left.
 };
 
 }  // namespace veyra

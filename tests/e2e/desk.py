@@ -200,7 +200,8 @@ class Desk:
         box = self.front_window(roles=_BOXES)
         texts = self.wait(lambda: [one.name for one in box.everything() if one.role == "label"],
                            "the text of the box")
-        return texts[0].replace("\r\n", "\n")
+        # A box without an icon has an empty label in its place.
+        return next((text for text in texts if text), "").replace("\r\n", "\n")
 
     def answers(self):
         """The buttons of the message box in front."""

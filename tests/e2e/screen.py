@@ -118,6 +118,13 @@ class Screen:
     def click(self, x, y, button=1):
         self._xdotool("mousemove", x, y, "click", button)
 
+    def double_click(self, x, y):
+        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 40, 1)
+
+    def click_with(self, key, x, y):
+        """Clicks while a key such as "shift" is held down."""
+        self._xdotool("mousemove", x, y, "keydown", key, "click", 1, "keyup", key)
+
     def drag(self, start, end):
         """Presses at one place, moves to the other in steps, and lets go there."""
         steps = 8

@@ -82,7 +82,7 @@ QWidget* QtDayWindow::BuildHead() {
   Label1->setObjectName(QStringLiteral("Label1"));
   Combo1_ = new QtNameBox(head);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
-  Combo1_->setAccessibleName(QStringLiteral("Guest/Event"));
+  Combo1_->SetSpokenName(QStringLiteral("Guest/Event"));
   Combo1_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   Label1->setBuddy(Combo1_);
   auto* rows = new QGridLayout(head);

@@ -159,7 +159,8 @@ void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
 void QtDayList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool shifted = event->modifiers() == Qt::ShiftModifier;
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (enter && !event->isAutoRepeat()) {
     emit Pressed(MouseButton::Left);
   } else if (key == Qt::Key_F10 && shifted) {
     emit Pressed(MouseButton::Right);

@@ -1,6 +1,7 @@
 #include "forms/month/qt_month_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -110,7 +111,7 @@ QWidget* QtMonthWindow::BuildControls() {
   Label1_->setObjectName(QStringLiteral("Label1"));
   Combo1_ = new QtNameBox(controls);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
-  Combo1_->setAccessibleName(QStringLiteral("Facility"));
+  Combo1_->SetSpokenName(QStringLiteral("Facility"));
   Combo1_->setMinimumContentsLength(kNameCharacters);
   Combo1_->setToolTip(
       QStringLiteral("Select the Facility to Review | Enter New Facility and Press Enter | Or "
@@ -159,7 +160,12 @@ QPushButton* QtMonthWindow::AddButton(const char* name, const char* caption, con
   button->setAutoDefault(true);
   button->setEnabled(handler != nullptr);
   KeepPlaceWhenHidden(button);
-  connect(button, &QPushButton::clicked, this, [this, handler] { Report(handler); });
+  connect(button, &QPushButton::clicked, this, [this, handler] {
+    // A button that is held down goes on repeating under a box that its handler has opened.
+    if (QApplication::activeModalWidget() == nullptr) {
+      Report(handler);
+    }
+  });
   return button;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -27,9 +28,10 @@ inline const char* NameOf(StoreKind kind) {
   return "";
 }
 
-/// The kind that this run of the tests is for.
+/// The kind that this run of the tests is for: every test over a calendar runs once for each.
 inline StoreKind TestedStoreKind() {
-  return StoreKind::Sqlite;
+  const char* kind = std::getenv("VEYRA_TEST_STORE");
+  return kind != nullptr && std::string(kind) == "access" ? StoreKind::Access : StoreKind::Sqlite;
 }
 
 /// Makes a new file of that kind, without tables.

@@ -58,7 +58,6 @@ class FrmCalendarTest : public testing::Test {
   FakeMonthView view_;
   FakeMonthPrinter printer_;
   std::unique_ptr<Session> session_;
-  FakeMonthPrinter printer_;
   std::unique_ptr<frmCalendar> calendar_;
 };
 
@@ -205,6 +204,14 @@ TEST_F(FrmCalendarTest, AboutAndSettingsDisableTheMonth) {
   calendar_->mnuAbout_Click();
   calendar_->mnuSettings_Click();
   EXPECT_EQ("disable month\nopen about\ndisable month\nopen settings\n", windows_.Log);
+}
+
+TEST_F(FrmCalendarTest, EachHelpItemOpensItsTopic) {
+  Start();
+  calendar_->mnuContents_Click();
+  calendar_->mnuOver_Click();
+  calendar_->mnuCalendar_Click();
+  EXPECT_EQ("help 20\nhelp 30\nhelp 60\n", windows_.Log);
 }
 
 TEST_F(FrmCalendarTest, PickingAFacilityShowsItsMonth) {

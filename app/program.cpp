@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QObject>
+#include <QUrl>
 #include <utility>
 
 #include "app/startup.h"
@@ -18,6 +19,7 @@
 #include "forms/qt_window_place.h"
 #include "forms/settings/frmSettings.h"
 #include "forms/settings/qt_settings_window.h"
+#include "help/qt_help_viewer.h"
 
 namespace veyra {
 
@@ -215,6 +217,16 @@ void Program::OpenSettings() {
 void Program::OpenAbout() {
   about_ = std::make_unique<OpenAboutBox>(*this, browser_, dialogs_, guard_);
   ShowOver(about_->Window, month_window_);
+}
+
+void Program::ShowHelp(int topic) {
+  if (!help_) {
+    help_ = std::make_unique<QtHelpViewer>(
+        session_.AppFolder + QtHelpViewer::kFileName,
+        session_.AppFolder + QtHelpViewer::kReaderName,
+        [this](const QUrl& link) { browser_.Open(ToUtf8(link.toString())); });
+  }
+  help_->ShowTopic(topic);
 }
 
 void Program::EndProgram() {

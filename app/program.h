@@ -11,6 +11,7 @@
 #include "forms/qt_input_gate.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
+#include "logic/help_viewer.h"
 #include "logic/listings.h"
 #include "logic/session.h"
 
@@ -47,6 +48,7 @@ class Program : public Windows {
   void ShowMultiDayWindow(const std::string& from_text) override;
   void OpenSettings() override;
   void OpenAbout() override;
+  void ShowHelp(int topic) override;
   void EndProgram() override;
 
  private:
@@ -74,6 +76,7 @@ class Program : public Windows {
   std::unique_ptr<OpenSettingsWindow> settings_;
   std::unique_ptr<OpenAboutBox> about_;
   std::unique_ptr<OpenDay> day_;
+  std::unique_ptr<HelpViewer> help_;
 };
 
 }  // namespace veyra

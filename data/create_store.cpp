@@ -34,11 +34,12 @@ void MakeEmptyFile(const std::string& file) {
 
 }  // namespace
 
-std::unique_ptr<Store> CreateStore(const std::string& file_name) {
+std::unique_ptr<Store> CreateStore(const std::string& file_name, Durability durability) {
   const std::string file = std::filesystem::absolute(NativePath(file_name)).string();
   MakeEmptyFile(file);
   try {
-    return sqlite::OpenNew(file, kStoreTimeout);
+    const bool durable = durability == Durability::AtOnce;
+    return sqlite::OpenNew(file, kStoreTimeout, durable);
   } catch (const Error&) {
     unlink(file.c_str());
     throw;

@@ -43,6 +43,12 @@ class DatabaseBusyError : public DatabaseError {
   using DatabaseError::DatabaseError;
 };
 
+/// There is no database file of the name that was asked for.
+class MissingFileError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
 /// A text file cannot be opened, read or written.
 class FileError : public Error {
  public:

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "data/access/access_store.h"
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/sqlite/read_only_store.h"
@@ -42,10 +43,11 @@ bool IsWritable(const fs::path& path) {
   std::error_code error;
   const fs::path folder = path.parent_path();
   const bool has_folder = fs::is_directory(folder, error);
-  throw DatabaseError({path.string(),
-                       has_folder ? "There is no such file."
-                                  : "There is no such file, and no folder " + folder.string() + ".",
-                       "Check that the folder is the right one and that the file is in it."});
+  throw MissingFileError({path.string(),
+                          has_folder
+                              ? "There is no such file."
+                              : "There is no such file, and no folder " + folder.string() + ".",
+                          "Check that the folder is the right one and that the file is in it."});
 }
 
 void RequireFile(const fs::path& path) {
@@ -59,6 +61,9 @@ void RequireFile(const fs::path& path) {
   if (status.type() != fs::file_type::regular) {
     throw DatabaseError({path.string(), "This is no file that can be read.",
                          "Check that the disk is connected and that you may use the folder."});
+  }
+  if (fs::file_size(path, error) == 0) {
+    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
   }
   if (access(path.c_str(), R_OK) != 0) {
     throw DatabaseError({path.string(), "You may not read the file.",
@@ -83,16 +88,12 @@ void RequireWritable(const fs::path& path) {
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
                                         std::chrono::milliseconds timeout) {
   const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
-  if (bytes.empty()) {
-    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
-  }
   if (bytes.starts_with(kSqliteStart)) {
     return access == StoreAccess::ReadOnly ? sqlite::OpenReadOnly(path.string(), timeout)
                                            : sqlite::OpenReadWrite(path.string(), timeout);
   }
   if (bytes.starts_with(kAccessStart)) {
-    throw DatabaseError({path.string(), "This is an Access database, which cannot be opened yet.",
-                         "Have it converted to the calendar's own kind of file."});
+    return OpenAccessStore(path.string(), access, timeout);
   }
   throw DatabaseError({path.string(), "The file is no database of a kind known here.", kRightFile});
 }

@@ -17,8 +17,8 @@ inline constexpr std::chrono::milliseconds kStoreTimeout{5000};
 /// A backslash in `file_name` counts as a slash.
 ///
 /// A file opened ReadOnly is never written to, and nothing is left beside it.
-/// Throws DatabaseError when the file is missing, empty, no database of a kind known here, damaged,
-/// or, for ReadWrite, one that nobody may write to.
+/// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no
+/// database of a kind known here, or, for ReadWrite, one that nobody may write to.
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
                                  std::chrono::milliseconds timeout = kStoreTimeout);
 

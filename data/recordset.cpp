@@ -38,17 +38,15 @@ void CheckCondition(const Condition& condition, const std::vector<std::string>& 
 }  // namespace
 
 Recordset::Recordset(Store& store, Query query, CursorType cursor)
-    : store_(&store),
-      query_(std::move(query)),
-      cursor_(cursor),
-      columns_(store.ColumnNames(query_.Table)) {
-  if (cursor_ == CursorType::StaticOptimistic) {
+    : store_(&store), query_(std::move(query)), cursor_(cursor) {
+  if (cursor_ == CursorType::ForwardOnlyReadOnly) {
+    source_ = store.Select(query_);
+    read_ = true;
+    ReadFirst();
+  } else {
+    columns_ = store.ColumnNames(query_.Table);
     CheckNames();
-    return;
   }
-  source_ = store.Select(query_);
-  read_ = true;
-  ReadFirst();
 }
 
 void Recordset::RequireOpen() const {

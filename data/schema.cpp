@@ -1,8 +1,6 @@
 #include "data/schema.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "data/errors.h"
@@ -24,13 +22,12 @@ std::string FolderAdvice(const Databases& databases) {
 
 std::unique_ptr<Connection> OpenConnection(const Databases& databases, const char* file,
                                            StoreAccess access) {
-  const std::string name = databases.DataFolder + file;
-  const std::filesystem::path path = std::filesystem::absolute(NativePath(name));
-  std::error_code error;
-  if (std::filesystem::status(path, error).type() == std::filesystem::file_type::not_found) {
-    throw DatabaseError({path.string(), "There is no such file.", FolderAdvice(databases)});
+  try {
+    return std::make_unique<Connection>(
+        OpenStore(databases.DataFolder + file, access, databases.Timeout));
+  } catch (const MissingFileError& error) {
+    throw MissingFileError({error.report().File, error.report().Cause, FolderAdvice(databases)});
   }
-  return std::make_unique<Connection>(OpenStore(name, access, databases.Timeout));
 }
 
 ColumnDefinition ColorColumn(std::string name) {

@@ -44,6 +44,11 @@ QtNameBox::QtNameBox(QWidget* parent) : QComboBox(parent), list_(new QStringList
           [this](int index) { emit Picked(names_.at(static_cast<std::size_t>(index))); });
 }
 
+void QtNameBox::SetSpokenName(const QString& name) {
+  setAccessibleName(name);
+  lineEdit()->setAccessibleName(name);
+}
+
 void QtNameBox::ShowNames(const NameBox& box) {
   if (names_ != box.Items) {
     FillList(box.Items);

@@ -18,6 +18,9 @@ class QtNameBox : public QComboBox {
  public:
   explicit QtNameBox(QWidget* parent = nullptr);
 
+  /// The name by which assistive programs know the box and the line that is typed in.
+  void SetSpokenName(const QString& name);
+
   /// Shows the list and the text. The cursor and the selection stay when the text is the same.
   void ShowNames(const NameBox& box);
 

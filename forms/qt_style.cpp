@@ -21,6 +21,13 @@ int QtStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
   return metric == PM_ScrollBarExtent ? std::min(usual, kScrollBarWidth) : usual;
 }
 
+int QtStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                       QStyleHintReturn* more) const {
+  return hint == SH_DialogButtonBox_ButtonsHaveIcons
+             ? 0
+             : QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 QSize QtStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                 const QSize& contents, const QWidget* widget) const {
   const QSize usual = QProxyStyle::sizeFromContents(type, option, contents, widget);

@@ -4,7 +4,8 @@
 
 namespace veyra {
 
-/// The desktop's own style, with buttons of an even size and slender scroll bars.
+/// The desktop's own style, with buttons of an even size that bear texts only, and slender scroll
+/// bars.
 /// REQUIRES: a QApplication.
 class QtStyle : public QProxyStyle {
   Q_OBJECT
@@ -14,6 +15,8 @@ class QtStyle : public QProxyStyle {
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                          const QWidget* widget) const override;
 };

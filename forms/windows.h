@@ -49,6 +49,9 @@ class Windows {
   virtual void OpenSettings() = 0;
   virtual void OpenAbout() = 0;
 
+  /// Shows that topic of the help file, one of those in logic/help_viewer.h, beside the windows.
+  virtual void ShowHelp(int topic) = 0;
+
   /// Ends the program, closing every window.
   virtual void EndProgram() = 0;
 };

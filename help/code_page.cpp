@@ -6,6 +6,7 @@
 #include <array>
 #include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <optional>
 
 #include "data/text.h"
@@ -65,7 +66,7 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
   std::string Convert(std::string_view text) const;
 

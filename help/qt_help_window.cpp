@@ -50,7 +50,7 @@ QtHelpWindow::QtHelpWindow(Browser browser)
       results_(new QListWidget(this)),
       side_(new QStackedWidget(this)) {
   setAttribute(Qt::WA_QuitOnClose, false);
-  Name(this, "helpWindow", tr("Help"));
+  setObjectName("helpWindow");
   Name(page_, "helpPage", tr("Help page"));
   resize(kWindowSize.boundedTo(screen()->availableSize()));
 

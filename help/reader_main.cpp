@@ -24,7 +24,7 @@ constexpr bool kLimitMemory = true;
 constexpr rlim_t kMostSeconds = 5;
 constexpr rlim_t kMostMemory = 512U << 20U;
 
-void Limit(__rlimit_resource_t resource, rlim_t most) {
+void Limit(auto resource, rlim_t most) {
   const rlimit limit{most, most};
   setrlimit(resource, &limit);
 }

@@ -18,12 +18,13 @@ HELP = pathlib.Path(__file__).resolve().parent
 PICTURES = HELP / "topics" / "pictures"
 sys.path.insert(0, str(HELP.parent / "tests" / "e2e"))
 
-from desk import Desk  # noqa: E402
+from desk import Desk, date_text  # noqa: E402
 from screen import Screen  # noqa: E402
 
 FACILITIES = ["Main Hall", "Meeting Room", "Swimming Pool"]
 GUESTS = ["Ann Example", "Carlos Medina", "Dana Smith", "Liam Fairbrother", "Priya Raghavan"]
 SCREEN = (1024, 620)  # low, for the day window is nearly as high as the screen
+RIGHT_BUTTON = 3
 WIDTH = 720  # pixels: what a page is wide in the help window
 
 # Day of the month, first and last slot, name: a month that is neither empty nor crowded.
@@ -69,19 +70,16 @@ def make_application_folder(program_folder, folder):
     (folder / "path.txt").write_bytes(f"{folder / 'data'}\r\n{folder / 'data'}\r\n".encode())
 
 
-def save(desk, name):
+def save(desk, name, width=WIDTH):
     """The front window, with no more colours than it needs, so that the help file stays small."""
     picture = PICTURES / f"{name}.png"
     desk.picture(picture)
-    subprocess.run(["convert", picture, "-resize", f"{WIDTH}x>", "-strip", "+dither", "-colors", "255",
+    subprocess.run(["convert", picture, "-resize", f"{width}x>", "-strip", "+dither", "-colors", "255",
                     "-define", "png:compression-level=9", picture], check=True)
 
 
-def take_all(desk):
+def take_booking(desk):
     """The windows on the road of a booking."""
-    desk.wait_for_month_window()
-    save(desk, "month")
-    desk.open_day(date.today().replace(day=BOOKED_DAY))
     desk.write_name(GUESTS[0])
     save(desk, "day")
     desk.drag_slots(26, 28)
@@ -94,6 +92,48 @@ def take_all(desk):
     desk.press("No")
     desk.message()
     desk.press("No")
+
+
+def take_many_days(desk):
+    day_window = desk.front_window().name
+    desk.click("Multiple Booking")
+    desk.front_window("Multiple Day Booking")
+    desk.click("Mon")
+    desk.click("Wed")
+    desk.click_on(desk.find("To", "text"))
+    desk.type(date_text(date(date.today().year, 12, 24)))
+    save(desk, "many_days")
+    desk.click("Close")
+    desk.message()
+    desk.press("OK")
+    desk.front_window(day_window)
+
+
+def take_day_viewer(desk):
+    desk.click_on(desk.day_cell(date.today().replace(day=BOOKED_DAY)), RIGHT_BUTTON)
+    desk.front_window(f"  {date_text(date.today().replace(day=BOOKED_DAY))} Day Viewer")
+    save(desk, "day_viewer", 560)
+    desk.key("alt+F4")
+    desk.wait_for_month_window()
+
+
+def take_colours(desk):
+    desk.click("Settings")
+    desk.front_window("Calendar Color Settings")
+    save(desk, "colours")
+    desk.key("alt+F4")
+    desk.wait_for_month_window()
+
+
+def take_all(desk):
+    desk.wait_for_month_window()
+    save(desk, "month")
+    take_day_viewer(desk)
+    take_colours(desk)
+    desk.open_day(date.today().replace(day=BOOKED_DAY))
+    take_booking(desk)
+    take_many_days(desk)
+    desk.close_day()
 
 
 def main():

@@ -79,6 +79,7 @@ std::vector<FoundTopic> TopicSearch::Find(std::string_view words) const {
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const auto& one, const auto& other) { return one.first > other.first; });
   std::vector<FoundTopic> topics;
+  topics.reserve(ranked.size());
   for (auto& [rank, topic] : ranked) topics.push_back(std::move(topic));
   return topics;
 }

@@ -1,36 +1,46 @@
 #pragma once
 
 #include <array>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
+#include "data/access/create_file.h"
 #include "data/create_store.h"
+#include "data/open_store.h"
 #include "data/store.h"
 
 namespace veyra {
 
 /// The kinds of database file that a calendar may be kept in.
-enum class StoreKind { Sqlite };
+enum class StoreKind { Sqlite, Access };
 
 /// Every kind, for the tests of what all stores have in common.
-inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite};
+inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite, StoreKind::Access};
 
 inline const char* NameOf(StoreKind kind) {
   switch (kind) {
     case StoreKind::Sqlite:
       return "Sqlite";
+    case StoreKind::Access:
+      return "Access";
   }
   return "";
 }
 
-/// The kind that this run of the tests is for.
+/// The kind that this run of the tests is for: every test over a calendar runs once for each.
 inline StoreKind TestedStoreKind() {
-  return StoreKind::Sqlite;
+  const char* kind = std::getenv("VEYRA_TEST_STORE");
+  return kind != nullptr && std::string(kind) == "access" ? StoreKind::Access : StoreKind::Sqlite;
 }
 
 /// Makes a new file of that kind, without tables.
-inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind, const std::string& file_name) {
-  return CreateStore(file_name);
+inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind kind, const std::string& file_name) {
+  if (kind == StoreKind::Sqlite) {
+    return CreateStore(file_name);
+  }
+  CreateAccessFile(file_name);
+  return OpenStore(file_name, StoreAccess::ReadWrite);
 }
 
 }  // namespace veyra

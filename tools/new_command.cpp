@@ -38,7 +38,7 @@ void RefuseIfThere(const fs::path& file) {
 }
 
 Connection NewDatabase(const fs::path& file, const std::vector<TableDefinition>& tables) {
-  Connection connection(CreateStore(file.string()));
+  Connection connection(CreateStore(file.string(), Durability::WhenAsked));
   for (const TableDefinition& table : tables) {
     connection.CreateTable(table);
   }

@@ -102,7 +102,7 @@ constexpr std::array kOccasions = {
     Occasion{"Anniversary Lunch", {SlotAt(12), SlotAt(15)}},
     Occasion{"Birthday Party", {SlotAt(14), SlotAt(17)}},
     Occasion{"School Rehearsal", {SlotAt(13), SlotAt(14, 30)}},
-    Occasion{"Photography Workshop", {SlotAt(16), SlotAt(18)}},
+    Occasion{"Photo Workshop", {SlotAt(16), SlotAt(18)}},
     Occasion{"Allotment Society", {SlotAt(17, 30), SlotAt(18, 30)}},
     Occasion{"Residents' Meeting", {SlotAt(18), SlotAt(20)}},
     Occasion{"Board Meeting", {SlotAt(18, 30), SlotAt(20, 30)}},

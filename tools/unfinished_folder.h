@@ -19,8 +19,9 @@ class UnfinishedFolder {
 
   const std::filesystem::path& path() const { return path_; }
 
-  /// Moves these files of path() into the parent. Never replaces a file there: throws FileError
-  /// when one of them is, and then none of them has been moved.
+  /// Moves these files of path(), which nobody has open, into the parent. When it returns they are
+  /// on the disk, safe from a loss of power. Never replaces a file there: throws FileError when
+  /// that would be needed or a file cannot be moved, and then none of them has been.
   void MoveOut(const std::vector<std::string>& names);
 
  private:

@@ -36,18 +36,23 @@ std::vector<std::string> Catalogue::TableNames() {
 }
 
 const Table& Catalogue::Find(const std::string& name) {
-  ForgetIfChanged();
+  HasChanged();
   const auto found = tables_.find(name);
   if (found != tables_.end()) return found->second;
   return tables_.emplace(name, Read(name)).first->second;
 }
 
-void Catalogue::ForgetIfChanged() {
+bool Catalogue::HasChanged() {
+  // To ask for the schema's version takes a lock on the file. What SQLite noticed of changes when
+  // it last read the file costs nothing.
+  if (file_version_ == database_.Version()) return false;
   const auto statement = statements_.Take("PRAGMA schema_version");
   const std::int64_t version = statement->Step() ? statement->Integer(0) : -1;
-  if (version == schema_version_) return;
+  file_version_ = database_.Version();
+  if (version == schema_version_) return false;
   tables_.clear();
   schema_version_ = version;
+  return true;
 }
 
 Table Catalogue::Read(const std::string& name) {

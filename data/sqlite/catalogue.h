@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -18,8 +20,8 @@ struct Table {
                                      ///< hides it; empty when the rows have no number.
 };
 
-/// What tables and columns the file has. Asked of the file once, and again when the schema has been
-/// changed, by this program or by another.
+/// What tables and columns the file has. Asked of the file once, and again when the file was read
+/// since and its schema found changed, by this program or by another.
 class Catalogue {
  public:
   Catalogue(Database& database, StatementCache& statements);
@@ -27,16 +29,20 @@ class Catalogue {
   /// The tables and views of the file, but for SQLite's own.
   std::vector<std::string> TableNames();
 
-  /// The table, found without regard to ASCII letter case; stays where it is until the next call.
-  /// Throws DatabaseError when there is none.
+  /// The table, found without regard to ASCII letter case; stays where it is until the next call of
+  /// a member. Throws DatabaseError when there is none.
   const Table& Find(const std::string& name);
 
+  /// Whether the schema was changed since the last call of a member; then what was found before
+  /// counts for nothing.
+  bool HasChanged();
+
  private:
-  void ForgetIfChanged();
   Table Read(const std::string& name);
 
   Database& database_;
   StatementCache& statements_;
+  std::optional<unsigned> file_version_;
   std::int64_t schema_version_ = -1;
   std::unordered_map<std::string, Table> tables_;
 };

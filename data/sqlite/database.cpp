@@ -2,10 +2,12 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "data/sqlite/sqlite_errors.h"
+#include "data/sqlite/statement.h"
 
 namespace veyra::sqlite {
 
@@ -53,13 +55,38 @@ void Database::Execute(const std::string& sql) {
 }
 
 std::string Database::FirstBytes(std::size_t count) {
-  sqlite3_file* file = nullptr;
-  Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file));
+  sqlite3_file* file = MainFile();
+  std::string bytes(count, '\0');
+  const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(count), 0);
+  if (code != SQLITE_IOERR_SHORT_READ) Check(code);
+  return bytes;
+}
+
+void Database::CheckWhole() {
+  Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
+  Statement pages(*this, "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
+  pages.Step();
+  // Pages may stand in the log and not yet in the file. SQLite itself counts a part of a page at
+  // the file's end as a whole one.
+  std::error_code no_log;
+  const auto log_size = std::filesystem::file_size(file_ + "-wal", no_log);
+  if (!no_log && log_size > 0) return;
+  sqlite3_file* file = MainFile();
   sqlite3_int64 size = 0;
   Check(file->pMethods->xFileSize(file, &size));
-  std::string bytes(std::min(count, static_cast<std::size_t>(size)), '\0');
-  Check(file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0));
-  return bytes;
+  if (size < pages.Integer(0)) ThrowError(file_, SQLITE_CORRUPT, {});
+}
+
+unsigned Database::Version() {
+  unsigned version = 0;
+  Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_DATA_VERSION, &version));
+  return version;
+}
+
+sqlite3_file* Database::MainFile() {
+  sqlite3_file* file = nullptr;
+  Check(sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file));
+  return file;
 }
 
 void Database::Check(int code) {

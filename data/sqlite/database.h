@@ -5,6 +5,7 @@
 #include <string>
 
 struct sqlite3;
+struct sqlite3_file;
 
 namespace veyra::sqlite {
 
@@ -31,13 +32,23 @@ class Database {
   /// Runs statements that give no rows. Throws as ThrowError does.
   void Execute(const std::string& sql);
 
-  /// The file's first bytes, fewer when it is shorter. Takes no lock.
+  /// The file's first bytes; a shorter file is filled up with zero bytes. Takes no lock.
   std::string FirstBytes(std::size_t count);
+
+  /// Reads the schema, by which a file that is locked or damaged shows itself, and throws
+  /// DatabaseError when the file is shorter than the pages that it should have.
+  void CheckWhole();
+
+  /// A number that differs from an earlier one when the file was changed in between, by this
+  /// program or, as far as was noticed when the file was last read, by another.
+  unsigned Version();
 
   /// Throws what the result code stands for, unless it is SQLITE_OK.
   void Check(int code);
 
  private:
+  sqlite3_file* MainFile();
+
   sqlite3* handle_ = nullptr;
   std::string file_;
 };

@@ -179,7 +179,7 @@ std::unique_ptr<FileReading> OpenCopy(const std::string& file, milliseconds time
 std::unique_ptr<FileReading> OpenForReading(const std::string& file, milliseconds timeout) {
   auto database = std::make_unique<Database>(file, file, OpenMode::ReadOnly, timeout);
   const std::string head = database->FirstBytes(kWriteVersion + 1);
-  if (head.size() <= kWriteVersion || head[kWriteVersion] != kWithLog) {
+  if (head[kWriteVersion] != kWithLog) {
     return std::make_unique<LockedReading>(std::move(database));
   }
   const FileState log = StateOf(LogOf(file));

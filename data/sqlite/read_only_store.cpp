@@ -50,6 +50,11 @@ class ReadOnlyStore : public Store {
   ReadOnlyStore(std::string file, std::chrono::milliseconds timeout)
       : file_(std::move(file)), timeout_(timeout) {}
 
+  /// Throws when the file is locked, damaged or cut short.
+  void CheckWhole() {
+    Ask([](const auto& reading) { reading->reader().database().CheckWhole(); });
+  }
+
   const std::string& FileName() const override { return file_; }
 
   std::vector<std::string> TableNames() override {
@@ -117,8 +122,7 @@ class ReadOnlyStore : public Store {
 
 std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout) {
   auto store = std::make_unique<ReadOnlyStore>(file, timeout);
-  // A file that is locked, damaged or cut short shows itself now, not at the first question.
-  store->TableNames();
+  store->CheckWhole();
   return store;
 }
 

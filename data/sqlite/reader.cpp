@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/errors.h"
 #include "data/sqlite/sql_text.h"
 
 namespace veyra::sqlite {
@@ -40,17 +41,24 @@ Reader::Reader(std::unique_ptr<Database> database)
 
 std::unique_ptr<RowSource> Reader::Select(const Query& query) {
   while (true) {
-    const Table& table = catalogue_.Find(query.Table);
-    BoundSql sql = SelectSql(file(), table, query);
-    auto statement = statements_.Take(std::move(sql.Text));
-    statement->Bind(sql.Parameters);
-    const bool has_row = statement->Step();
-    // Another program may have added a column since the catalogue was asked.
-    if (static_cast<std::size_t>(statement->ColumnCount()) == table.Columns.size() + 1) {
-      return std::make_unique<StatementRows>(std::move(statement), std::move(sql.Parameters),
-                                             has_row);
+    try {
+      auto rows = Run(query);
+      if (!catalogue_.HasChanged()) return rows;
+    } catch (const DatabaseBusyError&) {
+      throw;
+    } catch (const DatabaseError&) {
+      // A table or column that is missing may have been there when the catalogue was last asked.
+      if (!catalogue_.HasChanged()) throw;
     }
   }
+}
+
+std::unique_ptr<RowSource> Reader::Run(const Query& query) {
+  BoundSql sql = SelectSql(file(), catalogue_.Find(query.Table), query);
+  auto statement = statements_.Take(std::move(sql.Text));
+  statement->Bind(sql.Parameters);
+  const bool has_row = statement->Step();
+  return std::make_unique<StatementRows>(std::move(statement), std::move(sql.Parameters), has_row);
 }
 
 void TakeRow(const Statement& statement, Row& row) {

@@ -25,6 +25,8 @@ class Reader {
   std::unique_ptr<RowSource> Select(const Query& query);
 
  private:
+  std::unique_ptr<RowSource> Run(const Query& query);
+
   std::unique_ptr<Database> database_;
   StatementCache statements_;
   Catalogue catalogue_;

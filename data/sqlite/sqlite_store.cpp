@@ -145,12 +145,6 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
   transaction.Commit();
 }
 
-/// Reads the schema, by which a file that is locked, damaged or cut short shows itself: SQLite
-/// compares the number of pages that the file should have with its size.
-void ReadSchema(Database& database) {
-  database.Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
-}
-
 /// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,
 /// or another program that is reading just now, leaves the file with its rollback journal: as safe,
 /// only slower. So a refusal is no failure, and is not waited for.
@@ -161,19 +155,26 @@ void MakeDurable(Database& database, std::chrono::milliseconds timeout) {
   database.Execute("PRAGMA synchronous = FULL");
 }
 
+std::unique_ptr<Database> OpenDurable(const std::string& file, std::chrono::milliseconds timeout) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
+  database->CheckWhole();
+  MakeDurable(*database, timeout);
+  return database;
+}
+
 }  // namespace
 
 std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
-  ReadSchema(*database);
-  MakeDurable(*database, timeout);
-  return std::make_unique<SqliteStore>(std::move(database));
+  return std::make_unique<SqliteStore>(OpenDurable(file, timeout));
 }
 
-std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout) {
+std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout,
+                               bool durable) {
   // The first thing written turns an empty file into a database.
   Database(file, file, OpenMode::ReadWrite, timeout).Execute("PRAGMA user_version = 1");
-  return OpenReadWrite(file, timeout);
+  auto database = OpenDurable(file, timeout);
+  if (!durable) database->Execute("PRAGMA synchronous = OFF");
+  return std::make_unique<SqliteStore>(std::move(database));
 }
 
 std::string FirstBytes(const std::string& file, std::size_t count) {

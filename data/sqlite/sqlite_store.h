@@ -13,13 +13,15 @@ namespace veyra::sqlite {
 /// it; closing puts all into the one file. REQUIRES: the file exists; its name is absolute.
 std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout);
 
-/// Makes a database without tables of an empty file, and opens it like OpenReadWrite.
+/// Makes a database without tables of an empty file, and opens it like OpenReadWrite. When it need
+/// not be `durable`, nothing is flushed to the disk, neither then nor when it is closed.
 /// REQUIRES: the file exists and is empty; its name is absolute.
-std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout);
+std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout,
+                               bool durable);
 
-/// The first bytes of a file of any kind, fewer when it is shorter. Read in SQLite's own way: to
-/// open and close a file on this platform lets go of every lock that the process holds on it, and
-/// it may hold some by another store.
+/// The first bytes of a file of any kind; a shorter one is filled up with zero bytes.
+/// Read in SQLite's own way: to open and close a file on this platform lets go of every lock that
+/// the process holds on it, and it may hold some by another store.
 std::string FirstBytes(const std::string& file, std::size_t count);
 
 }  // namespace veyra::sqlite

@@ -5,6 +5,7 @@
 #include "data/text.h"
 #include "logic/bookings.h"
 #include "logic/guests.h"
+#include "logic/help_viewer.h"
 
 namespace veyra {
 namespace {
@@ -98,6 +99,10 @@ void frmDay::SelectSingleBooking() {
 
 void frmDay::Command2_Click() {
   view_.CloseWindow();
+}
+
+void frmDay::mnuHelp_Click() {
+  windows_.ShowHelp(kHelpFile);
 }
 
 void frmDay::Form_Unload() {

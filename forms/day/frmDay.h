@@ -40,6 +40,7 @@ class frmDay {
   void SelectSingleBooking();     ///< Selects Book(0).
 
   void Command2_Click();  ///< "Close"
+  void mnuHelp_Click();
 
   /// The window goes: the one that opened it is shown again, and the month cell of the day is
   /// filled again.

@@ -1,17 +1,16 @@
 #include "forms/day/qt_day_window.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <algorithm>
 
 #include "forms/day/qt_slot_grid.h"
+#include "forms/qt_help_item.h"
 #include "forms/qt_name_box.h"
 #include "forms/qt_text.h"
 
@@ -58,10 +57,7 @@ int QtDayWindow::Pixels(Twips twips) const {
 }
 
 void QtDayWindow::BuildMenu() {
-  QAction* mnuHelp = menuBar()->addAction(QStringLiteral("Help"));
-  mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  mnuHelp->setMenuRole(QAction::NoRole);
-  mnuHelp->setEnabled(false);
+  AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
 }
 
 void QtDayWindow::BuildContents() {
@@ -86,7 +82,7 @@ QWidget* QtDayWindow::BuildHead() {
   Label1->setObjectName(QStringLiteral("Label1"));
   Combo1_ = new QtNameBox(head);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
-  Combo1_->setAccessibleName(QStringLiteral("Guest/Event"));
+  Combo1_->SetSpokenName(QStringLiteral("Guest/Event"));
   Combo1_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   Label1->setBuddy(Combo1_);
   auto* rows = new QGridLayout(head);

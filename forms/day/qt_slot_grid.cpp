@@ -206,16 +206,22 @@ void QtSlotGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
       return MoveTo(kRows, stretch);
     case Qt::Key_Return:
-    case Qt::Key_Enter: {
-      const int current_row = CurrentRow();
-      const int end_row = end_row_;
-      StretchRangeTo(end_row);
-      emit Pressed(anchor_row_, current_row);
-      return Report(end_row, kGuestColumn);
-    }
+    case Qt::Key_Enter:
+      return EndRange(*event);
     default:
       event->ignore();
   }
+}
+
+/// A key that is still held down from the last box books nothing more.
+void QtSlotGrid::EndRange(const QKeyEvent& event) {
+  if (event.isAutoRepeat()) {
+    return;
+  }
+  const int end_row = end_row_;
+  StretchRangeTo(end_row);
+  emit Pressed(anchor_row_, CurrentRow());
+  Report(end_row, kGuestColumn);
 }
 
 void QtSlotGrid::MoveTo(int row, bool stretch) {

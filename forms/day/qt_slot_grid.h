@@ -57,6 +57,7 @@ class QtSlotGrid : public QTableWidget {
   void StretchRangeTo(int row);
   void ScrollWhileDragging(int y);
   void MoveTo(int row, bool stretch);
+  void EndRange(const QKeyEvent& event);
   void Report(int row, int column);
   void ShrinkFontTo(int time_width);
   bool ShowFullName(const QPoint& position, const QPoint& screen_position);

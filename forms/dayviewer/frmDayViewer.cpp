@@ -1,6 +1,7 @@
 #include "forms/dayviewer/frmDayViewer.h"
 
 #include "data/color_settings.h"
+#include "logic/help_viewer.h"
 #include "logic/multiday.h"
 
 namespace veyra {
@@ -34,6 +35,10 @@ void frmDayViewer::lstDay_MouseDown(MouseButton button, const std::vector<std::s
   } else if (button == MouseButton::Right && windows_.MayOpenDay()) {
     OpenForBooking();
   }
+}
+
+void frmDayViewer::mnuHelp_Click() {
+  windows_.ShowHelp(kHelpDayViewer);
 }
 
 void frmDayViewer::Form_Unload() {

@@ -26,6 +26,8 @@ class frmDayViewer {
   /// Left shows each of them in full; right goes on to book the day.
   void lstDay_MouseDown(MouseButton button, const std::vector<std::string>& selected);
 
+  void mnuHelp_Click();
+
   /// The window goes: the month window takes input again, DayOpener is 1.
   void Form_Unload();
 

@@ -1,16 +1,15 @@
 #include "forms/dayviewer/qt_dayviewer_window.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 #include "forms/dayviewer/qt_viewer_list.h"
 #include "forms/qt_colors.h"
+#include "forms/qt_help_item.h"
 #include "forms/qt_text.h"
 
 namespace veyra {
@@ -47,12 +46,8 @@ QtDayViewerWindow::QtDayViewerWindow(const HandlerGuard& guard) : guard_(guard) 
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 
-/// The help is not there yet, so its item stands there disabled.
 void QtDayViewerWindow::BuildMenu() {
-  QAction* mnuHelp = menuBar()->addAction(QStringLiteral("Help"));
-  mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  mnuHelp->setMenuRole(QAction::NoRole);
-  mnuHelp->setEnabled(false);
+  AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
 }
 
 void QtDayViewerWindow::BuildContents() {

@@ -6,6 +6,7 @@
 #include "data/color_settings.h"
 #include "data/text.h"
 #include "logic/facilities.h"
+#include "logic/help_viewer.h"
 
 namespace veyra {
 namespace {
@@ -192,6 +193,18 @@ bool frmCalendar::MayOpenDay() {
     return false;
   }
   return true;
+}
+
+void frmCalendar::mnuContents_Click() {
+  windows_.ShowHelp(kHelpContents);
+}
+
+void frmCalendar::mnuOver_Click() {
+  windows_.ShowHelp(kHelpOverview);
+}
+
+void frmCalendar::mnuCalendar_Click() {
+  windows_.ShowHelp(kHelpCalendar);
 }
 
 void frmCalendar::mnuAbout_Click() {

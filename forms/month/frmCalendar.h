@@ -57,6 +57,9 @@ class frmCalendar {
   /// Brings back the controls that printing hid.
   bool MayOpenDay();
 
+  void mnuContents_Click();
+  void mnuOver_Click();
+  void mnuCalendar_Click();
   void mnuAbout_Click();
   void mnuSettings_Click();
 

@@ -1,8 +1,10 @@
 #include "forms/month/qt_day_list.h"
 
 #include <QContextMenuEvent>
+#include <QGlyphRun>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QRawFont>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
@@ -47,6 +49,17 @@ MouseButton ButtonOf(Qt::MouseButton button) {
 
 bool IsMoveKey(int key) {
   return (key >= Qt::Key_Left && key <= Qt::Key_Down) || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+/// Where the middle of a character stands in a laid out line, whichever way its script runs.
+double Middle(const QTextLayout& layout, int from, int length) {
+  const QList<QGlyphRun> runs = layout.glyphRuns(from, length);
+  if (runs.isEmpty() || runs.first().positions().isEmpty()) {
+    return layout.lineAt(0).cursorToX(from);
+  }
+  const QGlyphRun& glyphs = runs.first();
+  const QList<QPointF> widths = glyphs.rawFont().advancesForGlyphIndexes(glyphs.glyphIndexes());
+  return glyphs.positions().first().x() + widths.first().x() / 2;
 }
 
 void Step(QScrollBar* bar, int steps) {
@@ -123,12 +136,18 @@ QString QtDayList::PartInSight(const QString& line, const QRect& place) const {
   QTextLayout layout(line, font());
   layout.setTextOption(one_line);
   layout.beginLayout();
-  const QTextLine laid_out = layout.createLine();
+  layout.createLine();
   layout.endLayout();
   const int start = place.left() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-  const int first = laid_out.xToCursor(-start);
-  const int end = laid_out.xToCursor(viewport()->width() - start);
-  return line.mid(first, end - first);
+  QString in_sight;
+  for (int from = 0, to = 0; from < line.size(); from = to) {
+    to = layout.nextCursorPosition(from);
+    const double middle = start + Middle(layout, from, to - from);
+    if (middle >= 0 && middle <= viewport()->width()) {
+      in_sight += QStringView(line).mid(from, to - from);
+    }
+  }
+  return in_sight;
 }
 
 /// The window may be hidden before the handler returns, so the press is not the list's to follow.
@@ -159,7 +178,8 @@ void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
 void QtDayList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool shifted = event->modifiers() == Qt::ShiftModifier;
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (enter && !event->isAutoRepeat()) {
     emit Pressed(MouseButton::Left);
   } else if (key == Qt::Key_F10 && shifted) {
     emit Pressed(MouseButton::Right);

@@ -8,6 +8,7 @@
 #include "forms/month/month_printer.h"
 #include "forms/month/qt_month_page.h"
 #include "forms/qt_text.h"
+#include "logic/dialogs.h"
 
 namespace veyra {
 namespace {
@@ -32,7 +33,7 @@ void WriteMonthPdf(const QString& file_name, const QPageLayout& layout, const Qt
   writer.setResolution(kResolution);
   writer.setPageLayout(layout);
   writer.setTitle(TitleOf(page));
-  writer.setCreator(QStringLiteral("Veyra Calendar"));
+  writer.setCreator(QLatin1String(kApplicationTitle));
   QPainter painter(&writer);
   const QSize size = layout.paintRectPixels(kResolution).size();
   PaintMonthPage(painter, QRectF(QPointF(0, 0), size), page);

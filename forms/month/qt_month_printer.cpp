@@ -2,12 +2,15 @@
 
 #include <langinfo.h>
 
+#include <QDir>
+#include <QFileInfo>
 #include <QLibrary>
 #include <QPageSize>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 #include <algorithm>
 #include <iterator>
@@ -17,12 +20,15 @@
 #include "forms/month/qt_month_pdf.h"
 #include "forms/month/qt_month_window.h"
 #include "forms/qt_text.h"
+#include "logic/dialogs.h"
 
 namespace veyra {
 namespace {
 
 /// More than a job takes on its way to the printer.
 constexpr qsizetype kRoomForJob = 1 << 20;
+
+constexpr qsizetype kLongestFileTitle = 60;
 
 constexpr const char* kHowToGoOn =
     "Click on the month to get the buttons back, then print again, perhaps on another printer.";
@@ -52,7 +58,6 @@ void CopySettings(const QPrinter& from, QPrinter& to) {
   if (!IsPdfFile(from)) {
     to.setPrinterName(from.printerName());
   }
-  to.setOutputFileName(from.outputFileName());
   to.setPageLayout(from.pageLayout());
   to.setCopyCount(from.copyCount());
   to.setCollateCopies(from.collateCopies());
@@ -60,10 +65,24 @@ void CopySettings(const QPrinter& from, QPrinter& to) {
   to.setColorMode(from.colorMode());
 }
 
+/// What the page is called, so that a file may be called so; the dialog does that.
+QString FileTitleOf(const QtMonthPage& page) {
+  return TitleOf(page).left(kLongestFileTitle).replace(QLatin1Char('/'), QLatin1Char('-'));
+}
+
+/// Where the last PDF file went, at first among the operator's documents.
+QString FolderFor(const QPrinter* last) {
+  if (last != nullptr && !last->outputFileName().isEmpty()) {
+    return QFileInfo(last->outputFileName()).absolutePath();
+  }
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
 PrinterError JobFailure(const QString& printer, const QString& reason) {
+  const QString words = reason.endsWith(QLatin1Char('.')) ? reason.chopped(1) : reason;
   return PrinterError(
-      {"",
-       "The printer \"" + ToUtf8(printer) + "\" has not taken the page: " + ToUtf8(reason) + ".",
+      {"", "The printer \"" + ToUtf8(printer) + "\" has not taken the page: " + ToUtf8(words) + ".",
        kHowToGoOn});
 }
 
@@ -109,7 +128,7 @@ void PrintToQueue(QPrinter& printer, const QtMonthPage& page) {
 
 }  // namespace
 
-QtMonthPrinter::QtMonthPrinter(const QtMonthWindow& window) : window_(window) {}
+QtMonthPrinter::QtMonthPrinter(QtMonthWindow& window) : window_(window) {}
 
 QtMonthPrinter::~QtMonthPrinter() = default;
 
@@ -121,13 +140,18 @@ std::unique_ptr<QPrinter> QtMonthPrinter::NewChoice() const {
   } else {
     SetUpPage(*choice, page);
   }
-  choice->setDocName(TitleOf(page));
+  choice->setDocName(FileTitleOf(page));
+  if (IsPdfFile(*choice)) {
+    const QDir folder(FolderFor(current_.get()));
+    choice->setOutputFileName(folder.filePath(FileTitleOf(page) + QLatin1String(".pdf")));
+  }
+  choice->setCreator(QLatin1String(kApplicationTitle));
   return choice;
 }
 
 std::string QtMonthPrinter::AskForPrinter() {
   auto choice = NewChoice();
-  QPrintDialog dialog(choice.get(), const_cast<QtMonthWindow*>(&window_));
+  QPrintDialog dialog(choice.get(), &window_);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
   if (dialog.exec() != QDialog::Accepted) {

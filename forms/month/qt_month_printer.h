@@ -19,7 +19,7 @@ class QtMonthPrinter : public MonthPrinter {
   static constexpr const char* kPdfFile = "Print to File (PDF)";
 
   /// Prints what `window` shows; it must outlive the printer.
-  explicit QtMonthPrinter(const QtMonthWindow& window);
+  explicit QtMonthPrinter(QtMonthWindow& window);
   ~QtMonthPrinter() override;
 
   std::string AskForPrinter() override;
@@ -30,7 +30,7 @@ class QtMonthPrinter : public MonthPrinter {
  private:
   std::unique_ptr<QPrinter> NewChoice() const;
 
-  const QtMonthWindow& window_;
+  QtMonthWindow& window_;
   std::unique_ptr<QPrinter> chosen_;   ///< As the dialog left it; none before the first choice.
   std::unique_ptr<QPrinter> current_;  ///< None before the first print.
 };

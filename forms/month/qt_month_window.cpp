@@ -1,6 +1,7 @@
 #include "forms/month/qt_month_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -66,22 +67,22 @@ QtMonthWindow::QtMonthWindow(const HandlerGuard& guard) : guard_(guard) {
 void QtMonthWindow::BuildMenus() {
   QMenu* mnuHelp = menuBar()->addMenu(QStringLiteral("Help"));
   mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  AddMenuItem(mnuHelp, "mnuContents", "Contents", nullptr);
-  AddMenuItem(mnuHelp, "mnuOver", "Overview", nullptr);
-  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", nullptr);
+  AddMenuItem(mnuHelp, "mnuContents", "Contents", &frmCalendar::mnuContents_Click);
+  AddMenuItem(mnuHelp, "mnuOver", "Overview", &frmCalendar::mnuOver_Click);
+  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", &frmCalendar::mnuCalendar_Click)
+      ->setShortcut(QKeySequence(Qt::Key_F1));
   AddMenuItem(mnuHelp, "mnuAbout", "About", &frmCalendar::mnuAbout_Click);
   AddMenuItem(menuBar(), "mnuSettings", "Settings", &frmCalendar::mnuSettings_Click);
 }
 
-/// An item without a handler stands there disabled.
-void QtMonthWindow::AddMenuItem(QWidget* menu, const char* name, const char* caption,
-                                Handler handler) {
+QAction* QtMonthWindow::AddMenuItem(QWidget* menu, const char* name, const char* caption,
+                                    Handler handler) {
   auto* item = new QAction(QLatin1String(caption), this);
   item->setObjectName(QLatin1String(name));
   item->setMenuRole(QAction::NoRole);
-  item->setEnabled(handler != nullptr);
   menu->addAction(item);
   connect(item, &QAction::triggered, this, [this, handler] { Report(handler); });
+  return item;
 }
 
 QWidget* QtMonthWindow::BuildTitles() {
@@ -110,7 +111,7 @@ QWidget* QtMonthWindow::BuildControls() {
   Label1_->setObjectName(QStringLiteral("Label1"));
   Combo1_ = new QtNameBox(controls);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
-  Combo1_->setAccessibleName(QStringLiteral("Facility"));
+  Combo1_->SetSpokenName(QStringLiteral("Facility"));
   Combo1_->setMinimumContentsLength(kNameCharacters);
   Combo1_->setToolTip(
       QStringLiteral("Select the Facility to Review | Enter New Facility and Press Enter | Or "
@@ -159,7 +160,12 @@ QPushButton* QtMonthWindow::AddButton(const char* name, const char* caption, con
   button->setAutoDefault(true);
   button->setEnabled(handler != nullptr);
   KeepPlaceWhenHidden(button);
-  connect(button, &QPushButton::clicked, this, [this, handler] { Report(handler); });
+  connect(button, &QPushButton::clicked, this, [this, handler] {
+    // A button that is held down goes on repeating under a box that its handler has opened.
+    if (QApplication::activeModalWidget() == nullptr) {
+      Report(handler);
+    }
+  });
   return button;
 }
 

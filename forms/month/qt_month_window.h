@@ -9,6 +9,7 @@
 #include "forms/month/month_view.h"
 #include "forms/month/qt_month_page.h"
 
+class QAction;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -59,7 +60,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void WirePageKeys();
   QPushButton* AddButton(const char* name, const char* caption, const char* tooltip,
                          Handler handler);
-  void AddMenuItem(QWidget* menu, const char* name, const char* caption, Handler handler);
+  QAction* AddMenuItem(QWidget* menu, const char* name, const char* caption, Handler handler);
   void Report(Handler handler);
 
   const HandlerGuard& guard_;

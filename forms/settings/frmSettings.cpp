@@ -5,6 +5,7 @@
 
 #include "data/color_settings.h"
 #include "forms/settings/palette.h"
+#include "logic/help_viewer.h"
 
 namespace veyra {
 namespace {
@@ -69,6 +70,10 @@ void frmSettings::Command2_Click() {
 void frmSettings::Command3_Click() {
   session_.CurrentColors = session_.StoredColors;
   ShowCurrentColors();
+}
+
+void frmSettings::mnuHelp_Click() {
+  windows_.ShowHelp(kHelpFile);
 }
 
 void frmSettings::Form_Unload() {

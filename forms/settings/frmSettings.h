@@ -39,6 +39,8 @@ class frmSettings {
   void Command2_Click();  ///< "Tempory Use Colors"
   void Command3_Click();  ///< "Reset Current Colors": back to those read at start-up.
 
+  void mnuHelp_Click();
+
   /// The window goes: the month window takes input again.
   void Form_Unload();
 

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "forms/qt_colors.h"
+#include "forms/qt_help_item.h"
 #include "forms/settings/qt_color_selector.h"
 #include "forms/settings/qt_preview.h"
 #include "forms/settings/qt_swatch.h"
@@ -60,12 +61,8 @@ QtSettingsWindow::QtSettingsWindow(const HandlerGuard& guard) : guard_(guard) {
   connect(escape, &QShortcut::activated, this, &QWidget::close);
 }
 
-/// The help is not there yet, so its item stands there disabled.
 void QtSettingsWindow::BuildMenu() {
-  QAction* mnuHelp = menuBar()->addAction(QStringLiteral("Help"));
-  mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  mnuHelp->setMenuRole(QAction::NoRole);
-  mnuHelp->setEnabled(false);
+  AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
 }
 
 void QtSettingsWindow::BuildContents() {

@@ -87,9 +87,9 @@ TEST_P(StoreTest, NamesItsTables) {
 }
 
 TEST_P(StoreTest, NamesTheColumnsOfATableInTheirOrder) {
-  EXPECT_EQ((std::vector<std::string>{"RmID", "Event", "DateOfRes", "TimeFrom", "TimeTo",
-                                      "MultKey"}),
-            store_->ColumnNames("Reserv"));
+  EXPECT_EQ(
+      (std::vector<std::string>{"RmID", "Event", "DateOfRes", "TimeFrom", "TimeTo", "MultKey"}),
+      store_->ColumnNames("Reserv"));
 }
 
 TEST_P(StoreTest, FindsATableInAnyLetterCase) {
@@ -145,7 +145,9 @@ TEST_P(StoreTest, ReportsAMissingColumnOfAChange) {
 
 // Queries
 
-TEST_P(StoreTest, FindsNothingInAnEmptyTable) { EXPECT_EQ("", RoomNames()); }
+TEST_P(StoreTest, FindsNothingInAnEmptyTable) {
+  EXPECT_EQ("", RoomNames());
+}
 
 TEST_P(StoreTest, GivesRowsInTheOrderTheyWereAdded) {
   for (const char* name : {"Pool", "Hall", "Bar"}) AddRoom(name);
@@ -157,8 +159,7 @@ TEST_P(StoreTest, FindsAFacilitysDayInSlotOrder) {
   AddBooking(2, "2014-04-06", 1, 2, "elsewhere");
   AddBooking(1, "2014-04-06", 19, 21, "early");
   AddBooking(1, "2014-04-07", 3, 4, "tomorrow");
-  EXPECT_EQ("early;late;",
-            Events(" Where RmID = 1 And DateOfRes = #4/6/2014# Order By TimeFrom;"));
+  EXPECT_EQ("early;late;", Events(" Where RmID = 1 And DateOfRes = #4/6/2014# Order By TimeFrom;"));
 }
 
 TEST_P(StoreTest, KeepsTheOrderOfAddingAmongEqualRows) {
@@ -564,7 +565,9 @@ TEST_P(StoreTest, ClosedItIsOneFile) {
   EXPECT_EQ(std::vector<std::string>{"Calendar.mdb"}, folder_.Names());
 }
 
-TEST_P(StoreTest, GivesTheFullNameOfTheFile) { EXPECT_EQ(File(), store_->FileName()); }
+TEST_P(StoreTest, GivesTheFullNameOfTheFile) {
+  EXPECT_EQ(File(), store_->FileName());
+}
 
 }  // namespace
 }  // namespace veyra

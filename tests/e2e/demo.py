@@ -21,7 +21,7 @@ class Demo:
         self.doing = "starting a virtual screen"
 
     def run(self):
-        with Screen() as screen:
+        with Screen(1920, 1080) as screen:
             self._say("starting the calendar on a virtual screen")
             with Desk(screen, self.app_folder) as desk:
                 desk.wait_for_month_window()

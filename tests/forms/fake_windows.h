@@ -32,6 +32,7 @@ class FakeWindows : public Windows {
   }
   void OpenSettings() override { Load("open settings", ""); }
   void OpenAbout() override { Load("open about", ""); }
+  void ShowHelp(int topic) override { Add("help " + std::to_string(topic)); }
   void EndProgram() override { Add("end"); }
 
  private:

@@ -10,6 +10,7 @@
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
+#include "tests/forms/fake_month_printer.h"
 #include "tests/forms/fake_month_view.h"
 #include "tests/forms/fake_windows.h"
 
@@ -29,7 +30,8 @@ class FrmCalendarTest : public testing::Test {
     }
     session_ = folder_.OpenSession();
     session_->CurrentColors = {"-2147483643", "12582912", "0", "255", "65535"};
-    calendar_ = std::make_unique<frmCalendar>(*session_, view_, windows_, dialogs_, clock_);
+    calendar_ =
+        std::make_unique<frmCalendar>(*session_, view_, windows_, dialogs_, clock_, printer_);
     calendar_->LoadFacilityBox();
     calendar_->ApplyHeaderColors();
     calendar_->SelectActiveFacility();
@@ -54,7 +56,9 @@ class FrmCalendarTest : public testing::Test {
   FakeDialogs dialogs_;
   FakeWindows windows_;
   FakeMonthView view_;
+  FakeMonthPrinter printer_;
   std::unique_ptr<Session> session_;
+  FakeMonthPrinter printer_;
   std::unique_ptr<frmCalendar> calendar_;
 };
 
@@ -201,6 +205,14 @@ TEST_F(FrmCalendarTest, AboutAndSettingsDisableTheMonth) {
   calendar_->mnuAbout_Click();
   calendar_->mnuSettings_Click();
   EXPECT_EQ("disable month\nopen about\ndisable month\nopen settings\n", windows_.Log);
+}
+
+TEST_F(FrmCalendarTest, EachHelpItemOpensItsTopic) {
+  Start();
+  calendar_->mnuContents_Click();
+  calendar_->mnuOver_Click();
+  calendar_->mnuCalendar_Click();
+  EXPECT_EQ("help 20\nhelp 30\nhelp 60\n", windows_.Log);
 }
 
 TEST_F(FrmCalendarTest, PickingAFacilityShowsItsMonth) {

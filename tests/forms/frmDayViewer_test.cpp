@@ -123,6 +123,12 @@ TEST_F(FrmDayViewerTest, ADayWindowThatFailsToOpenBringsTheViewerBack) {
   EXPECT_EQ("hide viewer\nshow viewer\n", windows_.Log);
 }
 
+TEST_F(FrmDayViewerTest, HelpOpensItsTopic) {
+  Open(2014, 3, 16);
+  viewer_->mnuHelp_Click();
+  EXPECT_EQ("help 80\n", windows_.Log);
+}
+
 TEST_F(FrmDayViewerTest, AnyOtherButtonDoesNothing) {
   Open(2014, 3, 16);
   viewer_->lstDay_MouseDown(MouseButton::Other, {"line"});

@@ -412,6 +412,12 @@ TEST_F(FrmDayTest, FocusSelectsTheNameWhenThereIsOne) {
   EXPECT_EQ(1, view_.TextsSelected);
 }
 
+TEST_F(FrmDayTest, HelpOpensTheHelpFile) {
+  OpenDay();
+  day_->mnuHelp_Click();
+  EXPECT_EQ("help 0\n", windows_.Log);
+}
+
 TEST_F(FrmDayTest, CloseClosesTheWindow) {
   OpenDay();
   day_->Command2_Click();

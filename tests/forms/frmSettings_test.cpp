@@ -186,6 +186,11 @@ TEST_F(FrmSettingsTest, SavingWithoutTheRowChangesNothingInMemory) {
   EXPECT_EQ(defaults_, view_.CurColors);
 }
 
+TEST_F(FrmSettingsTest, HelpOpensTheHelpFile) {
+  settings_->mnuHelp_Click();
+  EXPECT_EQ("help 0\n", windows_.Log);
+}
+
 TEST_F(FrmSettingsTest, ClosingEnablesTheMonth) {
   settings_->Form_Unload();
   EXPECT_EQ("enable month\n", windows_.Log);

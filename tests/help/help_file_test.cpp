@@ -130,11 +130,11 @@ TEST_F(HelpFileTest, WhatAFrontDeskLooksForIsFound) {
       {"right button", "month.htm"}, {"pdf", "printing.htm"},    {"drag", "booking.htm"},
   };
   const TopicSearch search(archive_);
-  for (const auto& [words, page] : questions) {
-    const auto found = search.Find(words);
+  for (const auto& question : questions) {
+    const auto found = search.Find(question.first);
     EXPECT_TRUE(std::any_of(found.begin(), found.end(), [&](const FoundTopic& topic) {
-      return topic.Page == page;
-    })) << words;
+      return topic.Page == question.second;
+    })) << question.first;
   }
 }
 

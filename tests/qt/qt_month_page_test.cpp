@@ -228,6 +228,14 @@ TEST_F(MonthPageTest, ALongLineThatIsScrolledIsPrintedFromItsPartInSight) {
   EXPECT_TRUE(LinesInSight(5).first().endsWith("window is wide"));
 }
 
+TEST_F(MonthPageTest, OfANameThatRunsLeftwardsTheEndIsInSight) {
+  month_.Book(5, 1, "אבגדהוזחטיכלמנסעפצקרשת");
+  month_.Show();
+  const QString line = LinesInSight(5).first();
+  EXPECT_TRUE(line.endsWith(QStringLiteral("שת"))) << line.toStdString();
+  EXPECT_FALSE(line.contains(QStringLiteral("א"))) << line.toStdString();
+}
+
 TEST_F(MonthPageTest, AShortLineIsPrintedWhole) {
   month_.Book(5, 1, "x");
   month_.Show();

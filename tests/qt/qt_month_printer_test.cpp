@@ -102,7 +102,7 @@ TEST_F(MonthPrinterTest, GivesThePageItsName) {
   EXPECT_EQ("March 2014 Office of Fire", PrintedPage(File()).Info("Title").toStdString());
 }
 
-TEST_F(MonthPrinterTest, TheDialogSuggestsTheLastFile) {
+TEST_F(MonthPrinterTest, TheDialogSuggestsTheFolderOfTheLastFile) {
   PrintToFile(File());
   Click("lblMonth");
   QString suggested;
@@ -110,7 +110,16 @@ TEST_F(MonthPrinterTest, TheDialogSuggestsTheLastFile) {
     suggested = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->text();
     dialog.reject();
   });
-  EXPECT_EQ(File().toStdString(), suggested.toStdString());
+  EXPECT_EQ(folder_.File("March 2014 Office of Fire.pdf").string(), suggested.toStdString());
+}
+
+TEST_F(MonthPrinterTest, TheDialogSuggestsTheMonthAtFirst) {
+  QString suggested;
+  PrintAnd([&](QDialog& dialog) {
+    suggested = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->text();
+    dialog.reject();
+  });
+  EXPECT_TRUE(suggested.endsWith("/March 2014 Office of Fire.pdf")) << suggested.toStdString();
 }
 
 TEST_F(MonthPrinterTest, CancellingIsSaid) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/access/commit_step.h"
+#include "data/open_store.h"
+#include "data/store.h"
+
+namespace veyra {
+
+/// Whether a file that begins so is an Access database of any version, readable or not. 19 bytes
+/// are enough.
+bool LooksLikeAccess(std::string_view first_bytes);
+
+/// Opens an existing Access database (.mdb) of Access 97 to 2003. `file_name` is written as this
+/// platform writes it.
+///
+/// Any of these files is read, encoded ones too, also while another program has it open. Dates are
+/// given as dates, without their time of day; yes and no as 1 and 0; money, decimals and GUIDs as
+/// text; pictures and other long binary data as null. Rows come in the order of their places in
+/// the file, which is the order they were added in as long as no other program filled gaps.
+///
+/// Files of Access 2000 to 2003 are also written, by way of a journal beside the file (journal.h)
+/// that the next opening finishes if this program breaks off. Before anything is written, refused
+/// are: files of Access 97, encoded files, tables with an index on texts or on other columns whose
+/// order is not known here, and any file that a lock file beside it says another program has open.
+/// Added rows come after all others.
+///
+/// `observer` is told each step of writing a change.
+/// Throws DatabaseError when the file is missing, no Access database, of a newer version, protected
+/// by a password or damaged, or for ReadWrite one that may not be written to.
+std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
+                                       std::chrono::milliseconds timeout = kStoreTimeout,
+                                       mdb::CommitObserver observer = {});
+
+}  // namespace veyra

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace veyra::mdb {
+
+/// Why a database file cannot be read or written, without the file's name: the store that knows it
+/// turns this into the DatabaseError of the same texts.
+class FileProblem : public std::runtime_error {
+ public:
+  FileProblem(const std::string& cause, std::string advice)
+      : std::runtime_error(cause), advice_(std::move(advice)) {}
+
+  const std::string& advice() const { return advice_; }
+
+ private:
+  std::string advice_;
+};
+
+/// The file does not hold what its format promises.
+class DamagedFile : public FileProblem {
+ public:
+  DamagedFile();
+  explicit DamagedFile(const std::string& cause);
+};
+
+/// Another program holds the file.
+class FileBusy : public FileProblem {
+ public:
+  using FileProblem::FileProblem;
+};
+
+/// What every kind of store reports in the same words.
+enum class Wrong {
+  NoTable,
+  NoColumn,
+  TableExists,
+  ColumnExists,
+  RowChanged,
+  RowRemoved,
+  ReadingOnly,
+};
+
+class StoreProblem : public FileProblem {
+ public:
+  /// `name` is that of the table or the column that is missing or there already.
+  explicit StoreProblem(Wrong what, std::string name = {});
+
+  Wrong What() const { return what_; }
+  const std::string& Name() const { return name_; }
+
+ private:
+  Wrong what_;
+  std::string name_;
+};
+
+}  // namespace veyra::mdb

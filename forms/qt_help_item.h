@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+
+namespace veyra {
+
+/// Puts the item mnuHelp, "Help", which F1 chooses too, into the window's menu bar.
+void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen);
+
+}  // namespace veyra

@@ -57,6 +57,11 @@ class ProgramFixture : public testing::Test {
     }
     return nullptr;
   }
+  /// Waits for the window to be the one in use. A window counts as active already while the one
+  /// below it is.
+  static bool IsInUse(QWidget* window) {
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+  }
   static QWidget* Month() { return Window("frmCalendar"); }
   static QWidget* Day() { return Window("frmDay"); }
 

@@ -1,5 +1,6 @@
 #include "forms/qt_colors.h"
 
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -99,6 +100,12 @@ QColor ReadableOn(const QColor& background, const QColor& preferred) {
   const QColor black(Qt::black);
   const QColor white(Qt::white);
   return Contrast(background, black) >= Contrast(background, white) ? black : white;
+}
+
+void SetColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
+  QPalette colors = widget.palette();
+  colors.setColor(role, color);
+  widget.setPalette(colors);
 }
 
 QColor Blend(const QColor& first, const QColor& second, double share) {

@@ -6,6 +6,8 @@
 
 #include "forms/colors.h"
 
+class QWidget;
+
 namespace veyra {
 
 /// The colour that the theme gives one of its parts.
@@ -16,6 +18,9 @@ QColor ToQColor(std::int32_t number, const QPalette& theme);
 
 /// `preferred` where it can be read on `background`, otherwise black or white.
 QColor ReadableOn(const QColor& background, const QColor& preferred);
+
+/// Paints that part of the widget in the colour, whatever state it is in.
+void SetColor(QWidget& widget, QPalette::ColorRole role, const QColor& color);
 
 /// The colour between two: `first` at 0, `second` at 1.
 QColor Blend(const QColor& first, const QColor& second, double share);

@@ -21,12 +21,6 @@ constexpr double kShareOfScreen = 0.85;
 constexpr int kDaySize = 22;
 constexpr int kDateSize = 40;
 
-void SetColor(QWidget* widget, QPalette::ColorRole role, const QColor& color) {
-  QPalette colors = widget->palette();
-  colors.setColor(role, color);
-  widget->setPalette(colors);
-}
-
 QLabel* MakeLabel(const char* name, const QFont& font, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(QLatin1String(name));
@@ -80,13 +74,13 @@ void QtDayViewerWindow::ShowDay(const DayViewerPicture& picture) {
   const QPalette theme = QGuiApplication::palette();
   lblDay_->setText(ToQString(picture.lblDay));
   lblDate_->setText(ToQString(picture.lblDate));
-  SetColor(centralWidget(), QPalette::Window, ToQColor(picture.BackColor, theme));
-  SetColor(lblDay_, QPalette::WindowText, ToQColor(picture.DayColor, theme));
-  SetColor(lblDate_, QPalette::WindowText, ToQColor(picture.DateColor, theme));
+  SetColor(*centralWidget(), QPalette::Window, ToQColor(picture.BackColor, theme));
+  SetColor(*lblDay_, QPalette::WindowText, ToQColor(picture.DayColor, theme));
+  SetColor(*lblDate_, QPalette::WindowText, ToQColor(picture.DateColor, theme));
   const QColor list =
       picture.ListColor ? ToQColor(*picture.ListColor, theme) : theme.color(QPalette::Base);
-  SetColor(lstDay_, QPalette::Base, list);
-  SetColor(lstDay_, QPalette::Text, ReadableOn(list, theme.color(QPalette::Text)));
+  SetColor(*lstDay_, QPalette::Base, list);
+  SetColor(*lstDay_, QPalette::Text, ReadableOn(list, theme.color(QPalette::Text)));
 }
 
 void QtDayViewerWindow::ShowDayList(const modRes::DayLines& lines) {

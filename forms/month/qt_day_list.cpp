@@ -11,6 +11,7 @@
 #include <QTextLayout>
 
 #include "forms/qt_colors.h"
+#include "forms/qt_mouse_button.h"
 #include "forms/qt_text.h"
 
 namespace veyra {
@@ -34,17 +35,6 @@ QFont FixedPitchFont() {
   QFont font(QStringLiteral("Courier New"), kPointSize);
   font.setStyleHint(QFont::Monospace);
   return font;
-}
-
-MouseButton ButtonOf(Qt::MouseButton button) {
-  switch (button) {
-    case Qt::LeftButton:
-      return MouseButton::Left;
-    case Qt::RightButton:
-      return MouseButton::Right;
-    default:
-      return MouseButton::Other;
-  }
 }
 
 bool IsMoveKey(int key) {
@@ -153,7 +143,7 @@ QString QtDayList::PartInSight(const QString& line, const QRect& place) const {
 /// The window may be hidden before the handler returns, so the press is not the list's to follow.
 void QtDayList::mousePressEvent(QMouseEvent* event) {
   event->accept();
-  emit Pressed(ButtonOf(event->button()));
+  emit Pressed(ToMouseButton(event->button()));
 }
 
 void QtDayList::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -31,12 +31,6 @@ constexpr std::array<Week, kRows> kWeeks = {{{"1   2   3   4   5   6", 1},
                                              {"21   22   23   24   25   26   27", 0},
                                              {"28   29   30", 0}}};
 
-void SetColor(QWidget* widget, QPalette::ColorRole role, const QColor& color) {
-  QPalette colors = widget->palette();
-  colors.setColor(role, color);
-  widget->setPalette(colors);
-}
-
 }  // namespace
 
 QtPreview::QtPreview(QWidget* parent)
@@ -150,18 +144,18 @@ void QtPreview::ShowColors(const RoleColors& colors) {
     return ToQColor(colors.at(static_cast<std::size_t>(role)), theme);
   };
   const QColor background = color_of(ColorRole::BackGround);
-  SetColor(this, QPalette::Window, background);
-  SetColor(Label1_, QPalette::WindowText, color_of(ColorRole::Header));
-  SetColor(Label2_, QPalette::WindowText, color_of(ColorRole::Header));
+  SetColor(*this, QPalette::Window, background);
+  SetColor(*Label1_, QPalette::WindowText, color_of(ColorRole::Header));
+  SetColor(*Label2_, QPalette::WindowText, color_of(ColorRole::Header));
   for (QLabel* week : Label3_) {
-    SetColor(week, QPalette::WindowText, color_of(ColorRole::DayNumbers));
+    SetColor(*week, QPalette::WindowText, color_of(ColorRole::DayNumbers));
   }
-  SetColor(Label4_, QPalette::WindowText, color_of(ColorRole::Today));
-  SetColor(Label4_, QPalette::Window, color_of(ColorRole::TodayBackGround));
+  SetColor(*Label4_, QPalette::WindowText, color_of(ColorRole::Today));
+  SetColor(*Label4_, QPalette::Window, color_of(ColorRole::TodayBackGround));
   const QColor line = Blend(background, ReadableOn(background, background), kLineStrength);
   for (const auto& lines : {Line1_, Line2_}) {
     for (QWidget* edge : lines) {
-      SetColor(edge, QPalette::Window, line);
+      SetColor(*edge, QPalette::Window, line);
     }
   }
 }

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <initializer_list>
 
 #include "forms/settings/palette.h"
 #include "forms/twips.h"
@@ -32,9 +33,12 @@ bool IsArrowKey(int key) {
   return key >= Qt::Key_Left && key <= Qt::Key_Down;
 }
 
-void DrawEdge(QPainter& painter, const QRect& rect, const QColor& color) {
-  painter.setPen(QPen(color, 1));
-  painter.drawRect(rect.adjusted(0, 0, -1, -1));
+/// Rectangles within each other, for lines would be blurred on a screen of fractional scale.
+void FillRings(QPainter& painter, QRect rect, std::initializer_list<QColor> colors) {
+  for (const QColor& color : colors) {
+    painter.fillRect(rect, color);
+    rect.adjust(1, 1, -1, -1);
+  }
 }
 
 }  // namespace
@@ -81,14 +85,11 @@ void QtSwatch::keyReleaseEvent(QKeyEvent* event) {
 
 void QtSwatch::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), color_);
-  DrawEdge(painter, rect(), kOuterEdge);
-  DrawEdge(painter, rect().adjusted(1, 1, -1, -1), kInnerEdge);
   if (hasFocus()) {
     const QColor mark = palette().color(QPalette::Highlight);
-    DrawEdge(painter, rect(), mark);
-    DrawEdge(painter, rect().adjusted(1, 1, -1, -1), mark);
-    DrawEdge(painter, rect().adjusted(2, 2, -2, -2), kInnerEdge);
+    FillRings(painter, rect(), {mark, mark, kInnerEdge, color_});
+  } else {
+    FillRings(painter, rect(), {kOuterEdge, kInnerEdge, color_});
   }
 }
 

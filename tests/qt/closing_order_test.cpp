@@ -14,13 +14,13 @@ namespace {
 class ClosingOrderTest : public ProgramFixture {
  protected:
   void OpenViewer() {
-    PressDay(21, Qt::RightButton);
+    RightPressDay(21);
     ASSERT_NE(nullptr, Window("frmDayViewer"));
   }
 
   void OpenDayFromViewer() {
     OpenViewer();
-    QTest::mousePress(In<QListWidget>(Window("frmDayViewer"), "lstDay").viewport(), Qt::RightButton,
+    QTest::mouseClick(In<QListWidget>(Window("frmDayViewer"), "lstDay").viewport(), Qt::RightButton,
                       {}, QPoint(10, 10));
     ASSERT_NE(nullptr, Day());
     EXPECT_FALSE(Month()->isEnabled());
@@ -57,7 +57,7 @@ class WindowOverTheMonth : public ClosingOrderTest,
  protected:
   static void Open(const std::string& name) {
     if (name == "frmDayViewer") {
-      PressDay(21, Qt::RightButton);
+      RightPressDay(21);
     } else {
       In<QAction>(Month(), name == "frmAbout" ? "mnuAbout" : "mnuSettings").trigger();
     }
@@ -154,7 +154,7 @@ TEST_F(ClosingOrderTest, AfterTheViewerADayOfTheMonthReturnsToTheMonth) {
   Start();
   OpenViewer();
   Close("frmDayViewer");
-  PressDay(21);
+  ClickDay(21);
   Close("frmDay");
   ExpectTheMonthAlone();
 }
@@ -162,7 +162,7 @@ TEST_F(ClosingOrderTest, AfterTheViewerADayOfTheMonthReturnsToTheMonth) {
 TEST_F(ClosingOrderTest, AViewerThatCannotBeLoadedLeavesTheMonthInUse) {
   Start();
   DropBookings();
-  PressDay(21, Qt::RightButton);
+  RightPressDay(21);
   EXPECT_NE(std::string::npos, dialogs_.OnlyBox().find("Calendar.mdb"));
   ExpectTheMonthAlone();
 }

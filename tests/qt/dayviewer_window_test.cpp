@@ -17,7 +17,7 @@ class DayViewerWindowTest : public ProgramFixture {
 
   void Open(int cell = 21) {
     Start();
-    PressDay(cell, Qt::RightButton);
+    RightPressDay(cell);
     ASSERT_NE(nullptr, Viewer());
     ASSERT_TRUE(IsInUse(Viewer()));
   }
@@ -28,7 +28,7 @@ class DayViewerWindowTest : public ProgramFixture {
 
   static void Press(int row, Qt::MouseButton button = Qt::LeftButton,
                     Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mousePress(Lines().viewport(), button, modifiers,
+    QTest::mouseClick(Lines().viewport(), button, modifiers,
                       Lines().visualItemRect(Lines().item(row)).center());
   }
 
@@ -122,7 +122,7 @@ TEST_F(DayViewerWindowTest, ControlAddsALineToTheSelection) {
 
 TEST_F(DayViewerWindowTest, AClickOnAnEmptyDayShowsNothing) {
   Open(22);
-  QTest::mousePress(Lines().viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+  QTest::mouseClick(Lines().viewport(), Qt::LeftButton, {}, QPoint(10, 10));
   EXPECT_TRUE(dialogs_.Boxes().empty());
 }
 
@@ -173,7 +173,7 @@ TEST_F(DayViewerWindowTest, EachOpeningReadsTheDayAnew) {
   Open();
   Viewer()->close();
   data_.AddBooking(hall_, "2014-03-15", 40, 40, "Fourth");
-  PressDay(21, Qt::RightButton);
+  RightPressDay(21);
   EXPECT_EQ(4, Lines().count());
 }
 

@@ -91,6 +91,13 @@ class ProgramFixture : public testing::Test {
     QTest::mouseClick(List(cell).viewport(), button, {}, QPoint(10, 5));
   }
 
+  /// By the time the button is let go the month window takes no input.
+  static void RightPressDay(int cell) {
+    QTest::mousePress(List(cell).viewport(), Qt::RightButton, {}, QPoint(10, 5));
+    QListWidget elsewhere;
+    QTest::mouseRelease(elsewhere.viewport(), Qt::RightButton);
+  }
+
   static void Drag(int from_row, const QPoint& to, int from_column = 1) {
     QWidget* surface = Grid().viewport();
     QTest::mousePress(surface, Qt::LeftButton, {}, Middle(from_row, from_column));

@@ -38,7 +38,7 @@ class SettingsWindowTest : public ProgramFixture {
 
   static void Press(QAbstractButton& swatch, Qt::KeyboardModifiers modifiers = {},
                     Qt::MouseButton button = Qt::LeftButton) {
-    QTest::mousePress(&swatch, button, modifiers);
+    QTest::mouseClick(&swatch, button, modifiers);
   }
 
   /// The colour in the middle of a swatch, as it is painted: "#C04000".

@@ -13,6 +13,7 @@ namespace {
 constexpr const char* kCalendarFile = "\\Calendar.mdb";
 constexpr const char* kGuestFile = "\\Veyra.mdb";
 constexpr int kColorSize = 16;
+constexpr int kNameSize = 255;
 
 std::string FolderAdvice(const Databases& databases) {
   if (databases.AppFolder.empty()) return "Check that the folder is the right one.";
@@ -119,7 +120,7 @@ bool HasNamedItem(const std::vector<std::string>& collection, std::string_view i
 TableDefinition RoomsTable() {
   return {.Name = "Rooms",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text},
+                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize},
                       {.Name = "Active", .Type = ColumnType::WholeNumber}}};
 }
 
@@ -139,7 +140,7 @@ TableDefinition ReservTable() {
 TableDefinition GuestTable() {
   return {.Name = "Guest",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text}}};
+                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize}}};
 }
 
 }  // namespace veyra

@@ -95,7 +95,7 @@ class AccessStore : public Store {
       const mdb::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
-        mdb::CommitPages(file_, pages, observer_);
+        Commit(pages);
       }
       return result;
     });
@@ -113,9 +113,10 @@ class AccessStore : public Store {
 
  public:
   AccessStore(const std::string& file_name, StoreAccess access, std::chrono::milliseconds timeout,
-              mdb::CommitObserver observer)
+              mdb::CommitObserver observer, Durability durability)
       : file_name_(file_name),
         timeout_(timeout),
+        durability_(durability),
         observer_(std::move(observer)),
         file_(file_name, access == StoreAccess::ReadWrite),
         snapshot_(file_) {
@@ -215,6 +216,14 @@ class AccessStore : public Store {
     }
   }
 
+  void Commit(const mdb::PageImages& pages) {
+    if (durability_ == Durability::AtOnce) {
+      mdb::CommitPages(file_, pages, observer_);
+    } else {
+      file_.Write(pages);
+    }
+  }
+
   void CheckMayWrite() const {
     if (!file_.IsWritable()) {
       throw mdb::StoreProblem(mdb::Wrong::ReadingOnly);
@@ -225,6 +234,7 @@ class AccessStore : public Store {
 
   std::string file_name_;
   std::chrono::milliseconds timeout_;
+  Durability durability_;
   mdb::CommitObserver observer_;
   mdb::PageFile file_;
   mdb::Snapshot snapshot_;
@@ -242,7 +252,15 @@ std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess
                                        std::chrono::milliseconds timeout,
                                        mdb::CommitObserver observer) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
-    return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer));
+    return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer),
+                                         Durability::AtOnce);
+  });
+}
+
+std::unique_ptr<Store> OpenNewAccessStore(const std::string& file_name, Durability durability) {
+  return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
+    return std::make_unique<AccessStore>(file_name, StoreAccess::ReadWrite, kStoreTimeout,
+                                         mdb::CommitObserver(), durability);
   });
 }
 

@@ -137,6 +137,12 @@ TableDefinition ReservTable() {
                       {"ReservByGroup", {"RmID", "MultKey"}}}};
 }
 
+std::vector<TableDefinition> CalendarTables() {
+  TableDefinition settings = SettingsTable();
+  settings.Columns.push_back(TodayBColorColumn());
+  return {RoomsTable(), ReservTable(), std::move(settings)};
+}
+
 TableDefinition GuestTable() {
   return {.Name = "Guest",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},

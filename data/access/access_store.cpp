@@ -1,7 +1,9 @@
 #include "data/access/access_store.h"
 
+#include <optional>
 #include <utility>
 
+#include "data/access/describe.h"
 #include "data/access/file_header.h"
 #include "data/access/file_lock.h"
 #include "data/access/journal.h"
@@ -118,8 +120,9 @@ class AccessStore : public Store {
         timeout_(timeout),
         durability_(durability),
         observer_(std::move(observer)),
-        file_(file_name, access == StoreAccess::ReadWrite),
+        file_(file_name, access != StoreAccess::ReadOnly),
         snapshot_(file_) {
+    TakeFile(access);
     FinishBrokenChange();
   }
 
@@ -142,6 +145,19 @@ class AccessStore : public Store {
         names.push_back(column.Name);
       }
       return names;
+    });
+  }
+
+  StoreDescription Describe() override {
+    return Reading({}, [&] {
+      StoreDescription description = mdb::DescribeFile(file_.Header());
+      const std::vector<mdb::CatalogueEntry> tables = snapshot_.Tables();
+      for (const mdb::CatalogueEntry& entry : tables) {
+        const auto image = snapshot_.Table(entry.Name);
+        description.Tables.push_back(
+            mdb::DescribeTable(entry.Name, image->Layout(), file_.Header().Version));
+      }
+      return description;
     });
   }
 
@@ -186,6 +202,18 @@ class AccessStore : public Store {
   }
 
  private:
+  void TakeFile(StoreAccess access) {
+    if (access == StoreAccess::ReadOnly) {
+      return;
+    }
+    const bool alone = access == StoreAccess::Alone;
+    if (alone) {
+      mdb::CheckNobodyElse(file_.Path());
+    }
+    use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
+                 timeout_);
+  }
+
   /// Another copy of this program may have broken off in the middle of a change. A file that is
   /// only read shows the change as made, without its being written.
   void FinishBrokenChange() {
@@ -238,6 +266,7 @@ class AccessStore : public Store {
   mdb::CommitObserver observer_;
   mdb::PageFile file_;
   mdb::Snapshot snapshot_;
+  std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "tools/command_line.h"
 #include "tools/new_command.h"
+#include "tools/show_command.h"
 
 namespace {
 
@@ -16,6 +17,6 @@ veyra::Date Today() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return veyra::RunCommandLine({veyra::NewCommand(Today())}, {argv + 1, argv + argc}, std::cout,
-                               std::cerr);
+  return veyra::RunCommandLine({veyra::NewCommand(Today()), veyra::ShowCommand()},
+                               {argv + 1, argv + argc}, std::cout, std::cerr);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -13,6 +14,19 @@ namespace veyra {
 
 /// The kinds of database file that a calendar may be kept in.
 enum class StoreKind { Sqlite, Access };
+
+/// Every kind, for the tests of what all stores have in common.
+inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite, StoreKind::Access};
+
+inline const char* NameOf(StoreKind kind) {
+  switch (kind) {
+    case StoreKind::Sqlite:
+      return "Sqlite";
+    case StoreKind::Access:
+      return "Access";
+  }
+  return "";
+}
 
 /// The kind that this run of the tests is for: every test over a calendar runs once for each.
 inline StoreKind TestedStoreKind() {

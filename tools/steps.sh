@@ -35,7 +35,7 @@ install_packages() {
   missing=$(missing_packages $wanted)
   if [ -z "$missing" ]; then return; fi
 
-  step "Installing $(wc -l <<<"$missing") missing packages with apt: $(echo $missing)"
+  step "Installing missing packages with apt: $(echo $missing)"
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null ||
       fail "installing packages needs root, and there is no sudo here. Run this as root, then start again:" \

@@ -69,7 +69,6 @@ void QtSlotGrid::AddRows() {
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->hide();
   verticalHeader()->setMinimumSectionSize(1);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   for (int row = 1; row <= kRows; ++row) {
     setItem(row - 1, kTimeColumn, MakeTimeItem(row));
@@ -91,8 +90,16 @@ void QtSlotGrid::ShowGuests(const DayGrid& grid) {
 void QtSlotGrid::ScrollToRow(int row) {
   wanted_top_row_ = row;
   if (isVisible()) {
+    StretchRows();
     verticalScrollBar()->setValue(row - 1);
   }
+}
+
+/// On a high screen the rows are made so high that those above the wanted one can be scrolled away.
+void QtSlotGrid::StretchRows() {
+  const int seen_at_most = kRows - std::max(wanted_top_row_, 1) + 1;
+  const int least = (viewport()->height() + seen_at_most - 1) / seen_at_most;
+  verticalHeader()->setDefaultSectionSize(std::max(fontMetrics().height() + kRowPadding, least));
 }
 
 void QtSlotGrid::SetCurrentRow(int row) {
@@ -246,6 +253,7 @@ void QtSlotGrid::focusInEvent(QFocusEvent* event) {
 void QtSlotGrid::showEvent(QShowEvent* event) {
   QTableWidget::showEvent(event);
   if (wanted_top_row_ != 0) {
+    StretchRows();
     verticalScrollBar()->setValue(wanted_top_row_ - 1);
   }
 }
@@ -255,6 +263,7 @@ void QtSlotGrid::resizeEvent(QResizeEvent* event) {
   const int time_width = viewport()->width() - columnWidth(kGuestColumn);
   setColumnWidth(kTimeColumn, std::max(1, time_width));
   ShrinkFontTo(time_width);
+  StretchRows();
 }
 
 void QtSlotGrid::ShrinkFontTo(int time_width) {

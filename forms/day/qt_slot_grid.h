@@ -19,8 +19,8 @@ class QtSlotGrid : public QTableWidget {
   /// Shows the names in column 1.
   void ShowGuests(const DayGrid& grid);
 
-  /// Scrolls so that `row` is the topmost one seen; as soon as the grid is on the screen if it is
-  /// not there yet.
+  /// Scrolls so that `row` is the topmost one seen, however high the grid is; as soon as the grid
+  /// is on the screen if it is not there yet.
   void ScrollToRow(int row);
 
   /// Makes `row` the current one, from which the next range of the keyboard begins.
@@ -59,6 +59,7 @@ class QtSlotGrid : public QTableWidget {
   void MoveTo(int row, bool stretch);
   void EndRange(const QKeyEvent& event);
   void Report(int row, int column);
+  void StretchRows();
   void ShrinkFontTo(int time_width);
   bool ShowFullName(const QPoint& position, const QPoint& screen_position);
 

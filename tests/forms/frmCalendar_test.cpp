@@ -58,7 +58,6 @@ class FrmCalendarTest : public testing::Test {
   FakeMonthView view_;
   FakeMonthPrinter printer_;
   std::unique_ptr<Session> session_;
-  FakeMonthPrinter printer_;
   std::unique_ptr<frmCalendar> calendar_;
 };
 

@@ -88,6 +88,15 @@ TEST_F(DayWindowTest, FiveInTheMorningIsTheTopRow) {
   EXPECT_EQ(11, TopRow());
 }
 
+TEST_F(DayWindowTest, FiveInTheMorningCanBeTheTopRowOfAHighWindowToo) {
+  StartAndOpenDay();
+  Day()->resize(259, 1400);
+  QCoreApplication::processEvents();
+  Grid().verticalScrollBar()->setValue(10);
+  EXPECT_EQ(11, TopRow());
+  EXPECT_EQ(0, Grid().rowViewportPosition(10));
+}
+
 TEST_F(DayWindowTest, TheWindowIsPlacedAtTheTopCentredAndLowerThanTheScreen) {
   StartAndOpenDay();
   const QRect screen = Day()->screen()->geometry();
@@ -338,7 +347,7 @@ TEST_F(DayWindowTest, AnotherOpeningIsANewWindow) {
   QTest::keyClicks(&Names(Day()), QStringLiteral("x"));
   Day()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  PressDay(22);
+  ClickDay(22);
   ASSERT_NE(nullptr, Day());
   EXPECT_EQ("  3/16/2014 Bookings", Day()->windowTitle().toStdString());
   EXPECT_EQ("", Names(Day()).currentText().toStdString());

@@ -316,14 +316,16 @@ TEST_F(MonthWindowTest, EnterOpensTheDay) {
 
 TEST_F(MonthWindowTest, TheLeftButtonOpensTheDayAsItGoesDown) {
   Start();
-  PressDay(22);
+  QWidget* list = List(22).viewport();
+  QTest::mousePress(list, Qt::LeftButton, {}, QPoint(10, 5));
   ASSERT_NE(nullptr, Day());
   EXPECT_EQ("  3/16/2014 Bookings", Day()->windowTitle().toStdString());
+  QTest::mouseRelease(list, Qt::LeftButton, {}, QPoint(10, 5));
 }
 
 TEST_F(MonthWindowTest, AnotherButtonOpensNothing) {
   Start();
-  PressDay(22, Qt::MiddleButton);
+  ClickDay(22, Qt::MiddleButton);
   EXPECT_EQ(nullptr, Day());
 }
 
@@ -331,6 +333,7 @@ TEST_F(MonthWindowTest, ScrollingALongLineOpensNothing) {
   data_.AddBooking(hall_, "2014-03-16", 19, 21, std::string(200, 'x'));
   Start();
   QScrollBar* bar = List(22).horizontalScrollBar();
+  ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->isVisible() && bar->maximum() > 0; }));
   QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(bar->width() - 2, 3));
   EXPECT_EQ(nullptr, Day());
   EXPECT_GT(bar->value(), 0);
@@ -349,7 +352,7 @@ TEST_F(MonthWindowTest, WithoutAFacilityADayIsRefused) {
   Facility().setFocus();
   Facility().lineEdit()->selectAll();
   Key(Qt::Key_Delete);
-  PressDay(22);
+  ClickDay(22);
   EXPECT_EQ("[OK Critical] There is no Facility Selected", dialogs_.OnlyBox());
   EXPECT_EQ(nullptr, Day());
 }

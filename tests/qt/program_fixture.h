@@ -43,7 +43,7 @@ class ProgramFixture : public testing::Test {
 
   void StartAndOpenDay(int cell = 21) {
     Start();
-    PressDay(cell);
+    ClickDay(cell);
     ASSERT_NE(nullptr, Day());
     ASSERT_TRUE(QTest::qWaitForWindowActive(Day()));
   }
@@ -56,6 +56,11 @@ class ProgramFixture : public testing::Test {
       }
     }
     return nullptr;
+  }
+  /// Waits for the window to be the one in use. A window counts as active already while the one
+  /// below it is.
+  static bool IsInUse(QWidget* window) {
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
   }
   static QWidget* Month() { return Window("frmCalendar"); }
   static QWidget* Day() { return Window("frmDay"); }
@@ -82,8 +87,8 @@ class ProgramFixture : public testing::Test {
     return Grid().visualRect(Grid().model()->index(row - 1, column)).center();
   }
 
-  static void PressDay(int cell, Qt::MouseButton button = Qt::LeftButton) {
-    QTest::mousePress(List(cell).viewport(), button, {}, QPoint(10, 5));
+  static void ClickDay(int cell, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(List(cell).viewport(), button, {}, QPoint(10, 5));
   }
 
   static void Drag(int from_row, const QPoint& to, int from_column = 1) {

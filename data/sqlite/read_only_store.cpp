@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "data/sqlite/describe.h"
 #include "data/sqlite/file_reading.h"
 #include "data/store_errors.h"
 
@@ -70,6 +71,12 @@ class ReadOnlyStore : public Store {
     std::vector<std::string> names;
     Ask([&](const auto& reading) { names = reading->reader().catalogue().Find(table).Columns; });
     return names;
+  }
+
+  StoreDescription Describe() override {
+    StoreDescription description;
+    Ask([&](const auto& reading) { description = sqlite::Describe(reading->reader()); });
+    return description;
   }
 
   std::unique_ptr<RowSource> Select(const Query& query) override {

@@ -13,7 +13,6 @@ namespace {
 constexpr const char* kCalendarFile = "\\Calendar.mdb";
 constexpr const char* kGuestFile = "\\Veyra.mdb";
 constexpr int kColorSize = 16;
-constexpr int kNameSize = 255;
 
 std::string FolderAdvice(const Databases& databases) {
   if (databases.AppFolder.empty()) return "Check that the folder is the right one.";
@@ -120,7 +119,7 @@ bool HasNamedItem(const std::vector<std::string>& collection, std::string_view i
 TableDefinition RoomsTable() {
   return {.Name = "Rooms",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize},
+                      {.Name = "Name", .Type = ColumnType::Text},
                       {.Name = "Active", .Type = ColumnType::WholeNumber}}};
 }
 
@@ -146,7 +145,7 @@ std::vector<TableDefinition> CalendarTables() {
 TableDefinition GuestTable() {
   return {.Name = "Guest",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize}}};
+                      {.Name = "Name", .Type = ColumnType::Text}}};
 }
 
 }  // namespace veyra

@@ -5,15 +5,12 @@
 #include <memory>
 #include <string>
 
-#include "data/access/create_file.h"
 #include "data/create_store.h"
-#include "data/open_store.h"
 #include "data/store.h"
 
 namespace veyra {
 
-/// The kinds of database file that a calendar may be kept in.
-enum class StoreKind { Sqlite, Access };
+using StoreKind = FileKind;
 
 /// Every kind, for the tests of what all stores have in common.
 inline constexpr std::array kAllStoreKinds{StoreKind::Sqlite, StoreKind::Access};
@@ -36,11 +33,7 @@ inline StoreKind TestedStoreKind() {
 
 /// Makes a new file of that kind, without tables.
 inline std::unique_ptr<Store> CreateStoreOfKind(StoreKind kind, const std::string& file_name) {
-  if (kind == StoreKind::Sqlite) {
-    return CreateStore(file_name);
-  }
-  CreateAccessFile(file_name);
-  return OpenStore(file_name, StoreAccess::ReadWrite);
+  return CreateStore(file_name, Durability::AtOnce, kind);
 }
 
 }  // namespace veyra

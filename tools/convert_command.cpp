@@ -95,7 +95,7 @@ void TakeOverRights(const fs::path& file, const fs::path& fresh) {
 CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
                   const CopyObserver& observer) {
   const auto source = OpenAlone(file);
-  const CopyPlan plan = PlanCopy(*source, kind, observer);
+  CopyPlan plan = PlanCopy(*source, kind, observer);
   CopyTables(*source, *CreateStore(fresh.string(), Durability::WhenAsked, kind), plan, observer);
   if (HasJournal(fresh)) {
     throw FileError({fresh.string(), "The new file could not be completed.",

@@ -20,6 +20,7 @@ constexpr std::size_t kIsoDateSize = 10;
 
 /// The sizes that a text column is made with; a longer text needs one without limit.
 constexpr std::array kTextSizes = {16, 50, 255};
+constexpr int kUsualTextSize = 50;
 
 /// What all values of a column have in common.
 struct ColumnFacts {
@@ -85,19 +86,25 @@ int TextSize(int wanted, int longest) {
   return 0;
 }
 
-ColumnDefinition DefinitionOf(const ColumnDescription& column, const ColumnDefinition* known,
-                              const ColumnFacts& facts) {
+/// A column that no calendar of this program has.
+ColumnDefinition Inferred(const ColumnDescription& column, const ColumnFacts& facts) {
   ColumnDefinition made;
-  if (known != nullptr) {
-    made = *known;
-  } else {
-    made.Type = TypeFor(column.Type, facts);
-    made.AutoIncrement = column.AutoNumber && made.Type == ColumnType::WholeNumber;
-    made.Size = column.Type == ColumnType::Text ? column.Size : kTextSizes[1];
+  made.Type = TypeFor(column.Type, facts);
+  made.AutoIncrement = column.AutoNumber && made.Type == ColumnType::WholeNumber;
+  if (made.Type == ColumnType::Text) {
+    made.Size = column.Type == ColumnType::Text ? column.Size : kUsualTextSize;
   }
+  return made;
+}
+
+ColumnDefinition DefinitionOf(const ColumnDescription& column, const ColumnDefinition* known,
+                              const ColumnFacts& facts, FileKind target) {
+  ColumnDefinition made = known == nullptr ? Inferred(column, facts) : *known;
   made.Name = column.Name;
-  const bool has_limit = made.Type == ColumnType::Text && made.Size > 0;
-  made.Size = has_limit ? TextSize(made.Size, facts.Longest) : 0;
+  // Names have no limit here; in an Access file they are texts rather than memos.
+  const bool is_name = known != nullptr && made.Type == ColumnType::Text && made.Size == 0;
+  if (is_name && target == FileKind::Access) made.Size = kTextSizes.back();
+  if (made.Size > 0) made.Size = TextSize(made.Size, facts.Longest);
   return made;
 }
 
@@ -170,15 +177,15 @@ class Planner {
     return facts;
   }
 
-  static TableDefinition Definition(const TableDescription& table,
-                                    const std::vector<ColumnFacts>& facts) {
+  TableDefinition Definition(const TableDescription& table,
+                             const std::vector<ColumnFacts>& facts) const {
     const std::vector<TableDefinition> all_known = CalendarTables();
     const TableDefinition* known = Find(all_known, table.Name);
     TableDefinition made{.Name = table.Name, .Columns = {}};
     for (std::size_t i = 0; i < table.Columns.size(); ++i) {
       const ColumnDescription& column = table.Columns[i];
-      made.Columns.push_back(DefinitionOf(
-          column, known == nullptr ? nullptr : Find(known->Columns, column.Name), facts[i]));
+      const ColumnDefinition* same = known == nullptr ? nullptr : Find(known->Columns, column.Name);
+      made.Columns.push_back(DefinitionOf(column, same, facts[i], target_));
     }
     if (known != nullptr) made.Indexes = PossibleIndexes(*known, made.Columns);
     return made;

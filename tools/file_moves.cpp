@@ -88,7 +88,7 @@ int CopyWithoutReplacing(const fs::path& from, const fs::path& to, const fs::pat
 
 fs::path ReplaceAndKeep(const fs::path& fresh, const fs::path& file, Date day) {
   Flush(fresh);
-  const fs::path kept = KeepUnderFreeName(file, day, fresh.parent_path());
+  fs::path kept = KeepUnderFreeName(file, day, fresh.parent_path());
   try {
     Flush(file.parent_path());
     Replace(fresh, file);

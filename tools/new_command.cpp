@@ -24,6 +24,7 @@ namespace {
 
 constexpr const char* kCalendarFile = "Calendar.mdb";
 constexpr const char* kGuestFile = "Veyra.mdb";
+constexpr int kLongestAccessText = 255;
 
 void RefuseIfThere(const fs::path& file) {
   // A journal that an earlier database left would be taken for the new one's.
@@ -37,11 +38,20 @@ void RefuseIfThere(const fs::path& file) {
   }
 }
 
+/// In an Access file a text without limit is a memo, which other programs list and sort poorly.
+TableDefinition AsUsualIn(FileKind kind, TableDefinition table) {
+  for (ColumnDefinition& column : table.Columns) {
+    const bool is_memo = column.Type == ColumnType::Text && column.Size == 0;
+    if (kind == FileKind::Access && is_memo) column.Size = kLongestAccessText;
+  }
+  return table;
+}
+
 Connection NewDatabase(const fs::path& file, FileKind kind,
                        const std::vector<TableDefinition>& tables) {
   Connection connection(CreateStore(file.string(), Durability::WhenAsked, kind));
   for (const TableDefinition& table : tables) {
-    connection.CreateTable(table);
+    connection.CreateTable(AsUsualIn(kind, table));
   }
   return connection;
 }

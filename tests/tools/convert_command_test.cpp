@@ -398,6 +398,17 @@ TEST_F(ConvertCommandTest, ALongEventMakesItsColumnWider) {
   EXPECT_EQ("memo 0", sizes_with(256));
 }
 
+TEST_F(ConvertCommandTest, NamesOfFacilitiesAreTextsInAnAccessFileAsLongAsTheyFit) {
+  const auto type_with = [&](std::size_t length) {
+    fs::remove(File());
+    Make(FileKind::Sqlite)->Insert("Rooms", {{"Name", std::string(length, 'n')}});
+    Convert("access");
+    return Column(Open()->Describe(), "Name").TypeName;
+  };
+  EXPECT_EQ("text", type_with(255));
+  EXPECT_EQ("memo", type_with(256));
+}
+
 TEST_F(ConvertCommandTest, AnEmojiCountsAsAccessCountsIt) {
   std::string event;
   for (int i = 0; i < 26; ++i) event += "🍰";

@@ -34,7 +34,9 @@ class ShowCommandTest : public ::testing::Test {
 
   void Make(FileKind kind) const {
     const auto store = CreateStore(File(), Durability::WhenAsked, kind);
-    store->CreateTable(RoomsTable());
+    TableDefinition rooms = RoomsTable();
+    rooms.Columns[1].Size = 255;
+    store->CreateTable(rooms);
     store->CreateTable(ReservTable());
     store->Insert("Rooms", {{"Name", "Hall"}});
   }

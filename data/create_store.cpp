@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "data/access/access_store.h"
+#include "data/access/create_file.h"
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/open_store.h"
@@ -32,14 +34,27 @@ void MakeEmptyFile(const std::string& file) {
                        "Check that the folder is there and that you may make files in it."});
 }
 
+void MakeFile(const std::string& file, FileKind kind) {
+  if (kind == FileKind::Access) {
+    CreateAccessFile(file);
+  } else {
+    MakeEmptyFile(file);
+  }
+}
+
+std::unique_ptr<Store> OpenNew(const std::string& file, Durability durability, FileKind kind) {
+  if (kind == FileKind::Access) return OpenNewAccessStore(file, durability);
+  return sqlite::OpenNew(file, kStoreTimeout, durability == Durability::AtOnce);
+}
+
 }  // namespace
 
-std::unique_ptr<Store> CreateStore(const std::string& file_name, Durability durability) {
+std::unique_ptr<Store> CreateStore(const std::string& file_name, Durability durability,
+                                   FileKind kind) {
   const std::string file = std::filesystem::absolute(NativePath(file_name)).string();
-  MakeEmptyFile(file);
+  MakeFile(file, kind);
   try {
-    const bool durable = durability == Durability::AtOnce;
-    return sqlite::OpenNew(file, kStoreTimeout, durable);
+    return OpenNew(file, durability, kind);
   } catch (const Error&) {
     unlink(file.c_str());
     throw;

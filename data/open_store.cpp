@@ -85,12 +85,24 @@ void RequireWritable(const fs::path& path) {
   }
 }
 
+std::unique_ptr<Store> OpenSqlite(const std::string& file, StoreAccess access,
+                                  std::chrono::milliseconds timeout) {
+  switch (access) {
+    case StoreAccess::ReadOnly:
+      return sqlite::OpenReadOnly(file, timeout);
+    case StoreAccess::Alone:
+      return sqlite::OpenAlone(file, timeout);
+    case StoreAccess::ReadWrite:
+      break;
+  }
+  return sqlite::OpenReadWrite(file, timeout);
+}
+
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
                                         std::chrono::milliseconds timeout) {
   const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
   if (bytes.starts_with(kSqliteStart)) {
-    return access == StoreAccess::ReadOnly ? sqlite::OpenReadOnly(path.string(), timeout)
-                                           : sqlite::OpenReadWrite(path.string(), timeout);
+    return OpenSqlite(path.string(), access, timeout);
   }
   if (bytes.starts_with(kAccessStart)) {
     return OpenAccessStore(path.string(), access, timeout);
@@ -104,7 +116,7 @@ std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess acces
                                  std::chrono::milliseconds timeout) {
   const fs::path path = fs::absolute(NativePath(file_name));
   RequireFile(path);
-  if (access == StoreAccess::ReadWrite) RequireWritable(path);
+  if (access != StoreAccess::ReadOnly) RequireWritable(path);
   return OpenByFirstBytes(path, access, timeout);
 }
 

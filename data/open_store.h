@@ -8,7 +8,11 @@
 
 namespace veyra {
 
-enum class StoreAccess { ReadOnly, ReadWrite };
+enum class StoreAccess {
+  ReadOnly,
+  ReadWrite,
+  Alone,  ///< For reading and writing, and nobody else has the file open for writing meanwhile.
+};
 
 /// How long a store waits for another program to let go of the file before it gives up.
 inline constexpr std::chrono::milliseconds kStoreTimeout{5000};
@@ -18,7 +22,9 @@ inline constexpr std::chrono::milliseconds kStoreTimeout{5000};
 ///
 /// A file opened ReadOnly is never written to, and nothing is left beside it.
 /// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no
-/// database of a kind known here, or, for ReadWrite, one that nobody may write to.
+/// database of a kind known here, or, unless ReadOnly, one that nobody may write to;
+/// DatabaseBusyError when, for Alone, another program has it open or, for the others, another has
+/// it alone.
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
                                  std::chrono::milliseconds timeout = kStoreTimeout);
 

@@ -42,6 +42,8 @@ struct Query {
   std::string Table;
   std::vector<Condition> Where;  ///< None, or exactly one.
   std::vector<OrderTerm> OrderBy;
+  bool WithTimes = false;  ///< A date with a time of day is given as text, "2014-04-06 13:30:00",
+                           ///< not as a date only, in files that keep times of day.
 };
 
 /// Reads an SQL text of the form that this program writes:

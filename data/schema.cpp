@@ -13,6 +13,7 @@ namespace {
 constexpr const char* kCalendarFile = "\\Calendar.mdb";
 constexpr const char* kGuestFile = "\\Veyra.mdb";
 constexpr int kColorSize = 16;
+constexpr int kNameSize = 255;
 
 std::string FolderAdvice(const Databases& databases) {
   if (databases.AppFolder.empty()) return "Check that the folder is the right one.";
@@ -119,7 +120,7 @@ bool HasNamedItem(const std::vector<std::string>& collection, std::string_view i
 TableDefinition RoomsTable() {
   return {.Name = "Rooms",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text},
+                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize},
                       {.Name = "Active", .Type = ColumnType::WholeNumber}}};
 }
 
@@ -136,10 +137,16 @@ TableDefinition ReservTable() {
                       {"ReservByGroup", {"RmID", "MultKey"}}}};
 }
 
+std::vector<TableDefinition> CalendarTables() {
+  TableDefinition settings = SettingsTable();
+  settings.Columns.push_back(TodayBColorColumn());
+  return {RoomsTable(), ReservTable(), std::move(settings)};
+}
+
 TableDefinition GuestTable() {
   return {.Name = "Guest",
           .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      {.Name = "Name", .Type = ColumnType::Text}}};
+                      {.Name = "Name", .Type = ColumnType::Text, .Size = kNameSize}}};
 }
 
 }  // namespace veyra

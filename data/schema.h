@@ -16,7 +16,7 @@ struct Databases {
   std::string AppFolder;   ///< The program's own folder, without a separator at its end.
   std::string DataFolder;  ///< The folder of both databases; empty when path.txt named none.
   std::chrono::milliseconds Timeout = kStoreTimeout;  ///< Wait for a file held by another program.
-  std::unique_ptr<Connection> ResCon;    ///< The calendar: Rooms, Reserv, Settings.
+  std::unique_ptr<Connection> ResCon;                 ///< The calendar: Rooms, Reserv, Settings.
   std::unique_ptr<Connection> GuestCon;  ///< The host product's guests: Guest, read only.
 };
 
@@ -45,6 +45,9 @@ bool HasNamedItem(const std::vector<std::string>& collection, std::string_view i
 /// The tables of a new calendar as veyra-data makes them; Settings is left to EnsureSettingsRow.
 TableDefinition RoomsTable();
 TableDefinition ReservTable();
+
+/// All tables of a calendar that any start has seen, Settings included, with all their columns.
+std::vector<TableDefinition> CalendarTables();
 
 /// The one table of a new guest database.
 TableDefinition GuestTable();

@@ -6,12 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "data/column_type.h"
 #include "data/query.h"
+#include "data/store_description.h"
 #include "data/value.h"
 
 namespace veyra {
-
-enum class ColumnType { WholeNumber, Double, Text, Day };
 
 /// A column that is to be made.
 struct ColumnDefinition {
@@ -75,6 +75,9 @@ class Store {
 
   /// The table's columns in their order, as the file spells them.
   virtual std::vector<std::string> ColumnNames(const std::string& table) = 0;
+
+  /// What kind of file this is and what is in it. Counts the rows, so it may take a while.
+  virtual StoreDescription Describe() = 0;
 
   /// The rows of the query. The source must be dropped before the store is, and before the table
   /// it reads is changed through this store.

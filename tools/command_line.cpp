@@ -69,6 +69,18 @@ ExitStatus RunCommandLine(const std::vector<Command>& commands, const Arguments&
   }
 }
 
+std::optional<std::string> TakeOptionValue(Arguments& arguments, const std::string& option) {
+  const auto end_of_options = std::find(arguments.begin(), arguments.end(), "--");
+  const auto found = std::find(arguments.begin(), end_of_options, option);
+  if (found == end_of_options) return std::nullopt;
+  if (found + 1 == end_of_options) {
+    throw UsageError("\"" + option + "\" needs a value after it.");
+  }
+  std::string value = *(found + 1);
+  arguments.erase(found, found + 2);
+  return value;
+}
+
 Arguments WithoutOptions(const Arguments& arguments, const Arguments& known, Arguments& given) {
   Arguments rest;
   bool options_ended = false;

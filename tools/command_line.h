@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <ostream>
+#include <string>
 #include <vector>
 
 #include "tools/command.h"
@@ -18,6 +20,10 @@ enum ExitStatus {
 /// for goes to `out`, reports go to `err`. Throws nothing.
 ExitStatus RunCommandLine(const std::vector<Command>& commands, const Arguments& arguments,
                           std::ostream& out, std::ostream& err);
+
+/// Takes an option and the argument after it, its value, out of `arguments`; nothing when the
+/// option is not there. Throws UsageError when it is the last argument.
+std::optional<std::string> TakeOptionValue(Arguments& arguments, const std::string& option);
 
 /// The arguments that are no options, in their order. Each option among them must be one of `known`
 /// and is appended to `given`. After "--" nothing is an option any more.

@@ -37,8 +37,9 @@ void RefuseIfThere(const fs::path& file) {
   }
 }
 
-Connection NewDatabase(const fs::path& file, const std::vector<TableDefinition>& tables) {
-  Connection connection(CreateStore(file.string(), Durability::WhenAsked));
+Connection NewDatabase(const fs::path& file, FileKind kind,
+                       const std::vector<TableDefinition>& tables) {
+  Connection connection(CreateStore(file.string(), Durability::WhenAsked, kind));
   for (const TableDefinition& table : tables) {
     connection.CreateTable(table);
   }
@@ -85,43 +86,52 @@ void AddGuests(Connection& guest_database, const SampleData& sample) {
   }
 }
 
-void MakeDatabases(const fs::path& folder, const SampleData& sample) {
-  Connection calendar = NewDatabase(folder / kCalendarFile, {RoomsTable(), ReservTable()});
+void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& sample) {
+  Connection calendar = NewDatabase(folder / kCalendarFile, kind, {RoomsTable(), ReservTable()});
   AddBookings(calendar, sample, AddFacilities(calendar, sample));
-  Connection guest_database = NewDatabase(folder / kGuestFile, {GuestTable()});
+  Connection guest_database = NewDatabase(folder / kGuestFile, kind, {GuestTable()});
   AddGuests(guest_database, sample);
 }
 
-void MakeDataFolder(const fs::path& folder, const SampleData& sample) {
+void MakeDataFolder(const fs::path& folder, FileKind kind, const SampleData& sample) {
   RefuseIfThere(folder / kCalendarFile);
   RefuseIfThere(folder / kGuestFile);
   UnfinishedFolder unfinished(folder);
-  MakeDatabases(unfinished.path(), sample);
+  MakeDatabases(unfinished.path(), kind, sample);
   unfinished.MoveOut({kCalendarFile, kGuestFile});
+}
+
+bool IsGiven(const Arguments& options, const std::string& option) {
+  return std::find(options.begin(), options.end(), option) != options.end();
+}
+
+std::string Contents(const SampleData& sample) {
+  return ", with " + std::to_string(sample.Facilities.size()) + " facilities, " +
+         std::to_string(sample.Bookings.size()) + " bookings and " +
+         std::to_string(sample.Guests.size()) + " guests";
 }
 
 void RunNew(const Arguments& arguments, Date today, std::ostream& out) {
   Arguments options;
-  const Arguments folders = WithoutOptions(arguments, {"--sample"}, options);
+  const Arguments folders = WithoutOptions(arguments, {"--access", "--sample"}, options);
   if (folders.size() != 1 || folders.front().empty()) {
     throw UsageError("\"new\" needs the name of one folder.");
   }
-  const SampleData sample = options.empty() ? SampleData{} : MakeSampleData(today);
-  MakeDataFolder(folders.front(), sample);
-  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << folders.front();
-  if (!options.empty()) {
-    out << ", with " << sample.Facilities.size() << " facilities, " << sample.Bookings.size()
-        << " bookings and " << sample.Guests.size() << " guests";
-  }
-  out << ".\n";
+  const bool is_filled = IsGiven(options, "--sample");
+  const SampleData sample = is_filled ? MakeSampleData(today) : SampleData{};
+  const FileKind kind = IsGiven(options, "--access") ? FileKind::Access : FileKind::Sqlite;
+  MakeDataFolder(folders.front(), kind, sample);
+  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << folders.front()
+      << (is_filled ? Contents(sample) : "") << ".\n";
 }
 
 }  // namespace
 
 Command NewCommand(Date today) {
   return {
-      "new", "FOLDER [--sample]",
+      "new", "FOLDER [--access] [--sample]",
       "      Makes the data folder FOLDER with an empty Calendar.mdb and Veyra.mdb.\n"
+      "      --access makes them as Access 2000 files, else they are SQLite files.\n"
       "      --sample fills them: five facilities, forty guests, and bookings over last\n"
       "      month, this month and next. Files that are there are never written over.\n",
       [today](const Arguments& arguments, std::ostream& out) { RunNew(arguments, today, out); }};

@@ -1,8 +1,13 @@
+#include <unistd.h>
+
 #include <ctime>
 #include <iostream>
 
 #include "tools/command_line.h"
+#include "tools/convert_command.h"
 #include "tools/new_command.h"
+#include "tools/progress_lines.h"
+#include "tools/show_command.h"
 
 namespace {
 
@@ -16,6 +21,12 @@ veyra::Date Today() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return veyra::RunCommandLine({veyra::NewCommand(Today())}, {argv + 1, argv + argc}, std::cout,
-                               std::cerr);
+  veyra::ProgressLines progress(std::cerr);
+  const bool is_watched = isatty(STDERR_FILENO) == 1;
+  const auto show = [&](const veyra::CopyStep& step) {
+    if (is_watched) progress.Show(step);
+  };
+  return veyra::RunCommandLine(
+      {veyra::NewCommand(Today()), veyra::ConvertCommand(Today(), show), veyra::ShowCommand()},
+      {argv + 1, argv + argc}, std::cout, std::cerr);
 }

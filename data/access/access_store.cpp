@@ -1,7 +1,9 @@
 #include "data/access/access_store.h"
 
+#include <optional>
 #include <utility>
 
+#include "data/access/describe.h"
 #include "data/access/file_header.h"
 #include "data/access/file_lock.h"
 #include "data/access/journal.h"
@@ -95,7 +97,7 @@ class AccessStore : public Store {
       const mdb::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
-        mdb::CommitPages(file_, pages, observer_);
+        Commit(pages);
       }
       return result;
     });
@@ -113,12 +115,14 @@ class AccessStore : public Store {
 
  public:
   AccessStore(const std::string& file_name, StoreAccess access, std::chrono::milliseconds timeout,
-              mdb::CommitObserver observer)
+              mdb::CommitObserver observer, Durability durability)
       : file_name_(file_name),
         timeout_(timeout),
+        durability_(durability),
         observer_(std::move(observer)),
-        file_(file_name, access == StoreAccess::ReadWrite),
+        file_(file_name, access != StoreAccess::ReadOnly),
         snapshot_(file_) {
+    TakeFile(access);
     FinishBrokenChange();
   }
 
@@ -141,6 +145,19 @@ class AccessStore : public Store {
         names.push_back(column.Name);
       }
       return names;
+    });
+  }
+
+  StoreDescription Describe() override {
+    return Reading({}, [&] {
+      StoreDescription description = mdb::DescribeFile(file_.Header());
+      const std::vector<mdb::CatalogueEntry> tables = snapshot_.Tables();
+      for (const mdb::CatalogueEntry& entry : tables) {
+        const auto image = snapshot_.Table(entry.Name);
+        description.Tables.push_back(
+            mdb::DescribeTable(entry.Name, image->Layout(), file_.Header().Version));
+      }
+      return description;
     });
   }
 
@@ -185,6 +202,18 @@ class AccessStore : public Store {
   }
 
  private:
+  void TakeFile(StoreAccess access) {
+    if (access == StoreAccess::ReadOnly) {
+      return;
+    }
+    const bool alone = access == StoreAccess::Alone;
+    if (alone) {
+      mdb::CheckNobodyElse(file_.Path());
+    }
+    use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
+                 timeout_);
+  }
+
   /// Another copy of this program may have broken off in the middle of a change. A file that is
   /// only read shows the change as made, without its being written.
   void FinishBrokenChange() {
@@ -215,6 +244,14 @@ class AccessStore : public Store {
     }
   }
 
+  void Commit(const mdb::PageImages& pages) {
+    if (durability_ == Durability::AtOnce) {
+      mdb::CommitPages(file_, pages, observer_);
+    } else {
+      file_.Write(pages);
+    }
+  }
+
   void CheckMayWrite() const {
     if (!file_.IsWritable()) {
       throw mdb::StoreProblem(mdb::Wrong::ReadingOnly);
@@ -225,9 +262,11 @@ class AccessStore : public Store {
 
   std::string file_name_;
   std::chrono::milliseconds timeout_;
+  Durability durability_;
   mdb::CommitObserver observer_;
   mdb::PageFile file_;
   mdb::Snapshot snapshot_;
+  std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
 };
 
@@ -242,7 +281,15 @@ std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess
                                        std::chrono::milliseconds timeout,
                                        mdb::CommitObserver observer) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
-    return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer));
+    return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer),
+                                         Durability::AtOnce);
+  });
+}
+
+std::unique_ptr<Store> OpenNewAccessStore(const std::string& file_name, Durability durability) {
+  return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
+    return std::make_unique<AccessStore>(file_name, StoreAccess::ReadWrite, kStoreTimeout,
+                                         mdb::CommitObserver(), durability);
   });
 }
 

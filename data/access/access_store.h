@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/access/commit_step.h"
+#include "data/durability.h"
 #include "data/open_store.h"
 #include "data/store.h"
 
@@ -35,5 +36,10 @@ bool LooksLikeAccess(std::string_view first_bytes);
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
                                        std::chrono::milliseconds timeout = kStoreTimeout,
                                        mdb::CommitObserver observer = {});
+
+/// Opens for reading and writing a database that CreateAccessFile has just made and nobody else
+/// knows of yet. With Durability::WhenAsked each change goes straight into the file, without a
+/// journal.
+std::unique_ptr<Store> OpenNewAccessStore(const std::string& file_name, Durability durability);
 
 }  // namespace veyra

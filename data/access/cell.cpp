@@ -97,6 +97,19 @@ Value ValueOf(const Cell& cell) {
   return Null{};
 }
 
+/// The date, or where it has a time of day the text of both.
+Value WithTime(DateSerial serial) {
+  const DaySeconds split = SplitSerial(serial);
+  const std::optional<Date> date = DateFromDays(split.Days);
+  if (!date || split.Seconds == 0) {
+    return ValueOf(serial);
+  }
+  std::array<char, 48> time{};
+  std::snprintf(time.data(), time.size(), " %02d:%02d:%02d", split.Seconds / 3600,
+                split.Seconds / 60 % 60, split.Seconds % 60);
+  return IsoText(*date) + time.data();
+}
+
 }  // namespace
 
 std::size_t FixedLength(ColumnKind kind) {
@@ -210,7 +223,12 @@ Cell CellReader::Read(const RowView& row, const ColumnLayout& column) const {
 }
 
 Value CellReader::ReadValue(const RowView& row, const ColumnLayout& column) const {
-  return column.Kind == ColumnKind::LongBinary ? Value(Null{}) : ValueOf(Read(row, column));
+  if (column.Kind == ColumnKind::LongBinary) {
+    return Null{};
+  }
+  const Cell cell = Read(row, column);
+  const auto* serial = std::get_if<DateSerial>(&cell);
+  return with_times_ && serial != nullptr ? WithTime(*serial) : ValueOf(cell);
 }
 
 Cell CellReader::ReadFixed(ByteView bytes, ColumnKind kind) const {

@@ -27,7 +27,9 @@ using Cell = std::variant<Null, std::int64_t, double, std::string, DateSerial, B
 /// Reads columns of rows, and the long texts that lie elsewhere in the file.
 class CellReader {
  public:
-  explicit CellReader(PageSource& file) : file_(file), code_page_(file.Header().CodePage) {}
+  /// `with_times`: ReadValue gives a date-time that has a time of day as text with it.
+  explicit CellReader(PageSource& file, bool with_times = false)
+      : file_(file), code_page_(file.Header().CodePage), with_times_(with_times) {}
 
   /// A column of a row. Throws DamagedFile when its bytes are not what the column's kind needs.
   Cell Read(const RowView& row, const ColumnLayout& column) const;
@@ -45,6 +47,7 @@ class CellReader {
 
   PageSource& file_;
   CodePage code_page_;
+  bool with_times_;
 };
 
 /// The bytes of a fixed column of that kind; 0 for the others.

@@ -43,7 +43,11 @@ void SetFreeBytes(Bytes& page) {
   Put(page, 2, static_cast<std::uint16_t>(begin - std::min(begin, slots_end)));
 }
 
+/// In a damaged page rows may overlap, and so need more room than there is.
 void WriteSlots(Bytes& page, const std::vector<Slot>& slots) {
+  if (BytesNeeded(slots) > page.size()) {
+    throw DamagedFile();
+  }
   const std::size_t head = SlotsAt(Format::Jet4);
   std::fill(page.begin() + static_cast<std::ptrdiff_t>(head), page.end(), Byte{0});
   Put(page, kCountAt, static_cast<std::uint16_t>(slots.size()));
@@ -111,7 +115,10 @@ std::uint16_t AddRow(Bytes& page, const Bytes& row, std::uint16_t flags) {
 
 void ReplaceRow(Bytes& page, std::uint16_t row, const Bytes& bytes, std::uint16_t flags) {
   std::vector<Slot> slots = SlotsOf(page);
-  slots.at(row) = {bytes, flags};
+  if (row >= slots.size()) {
+    throw DamagedFile();
+  }
+  slots[row] = {bytes, flags};
   WriteSlots(page, slots);
 }
 

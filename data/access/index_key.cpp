@@ -34,6 +34,9 @@ void AppendWholeNumber(Bytes& key, const Bytes& raw) {
 }
 
 void AppendReal(Bytes& key, const Bytes& raw) {
+  if (raw.empty()) {
+    throw DamagedFile();
+  }
   Bytes number = Reversed(raw);
   if ((number.front() & kTopBit) == 0) {
     number.front() = static_cast<Byte>(number.front() | kTopBit);

@@ -124,6 +124,9 @@ bool FitsOnPage(const IndexPage& page) {
 }
 
 Bytes EncodeIndexPage(const IndexPage& page) {
+  if (!FitsOnPage(page)) {
+    throw DamagedFile();
+  }
   const std::size_t prefix = BytesOfEntries(page) > kIndexRoom ? CommonPrefix(page) : 0;
   Bytes entries;
   Bytes bytes(kEntriesAt);

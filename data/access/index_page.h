@@ -51,7 +51,7 @@ std::size_t BytesOfEntries(const IndexPage& page);
 /// Whether the entries have room on one page, in full or without their common prefix.
 bool FitsOnPage(const IndexPage& page);
 
-/// The page as the file has it. REQUIRES: FitsOnPage(page).
+/// The page as the file has it. Throws DamagedFile unless FitsOnPage(page).
 Bytes EncodeIndexPage(const IndexPage& page);
 
 /// The key of an entry of a row.

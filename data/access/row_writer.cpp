@@ -91,6 +91,9 @@ void PutFixedColumns(Bytes& bytes, const RawRow& row, const TableLayout& table) 
   for (std::size_t i = 0; i < row.size(); ++i) {
     const ColumnLayout& column = table.Columns[i];
     if (row[i] && column.IsFixed() && column.Kind != ColumnKind::YesNo) {
+      if (row[i]->size() > BytesOfFixed(column)) {
+        throw DamagedFile();
+      }
       std::copy(row[i]->begin(), row[i]->end(), bytes.begin() + 2 + column.FixedOffset);
     }
   }

@@ -129,8 +129,9 @@ double NowSerial() {
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   std::tm local{};
   localtime_r(&now, &local);
-  const Date today = std::chrono::year{local.tm_year + 1900} /
-                     static_cast<unsigned>(local.tm_mon + 1) / static_cast<unsigned>(local.tm_mday);
+  const Date today{std::chrono::year{local.tm_year + 1900},
+                   std::chrono::month{static_cast<unsigned>(local.tm_mon + 1)},
+                   std::chrono::day{static_cast<unsigned>(local.tm_mday)}};
   const int seconds = local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec;
   return static_cast<double>(DaysFromDate(today)) + seconds / 86400.0;
 }

@@ -24,7 +24,7 @@ bool MayLookUp(const TableImage& image, std::size_t column, const Value& value) 
 }  // namespace
 
 TableRows::TableRows(PageSource& file, std::shared_ptr<TableImage> image, const Query& query)
-    : image_(std::move(image)), cells_(file) {
+    : image_(std::move(image)), cells_(file, query.WithTimes) {
   if (!query.Where.empty()) {
     condition_.emplace(query.Where.front(), image_->Layout());
     Narrow();

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <system_error>
 #include <thread>
-#include <tuple>
 #include <utility>
 
 #include "data/errors.h"
@@ -20,6 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
+using std::chrono::steady_clock;
 
 /// The byte of the file's head that says how it is written, and its value for a write-ahead log.
 constexpr std::size_t kWriteVersion = 18;
@@ -65,57 +65,73 @@ FileState StateOf(const std::string& file) {
   return {state.st_ino, state.st_size, state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
 }
 
-/// A database file and its log at one moment.
-struct PairState {
-  explicit PairState(const std::string& file) : Main(StateOf(file)), Log(StateOf(LogOf(file))) {}
+/// A database file, its log and the log's index at one moment.
+struct FilesState {
+  explicit FilesState(const std::string& file)
+      : Main(StateOf(file)), Log(StateOf(LogOf(file))), Index(StateOf(IndexOf(file)).Number) {}
 
-  bool operator==(const PairState&) const = default;
+  bool operator==(const FilesState&) const = default;
 
   FileState Main;
   FileState Log;
+  std::uint64_t Index;
 };
 
-/// Waits until a further change of the file would show in its time.
-void LetTimePass(const FileState& state) {
+/// Whether a further change of the file now could bear the time of the last one.
+bool IsJustWritten(const FileState& state) {
   using Clock = std::chrono::system_clock;
   const auto written =
       Clock::time_point(std::chrono::seconds(state.Seconds)) +
       std::chrono::duration_cast<Clock::duration>(std::chrono::nanoseconds(state.Nanoseconds));
   const auto age = Clock::now() - written;
-  if (age >= Clock::duration::zero() && age < kClockStep) std::this_thread::sleep_for(kClockStep);
+  return age >= Clock::duration::zero() && age < kClockStep;
 }
 
-class LockedReading : public FileReading {
+bool IsJustWritten(const FilesState& state) {
+  return IsJustWritten(state.Main) || IsJustWritten(state.Log);
+}
+
+/// What all ways of reading have in common.
+class Reading : public FileReading {
  public:
-  explicit LockedReading(std::unique_ptr<Database> database) : reader_(std::move(database)) {}
+  Reading(std::string file, const FilesState& before) : file_(std::move(file)), before_(before) {}
 
-  Reader& reader() override { return reader_; }
+  Reader& reader() override { return *reader_; }
+  bool HasChanged() const override { return FilesState(file_) != before_; }
 
- private:
-  Reader reader_;
-};
-
-class UnlockedReading : public FileReading {
- public:
-  explicit UnlockedReading(const std::string& file)
-      : file_(file),
-        before_(SettledState(file)),
-        reader_(std::make_unique<Database>(Uri(file, "immutable=1"), file, OpenMode::ReadOnly,
-                                           milliseconds(0))) {}
-
-  Reader& reader() override { return reader_; }
-  bool IsUnlocked() const override { return true; }
-  bool HasChanged() override { return PairState(file_) != before_; }
-
- private:
-  static PairState SettledState(const std::string& file) {
-    LetTimePass(StateOf(file));
-    return PairState(file);
+ protected:
+  void Open(const std::string& location, OpenMode mode, milliseconds timeout) {
+    reader_ = std::make_unique<Reader>(std::make_unique<Database>(location, file_, mode, timeout));
   }
 
+  void Close() { reader_.reset(); }
+
+  const std::string& file() const { return file_; }
+
+ private:
   std::string file_;
-  PairState before_;
-  Reader reader_;
+  FilesState before_;
+  std::unique_ptr<Reader> reader_;
+};
+
+class LockedReading : public Reading {
+ public:
+  LockedReading(const std::string& name, const FilesState& before, const std::string& location,
+                milliseconds timeout)
+      : Reading(name, before) {
+    Open(location, OpenMode::ReadOnly, timeout);
+  }
+
+  bool IsUnlocked() const override { return false; }
+};
+
+class UnlockedReading : public Reading {
+ public:
+  UnlockedReading(const std::string& name, const FilesState& before) : Reading(name, before) {
+    Open(Uri(name, "immutable=1"), OpenMode::ReadOnly, milliseconds(0));
+  }
+
+  bool IsUnlocked() const override { return true; }
 };
 
 /// A folder of this process's own that goes when it is dropped.
@@ -141,31 +157,27 @@ class PrivateFolder {
   fs::path path_;
 };
 
-class CopyReading : public FileReading {
+class CopyReading : public Reading {
  public:
-  CopyReading(const std::string& file, milliseconds timeout)
-      : copy_(folder_.File("copy")), before_(file), file_(file) {
-    fs::copy_file(file, copy_);
-    fs::copy_file(LogOf(file), LogOf(copy_));
-    reader_ = std::make_unique<Reader>(
-        std::make_unique<Database>(copy_, file, OpenMode::ReadWrite, timeout));
+  CopyReading(const std::string& name, const FilesState& before, milliseconds timeout)
+      : Reading(name, before) {
+    const std::string copy = folder_.File("copy");
+    fs::copy_file(file(), copy);
+    fs::copy_file(LogOf(file()), LogOf(copy));
+    Open(copy, OpenMode::ReadWrite, timeout);
   }
+  ~CopyReading() override { Close(); }  // Before the folder goes.
 
-  Reader& reader() override { return *reader_; }
   bool IsUnlocked() const override { return true; }
-  bool HasChanged() override { return PairState(file_) != before_; }
 
  private:
   PrivateFolder folder_;
-  std::string copy_;
-  PairState before_;
-  std::string file_;
-  std::unique_ptr<Reader> reader_;
 };
 
-std::unique_ptr<FileReading> OpenCopy(const std::string& file, milliseconds timeout) {
+std::unique_ptr<FileReading> OpenCopy(const std::string& file, const FilesState& before,
+                                      milliseconds timeout) {
   try {
-    return std::make_unique<CopyReading>(file, timeout);
+    return std::make_unique<CopyReading>(file, before, timeout);
   } catch (const fs::filesystem_error& error) {
     throw DatabaseError({file,
                          "The file has a log beside it, and could not be copied to be read: " +
@@ -174,21 +186,45 @@ std::unique_ptr<FileReading> OpenCopy(const std::string& file, milliseconds time
   }
 }
 
+bool HasLog(const std::string& file, milliseconds timeout) {
+  return Database(file, file, OpenMode::ReadOnly, timeout)
+             .FirstBytes(kWriteVersion + 1)[kWriteVersion] == kWithLog;
+}
+
+/// Opens the file as its state asks for; null when it was written to so recently that a change
+/// while it is read without locks could go unnoticed.
+std::unique_ptr<FileReading> OpenByState(const std::string& file, const FilesState& state,
+                                         milliseconds timeout) {
+  if (!HasLog(file, timeout)) {
+    return std::make_unique<LockedReading>(file, state, file, timeout);
+  }
+  if (state.Log != FileState() && state.Index != 0) {
+    return std::make_unique<LockedReading>(file, state, Uri(file, "readonly_shm=1"), timeout);
+  }
+  if (IsJustWritten(state)) return nullptr;
+  if (state.Log.Size == 0) return std::make_unique<UnlockedReading>(file, state);
+  return OpenCopy(file, state, timeout);
+}
+
 }  // namespace
 
-std::unique_ptr<FileReading> OpenForReading(const std::string& file, milliseconds timeout) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadOnly, timeout);
-  const std::string head = database->FirstBytes(kWriteVersion + 1);
-  if (head[kWriteVersion] != kWithLog) {
-    return std::make_unique<LockedReading>(std::move(database));
+std::unique_ptr<FileReading> OpenForReading(const std::string& file, milliseconds timeout,
+                                            steady_clock::time_point deadline) {
+  while (true) {
+    const FilesState state(file);
+    try {
+      if (auto reading = OpenByState(file, state, timeout)) return reading;
+    } catch (const DatabaseError&) {
+      // A log or index may have been removed between the look at it and its opening.
+      if (FilesState(file) == state || steady_clock::now() >= deadline) throw;
+      continue;
+    }
+    if (steady_clock::now() >= deadline) {
+      throw DatabaseBusyError({file, "Another program is writing to the file all the time.",
+                               "Wait until the other program has finished, and try again."});
+    }
+    std::this_thread::sleep_for(kClockStep);
   }
-  const FileState log = StateOf(LogOf(file));
-  if (log != FileState() && StateOf(IndexOf(file)) != FileState()) {
-    return std::make_unique<LockedReading>(
-        std::make_unique<Database>(Uri(file, "readonly_shm=1"), file, OpenMode::ReadOnly, timeout));
-  }
-  if (log.Size == 0) return std::make_unique<UnlockedReading>(file);
-  return OpenCopy(file, timeout);
 }
 
 }  // namespace veyra::sqlite

@@ -18,11 +18,11 @@ class FileReading {
 
   /// Whether another program can change the file under the reader. Then all rows must be read, and
   /// HasChanged asked, before any of them is used.
-  virtual bool IsUnlocked() const { return false; }
+  virtual bool IsUnlocked() const = 0;
 
-  /// Whether the file may have been changed since it was opened, so that what was read, failures
-  /// included, counts for nothing.
-  virtual bool HasChanged() { return false; }
+  /// Whether the files may have been changed, made or removed since they were opened, so that a
+  /// failure, and what was read without a lock, counts for nothing.
+  virtual bool HasChanged() const = 0;
 };
 
 /// Opens a SQLite file for reading in the way that leaves no trace, whatever state the file is in:
@@ -33,8 +33,10 @@ class FileReading {
 ///   a log that is empty or not there   read without locks, since a lock would make a log
 ///   a log without its index            read from a private copy
 ///
-/// Throws as ThrowError does. REQUIRES: the name is absolute.
+/// Throws as ThrowError does, DatabaseBusyError when the files are changed so often that they
+/// cannot be read without locks until `deadline`. REQUIRES: the name is absolute.
 std::unique_ptr<FileReading> OpenForReading(const std::string& file,
-                                            std::chrono::milliseconds timeout);
+                                            std::chrono::milliseconds timeout,
+                                            std::chrono::steady_clock::time_point deadline);
 
 }  // namespace veyra::sqlite

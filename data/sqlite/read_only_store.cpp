@@ -1,10 +1,12 @@
 #include "data/sqlite/read_only_store.h"
 
 #include <functional>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "data/errors.h"
+#include "data/sqlite/describe.h"
 #include "data/sqlite/file_reading.h"
 #include "data/store_errors.h"
 
@@ -13,6 +15,8 @@ namespace veyra::sqlite {
 namespace {
 
 using std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kShortWait{5};
 
 /// The rows of a file that cannot change while they are read.
 class OpenRows : public RowSource {
@@ -69,6 +73,12 @@ class ReadOnlyStore : public Store {
     return names;
   }
 
+  StoreDescription Describe() override {
+    StoreDescription description;
+    Ask([&](const auto& reading) { description = sqlite::Describe(reading->reader()); });
+    return description;
+  }
+
   std::unique_ptr<RowSource> Select(const Query& query) override {
     std::unique_ptr<RowSource> source;
     Ask([&](const auto& reading) {
@@ -94,22 +104,25 @@ class ReadOnlyStore : public Store {
   /// Puts the question until the file stood still while it was answered.
   void Ask(const Question& question) {
     const auto deadline = steady_clock::now() + timeout_;
-    while (!IsAnswered(question)) {
-      if (steady_clock::now() < deadline) continue;
-      throw DatabaseBusyError({file_, "Another program is writing to the file all the time.",
-                               "Wait until the other program has finished, and try again."});
+    while (!IsAnswered(question, deadline)) {
     }
   }
 
-  bool IsAnswered(const Question& question) {
-    const std::shared_ptr<FileReading> reading = OpenForReading(file_, timeout_);
+  bool IsAnswered(const Question& question, steady_clock::time_point deadline) {
+    const std::shared_ptr<FileReading> reading = OpenForReading(file_, timeout_, deadline);
     try {
       question(reading);
+    } catch (const DatabaseBusyError&) {
+      // The other program is setting up its log, or SQLite has waited for it till the deadline.
+      if (steady_clock::now() >= deadline) throw;
+      std::this_thread::sleep_for(kShortWait);
+      return false;
     } catch (const DatabaseError&) {
       // What was read while the file changed need not make sense: then it is asked again.
-      if (!reading->HasChanged()) throw;
+      if (steady_clock::now() >= deadline || !reading->HasChanged()) throw;
+      return false;
     }
-    return !reading->HasChanged();
+    return !reading->IsUnlocked() || !reading->HasChanged();
   }
 
   [[noreturn]] void Refuse() const { throw OpenedForReadingOnly(file_); }

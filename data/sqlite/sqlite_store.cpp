@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/names.h"
+#include "data/sqlite/describe.h"
 #include "data/sqlite/reader.h"
 #include "data/sqlite/sql_text.h"
 #include "data/store_errors.h"
@@ -31,6 +32,7 @@ class SqliteStore : public Store {
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return reader_.catalogue().Find(table).Columns;
   }
+  StoreDescription Describe() override { return sqlite::Describe(reader_); }
   std::unique_ptr<RowSource> Select(const Query& query) override { return reader_.Select(query); }
 
   Row Insert(const std::string& table, const FieldValues& fields) override;
@@ -166,6 +168,16 @@ std::unique_ptr<Database> OpenDurable(const std::string& file, std::chrono::mill
 
 std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
   return std::make_unique<SqliteStore>(OpenDurable(file, timeout));
+}
+
+std::unique_ptr<Store> OpenAlone(const std::string& file, std::chrono::milliseconds timeout) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
+  database->Execute("PRAGMA locking_mode = EXCLUSIVE");
+  // In that mode the lock that a change takes is kept when the change is done.
+  database->Execute("BEGIN EXCLUSIVE");
+  database->Execute("COMMIT");
+  database->CheckWhole();
+  return std::make_unique<SqliteStore>(std::move(database));
 }
 
 std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout,

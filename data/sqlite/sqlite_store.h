@@ -13,6 +13,11 @@ namespace veyra::sqlite {
 /// it; closing puts all into the one file. REQUIRES: the file exists; its name is absolute.
 std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout);
 
+/// The same, for as long as nobody else has the file open; a log it was left with is put into the
+/// file by closing it. Throws DatabaseBusyError when another program has it open, as far as that
+/// shows: one that uses no write-ahead log shows itself only while it reads or writes.
+std::unique_ptr<Store> OpenAlone(const std::string& file, std::chrono::milliseconds timeout);
+
 /// Makes a database without tables of an empty file, and opens it like OpenReadWrite. When it need
 /// not be `durable`, nothing is flushed to the disk, neither then nor when it is closed.
 /// REQUIRES: the file exists and is empty; its name is absolute.

@@ -49,14 +49,15 @@ int StepOf(int key) {
   }
 }
 
-double FittingPointSize(QFont font, int cell_width) {
-  const QString line(kCharactersSeen, QChar(u'0'));
+int WidthOfLine(QFont font, double size) {
+  font.setPointSizeF(size);
+  return QFontMetrics(font).horizontalAdvance(QString(kCharactersSeen, QChar(u'0')));
+}
+
+double FittingPointSize(const QFont& font, int cell_width) {
   double size = kLargestFont;
-  for (; size > kSmallestFont; size -= kFontStep) {
-    font.setPointSizeF(size);
-    if (QFontMetrics(font).horizontalAdvance(line) <= cell_width - kListMargins) {
-      break;
-    }
+  while (size > kSmallestFont && WidthOfLine(font, size) > cell_width - kListMargins) {
+    size -= kFontStep;
   }
   return size;
 }

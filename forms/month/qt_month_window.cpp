@@ -207,7 +207,8 @@ void QtMonthWindow::WirePageKeys() {
 }
 
 void QtMonthWindow::Report(Handler handler) {
-  guard_.Run([&] { (handler_->*handler)(); });
+  frmCalendar& calendar = *handler_;
+  guard_.Run([&calendar, handler] { (calendar.*handler)(); });
 }
 
 void QtMonthWindow::ShowMonth(const modRes::MonthPicture& picture) {

@@ -192,7 +192,8 @@ void QtMultiDayWindow::DismissPicker() {
 }
 
 void QtMultiDayWindow::Report(Handler handler) {
-  guard_.Run([&] { (handler_->*handler)(); });
+  frmMultiDay& logic = *handler_;
+  guard_.Run([&logic, handler] { (logic.*handler)(); });
 }
 
 void QtMultiDayWindow::ShowPlan(const MultiDayPlan& plan) {

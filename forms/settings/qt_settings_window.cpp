@@ -199,8 +199,10 @@ QPushButton* QtSettingsWindow::MakeButton(const char* name, const char* caption,
   auto* button = new QPushButton(QLatin1String(caption), parent);
   button->setObjectName(QLatin1String(name));
   button->setAutoDefault(true);
-  connect(button, &QPushButton::clicked, this,
-          [this, handler] { guard_.Run([&] { (handler_->*handler)(); }); });
+  connect(button, &QPushButton::clicked, this, [this, handler] {
+    frmSettings& settings = *handler_;
+    guard_.Run([&settings, handler] { (settings.*handler)(); });
+  });
   return button;
 }
 

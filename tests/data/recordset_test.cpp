@@ -38,6 +38,7 @@ class CountingStore : public Store {
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return store_->ColumnNames(table);
   }
+  StoreDescription Describe() override { return store_->Describe(); }
   std::unique_ptr<RowSource> Select(const Query& query) override {
     ++counts_.Selects;
     return store_->Select(query);

@@ -154,7 +154,7 @@ TEST_F(ClosingOrderTest, AfterTheViewerADayOfTheMonthReturnsToTheMonth) {
   Start();
   OpenViewer();
   Close("frmDayViewer");
-  ClickDay(21);
+  PressDay(21);
   Close("frmDay");
   ExpectTheMonthAlone();
 }

@@ -347,7 +347,7 @@ TEST_F(DayWindowTest, AnotherOpeningIsANewWindow) {
   QTest::keyClicks(&Names(Day()), QStringLiteral("x"));
   Day()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  ClickDay(22);
+  PressDay(22);
   ASSERT_NE(nullptr, Day());
   EXPECT_EQ("  3/16/2014 Bookings", Day()->windowTitle().toStdString());
   EXPECT_EQ("", Names(Day()).currentText().toStdString());

@@ -325,7 +325,7 @@ TEST_F(MonthWindowTest, TheLeftButtonOpensTheDayAsItGoesDown) {
 
 TEST_F(MonthWindowTest, AnotherButtonOpensNothing) {
   Start();
-  ClickDay(22, Qt::MiddleButton);
+  PressDay(22, Qt::MiddleButton);
   EXPECT_EQ(nullptr, Day());
 }
 
@@ -352,7 +352,7 @@ TEST_F(MonthWindowTest, WithoutAFacilityADayIsRefused) {
   Facility().setFocus();
   Facility().lineEdit()->selectAll();
   Key(Qt::Key_Delete);
-  ClickDay(22);
+  PressDay(22);
   EXPECT_EQ("[OK Critical] There is no Facility Selected", dialogs_.OnlyBox());
   EXPECT_EQ(nullptr, Day());
 }

@@ -227,7 +227,7 @@ TEST_F(MultiDayWindowTest, ItKeepsItsPlanForAnotherDay) {
   Weekday(3).click();
   Button("Command1").click();
   Day()->close();
-  ClickDay(22);
+  PressDay(22);
   In<QRadioButton>(Day(), "Book(1)").click();
   EXPECT_EQ("3/16/2014", Field(0).text().toStdString());
   EXPECT_EQ("4/30/2014", Field(1).text().toStdString());

@@ -43,7 +43,7 @@ class ProgramFixture : public testing::Test {
 
   void StartAndOpenDay(int cell = 21) {
     Start();
-    ClickDay(cell);
+    PressDay(cell);
     ASSERT_NE(nullptr, Day());
     ASSERT_TRUE(QTest::qWaitForWindowActive(Day()));
   }
@@ -87,7 +87,7 @@ class ProgramFixture : public testing::Test {
     return Grid().visualRect(Grid().model()->index(row - 1, column)).center();
   }
 
-  static void ClickDay(int cell, Qt::MouseButton button = Qt::LeftButton) {
+  static void PressDay(int cell, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(List(cell).viewport(), button, {}, QPoint(10, 5));
   }
 

@@ -60,7 +60,7 @@ TEST_F(ProgramTest, ClosingTheDayWindowDoesNot) {
 TEST_F(ProgramTest, ClosingTheMonthWindowEndsTheProgramBesideAnOpenDay) {
   Start();
   QWidget* month = Month();
-  ClickDay(21);
+  PressDay(21);
   ASSERT_NE(nullptr, Day());
   month->show();
   ExpectToEnd([month] { month->close(); });
@@ -69,7 +69,7 @@ TEST_F(ProgramTest, ClosingTheMonthWindowEndsTheProgramBesideAnOpenDay) {
 TEST_F(ProgramTest, ADayThatCannotBeLoadedIsReportedAndTheMonthIsThere) {
   Start();
   data_.Folder().Write("Veyra.mdb", std::string(8192, 'x'));
-  ClickDay(21);
+  PressDay(21);
   EXPECT_NE(std::string::npos, dialogs_.OnlyBox().find("Veyra.mdb"));
   EXPECT_EQ(nullptr, Day());
   EXPECT_NE(nullptr, Month());

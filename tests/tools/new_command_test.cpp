@@ -111,6 +111,47 @@ TEST_F(NewCommandTest, SingleBookingsOfTheSampleHaveNoKey) {
   EXPECT_EQ(sample.Bookings.size() - static_cast<std::size_t>(singles), grouped);
 }
 
+TEST_F(NewCommandTest, AccessMakesBothAsAccessFiles) {
+  New({Folder(), "--access"});
+  for (const char* name : {"Calendar.mdb", "Veyra.mdb"}) {
+    EXPECT_EQ("Standard Jet DB", temp_.Read(std::string("data/") + name).substr(4, 15)) << name;
+  }
+}
+
+TEST_F(NewCommandTest, AccessFilesAreMadeOfTheSameTables) {
+  New({Folder(), "--access"});
+  EXPECT_EQ((std::vector<std::string>{"Rooms", "Reserv"}), Open("Calendar.mdb").TableNames());
+  EXPECT_EQ((std::vector<std::string>{"Guest"}), Open("Veyra.mdb").TableNames());
+}
+
+TEST_F(NewCommandTest, TheSampleInAccessFilesIsTheSame) {
+  New({Folder(), "--access", "--sample"});
+  const SampleData sample = MakeSampleData(kToday);
+  Connection calendar = Open("Calendar.mdb");
+  auto bookings = calendar.Open("SELECT * FROM Reserv", CursorType::ForwardOnlyReadOnly);
+  for (const SampleBooking& booking : sample.Bookings) {
+    ASSERT_FALSE(bookings->AtEnd());
+    EXPECT_EQ(booking.Event, ToText(bookings->Field("Event")));
+    EXPECT_EQ(booking.Day, ToDate(bookings->Field("DateOfRes")));
+    EXPECT_EQ(booking.TimeFrom, ToInteger(bookings->Field("TimeFrom")));
+    EXPECT_EQ(booking.MultKey, ToInteger(bookings->Field("MultKey")));
+    bookings->MoveNext();
+  }
+  EXPECT_TRUE(bookings->AtEnd());
+  EXPECT_EQ(sample.Guests.size(), RowsOf("Veyra.mdb", "Guest"));
+}
+
+TEST_F(NewCommandTest, AccessFilesLeaveNothingBesideThem) {
+  New({Folder(), "--access", "--sample"});
+  EXPECT_EQ((Names{"Calendar.mdb", "Veyra.mdb"}), FilesIn(Folder()));
+}
+
+TEST_F(NewCommandTest, AFacilityAddedToAnAccessSampleGetsTheNextNumber) {
+  New({Folder(), "--access", "--sample"});
+  const auto store = OpenStore(Folder() + "/Calendar.mdb", StoreAccess::ReadWrite);
+  EXPECT_EQ(Value(std::int64_t{6}), store->Insert("Rooms", {{"Name", "Attic"}}).Values.front());
+}
+
 TEST_F(NewCommandTest, SaysWhatItMade) {
   New({Folder()});
   EXPECT_EQ("Made Calendar.mdb and Veyra.mdb in " + Folder() + ".\n", out_.str());

@@ -44,10 +44,20 @@ class HostProgram {
 
   /// Returns when the host has carried the statements out.
   void Run(const std::string& sql) {
+    Start(sql);
+    Finish();
+  }
+
+  /// Returns while the host is at work. REQUIRES: the statements are shorter than a page.
+  void Start(const std::string& sql) {
+    if (write(to_host_, sql.c_str(), sql.size() + 1) < 0) throw std::runtime_error("no host");
+  }
+
+  /// Waits until the host has done what it was started on.
+  void Finish() {
     char answer = 0;
-    if (write(to_host_, sql.c_str(), sql.size() + 1) < 0 || read(from_host_, &answer, 1) != 1 ||
-        answer != kDone) {
-      throw std::runtime_error("the host failed: " + sql);
+    if (read(from_host_, &answer, 1) != 1 || answer != kDone) {
+      throw std::runtime_error("the host failed");
     }
   }
 

@@ -122,6 +122,23 @@ TEST_F(ReadOnlyStoreTest, ReadsWhileTheHostIsInTheMiddleOfAChange) {
   EXPECT_EQ("Ann;Bob;", Guests());
 }
 
+TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeThatTheHostIsMaking) {
+  MakeGuests("WAL");
+  HostAdds("Ann");
+  Open();
+  std::string changes = "PRAGMA wal_autocheckpoint = 3;";
+  for (int i = 0; i < 60; ++i) changes += "UPDATE Guest SET Name = Name || 'a';";
+  for (int round = 0; round < 5; ++round) {
+    host_->Start(changes);
+    for (int i = 0; i < 40; ++i) {
+      const std::string guests = Guests();
+      const std::size_t half = guests.size() / 2;
+      EXPECT_EQ(guests.substr(0, half), guests.substr(half));
+    }
+    host_->Finish();
+  }
+}
+
 TEST_F(ReadOnlyStoreTest, LetsTheHostCloseItsLogWhileItStaysOpen) {
   MakeGuests("WAL");
   HostAdds("Bob");

@@ -1,0 +1,151 @@
+#include "tools/convert_command.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "data/create_store.h"
+#include "data/errors.h"
+#include "data/file_name.h"
+#include "data/open_store.h"
+#include "tools/command_line.h"
+#include "tools/copy_database.h"
+#include "tools/file_moves.h"
+#include "tools/unfinished_folder.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+constexpr const char* kCalendarFile = "Calendar.mdb";
+
+/// Who has the calendar open has it open for hours: waiting is of no use.
+constexpr std::chrono::milliseconds kPatience{200};
+
+constexpr const char* kCloseAdvice =
+    "Nothing was changed. Close the calendar at every desk, and try again.";
+
+const char* NameOf(FileKind kind) {
+  return kind == FileKind::Access ? "an Access file" : "a SQLite file";
+}
+
+FileKind KindNamed(const std::string& name) {
+  if (name == "sqlite") return FileKind::Sqlite;
+  if (name == "access") return FileKind::Access;
+  throw UsageError("\"--to\" needs \"sqlite\" or \"access\", not \"" + name + "\".");
+}
+
+std::unique_ptr<Store> OpenAlone(const fs::path& file) {
+  try {
+    return OpenStore(file.string(), StoreAccess::Alone, kPatience);
+  } catch (const DatabaseBusyError&) {
+    throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
+  }
+}
+
+/// Whether a journal lies beside a database that is closed here: then it is not whole without it.
+bool HasJournal(const fs::path& file) {
+  for (const char* suffix : {"-wal", "-shm", "-journal"}) {
+    if (fs::exists(fs::symlink_status(file.string() + suffix))) return true;
+  }
+  return false;
+}
+
+/// What changes in a file when it is written to.
+using FileState = std::pair<std::uintmax_t, fs::file_time_type>;
+
+FileState StateOf(const fs::path& file) {
+  return {fs::file_size(file), fs::last_write_time(file)};
+}
+
+/// Makes what an interrupted program left undone, and returns what the file is then like.
+FileState Settle(const fs::path& file) {
+  OpenAlone(file);
+  if (HasJournal(file)) {
+    throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
+  }
+  return StateOf(file);
+}
+
+void RequireUnchanged(const fs::path& file, const FileState& before) {
+  if (HasJournal(file) || StateOf(file) != before) {
+    throw DatabaseBusyError(
+        {file.string(), "Somebody used the calendar while it was converted.", kCloseAdvice});
+  }
+}
+
+/// Whoever could use the old file can use the new one.
+void TakeOverRights(const fs::path& file, const fs::path& fresh) {
+  struct stat status {};
+  if (::stat(file.c_str(), &status) != 0) return;
+  // Only an administrator may give files away; the group, its members may.
+  if (::chown(fresh.c_str(), status.st_uid, status.st_gid) != 0 &&
+      ::chown(fresh.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0) {
+    // Then the new file is this user's, as any other that he makes.
+  }
+  fs::permissions(fresh, fs::status(file).permissions());
+}
+
+/// Makes the new file, whole and compared, and returns how many tables and rows it has.
+CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
+                  const CopyObserver& observer) {
+  const auto source = OpenAlone(file);
+  const CopyPlan plan = PlanCopy(*source, kind, observer);
+  CopyTables(*source, *CreateStore(fresh.string(), Durability::WhenAsked, kind), plan, observer);
+  if (HasJournal(fresh)) {
+    throw FileError({fresh.string(), "The new file could not be completed.",
+                     "Nothing was changed. Check that the disk has room."});
+  }
+  CompareTables(*source, *OpenStore(fresh.string(), StoreAccess::ReadOnly), plan, observer);
+  return plan;
+}
+
+void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver& observer,
+             std::ostream& out) {
+  const FileState before = Settle(file);
+  UnfinishedFolder unfinished(file.parent_path());
+  const fs::path fresh = unfinished.path() / file.filename();
+  const CopyPlan plan = MakeCopy(file, fresh, kind, observer);
+  RequireUnchanged(file, before);
+  TakeOverRights(file, fresh);
+  const fs::path kept = ReplaceAndKeep(fresh, file, today);
+  out << file.string() << " is " << NameOf(kind) << " now: " << plan.Tables.size() << " tables, "
+      << plan.RowCount << " rows, all compared.\nThe old file is kept as "
+      << kept.filename().string() << ".\n";
+}
+
+void RunConvert(Arguments arguments, Date today, const CopyObserver& observer, std::ostream& out) {
+  const FileKind kind = KindNamed(TakeOptionValue(arguments, "--to").value_or("sqlite"));
+  Arguments options;
+  const Arguments folders = WithoutOptions(arguments, {}, options);
+  if (folders.size() != 1 || folders.front().empty()) {
+    throw UsageError("\"convert\" needs the name of one folder.");
+  }
+  const fs::path named = fs::absolute(NativePath(folders.front())) / kCalendarFile;
+  const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
+  if (found.Kind == kind && found.IsWritable) {
+    out << named.string() << " is " << NameOf(kind) << " already; nothing was changed.\n";
+    return;
+  }
+  Convert(fs::canonical(named), kind, today, observer, out);
+}
+
+}  // namespace
+
+Command ConvertCommand(Date today, CopyObserver observer) {
+  return {"convert", "FOLDER [--to sqlite|access]",
+          "      Makes the Calendar.mdb in FOLDER a SQLite file or, with --to access, an Access\n"
+          "      2000 file, with all its tables, columns and rows; queries, forms and reports are\n"
+          "      left out. Every row is compared, and the old file stays beside it as\n"
+          "      Calendar-before-DATE.mdb. Nobody may have the calendar open.\n",
+          [today, observer = std::move(observer)](const Arguments& arguments, std::ostream& out) {
+            RunConvert(arguments, today, observer, out);
+          }};
+}
+
+}  // namespace veyra

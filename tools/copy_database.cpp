@@ -1,0 +1,160 @@
+#include "tools/copy_database.h"
+
+#include <optional>
+#include <string>
+
+#include "data/errors.h"
+
+namespace veyra {
+namespace {
+
+constexpr const char* kAdvice = "Nothing was changed. Correct the row, and convert again.";
+
+std::optional<Value> Found(const auto& value) {
+  return value ? std::optional<Value>(*value) : std::nullopt;
+}
+
+/// The value as a column of that type holds it, or nothing when it cannot.
+std::optional<Value> As(ColumnType type, const Value& value) {
+  if (IsNull(value)) return value;
+  switch (type) {
+    case ColumnType::WholeNumber:
+      return Found(ToInteger(value));
+    case ColumnType::Double:
+      return Found(ToDouble(value));
+    case ColumnType::Day:
+      return Found(ToDate(value));
+    case ColumnType::Text:
+      return ToText(value);
+  }
+  return std::nullopt;
+}
+
+const char* WordFor(ColumnType type) {
+  switch (type) {
+    case ColumnType::WholeNumber:
+      return "whole number";
+    case ColumnType::Double:
+      return "number";
+    case ColumnType::Day:
+      return "date";
+    case ColumnType::Text:
+      return "text";
+  }
+  return "value";
+}
+
+/// A table of the source while its rows are gone through.
+class SourceTable {
+ public:
+  SourceTable(Store& source, const TablePlan& plan)
+      : file_(source.FileName()), table_(plan.Table), rows_(source.Select(plan.Rows)) {}
+
+  /// Goes to the next row, its values as the new columns hold them.
+  bool Next() {
+    if (!rows_->Next(row_)) return false;
+    ++number_;
+    for (std::size_t i = 0; i < row_.Values.size(); ++i) row_.Values[i] = Converted(i);
+    return true;
+  }
+
+  const std::vector<Value>& Values() const { return row_.Values; }
+
+  [[noreturn]] void Fail(const std::string& cause) const {
+    throw DatabaseError({file_,
+                         "Row " + std::to_string(number_) + " of the table " + table_.Name +
+                             " cannot be converted. " + cause,
+                         kAdvice});
+  }
+
+ private:
+  Value Converted(std::size_t i) const {
+    const ColumnDefinition& column = table_.Columns[i];
+    const std::optional<Value> converted = As(column.Type, row_.Values[i]);
+    if (converted) return *converted;
+    Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is no " +
+         WordFor(column.Type) + ".");
+  }
+
+  std::string file_;
+  const TableDefinition& table_;
+  std::unique_ptr<RowSource> rows_;
+  Row row_;
+  std::int64_t number_ = 0;
+};
+
+void CopyRow(const SourceTable& from, Store& target, const TableDefinition& table) {
+  FieldValues fields;
+  for (std::size_t i = 0; i < table.Columns.size(); ++i) {
+    fields.emplace_back(table.Columns[i].Name, from.Values()[i]);
+  }
+  try {
+    target.Insert(table.Name, fields);
+  } catch (const DatabaseError& error) {
+    from.Fail(error.report().Cause);
+  }
+}
+
+void MakeTable(const Store& source, Store& target, const TableDefinition& table) {
+  try {
+    target.CreateTable(table);
+  } catch (const DatabaseError& error) {
+    throw DatabaseError(
+        {source.FileName(),
+         "The table " + table.Name + " cannot be converted. " + error.report().Cause,
+         "Nothing was changed. " + error.report().Advice});
+  }
+}
+
+void CompareRow(const SourceTable& from, const Row& row, const TableDefinition& table) {
+  for (std::size_t i = 0; i < table.Columns.size(); ++i) {
+    const ColumnDefinition& column = table.Columns[i];
+    const Value& before = from.Values()[i];
+    if (As(column.Type, row.Values[i]) == before) continue;
+    from.Fail(column.Name + " is \"" + ToText(before) + "\" and would become \"" +
+              ToText(row.Values[i]) + "\".");
+  }
+}
+
+void CompareTable(Store& source, Store& target, const TablePlan& plan,
+                  const std::function<void()>& tell) {
+  SourceTable from(source, plan);
+  Query all;
+  all.Table = plan.Table.Name;
+  all.WithTimes = true;
+  const auto rows = target.Select(all);
+  Row row;
+  while (from.Next()) {
+    if (!rows->Next(row)) from.Fail("It is missing in the new file.");
+    CompareRow(from, row, plan.Table);
+    tell();
+  }
+  if (rows->Next(row)) from.Fail("The new file has more rows after it.");
+}
+
+}  // namespace
+
+void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyObserver& observer) {
+  CopyStep step{.Verb = "Copied", .Rows = 0, .Of = plan.RowCount};
+  for (const TablePlan& table : plan.Tables) {
+    MakeTable(source, target, table.Table);
+    for (SourceTable from(source, table); from.Next();) {
+      CopyRow(from, target, table.Table);
+      ++step.Rows;
+      observer(step);
+    }
+  }
+}
+
+void CompareTables(Store& source, Store& target, const CopyPlan& plan,
+                   const CopyObserver& observer) {
+  CopyStep step{.Verb = "Compared", .Rows = 0, .Of = plan.RowCount};
+  for (const TablePlan& table : plan.Tables) {
+    CompareTable(source, target, table, [&] {
+      ++step.Rows;
+      observer(step);
+    });
+  }
+}
+
+}  // namespace veyra

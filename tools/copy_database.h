@@ -1,0 +1,21 @@
+#pragma once
+
+#include "data/store.h"
+#include "tools/copy_plan.h"
+
+namespace veyra {
+
+/// Makes the planned tables in `target` and adds the rows of `source` to them, keys included, so
+/// that the next new key of a table comes after its highest.
+///
+/// A value of another type than its column becomes one when it stands for one, the text "19" the
+/// number 19. Throws DatabaseError, naming the table and the row, when it does not, or when the
+/// target cannot hold the row. REQUIRES: `target` has no tables.
+void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyObserver& observer);
+
+/// Reads both files side by side and throws DatabaseError, naming the table and the row, where they
+/// differ. Dates are compared as dates, numbers by their value.
+void CompareTables(Store& source, Store& target, const CopyPlan& plan,
+                   const CopyObserver& observer);
+
+}  // namespace veyra

@@ -1,0 +1,106 @@
+#include "tools/file_moves.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+#include "data/errors.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+constexpr const char* kKeepAdvice =
+    "Nothing was changed. Check that the disk has room and that you may make files in the folder.";
+
+fs::path KeptName(const fs::path& file, Date day, int number) {
+  const std::string count = number == 1 ? "" : "-" + std::to_string(number);
+  return file.parent_path() /
+         (file.stem().string() + "-before-" + IsoText(day) + count + file.extension().string());
+}
+
+/// Returns 0, or EEXIST when the name is taken.
+int Keep(const fs::path& file, const fs::path& kept, const fs::path& workshop) {
+  if (::link(file.c_str(), kept.c_str()) == 0) return 0;
+  if (errno == EEXIST) return EEXIST;
+  // A file system without hard links, or a file of another owner.
+  return CopyWithoutReplacing(file, kept, workshop);
+}
+
+fs::path KeepUnderFreeName(const fs::path& file, Date day, const fs::path& workshop) {
+  int number = 1;
+  while (Keep(file, KeptName(file, day, number), workshop) != 0) ++number;
+  return KeptName(file, day, number);
+}
+
+void Replace(const fs::path& fresh, const fs::path& file) {
+  if (::rename(fresh.c_str(), file.c_str()) != 0) {
+    throw FileError({file.string(), "The new file could not be put there: " + Reason(errno) + ".",
+                     kKeepAdvice});
+  }
+}
+
+}  // namespace
+
+std::string Reason(int error_number) {
+  return std::generic_category().message(error_number);
+}
+
+int RenameWithoutReplacing(const fs::path& from, const fs::path& to) {
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL) return errno;
+  // A file system that knows no such flag.
+  if (fs::exists(fs::symlink_status(to))) return EEXIST;
+  return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+void Flush(const fs::path& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const bool flushed = descriptor >= 0 && ::fsync(descriptor) == 0;
+  const int error = flushed ? 0 : errno;
+  if (descriptor >= 0) ::close(descriptor);
+  // EINVAL comes from file systems that have nothing to flush for a folder.
+  if (!flushed && error != EINVAL) {
+    throw FileError({path.string(), "It could not be saved to the disk: " + Reason(error) + ".",
+                     "Nothing was changed. Check that the disk has room."});
+  }
+}
+
+int CopyWithoutReplacing(const fs::path& from, const fs::path& to, const fs::path& workshop) {
+  const fs::path copy = workshop / to.filename();
+  std::error_code failure;
+  fs::copy_file(from, copy, fs::copy_options::overwrite_existing, failure);
+  int error = failure.value();
+  if (!failure) {
+    Flush(copy);
+    error = RenameWithoutReplacing(copy, to);
+  }
+  if (error != 0 && error != EEXIST) {
+    throw FileError(
+        {to.string(), "The old file could not be kept: " + Reason(error) + ".", kKeepAdvice});
+  }
+  return error;
+}
+
+fs::path ReplaceAndKeep(const fs::path& fresh, const fs::path& file, Date day) {
+  Flush(fresh);
+  const fs::path kept = KeepUnderFreeName(file, day, fresh.parent_path());
+  try {
+    Flush(file.parent_path());
+    Replace(fresh, file);
+    Flush(file.parent_path());
+  } catch (const FileError&) {
+    // To rename one name of a file to another of its names does nothing, hence the removal.
+    std::error_code ignored;
+    fs::rename(kept, file, ignored);
+    fs::remove(kept, ignored);
+    throw;
+  }
+  return kept;
+}
+
+}  // namespace veyra

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "data/date.h"
+
+namespace veyra {
+
+/// What the system says of an error number: "No space left on device".
+std::string Reason(int error_number);
+
+/// Renames, and returns 0 or the error number: EEXIST when there is something named `to` already.
+int RenameWithoutReplacing(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Waits until a file, or the names in a folder, are on the disk. Throws FileError.
+void Flush(const std::filesystem::path& path);
+
+/// Gives `to` the bytes of `from`, by way of a file in `workshop`, so that `to` is there whole or
+/// not at all. Returns 0, or EEXIST when there is something named `to` already; throws FileError.
+/// REQUIRES: the three are on one disk.
+int CopyWithoutReplacing(const std::filesystem::path& from, const std::filesystem::path& to,
+                         const std::filesystem::path& workshop);
+
+/// Puts `fresh`, which nobody has open, in the place of `file`, which stays beside it as
+/// "NAME-before-YYYY-MM-DD.EXT" or, when that is taken, with "-2", "-3" ... after the day. Returns
+/// the name it is kept by. Whenever this breaks off, the whole of one of the two is named `file`.
+/// Throws FileError, and then `file` is what it was. REQUIRES: both are on one disk, `fresh` in
+/// another folder.
+std::filesystem::path ReplaceAndKeep(const std::filesystem::path& fresh,
+                                     const std::filesystem::path& file, Date day);
+
+}  // namespace veyra

@@ -1,0 +1,48 @@
+"""A data folder of two Access files, as an office that has kept its bookings for years has it."""
+
+import shutil
+import subprocess
+import unittest
+
+from desk_test import VEYRA_DATA, DeskTest, main
+
+
+@unittest.skipUnless(shutil.which("mdb-export"), "mdb-export is not installed")
+class AccessFolderTest(DeskTest):
+    def setUp(self):
+        super().setUp()
+        self.day = self.free_day("Main Hall")
+        shutil.rmtree(self.data_folder)
+        subprocess.run([VEYRA_DATA, "new", "--access", self.data_folder, "--sample"], check=True,
+                       stdout=subprocess.DEVNULL)
+        self.start()
+
+    def test_a_booking_is_in_the_file_for_other_programs(self):
+        self.desk.open_day(self.day)
+        self.desk.write_name("Anna Access")
+        self.desk.drag_slots(19, 21)
+        self.assertEqual("Reservation for Anna Access From  9:00A To 10:30A.\n"
+                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.desk.press("OK")
+        self.desk.close_day()
+        self.assertIn(" 9:00A-10:30A Anna Access", self.desk.lines_of(self.day))
+        self.assertEqual([f"{self.day.isoformat()},19,21"], self.rows_of("Anna Access"))
+
+    def test_the_guests_are_offered(self):
+        self.desk.open_day(self.day)
+        self.assertEqual(40, len(self.desk.combo_items()))
+
+    def rows_of(self, name):
+        """Date, first and last slot of the bookings of that name, as mdb-export reads them."""
+        exported = subprocess.run(
+            ["mdb-export", "-H", "-Q", "-D", "%Y-%m-%d", "-T", "%Y-%m-%d",
+             self.file("data", "Calendar.mdb"), "Reserv"],
+            check=True, stdout=subprocess.PIPE, text=True).stdout
+        rows = [line.split(",") for line in exported.splitlines()]
+        return [",".join(row[2:5]) for row in rows if row[1] == name]
+
+
+if __name__ == "__main__":
+    main()

@@ -45,7 +45,7 @@ void FillRings(QPainter& painter, QRect rect, std::initializer_list<QColor> colo
 
 QtSwatch::QtSwatch(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::TabFocus);
-  setFixedSize(sizeHint());
+  setFixedSize(QtSwatch::sizeHint());
   // Only a screen reader clicks in this way; mouse and keyboard are reported as they are pressed.
   connect(this, &QAbstractButton::clicked, this, [this] { emit Pressed(SwatchClick::Plain); });
 }

@@ -184,8 +184,8 @@ int Files::Open(const std::string& file_name, int Mode, int RecordLength) {
   while (open_.contains(handle)) {
     ++handle;
   }
-  open_.emplace(handle,
-                OpenFile{file_name, std::move(stream), Mode == kRecords ? RecordLength : 0});
+  open_.emplace(handle, OpenFile{NativePath(file_name).string(), std::move(stream),
+                                 Mode == kRecords ? RecordLength : 0});
   return handle;
 }
 
@@ -194,7 +194,7 @@ void Files::MakeMissingFile(const std::string& file_name) const {
   file << app_folder_ << "\r\n" << app_folder_ << "\r\n";
   file.close();
   if (!file) {
-    throw FileError({file_name, "The file is missing and cannot be made.",
+    throw FileError({NativePath(file_name).string(), "The file is missing and cannot be made.",
                      "Make it with a text editor: its first line must be the name of the folder "
                      "that holds the bookings."});
   }

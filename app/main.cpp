@@ -3,9 +3,9 @@
 #include <cstdlib>
 
 #include "app/program.h"
-#include "forms/qt_dialogs.h"
-#include "forms/qt_style.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_dialogs.h"
+#include "forms/widgets/qt_style.h"
+#include "forms/widgets/qt_text.h"
 #include "logic/clock.h"
 
 int main(int argc, char** argv) {

@@ -15,10 +15,10 @@
 #include "forms/dayviewer/qt_dayviewer_window.h"
 #include "forms/multiday/frmMultiDay.h"
 #include "forms/multiday/qt_multiday_window.h"
-#include "forms/qt_text.h"
-#include "forms/qt_window_place.h"
 #include "forms/settings/frmSettings.h"
 #include "forms/settings/qt_settings_window.h"
+#include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_window_place.h"
 #include "help/qt_help_viewer.h"
 
 namespace veyra {

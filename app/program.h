@@ -5,10 +5,10 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
-#include "forms/month/qt_month_printer.h"
+#include "forms/month/print/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
-#include "forms/qt_browser.h"
-#include "forms/qt_input_gate.h"
+#include "forms/widgets/qt_browser.h"
+#include "forms/widgets/qt_input_gate.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/help_viewer.h"

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "data/access/create_file.h"
+#include "data/access/write/create_file.h"
 #include "data/connection.h"
 #include "data/open_store.h"
 #include "data/schema.h"

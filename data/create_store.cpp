@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "data/access/access_store.h"
-#include "data/access/create_file.h"
+#include "data/access/write/create_file.h"
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/open_store.h"

@@ -16,7 +16,7 @@ from datetime import date
 
 HELP = pathlib.Path(__file__).resolve().parent
 PICTURES = HELP / "topics" / "pictures"
-sys.path.insert(0, str(HELP.parent / "tests" / "e2e"))
+sys.path.insert(0, str(HELP.parent / "scripts"))
 
 from desk import Desk, date_text  # noqa: E402
 from screen import Screen  # noqa: E402

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "data/date_parser.h"
 #include "data/errors.h"
+#include "logic/date_parser.h"
 
 namespace veyra::modRes {
 namespace {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "data/access/code_page.h"
+#include "data/access/format/code_page.h"
 #include "data/errors.h"
 #include "data/names.h"
 #include "data/schema.h"

@@ -3,18 +3,18 @@
 #include <optional>
 #include <utility>
 
-#include "data/access/describe.h"
-#include "data/access/file_header.h"
-#include "data/access/file_lock.h"
-#include "data/access/journal.h"
-#include "data/access/other_program.h"
-#include "data/access/page_changes.h"
-#include "data/access/page_file.h"
-#include "data/access/row_changes.h"
-#include "data/access/schema_writer.h"
-#include "data/access/snapshot.h"
-#include "data/access/table_rows.h"
-#include "data/access/table_writer.h"
+#include "data/access/format/file_header.h"
+#include "data/access/pages/file_lock.h"
+#include "data/access/pages/journal.h"
+#include "data/access/pages/other_program.h"
+#include "data/access/pages/page_changes.h"
+#include "data/access/pages/page_file.h"
+#include "data/access/read/describe.h"
+#include "data/access/read/snapshot.h"
+#include "data/access/read/table_rows.h"
+#include "data/access/write/row_changes.h"
+#include "data/access/write/schema_writer.h"
+#include "data/access/write/table_writer.h"
 #include "data/store_errors.h"
 
 namespace veyra {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/access/commit_step.h"
+#include "data/access/pages/commit_step.h"
 #include "data/durability.h"
 #include "data/open_store.h"
 #include "data/store.h"

@@ -10,9 +10,9 @@
 #include <algorithm>
 
 #include "forms/day/qt_slot_grid.h"
-#include "forms/qt_help_item.h"
-#include "forms/qt_name_box.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_help_item.h"
+#include "forms/widgets/qt_name_box.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -9,8 +9,8 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "forms/qt_colors.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_text.h"
 #include "logic/slots.h"
 
 namespace veyra {

@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 
 #include "forms/dayviewer/qt_viewer_list.h"
-#include "forms/qt_colors.h"
-#include "forms/qt_help_item.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_help_item.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-#include "forms/qt_mouse_button.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_mouse_button.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "forms/month/month_printer.h"
 #include "forms/month/month_view.h"
+#include "forms/month/print/month_printer.h"
 #include "forms/mouse_button.h"
 #include "forms/windows.h"
 #include "logic/clock.h"

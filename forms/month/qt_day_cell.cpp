@@ -6,8 +6,8 @@
 #include <QPainter>
 
 #include "forms/month/qt_day_list.h"
-#include "forms/qt_colors.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "forms/month/qt_month_page.h"
+#include "forms/month/print/qt_month_page.h"
 #include "logic/listings.h"
 
 class QBoxLayout;

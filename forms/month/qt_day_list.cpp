@@ -10,9 +10,9 @@
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 
-#include "forms/qt_colors.h"
-#include "forms/qt_mouse_button.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_mouse_button.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

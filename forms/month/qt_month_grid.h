@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <array>
 
-#include "forms/month/qt_month_page.h"
+#include "forms/month/print/qt_month_page.h"
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
 

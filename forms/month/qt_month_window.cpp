@@ -16,10 +16,10 @@
 #include <algorithm>
 
 #include "forms/month/qt_month_grid.h"
-#include "forms/qt_colors.h"
-#include "forms/qt_elided_label.h"
-#include "forms/qt_name_box.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_elided_label.h"
+#include "forms/widgets/qt_name_box.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -7,7 +7,7 @@
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/month_view.h"
-#include "forms/month/qt_month_page.h"
+#include "forms/month/print/qt_month_page.h"
 
 class QAction;
 class QLabel;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "data/date_parser.h"
+#include "logic/date_parser.h"
 
 namespace veyra {
 namespace {

@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "forms/multiday/qt_date_field.h"
-#include "forms/qt_text.h"
-#include "forms/qt_window_place.h"
+#include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_window_place.h"
 
 namespace veyra {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QGuiApplication>
 
-#include "forms/qt_colors.h"
 #include "forms/settings/qt_swatch.h"
+#include "forms/widgets/qt_colors.h"
 
 namespace veyra {
 namespace {

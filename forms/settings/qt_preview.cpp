@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "forms/qt_colors.h"
 #include "forms/settings/qt_spread_label.h"
+#include "forms/widgets/qt_colors.h"
 
 namespace veyra {
 namespace {

@@ -13,11 +13,11 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include "forms/qt_colors.h"
-#include "forms/qt_help_item.h"
 #include "forms/settings/qt_color_selector.h"
 #include "forms/settings/qt_preview.h"
 #include "forms/settings/qt_swatch.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_help_item.h"
 
 namespace veyra {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/month/month_printer.h"
+#include "forms/month/print/month_printer.h"
 
 namespace veyra {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "data/date_parser.h"
+#include "logic/date_parser.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"

@@ -7,7 +7,7 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
-#include "forms/month/month_printer.h"
+#include "forms/month/print/month_printer.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "data/access/access_store.h"
-#include "data/access/create_file.h"
+#include "data/access/write/create_file.h"
 #include "data/errors.h"
 #include "data/schema.h"
 

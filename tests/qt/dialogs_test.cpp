@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "forms/qt_dialogs.h"
+#include "forms/widgets/qt_dialogs.h"
 
 namespace veyra {
 namespace {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <iostream>
 
-#include "forms/qt_style.h"
+#include "forms/widgets/qt_style.h"
 
 namespace {
 

@@ -1,5 +1,3 @@
-#include "forms/month/qt_month_page.h"
-
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -11,8 +9,9 @@
 #include <csignal>
 #include <memory>
 
-#include "forms/month/month_printer.h"
-#include "forms/month/qt_month_pdf.h"
+#include "forms/month/print/month_printer.h"
+#include "forms/month/print/qt_month_page.h"
+#include "forms/month/print/qt_month_pdf.h"
 #include "tests/forms/fake_month_printer.h"
 #include "tests/qt/printed_page.h"
 #include "tests/qt/shown_month.h"

@@ -1,5 +1,3 @@
-#include "forms/month/qt_month_printer.h"
-
 #include <gtest/gtest.h>
 
 #include <QAbstractPrintDialog>
@@ -14,6 +12,7 @@
 #include <functional>
 #include <memory>
 
+#include "forms/month/print/qt_month_printer.h"
 #include "tests/qt/printed_page.h"
 #include "tests/qt/shown_month.h"
 #include "tests/temp_folder.h"

@@ -6,8 +6,8 @@
 #include <QRadioButton>
 #include <QScreen>
 
-#include "forms/qt_window_place.h"
 #include "forms/twips.h"
+#include "forms/widgets/qt_window_place.h"
 #include "tests/qt/program_fixture.h"
 
 namespace veyra {

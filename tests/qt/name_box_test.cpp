@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
-#include "forms/qt_name_box.h"
+#include "forms/widgets/qt_name_box.h"
 
 namespace veyra {
 namespace {

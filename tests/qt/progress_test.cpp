@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "forms/qt_progress.h"
+#include "forms/widgets/qt_progress.h"
 
 namespace veyra {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QGuiApplication>
 
-#include "forms/qt_colors.h"
-#include "forms/qt_text.h"
+#include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "forms/qt_window_place.h"
+#include "forms/widgets/qt_window_place.h"
 
 namespace veyra {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "data/access/create_file.h"
+#include "data/access/write/create_file.h"
 
 namespace veyra {
 

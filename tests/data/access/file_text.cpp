@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <fstream>
 
-#include "data/access/snapshot.h"
+#include "data/access/read/snapshot.h"
 
 namespace veyra {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "data/access/cell.h"
-#include "data/access/page_file.h"
-#include "data/access/table_image.h"
+#include "data/access/pages/page_file.h"
+#include "data/access/read/cell.h"
+#include "data/access/read/table_image.h"
 
 namespace veyra {
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "data/access/index_key.h"
-#include "data/access/index_tree.h"
-#include "data/access/page_file.h"
-#include "data/access/snapshot.h"
-#include "data/access/table_image.h"
+#include "data/access/pages/page_file.h"
+#include "data/access/read/snapshot.h"
+#include "data/access/read/table_image.h"
+#include "data/access/write/index_key.h"
+#include "data/access/write/index_tree.h"
 
 namespace veyra {
 

@@ -1,4 +1,4 @@
-#include "data/access/journal.h"
+#include "data/access/pages/journal.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "data/access/access_store.h"
-#include "data/access/journal.h"
+#include "data/access/pages/journal.h"
 #include "data/schema.h"
 #include "tests/data/access/access_folder.h"
 #include "tests/data/access/index_check.h"

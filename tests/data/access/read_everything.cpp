@@ -1,9 +1,9 @@
 #include "tests/data/access/read_everything.h"
 
-#include "data/access/page_changes.h"
-#include "data/access/page_file.h"
-#include "data/access/snapshot.h"
-#include "data/access/table_writer.h"
+#include "data/access/pages/page_changes.h"
+#include "data/access/pages/page_file.h"
+#include "data/access/read/snapshot.h"
+#include "data/access/write/table_writer.h"
 
 namespace veyra {
 

@@ -1,0 +1,69 @@
+#include "data/access/pages/file_lock.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <thread>
+
+#include "data/access/format/problem.h"
+
+namespace veyra::mdb {
+
+namespace {
+
+constexpr off_t kChangeByte = 0x1'0000'0000;
+constexpr off_t kUseByte = kChangeByte + 1;
+constexpr std::chrono::milliseconds kPause{5};
+
+using Kind = FileLock::Kind;
+
+off_t ByteOf(Kind kind) {
+  return kind == Kind::Reading || kind == Kind::Writing ? kChangeByte : kUseByte;
+}
+
+short TypeOf(Kind kind) {
+  return kind == Kind::Writing || kind == Kind::Alone ? F_WRLCK : F_RDLCK;
+}
+
+FileBusy Refusal(Kind kind) {
+  if (kind == Kind::Alone) {
+    return {"Another program has the database open.", "Close it there and try again."};
+  }
+  if (kind == Kind::Open) {
+    return {"Another program has taken the database for itself, perhaps to convert it.",
+            "Wait until it has finished and try again."};
+  }
+  return {"Another program is writing to the database and does not finish.",
+          "Try again in a moment, or close the other program."};
+}
+
+int SetLock(int descriptor, short type, off_t byte) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = byte;
+  lock.l_len = 1;
+  return fcntl(descriptor, F_OFD_SETLK, &lock) == 0 ? 0 : errno;
+}
+
+bool IsHeldByAnother(int error) {
+  return error == EAGAIN || error == EACCES;
+}
+
+}  // namespace
+
+FileLock::FileLock(int descriptor, Kind kind, std::chrono::milliseconds timeout)
+    : descriptor_(descriptor), kind_(kind) {
+  const auto give_up = std::chrono::steady_clock::now() + timeout;
+  while (IsHeldByAnother(SetLock(descriptor_, TypeOf(kind), ByteOf(kind)))) {
+    if (std::chrono::steady_clock::now() >= give_up) throw Refusal(kind);
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+FileLock::~FileLock() {
+  SetLock(descriptor_, F_UNLCK, ByteOf(kind_));
+}
+
+}  // namespace veyra::mdb

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#include "data/access/format/bytes.h"
+#include "data/access/pages/page_source.h"
+
+namespace veyra::mdb {
+
+/// What changes in a file whenever a program writes to it.
+struct FileStamp {
+  std::int64_t Size = -1;
+  std::int64_t ModifiedNanoseconds = 0;
+
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// A database file as numbered pages, decoded where the file is encoded. Pages that were read are
+/// kept until Refresh finds that the file has changed, so the memory used is at most the file's
+/// size. Throws FileProblem when the file cannot be read or written.
+class PageFile : public PageSource {
+ public:
+  /// Opens an existing file. Throws FileProblem when it is missing, no Access file, of a newer
+  /// version or protected by a password.
+  PageFile(const std::filesystem::path& path, bool writable);
+  ~PageFile() override;
+  PageFile(const PageFile&) = delete;
+  PageFile& operator=(const PageFile&) = delete;
+
+  const std::filesystem::path& Path() const { return path_; }
+  const FileHeader& Header() const override { return header_; }
+  bool IsWritable() const { return writable_; }
+  int Descriptor() const { return descriptor_; }
+
+  /// How many whole pages the file had at the last Refresh.
+  PageNumber PageCount() const override { return static_cast<PageNumber>(pages_.size()); }
+
+  PagePtr ReadPage(PageNumber number) override;
+  using PageSource::ReadPage;
+
+  /// Looks at the file again: drops the pages that were kept if it has changed, or may have changed
+  /// within one tick of the file system's clock, or if `always`. Returns whether they were dropped.
+  bool Refresh(bool always = false);
+
+  /// Whether nothing was written to the file since the last Refresh: a page that was read from then
+  /// on cannot stem from before a change that another one shows.
+  bool IsSteady() const;
+
+  /// Whether a page that is kept is the same in the file; true for one that is not kept.
+  bool IsCurrent(PageNumber number) const;
+
+  /// From now on these pages are read instead of the file's own; the file itself stays as it is.
+  void SetOverlay(PageImages overlay);
+
+  /// Writes whole pages, in a file that is not encoded; those past the end make it longer. Durable
+  /// after Flush only. REQUIRES: IsWritable().
+  void Write(const PageImages& pages);
+  void CutTo(PageNumber page_count);
+  void Flush();
+
+ private:
+  FileStamp Stamp() const;
+  void ReadRaw(PageNumber number, Bytes& page) const;
+
+  std::filesystem::path path_;
+  bool writable_;
+  int descriptor_;
+  FileHeader header_;
+  FileStamp stamp_;
+  bool just_written_ = false;  ///< The file was so new that a later change may bear its stamp.
+  std::vector<PagePtr> pages_;
+  PageImages overlay_;
+};
+
+}  // namespace veyra::mdb

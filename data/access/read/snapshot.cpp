@@ -1,0 +1,80 @@
+#include "data/access/read/snapshot.h"
+
+#include <optional>
+#include <thread>
+
+namespace veyra::mdb {
+
+/// Loads until the file stood still meanwhile, and what was loaded is sound.
+template <typename Load>
+auto Snapshot::ReadSteadily(const Load& load) {
+  std::chrono::milliseconds wait = patience_.FirstWait;
+  for (int attempt = 1;; ++attempt) {
+    const bool is_last = attempt >= patience_.Attempts;
+    try {
+      auto loaded = load();
+      if (file_.IsSteady()) {
+        return loaded;
+      }
+      if (is_last) {
+        throw FileProblem("Another program kept changing the database while it was read.",
+                          "Try again in a moment.");
+      }
+    } catch (const DamagedFile&) {
+      if (is_last) {
+        throw;
+      }
+    }
+    std::this_thread::sleep_for(wait);
+    wait *= 2;
+    Forget();
+  }
+}
+
+void Snapshot::Forget() {
+  file_.Refresh(true);
+  ForgetTables();
+}
+
+void Snapshot::ForgetTables() {
+  catalogue_.clear();
+  images_.clear();
+}
+
+void Snapshot::ForgetIfChanged() {
+  if (file_.Refresh()) {
+    ForgetTables();
+  }
+}
+
+const std::vector<CatalogueEntry>& Snapshot::Tables() {
+  ForgetIfChanged();
+  if (catalogue_.empty()) {
+    catalogue_ = ReadSteadily([&] { return ReadCatalogue(file_); });
+  }
+  return catalogue_;
+}
+
+PageNumber Snapshot::DefinitionOf(std::string_view name) {
+  const CatalogueEntry* entry = FindTable(Tables(), name);
+  if (entry == nullptr) {
+    throw StoreProblem(Wrong::NoTable, std::string(name));
+  }
+  return entry->Definition;
+}
+
+std::shared_ptr<TableImage> Snapshot::Table(std::string_view name) {
+  const PageNumber definition = DefinitionOf(name);
+  if (!file_.IsCurrent(definition)) {
+    Forget();
+  }
+  const auto known = images_.find(definition);
+  if (known != images_.end()) {
+    return known->second;
+  }
+  auto image = ReadSteadily([&] { return std::make_shared<TableImage>(file_, definition); });
+  images_[definition] = image;
+  return image;
+}
+
+}  // namespace veyra::mdb

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/access/pages/page_file.h"
+#include "data/access/read/catalogue.h"
+#include "data/access/read/table_image.h"
+
+namespace veyra::mdb {
+
+/// How often a table is read again that another program is changing, and how long the first wait
+/// is; each further one is twice as long.
+struct Patience {
+  int Attempts = 5;
+  std::chrono::milliseconds FirstWait{10};
+};
+
+/// Reads a file that other programs may be writing to. What was read is kept and given again as
+/// long as the file has not changed. Throws FileProblem.
+class Snapshot {
+ public:
+  explicit Snapshot(PageFile& file, Patience patience = {}) : file_(file), patience_(patience) {}
+
+  /// The tables of the file.
+  const std::vector<CatalogueEntry>& Tables();
+
+  /// All rows of a table as they are now. Throws FileProblem when there is no such table, or when
+  /// the file kept changing while it was read.
+  std::shared_ptr<TableImage> Table(std::string_view name);
+
+  /// The page of a table's definition. Throws FileProblem when there is no such table.
+  PageNumber DefinitionOf(std::string_view name);
+
+  /// Forgets what was read, and the pages that the file keeps.
+  void Forget();
+
+  /// Forgets the tables that were read. To be called before the file is changed through its
+  /// PageFile, which keeps its pages right.
+  void ForgetTables();
+
+ private:
+  void ForgetIfChanged();
+  template <typename Load>
+  auto ReadSteadily(const Load& load);
+
+  PageFile& file_;
+  Patience patience_;
+  std::vector<CatalogueEntry> catalogue_;
+  std::map<PageNumber, std::shared_ptr<TableImage>> images_;
+};
+
+}  // namespace veyra::mdb

@@ -1,0 +1,138 @@
+#include "data/access/write/create_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string_view>
+
+#include "data/access/format/data_page.h"
+#include "data/access/format/file_header.h"
+#include "data/access/pages/page_changes.h"
+#include "data/access/read/cell.h"
+#include "data/access/write/system_tables.h"
+#include "data/access/write/usage_map_writer.h"
+#include "data/errors.h"
+
+namespace veyra {
+
+namespace {
+
+using mdb::Byte;
+using mdb::Bytes;
+using mdb::PageChanges;
+
+constexpr std::string_view kName = "Standard Jet DB";
+constexpr std::size_t kUsersAt = 0xE00;
+
+/// The pages of a file that has none yet.
+class NoPages : public mdb::PageSource {
+ public:
+  const mdb::FileHeader& Header() const override { return header_; }
+  mdb::PageNumber PageCount() const override { return 0; }
+  mdb::PagePtr ReadPage(mdb::PageNumber) override { throw mdb::DamagedFile(); }
+
+ private:
+  mdb::FileHeader header_;
+};
+
+void PutNoPassword(Bytes& page) {
+  for (std::size_t at = 0x42; at < 0x6A; at += 4) {
+    mdb::Put(page, at, static_cast<std::uint32_t>(mdb::kCreationStamp));
+  }
+}
+
+/// Page 0, as file_header.h describes it; the numbers from 0x18 on are those of the first pages.
+void WriteHeader(Bytes& page) {
+  page[1] = 1;
+  std::copy(kName.begin(), kName.end(), page.begin() + 4);
+  page[0x14] = 1;
+  page[0x19] = 1;
+  page[0x1C] = 1;
+  page[0x1D] = 1;
+  for (Byte table = 2; table <= 5; ++table) {
+    page[0x18U + 4U * table] = table;
+  }
+  mdb::Put(page, 0x3C, std::uint16_t{1252});
+  PutNoPassword(page);
+  mdb::Put(page, 0x6A, mdb::kCreationMark);
+  mdb::Put(page, 0x6E, std::uint32_t{1033});
+  mdb::Put(page, 0x72, mdb::kCreationStamp);
+  mdb::Put(page, 0x98, std::uint32_t{1620});
+  std::memcpy(&page[0x9C], "4.0", 3);
+  for (std::size_t at = kUsersAt; at < page.size(); at += 2) {
+    page[at + 1] = 1;
+  }
+  mdb::MaskHeader(page);
+}
+
+/// Page 1: the map of free pages, in which those past the file's end count as free, and one more
+/// map that stays empty.
+void WriteFreeMap(PageChanges& pages) {
+  Bytes map(mdb::kUsageMapBytes, 0xFF);
+  std::fill_n(map.begin(), 5, Byte{0});
+  Bytes& page = pages.Edit(mdb::kFreePages.Page);
+  page = mdb::EmptyDataPage(1);
+  mdb::AddRow(page, map);
+  mdb::AddRow(page, Bytes(mdb::kUsageMapBytes));
+  for (mdb::PageNumber number = 0; number <= mdb::kRelationshipsPage; ++number) {
+    mdb::RemoveFromMap(pages, mdb::kFreePages, number);
+  }
+}
+
+void WriteAll(int descriptor, const Bytes& bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t written = write(descriptor, bytes.data() + done, bytes.size() - done);
+    if (written < 0 && errno != EINTR) {
+      throw mdb::FileProblem(std::strerror(errno), "");
+    }
+    done += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
+  }
+}
+
+Bytes NewDatabase() {
+  NoPages none;
+  PageChanges pages(none);
+  WriteHeader(pages.Edit(pages.Grow()));
+  pages.Grow();
+  WriteFreeMap(pages);
+  mdb::WriteSystemTables(pages);
+  Bytes file;
+  for (const auto& [number, page] : pages.Images()) {
+    file.insert(file.end(), page.begin(), page.end());
+  }
+  return file;
+}
+
+[[noreturn]] void FailFor(const std::string& file_name, int error) {
+  throw DatabaseError({file_name,
+                       std::string("The database cannot be made: ") + std::strerror(error) + ".",
+                       "Check the folder."});
+}
+
+}  // namespace
+
+void CreateAccessFile(const std::string& file_name) {
+  const Bytes bytes = NewDatabase();
+  const int descriptor = open(file_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (descriptor < 0) {
+    FailFor(file_name, errno);
+  }
+  bool written = true;
+  try {
+    WriteAll(descriptor, bytes);
+    written = fsync(descriptor) == 0;
+  } catch (const mdb::FileProblem&) {
+    written = false;
+  }
+  const int error = errno;
+  close(descriptor);
+  if (!written) {
+    unlink(file_name.c_str());
+    FailFor(file_name, error);
+  }
+}
+
+}  // namespace veyra

@@ -1,0 +1,198 @@
+#include "data/access/write/schema_writer.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "data/access/format/data_page.h"
+#include "data/access/format/index_page.h"
+#include "data/access/read/catalogue.h"
+#include "data/access/read/cell.h"
+#include "data/access/read/table_image.h"
+#include "data/access/write/definition_writer.h"
+#include "data/access/write/index_key.h"
+#include "data/access/write/long_writer.h"
+#include "data/access/write/system_tables.h"
+#include "data/access/write/table_writer.h"
+#include "data/access/write/usage_map_writer.h"
+
+namespace veyra::mdb {
+
+namespace {
+
+constexpr std::uint16_t kMostColumns = 255;
+constexpr int kMostTextSize = 255;
+
+/// Hands out the maps of a table, side by side on a page of their own.
+class MapMaker {
+ public:
+  explicit MapMaker(PageChanges& pages) : pages_(pages), page_(TakePage(pages)) {
+    pages_.Edit(page_) = EmptyDataPage(0);
+  }
+
+  RowPointer Make() {
+    Bytes& page = pages_.Edit(page_);
+    if (!HasRoomFor(page, kUsageMapBytes)) {
+      throw FileProblem("The table has too many columns and indexes for an Access file.", "");
+    }
+    return {page_, AddRow(page, Bytes(kUsageMapBytes))};
+  }
+
+ private:
+  PageChanges& pages_;
+  PageNumber page_;
+};
+
+void MakeRoot(PageChanges& pages, PageNumber table, IndexLayout& index) {
+  index.Root = TakePage(pages);
+  IndexPage root;
+  root.Owner = table;
+  pages.Edit(index.Root) = EncodeIndexPage(root);
+  AddToMap(pages, index.Pages, index.Root);
+}
+
+IndexLayout IndexOn(const std::string& name, std::uint16_t column, std::uint8_t flags) {
+  IndexLayout index;
+  index.Name = name;
+  index.Columns.push_back({column, false});
+  index.Flags = flags;
+  return index;
+}
+
+void AddIndexes(TableLayout& table, const TableDefinition& definition) {
+  for (const ColumnLayout& column : table.Columns) {
+    if (column.IsAutoNumber()) {
+      table.Indexes.push_back(IndexOn(std::string(kPrimaryKey), column.Number, kIndexUnique));
+    }
+  }
+  for (const IndexDefinition& wanted : definition.Indexes) {
+    IndexLayout index;
+    index.Name = wanted.Name;
+    for (const std::string& name : wanted.Columns) {
+      index.Columns.push_back({table.Columns.at(table.FindColumn(name)).Number, false});
+    }
+    if (HasKnownKeys(index, table)) {
+      table.Indexes.push_back(std::move(index));
+    }
+  }
+}
+
+/// The places of a column that comes after all others.
+void PlaceLast(ColumnLayout& column, const TableLayout& table) {
+  column.Number = table.ColumnsEver;
+  column.VariablePlace = table.VariableColumns;
+  for (const ColumnLayout& other : table.Columns) {
+    if (column.IsFixed() && other.IsFixed() && other.Kind != ColumnKind::YesNo) {
+      const std::size_t length = FixedLength(other.Kind);
+      const std::size_t end = other.FixedOffset + (length == 0 ? other.Length : length);
+      column.FixedOffset = std::max(column.FixedOffset, static_cast<std::uint16_t>(end));
+    }
+  }
+}
+
+void FillColumn(PageChanges& pages, PageNumber definition, const ColumnLayout& column,
+                const Value& value) {
+  TableWriter writer(pages, definition);
+  const TableImage image(pages, definition);
+  const std::size_t place = writer.Layout().FindColumn(column.Name);
+  for (std::size_t i = 0; i < image.RowCount(); ++i) {
+    RawRow row = RawColumns(image.View(i), writer.Layout());
+    row[place] = EncodeValue(value, column);
+    if (row[place] && column.IsLong()) {
+      row[place] = StoreLong(pages, writer.Layout(), column, *row[place]);
+    }
+    writer.Update(HomeOf(image.Key(i)), row);
+  }
+}
+
+}  // namespace
+
+ColumnLayout LayoutOf(const ColumnDefinition& column) {
+  ColumnLayout layout;
+  layout.Name = column.Name;
+  layout.Flags = kColumnFixed | kColumnNullable;
+  switch (column.Type) {
+    case ColumnType::WholeNumber:
+      layout.Kind = ColumnKind::Long;
+      break;
+    case ColumnType::Double:
+      layout.Kind = ColumnKind::Double;
+      break;
+    case ColumnType::Day:
+      layout.Kind = ColumnKind::DateTime;
+      break;
+    case ColumnType::Text:
+      layout.Kind = column.Size == 0 ? ColumnKind::Memo : ColumnKind::Text;
+      layout.Flags = kColumnNullable;
+      layout.MayCompress = true;
+      break;
+  }
+  layout.Length = layout.Kind == ColumnKind::Text
+                      ? static_cast<std::uint16_t>(2 * std::clamp(column.Size, 1, kMostTextSize))
+                      : static_cast<std::uint16_t>(FixedLength(layout.Kind));
+  if (column.AutoIncrement) {
+    layout.Flags |= kColumnAutoNumber;
+  }
+  return layout;
+}
+
+void WriteTable(PageChanges& pages, TableLayout& table) {
+  MapMaker maps(pages);
+  table.Owned = maps.Make();
+  table.Free = maps.Make();
+  for (IndexLayout& index : table.Indexes) {
+    index.Pages = maps.Make();
+    MakeRoot(pages, table.Page, index);
+  }
+  for (const ColumnLayout& column : table.Columns) {
+    if (column.IsLong()) {
+      const RowPointer owned = maps.Make();
+      table.LongColumns.push_back({column.Number, owned, maps.Make()});
+    }
+  }
+  WriteDefinition(pages, table.Page, EncodeDefinition(table));
+}
+
+void CreateTable(PageChanges& pages, const TableDefinition& definition) {
+  if (FindTable(ReadCatalogue(pages), definition.Name) != nullptr) {
+    throw StoreProblem(Wrong::TableExists, definition.Name);
+  }
+  if (!IsIndexableName(definition.Name)) {
+    throw FileProblem("The name " + definition.Name + " is none that this program gives a table.",
+                      "Use letters and digits only.");
+  }
+  TableLayout table;
+  for (const ColumnDefinition& column : definition.Columns) {
+    table.Columns.push_back(LayoutOf(column));
+  }
+  LayOut(table);
+  AddIndexes(table, definition);
+  table.Page = TakePage(pages);
+  WriteTable(pages, table);
+  EnterInCatalogue(pages, definition.Name, table.Page);
+}
+
+void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition& column) {
+  const TableLayout table = ReadTableLayout(pages, definition);
+  if (table.FindColumn(column.Name) != table.Columns.size()) {
+    throw StoreProblem(Wrong::ColumnExists, column.Name);
+  }
+  if (table.ColumnsEver >= kMostColumns) {
+    throw FileProblem("The table has as many columns as an Access file allows.",
+                      "Compact the database in Access.");
+  }
+  ColumnLayout layout = LayoutOf(column);
+  PlaceLast(layout, table);
+  if (layout.IsLong()) {
+    MapMaker maps(pages);
+    const RowPointer owned = maps.Make();
+    const LongColumnMaps long_maps{layout.Number, owned, maps.Make()};
+    AppendColumn(pages, table, layout, &long_maps);
+  } else {
+    AppendColumn(pages, table, layout, nullptr);
+  }
+  if (!IsNull(column.Default)) {
+    FillColumn(pages, definition, layout, column.Default);
+  }
+}
+
+}  // namespace veyra::mdb

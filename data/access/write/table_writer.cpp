@@ -1,0 +1,262 @@
+#include "data/access/write/table_writer.h"
+
+#include <algorithm>
+
+#include "data/access/format/data_page.h"
+#include "data/access/read/table_image.h"
+#include "data/access/write/index_key.h"
+#include "data/access/write/index_tree.h"
+#include "data/access/write/usage_map_writer.h"
+
+namespace veyra::mdb {
+
+namespace {
+
+constexpr std::size_t kRowCountAt = 16;
+constexpr std::size_t kAutoNumberAt = 20;
+constexpr std::size_t kPagesTried = 8;
+constexpr const char* kConvertAdvice =
+    "Convert the calendar with veyra-data convert, then start again.";
+
+Bytes PointerBytes(RowPointer pointer) {
+  Bytes bytes;
+  Append(bytes, PointerNumber(pointer));
+  return bytes;
+}
+
+bool IsOwnedBy(const Bytes& page, PageNumber table) {
+  return page.front() == static_cast<Byte>(PageKind::Data) && ByteView(page).U32(4) == table;
+}
+
+}  // namespace
+
+void CheckMayWrite(const FileHeader& header) {
+  if (header.Version == Format::Jet3) {
+    throw FileProblem("The database is of Access 97, which this program only reads.",
+                      kConvertAdvice);
+  }
+  if (header.IsEncoded()) {
+    throw FileProblem("The database is encoded; this program only reads such files.",
+                      kConvertAdvice);
+  }
+}
+
+void CheckMayWrite(const TableLayout& table) {
+  for (const IndexLayout& index : table.Indexes) {
+    if (!HasKnownKeys(index, table)) {
+      throw FileProblem(
+          "The database has an index, " + index.Name + ", that this program cannot keep right.",
+          kConvertAdvice);
+    }
+  }
+}
+
+TableWriter::TableWriter(PageChanges& pages, PageNumber definition)
+    : pages_(pages), table_(ReadTableLayout(pages, definition)) {}
+
+RowPointer TableWriter::Resolve(RowPointer home) {
+  if (home.Page >= pages_.PageCount()) {
+    throw StoreProblem(Wrong::RowRemoved);
+  }
+  const PagePtr page = pages_.ReadPage(home.Page);
+  if (!IsOwnedBy(*page, table_.Page) || home.Row >= DataPage(*page, Format::Jet4).RowCount()) {
+    throw StoreProblem(Wrong::RowRemoved);
+  }
+  const std::optional<RowPointer> place = ResolveRow(pages_, home);
+  if (!place) {
+    throw StoreProblem(Wrong::RowRemoved);
+  }
+  return *place;
+}
+
+RawRow TableWriter::Read(RowPointer home) {
+  const RowPointer place = Resolve(home);
+  const PagePtr page = pages_.ReadPage(place.Page, PageKind::Data);
+  const ByteView bytes = DataPage(*page, Format::Jet4).RowBytes(place.Row);
+  return RawColumns(RowView(bytes, Format::Jet4, table_.VariableColumns > 0), table_);
+}
+
+RowPointer TableWriter::Insert(RawRow& row) {
+  GiveAutoNumber(row);
+  CheckUnique(row, {});
+  const std::vector<PageNumber> owned = ReadUsageMap(pages_, table_.Owned);
+  const PageNumber last = owned.empty() ? 0 : owned.back();
+  const RowPointer home = Place(EncodeRow(row, table_), 0, last);
+  SetRowCount(table_.RowCount + 1);
+  ChangeIndexes(home, nullptr, &row);
+  return home;
+}
+
+void TableWriter::Update(RowPointer home, const RawRow& row) {
+  const RawRow before = Read(home);
+  CheckUnique(row, home);
+  const Bytes bytes = EncodeRow(row, table_);
+  const RowPointer place = Resolve(home);
+  if (HasRoomToReplace(*pages_.ReadPage(place.Page), place.Row, bytes.size())) {
+    const std::uint16_t flags = place == home ? 0 : kRowDeleted;
+    ReplaceRow(pages_.Edit(place.Page), place.Row, bytes, flags);
+  } else {
+    Move(home, place, bytes);
+  }
+  ChangeIndexes(home, &before, &row);
+}
+
+/// The row goes where there is room; its home slot points there.
+void TableWriter::Move(RowPointer home, RowPointer place, const Bytes& row) {
+  if (place != home) {
+    Empty(place);
+  }
+  const RowPointer target = Place(row, kRowDeleted, 0);
+  const Bytes pointer = PointerBytes(target);
+  if (!HasRoomToReplace(*pages_.ReadPage(home.Page), home.Row, pointer.size())) {
+    throw DamagedFile();
+  }
+  ReplaceRow(pages_.Edit(home.Page), home.Row, pointer, kRowMoved);
+}
+
+void TableWriter::Delete(RowPointer home) {
+  const RawRow before = Read(home);
+  const RowPointer place = Resolve(home);
+  if (place != home) {
+    Empty(place);
+  }
+  Empty(home);
+  SetRowCount(table_.RowCount - 1);
+  ChangeIndexes(home, &before, nullptr);
+}
+
+/// A page whose last row goes is given back, as long as the table keeps another.
+void TableWriter::Empty(RowPointer place) {
+  Bytes& page = pages_.Edit(place.Page);
+  DeleteRow(page, place.Row);
+  if (!HasNoRows(page) || ReadUsageMap(pages_, table_.Owned).size() < 2) {
+    AddToMap(pages_, table_.Free, place.Page);
+    return;
+  }
+  RemoveFromMap(pages_, table_.Owned, place.Page);
+  RemoveFromMap(pages_, table_.Free, place.Page);
+  FreePage(pages_, place.Page);
+}
+
+/// Puts a row on one of the table's pages and returns where. With `not_before` 0 any page will do;
+/// else it is that page, which is the table's last, or a later one: so rows stay in the order in
+/// which they came.
+RowPointer TableWriter::Place(const Bytes& row, std::uint16_t flags, PageNumber not_before) {
+  std::vector<PageNumber> pages =
+      ReadUsageMap(pages_, not_before == 0 ? table_.Free : table_.Owned);
+  std::reverse(pages.begin(), pages.end());
+  const std::size_t tries = std::min(pages.size(), not_before == 0 ? kPagesTried : 1);
+  for (std::size_t i = 0; i < tries; ++i) {
+    const PagePtr page = pages_.ReadPage(pages[i]);
+    if (!IsOwnedBy(*page, table_.Page)) {
+      continue;
+    }
+    if (HasRoomFor(*page, row.size())) {
+      return {pages[i], AddRow(pages_.Edit(pages[i]), row, flags)};
+    }
+    RemoveFromMap(pages_, table_.Free, pages[i]);
+  }
+  const std::vector<PageNumber> owned = ReadUsageMap(pages_, table_.Owned);
+  const PageNumber added = AddPage(owned.empty() ? 0 : owned.back());
+  return {added, AddRow(pages_.Edit(added), row, flags)};
+}
+
+PageNumber TableWriter::AddPage(PageNumber above) {
+  const PageNumber page = TakePage(pages_, above);
+  pages_.Edit(page) = EmptyDataPage(table_.Page);
+  AddToMap(pages_, table_.Owned, page);
+  AddToMap(pages_, table_.Free, page);
+  return page;
+}
+
+void TableWriter::SetRowCount(std::uint32_t count) {
+  table_.RowCount = count;
+  Put(pages_.Edit(table_.Page), kRowCountAt, count);
+}
+
+void TableWriter::GiveAutoNumber(RawRow& row) {
+  for (std::size_t i = 0; i < table_.Columns.size(); ++i) {
+    if (!table_.Columns[i].IsAutoNumber() || table_.Columns[i].Kind != ColumnKind::Long) {
+      continue;
+    }
+    if (!row[i]) {
+      row[i].emplace();
+      Append(*row[i], table_.LastAutoNumber + 1);
+    }
+    const std::int32_t number = ByteView(*row[i]).I32(0);
+    if (number > static_cast<std::int32_t>(table_.LastAutoNumber)) {
+      table_.LastAutoNumber = static_cast<std::uint32_t>(number);
+      Put(pages_.Edit(table_.Page), kAutoNumberAt, table_.LastAutoNumber);
+    }
+  }
+}
+
+void TableWriter::CheckUnique(const RawRow& row, RowPointer home) {
+  for (const IndexLayout& index : table_.Indexes) {
+    if (index.IsUnique() && !IsNullKey(index, table_, row) &&
+        IndexTree(pages_, table_.Page, index).HasKey(IndexKey(index, table_, row), home)) {
+      throw FileProblem("There is a row already with the same value in the index " + index.Name +
+                            ", which allows each value once.",
+                        "Change the value and try again.");
+    }
+  }
+}
+
+bool TableWriter::HasEntry(const IndexLayout& index, const RawRow* row) const {
+  return row != nullptr && !(index.SkipsNulls() && IsNullKey(index, table_, *row));
+}
+
+void TableWriter::ChangeIndexes(RowPointer home, const RawRow* before, const RawRow* after) {
+  for (const IndexLayout& index : table_.Indexes) {
+    bool followed = false;
+    try {
+      followed = ChangeIndex(index, home, before, after);
+    } catch (const DamagedFile&) {
+      followed = false;
+    }
+    if (!followed) {
+      RebuildIndex(index);
+    }
+  }
+}
+
+/// Returns false when the index lacks the entry that is to go.
+bool TableWriter::ChangeIndex(const IndexLayout& index, RowPointer home, const RawRow* before,
+                              const RawRow* after) {
+  IndexTree tree(pages_, table_.Page, index);
+  const bool had = HasEntry(index, before);
+  const bool has = HasEntry(index, after);
+  const Bytes old_key = had ? IndexKey(index, table_, *before) : Bytes();
+  const Bytes new_key = has ? IndexKey(index, table_, *after) : Bytes();
+  if (had == has && old_key == new_key) {
+    return true;
+  }
+  if (had && !tree.Remove(old_key, home)) {
+    return false;
+  }
+  if (has) {
+    tree.Insert(new_key, home);
+  }
+  return true;
+}
+
+void TableWriter::RebuildIndexes() {
+  for (const IndexLayout& index : table_.Indexes) {
+    RebuildIndex(index);
+  }
+}
+
+void TableWriter::RebuildIndex(const IndexLayout& index) {
+  const TableImage image(pages_, table_.Page);
+  std::vector<Bytes> keys;
+  for (std::size_t i = 0; i < image.RowCount(); ++i) {
+    const RawRow row = RawColumns(image.View(i), table_);
+    if (HasEntry(index, &row)) {
+      keys.push_back(EntryKey(IndexKey(index, table_, row), HomeOf(image.Key(i))));
+    }
+  }
+  std::sort(keys.begin(), keys.end());
+  IndexTree(pages_, table_.Page, index).Rebuild(keys);
+}
+
+}  // namespace veyra::mdb

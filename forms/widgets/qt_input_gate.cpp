@@ -1,0 +1,52 @@
+#include "forms/widgets/qt_input_gate.h"
+
+#include <QEvent>
+#include <QWidget>
+
+namespace veyra {
+namespace {
+
+QPalette WithoutGrey(QPalette colors) {
+  for (int role = 0; role < QPalette::NColorRoles; ++role) {
+    const auto color_role = static_cast<QPalette::ColorRole>(role);
+    colors.setBrush(QPalette::Disabled, color_role, colors.brush(QPalette::Active, color_role));
+  }
+  return colors;
+}
+
+}  // namespace
+
+QtInputGate::QtInputGate(QWidget& window) : window_(window) {
+  window_.installEventFilter(this);
+}
+
+void QtInputGate::SetOpen(bool open) {
+  if (open == window_.isEnabled()) {
+    return;
+  }
+  if (!open) {
+    focus_ = window_.focusWidget();
+    colors_ = window_.palette();
+    window_.setPalette(WithoutGrey(colors_));
+    window_.setEnabled(false);
+    return;
+  }
+  window_.setPalette(colors_);
+  window_.setEnabled(true);
+  if (focus_ != nullptr) {
+    focus_->setFocus(Qt::OtherFocusReason);
+  }
+  if (window_.isVisible()) {
+    window_.activateWindow();
+  }
+}
+
+bool QtInputGate::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close && !window_.isEnabled()) {
+    event->ignore();
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace veyra

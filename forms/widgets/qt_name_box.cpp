@@ -1,0 +1,121 @@
+#include "forms/widgets/qt_name_box.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QStringListModel>
+#include <QWheelEvent>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "forms/widgets/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kMostNamesSeen = 16;
+
+/// Whether the focus only pauses: the window is left, or a menu or the list has opened.
+bool IsPause(Qt::FocusReason reason) {
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+         reason == Qt::MenuBarFocusReason || QApplication::activePopupWidget() != nullptr;
+}
+
+}  // namespace
+
+QtNameBox::QtNameBox(QWidget* parent) : QComboBox(parent), list_(new QStringListModel(this)) {
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  setMaxVisibleItems(kMostNamesSeen);
+  setModel(list_);
+  qobject_cast<QListView*>(view())->setUniformItemSizes(true);
+  setEditable(true);
+  setInsertPolicy(QComboBox::NoInsert);
+  setCompleter(nullptr);
+  setFocusPolicy(Qt::StrongFocus);
+  // Finishing a text that equals an entry would count as picking the entry.
+  disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+  lineEdit()->installEventFilter(this);
+  connect(lineEdit(), &QLineEdit::textEdited, this,
+          [this](const QString& text) { emit Typed(ToUtf8(text)); });
+  connect(lineEdit(), &QLineEdit::returnPressed, this, &QtNameBox::EnterPressed);
+  connect(this, &QComboBox::activated, this,
+          [this](int index) { emit Picked(names_.at(static_cast<std::size_t>(index))); });
+}
+
+void QtNameBox::SetSpokenName(const QString& name) {
+  setAccessibleName(name);
+  lineEdit()->setAccessibleName(name);
+}
+
+void QtNameBox::ShowNames(const NameBox& box) {
+  if (names_ != box.Items) {
+    FillList(box.Items);
+  }
+  ShowText(box.Text);
+}
+
+void QtNameBox::ShowText(const std::string& text) {
+  const QString shown = OneLine(text);
+  const auto listed = std::find(names_.begin(), names_.end(), text);
+  const int index = listed == names_.end() ? -1 : static_cast<int>(listed - names_.begin());
+  if (shown == lineEdit()->text() && (index == currentIndex() || index < 0)) {
+    return;
+  }
+  setCurrentIndex(index);
+  setEditText(shown);
+}
+
+void QtNameBox::SelectAllText() {
+  lineEdit()->selectAll();
+  select_after_click_ = focused_by_click_;
+}
+
+void QtNameBox::FillList(const std::vector<std::string>& names) {
+  names_ = names;
+  QStringList lines;
+  lines.reserve(static_cast<qsizetype>(names.size()));
+  std::transform(names.begin(), names.end(), std::back_inserter(lines), OneLine);
+  const QString text = lineEdit()->text();
+  list_->setStringList(lines);
+  setCurrentIndex(-1);
+  setEditText(text);
+}
+
+void QtNameBox::focusInEvent(QFocusEvent* event) {
+  QComboBox::focusInEvent(event);
+  focused_by_click_ = event->reason() == Qt::MouseFocusReason;
+  if (!std::exchange(has_focus_, true)) {
+    emit FocusArrived();
+  }
+}
+
+void QtNameBox::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  select_after_click_ = false;
+  if (!IsPause(event->reason()) && std::exchange(has_focus_, false)) {
+    emit FocusLeft();
+  }
+}
+
+/// Turning the wheel over the box picks nothing unless the operator is working in it.
+void QtNameBox::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
+}
+
+bool QtNameBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease) {
+    focused_by_click_ = false;
+    if (std::exchange(select_after_click_, false) && !lineEdit()->hasSelectedText()) {
+      lineEdit()->selectAll();
+    }
+  }
+  return QComboBox::eventFilter(watched, event);
+}
+
+}  // namespace veyra

@@ -1,0 +1,56 @@
+#include "forms/widgets/qt_progress.h"
+
+#include <QApplication>
+#include <algorithm>
+
+#include "forms/widgets/qt_progress_box.h"
+#include "forms/widgets/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr qint64 kUnseenMilliseconds = 500;
+constexpr qint64 kMillisecondsBetweenLooks = 40;
+constexpr int kBarSteps = 1000;
+
+int BarValue(std::int64_t done, std::int64_t total) {
+  if (total <= 0) {
+    return 0;
+  }
+  const double share = static_cast<double>(done) / static_cast<double>(total);
+  return static_cast<int>(std::clamp(share, 0.0, 1.0) * kBarSteps);
+}
+
+}  // namespace
+
+QtProgress::QtProgress(const std::string& text, BreakOff break_off)
+    : text_(ToQString(text)), break_off_(break_off) {
+  since_start_.start();
+  since_look_.start();
+}
+
+QtProgress::~QtProgress() = default;
+
+bool QtProgress::Report(std::int64_t done, std::int64_t total) {
+  if (broken_off_ || since_start_.elapsed() < kUnseenMilliseconds ||
+      (box_ && since_look_.elapsed() < kMillisecondsBetweenLooks)) {
+    return !broken_off_;
+  }
+  if (!box_) {
+    Show();
+  }
+  box_->setLabelText(QStringLiteral("%1\n%2 of %3").arg(text_).arg(done).arg(total));
+  box_->setValue(BarValue(done, total));
+  QCoreApplication::processEvents();
+  since_look_.restart();
+  broken_off_ = box_->wasCanceled();
+  return !broken_off_;
+}
+
+void QtProgress::Show() {
+  box_ = std::make_unique<QtProgressBox>(break_off_, QApplication::activeWindow());
+  box_->setRange(0, kBarSteps);
+  box_->show();
+}
+
+}  // namespace veyra

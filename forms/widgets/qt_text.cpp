@@ -1,0 +1,43 @@
+#include "forms/widgets/qt_text.h"
+
+#include <algorithm>
+
+namespace veyra {
+namespace {
+
+constexpr qsizetype kLongestToolTip = 600;
+
+bool BreaksTheLine(QChar character) {
+  switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+QString OneLine(const std::string& text) {
+  QString line = ToQString(text);
+  if (std::none_of(line.cbegin(), line.cend(), BreaksTheLine)) {
+    return line;
+  }
+  line.replace(QLatin1String("\r\n"), QLatin1String(" "));
+  std::replace_if(line.begin(), line.end(), BreaksTheLine, QChar(u' '));
+  return line;
+}
+
+QString PlainToolTip(const std::string& text) {
+  QString shown = ToQString(text);
+  if (shown.size() > kLongestToolTip) {
+    shown.truncate(kLongestToolTip);
+    shown.append(QChar(0x2026));
+  }
+  return QLatin1String("<span style='white-space: pre-wrap'>") + shown.toHtmlEscaped() +
+         QLatin1String("</span>");
+}
+
+}  // namespace veyra

@@ -36,7 +36,7 @@ bool HasPermission(const fs::path& path, fs::perms any_of) {
 bool IsWritable(const fs::path& path) {
   constexpr fs::perms kAnyWrite =
       fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-  return HasPermission(path, kAnyWrite) && access(path.c_str(), W_OK) == 0;
+  return HasPermission(path, kAnyWrite) && ::access(path.c_str(), W_OK) == 0;
 }
 
 [[noreturn]] void FailAsMissing(const fs::path& path) {
@@ -65,7 +65,7 @@ void RequireFile(const fs::path& path) {
   if (fs::file_size(path, error) == 0) {
     throw DatabaseError({path.string(), "The file is empty.", kRightFile});
   }
-  if (access(path.c_str(), R_OK) != 0) {
+  if (::access(path.c_str(), R_OK) != 0) {
     throw DatabaseError({path.string(), "You may not read the file.",
                          "Ask for the right to read and change the file."});
   }

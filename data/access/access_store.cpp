@@ -21,25 +21,25 @@ namespace veyra {
 
 namespace {
 
-using mdb::FileLock;
-using mdb::FileProblem;
+using access::FileLock;
+using access::FileProblem;
 
-[[noreturn]] void ReportAs(const mdb::StoreProblem& problem, const std::string& file,
+[[noreturn]] void ReportAs(const access::StoreProblem& problem, const std::string& file,
                            const std::string& table) {
   switch (problem.What()) {
-    case mdb::Wrong::NoTable:
+    case access::Wrong::NoTable:
       throw MissingTable(file, problem.Name());
-    case mdb::Wrong::NoColumn:
+    case access::Wrong::NoColumn:
       throw MissingColumn(file, table, problem.Name());
-    case mdb::Wrong::TableExists:
+    case access::Wrong::TableExists:
       throw TableExists(file, problem.Name());
-    case mdb::Wrong::ColumnExists:
+    case access::Wrong::ColumnExists:
       throw ColumnExists(file, table, problem.Name());
-    case mdb::Wrong::RowChanged:
+    case access::Wrong::RowChanged:
       throw RowChanged(file, table);
-    case mdb::Wrong::RowRemoved:
+    case access::Wrong::RowRemoved:
       throw RowRemoved(file, table);
-    case mdb::Wrong::ReadingOnly:
+    case access::Wrong::ReadingOnly:
       break;
   }
   throw OpenedForReadingOnly(file);
@@ -50,9 +50,9 @@ template <typename Work>
 auto Reporting(const std::string& file, const std::string& table, const Work& work) {
   try {
     return work();
-  } catch (const mdb::StoreProblem& problem) {
+  } catch (const access::StoreProblem& problem) {
     ReportAs(problem, file, table);
-  } catch (const mdb::FileBusy& problem) {
+  } catch (const access::FileBusy& problem) {
     throw DatabaseBusyError({file, problem.what(), problem.advice()});
   } catch (const FileProblem& problem) {
     throw DatabaseError({file, problem.what(), problem.advice()});
@@ -61,7 +61,7 @@ auto Reporting(const std::string& file, const std::string& table, const Work& wo
 
 class AccessRows : public RowSource {
  public:
-  AccessRows(const std::string& file_name, const std::string& table, mdb::TableRows rows)
+  AccessRows(const std::string& file_name, const std::string& table, access::TableRows rows)
       : file_name_(file_name), table_(table), rows_(std::move(rows)) {}
 
   bool Next(Row& row) override {
@@ -71,7 +71,7 @@ class AccessRows : public RowSource {
  private:
   std::string file_name_;
   std::string table_;
-  mdb::TableRows rows_;
+  access::TableRows rows_;
 };
 
 class AccessStore : public Store {
@@ -92,9 +92,9 @@ class AccessStore : public Store {
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, timeout_);
       RecoverUnderLock();
       snapshot_.Tables();
-      mdb::PageChanges changes(file_);
+      access::PageChanges changes(file_);
       auto result = work(changes);
-      const mdb::PageImages pages = changes.Images();
+      const access::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
         Commit(pages);
@@ -106,16 +106,16 @@ class AccessStore : public Store {
   /// The same in the rows of one table.
   template <typename Work>
   auto WritingRows(const std::string& table, const Work& work) {
-    return Writing(table, [&](mdb::PageChanges& changes) {
-      mdb::TableWriter writer(changes, snapshot_.DefinitionOf(table));
-      mdb::CheckMayWrite(writer.Layout());
+    return Writing(table, [&](access::PageChanges& changes) {
+      access::TableWriter writer(changes, snapshot_.DefinitionOf(table));
+      access::CheckMayWrite(writer.Layout());
       return work(changes, writer);
     });
   }
 
  public:
   AccessStore(const std::string& file_name, StoreAccess access, std::chrono::milliseconds timeout,
-              mdb::CommitObserver observer, Durability durability)
+              access::CommitObserver observer, Durability durability)
       : file_name_(file_name),
         timeout_(timeout),
         durability_(durability),
@@ -131,7 +131,7 @@ class AccessStore : public Store {
   std::vector<std::string> TableNames() override {
     return Reading({}, [&] {
       std::vector<std::string> names;
-      for (const mdb::CatalogueEntry& entry : snapshot_.Tables()) {
+      for (const access::CatalogueEntry& entry : snapshot_.Tables()) {
         names.push_back(entry.Name);
       }
       return names;
@@ -141,7 +141,7 @@ class AccessStore : public Store {
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return Reading(table, [&] {
       std::vector<std::string> names;
-      for (const mdb::ColumnLayout& column : snapshot_.Table(table)->Layout().Columns) {
+      for (const access::ColumnLayout& column : snapshot_.Table(table)->Layout().Columns) {
         names.push_back(column.Name);
       }
       return names;
@@ -150,12 +150,12 @@ class AccessStore : public Store {
 
   StoreDescription Describe() override {
     return Reading({}, [&] {
-      StoreDescription description = mdb::DescribeFile(file_.Header());
-      const std::vector<mdb::CatalogueEntry> tables = snapshot_.Tables();
-      for (const mdb::CatalogueEntry& entry : tables) {
+      StoreDescription description = access::DescribeFile(file_.Header());
+      const std::vector<access::CatalogueEntry> tables = snapshot_.Tables();
+      for (const access::CatalogueEntry& entry : tables) {
         const auto image = snapshot_.Table(entry.Name);
         description.Tables.push_back(
-            mdb::DescribeTable(entry.Name, image->Layout(), file_.Header().Version));
+            access::DescribeTable(entry.Name, image->Layout(), file_.Header().Version));
       }
       return description;
     });
@@ -163,40 +163,40 @@ class AccessStore : public Store {
 
   std::unique_ptr<RowSource> Select(const Query& query) override {
     return Reading(query.Table, [&]() -> std::unique_ptr<RowSource> {
-      mdb::TableRows rows(file_, snapshot_.Table(query.Table), query);
+      access::TableRows rows(file_, snapshot_.Table(query.Table), query);
       return std::make_unique<AccessRows>(file_name_, query.Table, std::move(rows));
     });
   }
 
   Row Insert(const std::string& table, const FieldValues& fields) override {
-    return WritingRows(table, [&](mdb::PageChanges& changes, mdb::TableWriter& writer) {
-      return mdb::InsertRow(changes, writer, fields);
+    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      return access::InsertRow(changes, writer, fields);
     });
   }
 
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
-    return WritingRows(table, [&](mdb::PageChanges& changes, mdb::TableWriter& writer) {
-      return mdb::UpdateRow(changes, writer, before, fields);
+    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      return access::UpdateRow(changes, writer, before, fields);
     });
   }
 
   void Delete(const std::string& table, const Row& before) override {
-    WritingRows(table, [&](mdb::PageChanges& changes, mdb::TableWriter& writer) {
-      mdb::DeleteRow(changes, writer, before);
+    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      access::DeleteRow(changes, writer, before);
       return 0;
     });
   }
 
   void CreateTable(const TableDefinition& definition) override {
-    Writing(definition.Name, [&](mdb::PageChanges& changes) {
-      mdb::CreateTable(changes, definition);
+    Writing(definition.Name, [&](access::PageChanges& changes) {
+      access::CreateTable(changes, definition);
       return 0;
     });
   }
 
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    WritingRows(table, [&](mdb::PageChanges& changes, mdb::TableWriter& writer) {
-      mdb::AddColumn(changes, writer.Layout().Page, column);
+    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      access::AddColumn(changes, writer.Layout().Page, column);
       return 0;
     });
   }
@@ -208,7 +208,7 @@ class AccessStore : public Store {
     }
     const bool alone = access == StoreAccess::Alone;
     if (alone) {
-      mdb::CheckNobodyElse(file_.Path());
+      access::CheckNobodyElse(file_.Path());
     }
     use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
                  timeout_);
@@ -219,34 +219,34 @@ class AccessStore : public Store {
   void FinishBrokenChange() {
     if (!file_.IsWritable()) {
       ShowBrokenChange();
-    } else if (mdb::HasJournal(file_.Path())) {
+    } else if (access::HasJournal(file_.Path())) {
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, timeout_);
       RecoverUnderLock();
     }
   }
 
   void RecoverUnderLock() {
-    if (mdb::HasJournal(file_.Path())) {
-      mdb::Recover(file_);
+    if (access::HasJournal(file_.Path())) {
+      access::Recover(file_);
       snapshot_.Forget();
     }
   }
 
   void ShowBrokenChange() {
-    const bool has_journal = mdb::HasJournal(file_.Path());
+    const bool has_journal = access::HasJournal(file_.Path());
     if (has_journal || shows_broken_change_) {
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, timeout_);
       file_.SetOverlay({});
-      file_.SetOverlay(mdb::HasJournal(file_.Path()) ? mdb::PendingPages(file_)
-                                                     : mdb::PageImages());
+      file_.SetOverlay(access::HasJournal(file_.Path()) ? access::PendingPages(file_)
+                                                        : access::PageImages());
       snapshot_.Forget();
       shows_broken_change_ = has_journal;
     }
   }
 
-  void Commit(const mdb::PageImages& pages) {
+  void Commit(const access::PageImages& pages) {
     if (durability_ == Durability::AtOnce) {
-      mdb::CommitPages(file_, pages, observer_);
+      access::CommitPages(file_, pages, observer_);
     } else {
       file_.Write(pages);
     }
@@ -254,18 +254,18 @@ class AccessStore : public Store {
 
   void CheckMayWrite() const {
     if (!file_.IsWritable()) {
-      throw mdb::StoreProblem(mdb::Wrong::ReadingOnly);
+      throw access::StoreProblem(access::Wrong::ReadingOnly);
     }
-    mdb::CheckMayWrite(file_.Header());
-    mdb::CheckNobodyElse(file_.Path());
+    access::CheckMayWrite(file_.Header());
+    access::CheckNobodyElse(file_.Path());
   }
 
   std::string file_name_;
   std::chrono::milliseconds timeout_;
   Durability durability_;
-  mdb::CommitObserver observer_;
-  mdb::PageFile file_;
-  mdb::Snapshot snapshot_;
+  access::CommitObserver observer_;
+  access::PageFile file_;
+  access::Snapshot snapshot_;
   std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
 };
@@ -273,13 +273,13 @@ class AccessStore : public Store {
 }  // namespace
 
 bool LooksLikeAccess(std::string_view first_bytes) {
-  const mdb::Bytes bytes(first_bytes.begin(), first_bytes.end());
-  return mdb::HasAccessSignature(bytes);
+  const access::Bytes bytes(first_bytes.begin(), first_bytes.end());
+  return access::HasAccessSignature(bytes);
 }
 
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
                                        std::chrono::milliseconds timeout,
-                                       mdb::CommitObserver observer) {
+                                       access::CommitObserver observer) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
     return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer),
                                          Durability::AtOnce);
@@ -289,7 +289,7 @@ std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess
 std::unique_ptr<Store> OpenNewAccessStore(const std::string& file_name, Durability durability) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
     return std::make_unique<AccessStore>(file_name, StoreAccess::ReadWrite, kStoreTimeout,
-                                         mdb::CommitObserver(), durability);
+                                         access::CommitObserver(), durability);
   });
 }
 

@@ -35,7 +35,7 @@ bool LooksLikeAccess(std::string_view first_bytes);
 /// by a password or damaged, or for ReadWrite one that may not be written to.
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
                                        std::chrono::milliseconds timeout = kStoreTimeout,
-                                       mdb::CommitObserver observer = {});
+                                       access::CommitObserver observer = {});
 
 /// Opens for reading and writing a database that CreateAccessFile has just made and nobody else
 /// knows of yet. With Durability::WhenAsked each change goes straight into the file, without a

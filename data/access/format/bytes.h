@@ -9,7 +9,7 @@
 
 #include "data/access/format/problem.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 using Byte = std::uint8_t;
 using Bytes = std::vector<Byte>;
@@ -90,4 +90,4 @@ void Append(Bytes& bytes, Number number) {
   Put(bytes, at, number);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

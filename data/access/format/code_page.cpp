@@ -5,7 +5,7 @@
 #include <array>
 #include <cerrno>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -154,4 +154,4 @@ std::u16string Utf16FromUtf8(std::string_view text) {
   return result;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -7,7 +7,7 @@
 
 #include "data/access/format/bytes.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The code page of the texts of a Jet 3 file.
 class CodePage {
@@ -33,4 +33,4 @@ std::u16string Utf16FromUtf8(std::string_view text);
 /// Adds a character to a UTF-8 text; what is no character is added as U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

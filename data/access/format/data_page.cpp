@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -132,4 +132,4 @@ bool HasNoRows(const Bytes& page) {
                      [](const Slot& slot) { return slot.Flags == kEmptied; });
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

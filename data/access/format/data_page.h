@@ -5,7 +5,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/file_header.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // A data page:
 //
@@ -76,4 +76,4 @@ inline constexpr std::size_t SlotsAt(Format version) {
   return version == Format::Jet3 ? 10 : 14;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

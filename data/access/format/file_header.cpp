@@ -6,7 +6,7 @@
 
 #include "data/access/format/rc4.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -96,4 +96,4 @@ void MaskHeader(Bytes& page_0) {
   Mask(page_0, Format::Jet4);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -5,7 +5,7 @@
 
 #include "data/access/format/bytes.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // Page 0:
 //
@@ -44,4 +44,4 @@ FileHeader ReadFileHeader(ByteView first_bytes);
 /// Masks, or unmasks, the masked part of a Jet 4 page 0.
 void MaskHeader(Bytes& page_0);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -159,4 +159,4 @@ Bytes EntryKey(Bytes key, RowPointer row) {
   return key;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -5,7 +5,7 @@
 #include "data/access/pages/page_source.h"
 #include "data/access/read/usage_map.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // An index page (Jet 4):
 //
@@ -57,4 +57,4 @@ Bytes EncodeIndexPage(const IndexPage& page);
 /// The key of an entry of a row.
 Bytes EntryKey(Bytes key, RowPointer row);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

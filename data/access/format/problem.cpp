@@ -1,6 +1,6 @@
 #include "data/access/format/problem.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -16,4 +16,4 @@ DamagedFile::DamagedFile(const std::string& cause) : FileProblem(cause, kRepairA
 StoreProblem::StoreProblem(Wrong what, std::string name)
     : FileProblem("The change cannot be made.", ""), what_(what), name_(std::move(name)) {}
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// Why a database file cannot be read or written, without the file's name: the store that knows it
 /// turns this into the DatabaseError of the same texts.
@@ -55,4 +55,4 @@ class StoreProblem : public FileProblem {
   std::string name_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

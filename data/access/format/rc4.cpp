@@ -4,7 +4,7 @@
 #include <numeric>
 #include <utility>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 void ApplyRc4(std::span<const Byte> key, std::span<Byte> bytes) {
   std::array<Byte, 256> state;
@@ -24,4 +24,4 @@ void ApplyRc4(std::span<const Byte> key, std::span<Byte> bytes) {
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -1,6 +1,6 @@
 #include "data/access/format/row_view.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 RowView::RowView(ByteView row, Format version, bool table_has_variable)
     : row_(row),
@@ -75,4 +75,4 @@ ByteView RowView::Variable(std::uint16_t place) const {
   return row_.Slice(begin, end - begin);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

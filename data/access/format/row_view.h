@@ -5,7 +5,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/file_header.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // A row:
 //
@@ -57,4 +57,4 @@ class RowView {
   std::size_t jumps_at_ = 0;     ///< Where the first jump lies; the others lie before it.
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

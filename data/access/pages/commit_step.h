@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The steps of writing a change, in their order. After JournalFlushed the change is made.
 enum class CommitStep { JournalWritten, JournalFlushed, PagesWritten, PagesFlushed, Done };
@@ -10,4 +10,4 @@ enum class CommitStep { JournalWritten, JournalFlushed, PagesWritten, PagesFlush
 /// Called after each step.
 using CommitObserver = std::function<void(CommitStep)>;
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

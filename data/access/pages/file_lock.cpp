@@ -8,7 +8,7 @@
 
 #include "data/access/format/problem.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -66,4 +66,4 @@ FileLock::~FileLock() {
   SetLock(descriptor_, F_UNLCK, ByteOf(kind_));
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// A lock that copies of this program hold on a database file. It lies on a byte far behind the
 /// largest file of the format, where no other program of the format locks anything, and ends with
@@ -28,4 +28,4 @@ class FileLock {
   Kind kind_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -259,4 +259,4 @@ void Recover(PageFile& file) {
   file.Refresh(true);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

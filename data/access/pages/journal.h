@@ -5,7 +5,7 @@
 #include "data/access/pages/commit_step.h"
 #include "data/access/pages/page_file.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // The journal of a change, "NAME.mdb-journal" beside "NAME.mdb":
 //
@@ -40,4 +40,4 @@ void Recover(PageFile& file);
 /// read, which shows them as if they were written.
 PageImages PendingPages(PageFile& file);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

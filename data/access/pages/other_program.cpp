@@ -7,7 +7,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/code_page.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -62,4 +62,4 @@ void CheckNobodyElse(const std::filesystem::path& database) {
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

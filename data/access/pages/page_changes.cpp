@@ -1,6 +1,6 @@
 #include "data/access/pages/page_changes.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 PagePtr PageChanges::ReadPage(PageNumber number) {
   const auto changed = changed_.find(number);
@@ -30,4 +30,4 @@ PageImages PageChanges::Images() const {
   return images;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -5,7 +5,7 @@
 
 #include "data/access/pages/page_source.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// A file's pages with changes on top that are not written yet. Nothing reaches the file from
 /// here: whoever is content with the changes writes Images().
@@ -34,4 +34,4 @@ class PageChanges : public PageSource {
   std::map<PageNumber, std::shared_ptr<Bytes>> changed_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

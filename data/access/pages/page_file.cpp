@@ -14,7 +14,7 @@
 
 #include "data/access/format/rc4.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -206,4 +206,4 @@ void PageFile::Flush() {
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

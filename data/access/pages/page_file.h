@@ -8,7 +8,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/pages/page_source.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// What changes in a file whenever a program writes to it.
 struct FileStamp {
@@ -75,4 +75,4 @@ class PageFile : public PageSource {
   PageImages overlay_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -7,7 +7,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/file_header.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 using PageNumber = std::uint32_t;
 using PagePtr = std::shared_ptr<const Bytes>;
@@ -49,4 +49,4 @@ class PageSource {
   }
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

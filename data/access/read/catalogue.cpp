@@ -6,7 +6,7 @@
 #include "data/access/read/table_image.h"
 #include "data/names.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -71,4 +71,4 @@ const CatalogueEntry* FindTable(const std::vector<CatalogueEntry>& catalogue,
   return found == catalogue.end() ? nullptr : &*found;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -6,7 +6,7 @@
 
 #include "data/access/pages/page_source.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The page of the definition of MSysObjects, the table of all tables.
 inline constexpr PageNumber kCataloguePage = 2;
@@ -25,4 +25,4 @@ std::vector<CatalogueEntry> ReadCatalogue(PageSource& file);
 const CatalogueEntry* FindTable(const std::vector<CatalogueEntry>& catalogue,
                                 std::string_view name);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

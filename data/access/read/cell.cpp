@@ -6,7 +6,7 @@
 
 #include "data/access/format/data_page.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -300,4 +300,4 @@ Bytes CellReader::ReadLongChain(RowPointer first, std::size_t length) const {
   return bytes;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -10,7 +10,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/value.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// A point in time: days since 1899-12-30, the time of day as their fraction. Before that day the
 /// fraction counts forwards as well: -1.25 is six o'clock on 1899-12-29.
@@ -69,4 +69,4 @@ std::int64_t DaysFromDate(Date date);
 /// Compressed text as UTF-8: one byte a character; a 0 switches to UTF-16 and back.
 std::string ExpandCompressed(ByteView text);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -131,4 +131,4 @@ std::size_t PlaceOfColumn(const TableLayout& table, std::string_view name) {
   return place;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -9,7 +9,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/query.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// How one value compares with another; nothing when either is null or their kinds do not compare.
 /// Numbers compare with numbers and with texts that stand for one, dates with dates and with ISO
@@ -62,4 +62,4 @@ class RowCondition {
 /// The place of a column. Throws FileProblem when the table has none of that name.
 std::size_t PlaceOfColumn(const TableLayout& table, std::string_view name);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

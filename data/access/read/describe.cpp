@@ -2,7 +2,7 @@
 
 #include "data/access/read/cell.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -96,4 +96,4 @@ TableDescription DescribeTable(const std::string& name, const TableLayout& layou
   return table;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

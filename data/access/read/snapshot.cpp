@@ -3,7 +3,7 @@
 #include <optional>
 #include <thread>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// Loads until the file stood still meanwhile, and what was loaded is sound.
 template <typename Load>
@@ -77,4 +77,4 @@ std::shared_ptr<TableImage> Snapshot::Table(std::string_view name) {
   return image;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -11,7 +11,7 @@
 #include "data/access/read/catalogue.h"
 #include "data/access/read/table_image.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// How often a table is read again that another program is changing, and how long the first wait
 /// is; each further one is twice as long.
@@ -54,4 +54,4 @@ class Snapshot {
   std::map<PageNumber, std::shared_ptr<TableImage>> images_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

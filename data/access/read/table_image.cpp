@@ -5,7 +5,7 @@
 
 #include "data/access/format/data_page.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -166,4 +166,4 @@ std::optional<double> OrderKey(const Value& value) {
   return std::nullopt;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -12,7 +12,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/store.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The key of a row in its store: its home slot, which it keeps when it is moved.
 RowKey KeyOf(RowPointer home);
@@ -69,4 +69,4 @@ class TableImage {
 /// for what is neither.
 std::optional<double> OrderKey(const Value& value);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

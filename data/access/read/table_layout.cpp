@@ -4,7 +4,7 @@
 
 #include "data/names.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -205,4 +205,4 @@ TableLayout ReadTableLayout(PageSource& file, PageNumber first_page) {
   return Reader(bytes, file.Header()).Read(first_page);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

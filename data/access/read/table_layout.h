@@ -9,7 +9,7 @@
 #include "data/access/pages/page_source.h"
 #include "data/access/read/usage_map.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // A table definition is a text of bytes that may go on over several pages; each further page
 // contributes all but its first 8 bytes. Numbers in brackets are those of Jet 3, where they differ.
@@ -133,4 +133,4 @@ std::vector<PageNumber> DefinitionPages(PageSource& file, PageNumber first_page)
 /// Reads the definition on that page. Throws DamagedFile when it is none.
 TableLayout ReadTableLayout(PageSource& file, PageNumber first_page);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

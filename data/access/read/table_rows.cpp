@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -112,4 +112,4 @@ std::vector<Value> ReadValues(const CellReader& cells, const RowView& row,
   return values;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -8,7 +8,7 @@
 #include "data/access/read/table_image.h"
 #include "data/store.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The rows of a query over one table, read from its image one after another.
 class TableRows {
@@ -40,4 +40,4 @@ class TableRows {
 std::vector<Value> ReadValues(const CellReader& cells, const RowView& row,
                               const TableLayout& layout);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -4,7 +4,7 @@
 
 #include "data/access/format/data_page.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -65,4 +65,4 @@ std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map) {
   return pages;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

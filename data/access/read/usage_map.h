@@ -5,7 +5,7 @@
 
 #include "data/access/pages/page_source.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // A usage map is a set of pages, kept in a row of a data page:
 //
@@ -31,4 +31,4 @@ std::uint32_t PointerNumber(RowPointer pointer);
 /// The pages of a map, rising. Those past the file's end are left out.
 std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

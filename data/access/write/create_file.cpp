@@ -19,27 +19,27 @@ namespace veyra {
 
 namespace {
 
-using mdb::Byte;
-using mdb::Bytes;
-using mdb::PageChanges;
+using access::Byte;
+using access::Bytes;
+using access::PageChanges;
 
 constexpr std::string_view kName = "Standard Jet DB";
 constexpr std::size_t kUsersAt = 0xE00;
 
 /// The pages of a file that has none yet.
-class NoPages : public mdb::PageSource {
+class NoPages : public access::PageSource {
  public:
-  const mdb::FileHeader& Header() const override { return header_; }
-  mdb::PageNumber PageCount() const override { return 0; }
-  mdb::PagePtr ReadPage(mdb::PageNumber) override { throw mdb::DamagedFile(); }
+  const access::FileHeader& Header() const override { return header_; }
+  access::PageNumber PageCount() const override { return 0; }
+  access::PagePtr ReadPage(access::PageNumber) override { throw access::DamagedFile(); }
 
  private:
-  mdb::FileHeader header_;
+  access::FileHeader header_;
 };
 
 void PutNoPassword(Bytes& page) {
   for (std::size_t at = 0x42; at < 0x6A; at += 4) {
-    mdb::Put(page, at, static_cast<std::uint32_t>(mdb::kCreationStamp));
+    access::Put(page, at, static_cast<std::uint32_t>(access::kCreationStamp));
   }
 }
 
@@ -54,30 +54,30 @@ void WriteHeader(Bytes& page) {
   for (Byte table = 2; table <= 5; ++table) {
     page[0x18U + 4U * table] = table;
   }
-  mdb::Put(page, 0x3C, std::uint16_t{1252});
+  access::Put(page, 0x3C, std::uint16_t{1252});
   PutNoPassword(page);
-  mdb::Put(page, 0x6A, mdb::kCreationMark);
-  mdb::Put(page, 0x6E, std::uint32_t{1033});
-  mdb::Put(page, 0x72, mdb::kCreationStamp);
-  mdb::Put(page, 0x98, std::uint32_t{1620});
+  access::Put(page, 0x6A, access::kCreationMark);
+  access::Put(page, 0x6E, std::uint32_t{1033});
+  access::Put(page, 0x72, access::kCreationStamp);
+  access::Put(page, 0x98, std::uint32_t{1620});
   std::memcpy(&page[0x9C], "4.0", 3);
   for (std::size_t at = kUsersAt; at < page.size(); at += 2) {
     page[at + 1] = 1;
   }
-  mdb::MaskHeader(page);
+  access::MaskHeader(page);
 }
 
 /// Page 1: the map of free pages, in which those past the file's end count as free, and one more
 /// map that stays empty.
 void WriteFreeMap(PageChanges& pages) {
-  Bytes map(mdb::kUsageMapBytes, 0xFF);
+  Bytes map(access::kUsageMapBytes, 0xFF);
   std::fill_n(map.begin(), 5, Byte{0});
-  Bytes& page = pages.Edit(mdb::kFreePages.Page);
-  page = mdb::EmptyDataPage(1);
-  mdb::AddRow(page, map);
-  mdb::AddRow(page, Bytes(mdb::kUsageMapBytes));
-  for (mdb::PageNumber number = 0; number <= mdb::kRelationshipsPage; ++number) {
-    mdb::RemoveFromMap(pages, mdb::kFreePages, number);
+  Bytes& page = pages.Edit(access::kFreePages.Page);
+  page = access::EmptyDataPage(1);
+  access::AddRow(page, map);
+  access::AddRow(page, Bytes(access::kUsageMapBytes));
+  for (access::PageNumber number = 0; number <= access::kRelationshipsPage; ++number) {
+    access::RemoveFromMap(pages, access::kFreePages, number);
   }
 }
 
@@ -86,7 +86,7 @@ void WriteAll(int descriptor, const Bytes& bytes) {
   while (done < bytes.size()) {
     const ssize_t written = write(descriptor, bytes.data() + done, bytes.size() - done);
     if (written < 0 && errno != EINTR) {
-      throw mdb::FileProblem(std::strerror(errno), "");
+      throw access::FileProblem(std::strerror(errno), "");
     }
     done += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
   }
@@ -98,7 +98,7 @@ Bytes NewDatabase() {
   WriteHeader(pages.Edit(pages.Grow()));
   pages.Grow();
   WriteFreeMap(pages);
-  mdb::WriteSystemTables(pages);
+  access::WriteSystemTables(pages);
   Bytes file;
   for (const auto& [number, page] : pages.Images()) {
     file.insert(file.end(), page.begin(), page.end());
@@ -124,7 +124,7 @@ void CreateAccessFile(const std::string& file_name) {
   try {
     WriteAll(descriptor, bytes);
     written = fsync(descriptor) == 0;
-  } catch (const mdb::FileProblem&) {
+  } catch (const access::FileProblem&) {
     written = false;
   }
   const int error = errno;

@@ -8,7 +8,7 @@
 #include "data/access/write/row_writer.h"
 #include "data/access/write/usage_map_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -250,4 +250,4 @@ void AppendColumn(PageChanges& pages, const TableLayout& table, const ColumnLayo
   WriteDefinition(pages, table.Page, std::move(definition));
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -6,7 +6,7 @@
 #include "data/access/pages/page_changes.h"
 #include "data/access/read/table_layout.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// Gives columns their numbers, their offsets among the fixed ones and their places among the
 /// variable ones, in their order.
@@ -24,4 +24,4 @@ void WriteDefinition(PageChanges& pages, PageNumber first_page, Bytes definition
 void AppendColumn(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
                   const LongColumnMaps* maps);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -7,7 +7,7 @@
 #include "data/access/format/code_page.h"
 #include "data/access/read/cell.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -154,4 +154,4 @@ bool IsIndexableName(std::string_view name) {
   });
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

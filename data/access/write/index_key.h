@@ -5,7 +5,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/access/write/row_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // The key of a row in an index: for each of its columns
 //
@@ -29,4 +29,4 @@ bool IsNullKey(const IndexLayout& index, const TableLayout& table, const RawRow&
 /// Whether a name can stand in the index of the catalogue: ASCII letters and digits only.
 bool IsIndexableName(std::string_view name);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

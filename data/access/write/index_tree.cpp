@@ -4,7 +4,7 @@
 
 #include "data/access/write/usage_map_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -315,4 +315,4 @@ void IndexTree::Rebuild(const std::vector<Bytes>& keys) {
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

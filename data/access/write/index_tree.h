@@ -6,7 +6,7 @@
 #include "data/access/pages/page_changes.h"
 #include "data/access/read/table_layout.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// An index of a table, changed entry by entry or built anew. The root keeps its page number; the
 /// leaves hang together by their neighbours. Throws DamagedFile when the pages are no such tree:
@@ -58,4 +58,4 @@ class IndexTree {
   const IndexLayout& index_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

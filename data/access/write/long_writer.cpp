@@ -5,7 +5,7 @@
 #include "data/access/format/data_page.h"
 #include "data/access/write/usage_map_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -126,4 +126,4 @@ void DropLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& 
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

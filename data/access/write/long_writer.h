@@ -3,7 +3,7 @@
 #include "data/access/pages/page_changes.h"
 #include "data/access/read/table_layout.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 // A long text or other long value, as its row has it:
 //
@@ -24,4 +24,4 @@ Bytes StoreLong(PageChanges& pages, const TableLayout& table, const ColumnLayout
 void DropLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
               const Bytes& in_row);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -8,7 +8,7 @@
 #include "data/access/read/table_rows.h"
 #include "data/access/write/long_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -102,4 +102,4 @@ void DeleteRow(PageChanges& pages, TableWriter& writer, const Row& before) {
   DropLongValues(pages, writer.Layout(), old, RawRow(old.size()));
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -4,7 +4,7 @@
 #include "data/access/write/table_writer.h"
 #include "data/store.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// What Store::Insert, Update and Delete do, in pages that are not written yet. They throw
 /// FileProblem, and StoreProblem where the row is no longer equal to `before`.
@@ -13,4 +13,4 @@ Row UpdateRow(PageChanges& pages, TableWriter& writer, const Row& before,
               const FieldValues& fields);
 void DeleteRow(PageChanges& pages, TableWriter& writer, const Row& before);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -9,7 +9,7 @@
 #include "data/access/format/data_page.h"
 #include "data/access/read/cell.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -220,4 +220,4 @@ Bytes EncodeText(std::string_view text, bool may_compress) {
   return bytes;
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

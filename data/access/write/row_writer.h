@@ -8,7 +8,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/value.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The bytes of each column of a row, in the order of the table's columns; nothing for a null. A
 /// yes is a column without bytes, a no a null.
@@ -29,4 +29,4 @@ std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column)
 /// A text as the file has it: compressed where the column allows and all of it can be.
 Bytes EncodeText(std::string_view text, bool may_compress);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -15,7 +15,7 @@
 #include "data/access/write/table_writer.h"
 #include "data/access/write/usage_map_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -195,4 +195,4 @@ void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -7,7 +7,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/store.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// A column of the kind that this program makes: a long, a double, a date-time, a text, or a memo
 /// for a text without limit. Its number and places are not given yet.
@@ -27,4 +27,4 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition);
 /// Throws FileProblem when there is one of that name.
 void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition& column);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

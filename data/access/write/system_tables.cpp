@@ -10,7 +10,7 @@
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -282,4 +282,4 @@ void WriteSystemTables(PageChanges& pages) {
   }
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

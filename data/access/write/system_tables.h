@@ -4,7 +4,7 @@
 
 #include "data/access/pages/page_changes.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The definition pages of the tables that describe all others, in every Jet 4 file.
 inline constexpr PageNumber kObjectsPage = 2;
@@ -26,4 +26,4 @@ inline constexpr double kCreationStamp = 38143.546523784724;
 /// What page 0 says beside it.
 inline constexpr std::uint32_t kCreationMark = 0x21AA;
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -8,7 +8,7 @@
 #include "data/access/write/index_tree.h"
 #include "data/access/write/usage_map_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -259,4 +259,4 @@ void TableWriter::RebuildIndex(const IndexLayout& index) {
   IndexTree(pages_, table_.Page, index).Rebuild(keys);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

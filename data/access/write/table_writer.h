@@ -4,7 +4,7 @@
 #include "data/access/read/table_layout.h"
 #include "data/access/write/row_writer.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// Throws FileProblem, naming what to do instead, when a file is of a kind that is only read: Jet 3
 /// or encoded.
@@ -57,4 +57,4 @@ class TableWriter {
   TableLayout table_;
 };
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

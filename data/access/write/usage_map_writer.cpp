@@ -5,7 +5,7 @@
 
 #include "data/access/format/data_page.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 namespace {
 
@@ -165,4 +165,4 @@ void FreePage(PageChanges& pages, PageNumber page) {
   SetInReach(pages, kFreePages, page, true);
 }
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

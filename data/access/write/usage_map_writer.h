@@ -3,7 +3,7 @@
 #include "data/access/pages/page_changes.h"
 #include "data/access/read/usage_map.h"
 
-namespace veyra::mdb {
+namespace veyra::access {
 
 /// The map of all pages that nothing uses.
 inline constexpr RowPointer kFreePages{1, 0};
@@ -25,4 +25,4 @@ PageNumber TakePage(PageChanges& pages, PageNumber above = 0);
 /// Gives back a page that nothing uses any more.
 void FreePage(PageChanges& pages, PageNumber page);
 
-}  // namespace veyra::mdb
+}  // namespace veyra::access

@@ -52,9 +52,9 @@ std::string NumberText(double number) {
   return text.data();
 }
 
-std::string DateText(mdb::DateSerial serial) {
-  const mdb::DaySeconds split = mdb::SplitSerial(serial);
-  const auto date = mdb::DateFromDays(split.Days);
+std::string DateText(access::DateSerial serial) {
+  const access::DaySeconds split = access::SplitSerial(serial);
+  const auto date = access::DateFromDays(split.Days);
   std::array<char, 64> text{};
   std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d",
                 date ? static_cast<int>(date->year()) : 0,
@@ -66,28 +66,28 @@ std::string DateText(mdb::DateSerial serial) {
 
 }  // namespace
 
-std::string CellText(const mdb::Cell& cell) {
+std::string CellText(const access::Cell& cell) {
   struct Writer {
     std::string operator()(Null) const { return "\\N"; }
     std::string operator()(std::int64_t number) const { return std::to_string(number); }
     std::string operator()(double number) const { return NumberText(number); }
     std::string operator()(const std::string& text) const { return Escaped(text); }
-    std::string operator()(mdb::DateSerial serial) const { return DateText(serial); }
-    std::string operator()(const mdb::Bytes& bytes) const {
+    std::string operator()(access::DateSerial serial) const { return DateText(serial); }
+    std::string operator()(const access::Bytes& bytes) const {
       return "bytes " + std::to_string(bytes.size());
     }
   };
   return std::visit(Writer(), cell);
 }
 
-std::vector<std::string> TableText(mdb::PageFile& file, const std::string& table) {
-  mdb::Snapshot snapshot(file);
+std::vector<std::string> TableText(access::PageFile& file, const std::string& table) {
+  access::Snapshot snapshot(file);
   const auto image = snapshot.Table(table);
-  const mdb::CellReader reader(file);
+  const access::CellReader reader(file);
   std::vector<std::string> lines;
   for (std::size_t i = 0; i < image->RowCount(); ++i) {
     std::vector<std::string> cells;
-    for (const mdb::ColumnLayout& column : image->Layout().Columns) {
+    for (const access::ColumnLayout& column : image->Layout().Columns) {
       cells.push_back(CellText(reader.Read(image->View(i), column)));
     }
     lines.push_back(Joined(cells));
@@ -96,14 +96,14 @@ std::vector<std::string> TableText(mdb::PageFile& file, const std::string& table
 }
 
 std::vector<std::string> TableText(const std::filesystem::path& file, const std::string& table) {
-  mdb::PageFile pages(file, false);
+  access::PageFile pages(file, false);
   return TableText(pages, table);
 }
 
-std::string ColumnsText(mdb::PageFile& file, const std::string& table) {
-  mdb::Snapshot snapshot(file);
+std::string ColumnsText(access::PageFile& file, const std::string& table) {
+  access::Snapshot snapshot(file);
   std::vector<std::string> names;
-  for (const mdb::ColumnLayout& column : snapshot.Table(table)->Layout().Columns) {
+  for (const access::ColumnLayout& column : snapshot.Table(table)->Layout().Columns) {
     names.push_back(column.Name);
   }
   return Joined(names);

@@ -32,7 +32,7 @@ class KnownTables : public testing::TestWithParam<KnownTable> {
 };
 
 TEST_P(KnownTables, ReadAsTheyWereWritten) {
-  mdb::PageFile file(Database(), false);
+  access::PageFile file(Database(), false);
   std::vector<std::string> expected = Lines(Rows());
   ASSERT_FALSE(expected.empty());
   const std::string columns = std::regex_replace(expected.front(), std::regex(":[^\t]*"), "");

@@ -13,10 +13,10 @@ namespace veyra {
 namespace {
 
 /// The keys of an index by way of its nodes, and whether every node's entry is its page's last.
-void Walk(mdb::PageSource& pages, mdb::PageNumber number, int depth, std::vector<mdb::Bytes>& keys,
-          std::string& faults) {
-  const mdb::IndexPage page = mdb::ReadIndexPage(pages, number);
-  for (const mdb::IndexEntry& entry : page.Entries) {
+void Walk(access::PageSource& pages, access::PageNumber number, int depth,
+          std::vector<access::Bytes>& keys, std::string& faults) {
+  const access::IndexPage page = access::ReadIndexPage(pages, number);
+  for (const access::IndexEntry& entry : page.Entries) {
     if (page.IsLeaf) {
       keys.push_back(entry.Key);
       continue;
@@ -37,30 +37,30 @@ void Walk(mdb::PageSource& pages, mdb::PageNumber number, int depth, std::vector
 }  // namespace
 
 std::string IndexFaults(const std::string& file, const std::string& table) {
-  mdb::PageFile pages(file, false);
-  mdb::Snapshot snapshot(pages);
+  access::PageFile pages(file, false);
+  access::Snapshot snapshot(pages);
   const auto image = snapshot.Table(table);
   std::string faults;
-  for (const mdb::IndexLayout& index : image->Layout().Indexes) {
+  for (const access::IndexLayout& index : image->Layout().Indexes) {
     if (!HasKnownKeys(index, image->Layout())) {
       continue;
     }
-    std::vector<mdb::Bytes> expected;
+    std::vector<access::Bytes> expected;
     for (std::size_t i = 0; i < image->RowCount(); ++i) {
-      const mdb::RawRow row = mdb::RawColumns(image->View(i), image->Layout());
-      if (!(index.SkipsNulls() && mdb::IsNullKey(index, image->Layout(), row))) {
-        expected.push_back(
-            mdb::EntryKey(mdb::IndexKey(index, image->Layout(), row), mdb::HomeOf(image->Key(i))));
+      const access::RawRow row = access::RawColumns(image->View(i), image->Layout());
+      if (!(index.SkipsNulls() && access::IsNullKey(index, image->Layout(), row))) {
+        expected.push_back(access::EntryKey(access::IndexKey(index, image->Layout(), row),
+                                            access::HomeOf(image->Key(i))));
       }
     }
     std::sort(expected.begin(), expected.end());
-    mdb::PageChanges changes(pages);
-    std::vector<mdb::Bytes> walked;
+    access::PageChanges changes(pages);
+    std::vector<access::Bytes> walked;
     Walk(changes, index.Root, 0, walked, faults);
     if (walked != expected) {
       faults += index.Name + " has other entries than the rows; ";
     }
-    if (mdb::IndexTree(changes, image->Layout().Page, index).Keys() != expected) {
+    if (access::IndexTree(changes, image->Layout().Page, index).Keys() != expected) {
       faults += index.Name + " has other entries on its leaves than the rows; ";
     }
   }

@@ -12,7 +12,7 @@
 namespace veyra {
 namespace {
 
-using mdb::CommitStep;
+using access::CommitStep;
 
 constexpr std::chrono::milliseconds kTimeout{200};
 
@@ -47,7 +47,7 @@ TEST_P(BrokenChange, IsMadeWholeOrNotAtAll) {
   const auto store = folder_.Open();
   EXPECT_EQ(1U, AllRows(*store, "Reserv").size());
   EXPECT_EQ("", IndexFaults(folder_.Calendar(), "Reserv"));
-  EXPECT_FALSE(mdb::HasJournal(folder_.Calendar()));
+  EXPECT_FALSE(access::HasJournal(folder_.Calendar()));
 }
 
 TEST_P(BrokenChange, IsSeenByAReaderThatWritesNothing) {
@@ -93,7 +93,7 @@ TEST(Journal, OfAFileThatAnotherProgramHasChangedSinceIsNotCarriedOut) {
 TEST(Journal, LeavesNothingBesideTheFile) {
   const AccessFolder folder;
   AddBooking(*folder.Open());
-  EXPECT_FALSE(mdb::HasJournal(folder.Calendar()));
+  EXPECT_FALSE(access::HasJournal(folder.Calendar()));
 }
 
 /// The cause of the report that adding a booking ends with.

@@ -37,7 +37,7 @@ Killed RunAndKill(const std::string& file, int point, const Action& action) {
   const pid_t child = fork();
   if (child == 0) {
     int steps_left = point;
-    const auto observer = [&steps_left](mdb::CommitStep) {
+    const auto observer = [&steps_left](access::CommitStep) {
       if (steps_left-- == 0) {
         raise(SIGKILL);
       }

@@ -9,19 +9,19 @@ namespace veyra {
 
 namespace {
 
-constexpr mdb::Patience kNone{1, std::chrono::milliseconds(0)};
+constexpr access::Patience kNone{1, std::chrono::milliseconds(0)};
 
-std::size_t ReadTable(mdb::PageFile& file, mdb::Snapshot& snapshot, const std::string& name) {
+std::size_t ReadTable(access::PageFile& file, access::Snapshot& snapshot, const std::string& name) {
   std::size_t cells = 0;
   const auto image = snapshot.Table(name);
-  const mdb::CellReader reader(file);
+  const access::CellReader reader(file);
   for (std::size_t i = 0; i < image->RowCount(); ++i) {
-    for (const mdb::ColumnLayout& column : image->Layout().Columns) {
+    for (const access::ColumnLayout& column : image->Layout().Columns) {
       try {
         reader.Read(image->View(i), column);
         reader.ReadValue(image->View(i), column);
         ++cells;
-      } catch (const mdb::FileProblem&) {
+      } catch (const access::FileProblem&) {
         continue;
       }
     }
@@ -34,17 +34,17 @@ std::size_t ReadTable(mdb::PageFile& file, mdb::Snapshot& snapshot, const std::s
   return cells;
 }
 
-void ChangeTable(mdb::PageFile& file, mdb::Snapshot& snapshot, const std::string& name) {
-  mdb::CheckMayWrite(file.Header());
-  mdb::PageChanges changes(file);
-  mdb::TableWriter writer(changes, snapshot.DefinitionOf(name));
-  mdb::CheckMayWrite(writer.Layout());
-  mdb::RawRow row(writer.Layout().Columns.size());
-  const mdb::RowPointer home = writer.Insert(row);
+void ChangeTable(access::PageFile& file, access::Snapshot& snapshot, const std::string& name) {
+  access::CheckMayWrite(file.Header());
+  access::PageChanges changes(file);
+  access::TableWriter writer(changes, snapshot.DefinitionOf(name));
+  access::CheckMayWrite(writer.Layout());
+  access::RawRow row(writer.Layout().Columns.size());
+  const access::RowPointer home = writer.Insert(row);
   writer.Update(home, row);
   const auto image = snapshot.Table(name);
   if (image->RowCount() > 0) {
-    writer.Delete(mdb::HomeOf(image->Key(0)));
+    writer.Delete(access::HomeOf(image->Key(0)));
   }
   writer.RebuildIndexes();
 }
@@ -53,7 +53,7 @@ template <typename Work>
 void PassingOverRefusals(const Work& work) {
   try {
     work();
-  } catch (const mdb::FileProblem&) {
+  } catch (const access::FileProblem&) {
     return;
   }
 }
@@ -63,10 +63,10 @@ void PassingOverRefusals(const Work& work) {
 std::size_t ReadEverything(const std::filesystem::path& path) {
   std::size_t cells = 0;
   PassingOverRefusals([&] {
-    mdb::PageFile file(path, false);
-    mdb::Snapshot snapshot(file, kNone);
-    const std::vector<mdb::CatalogueEntry> tables = snapshot.Tables();
-    for (const mdb::CatalogueEntry& table : tables) {
+    access::PageFile file(path, false);
+    access::Snapshot snapshot(file, kNone);
+    const std::vector<access::CatalogueEntry> tables = snapshot.Tables();
+    for (const access::CatalogueEntry& table : tables) {
       PassingOverRefusals([&] { cells += ReadTable(file, snapshot, table.Name); });
       PassingOverRefusals([&] { ChangeTable(file, snapshot, table.Name); });
     }

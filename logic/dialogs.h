@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace veyra {
@@ -12,17 +13,25 @@ inline constexpr const char* kApplicationTitle = "Veyra Calendar";
 /// The line break within a message.
 inline constexpr const char* kLineBreak = "\r\n";
 
-enum class Buttons { Ok, OkCancel, YesNo };
+/// The buttons of a box, in their order.
+enum class Buttons {
+  Ok,
+  OkCancel,
+  YesNo,
+  ContinueUndoKeep,  ///< "Continue", "Undo", "Keep": what becomes of an action done in part.
+};
 enum class Icon { None, Critical, Question, Exclamation, Information };
-enum class Answer { Ok, Cancel, Yes, No };
+enum class Answer { Ok, Cancel, Yes, No, Continue, Undo, Keep };
 
-/// A modal box. All of it is part of the design. The first button is the default one; closing the
-/// box in another way than by a button answers Ok, Cancel or No.
+/// A modal box. All of it but Details and Default is part of the design. Closing the box in another
+/// way than by a button answers Ok, Cancel, No or Keep.
 struct Message {
   std::string Text;
   Buttons Choice = Buttons::Ok;
   Icon Sign = Icon::None;
   std::string Title = kApplicationTitle;
+  std::string Details = {};  ///< Shown smaller below the text: what is about to be touched.
+  std::optional<Answer> Default = {};  ///< Whom the Enter key answers; nothing for the first.
 };
 
 /// Tells the operator how far a long action has come. Nothing is shown in its first half second, so

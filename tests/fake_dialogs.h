@@ -16,7 +16,7 @@ namespace veyra {
 /// The buttons, the icon and the text of a box, on one line: "[OK/Cancel Question] Reservation
 /// ...".
 inline std::string Rendered(const Message& message) {
-  constexpr const char* kButtons[] = {"OK", "OK/Cancel", "Yes/No"};
+  constexpr const char* kButtons[] = {"OK", "OK/Cancel", "Yes/No", "Continue/Undo/Keep"};
   constexpr const char* kIcons[] = {"", " Critical", " Question", " Exclamation", " Information"};
   return std::string("[") + kButtons[static_cast<int>(message.Choice)] +
          kIcons[static_cast<int>(message.Sign)] + "] " + message.Text;
@@ -89,10 +89,21 @@ class FakeDialogs : public Dialogs {
     std::optional<std::int64_t> break_off_after_;
   };
 
+  static Answer Refusal(Buttons choice) {
+    switch (choice) {
+      case Buttons::OkCancel:
+        return Answer::Cancel;
+      case Buttons::ContinueUndoKeep:
+        return Answer::Keep;
+      default:
+        return Answer::No;
+    }
+  }
+
   Answer TakeAnswer(const Message& message) {
     if (answers_.empty()) {
       ADD_FAILURE() << "unexpected question: " << message.Text;
-      return message.Choice == Buttons::OkCancel ? Answer::Cancel : Answer::No;
+      return Refusal(message.Choice);
     }
     const Answer answer = answers_.front();
     answers_.pop_front();

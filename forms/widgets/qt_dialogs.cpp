@@ -6,10 +6,13 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <algorithm>
+#include <map>
+#include <vector>
 
 #include "forms/widgets/qt_progress.h"
 #include "forms/widgets/qt_text.h"
@@ -36,37 +39,30 @@ QMessageBox::Icon IconOf(Icon sign) {
   return QMessageBox::NoIcon;
 }
 
-/// The button of a box that stands first and answers the Enter key, and the one that closes it.
-struct ButtonPair {
-  QMessageBox::StandardButton First;
-  QMessageBox::StandardButton Escape;
+/// A button of a box, its role among them, and what it answers.
+struct Choice {
+  Answer Meaning;
+  QString Caption;
+  QMessageBox::ButtonRole Role;
 };
 
-ButtonPair ButtonsOf(Buttons choice) {
+/// The buttons of a box, the last of which is what closing the box answers.
+std::vector<Choice> ChoicesOf(Buttons choice) {
   switch (choice) {
     case Buttons::OkCancel:
-      return {QMessageBox::Ok, QMessageBox::Cancel};
+      return {{Answer::Ok, QStringLiteral("OK"), QMessageBox::AcceptRole},
+              {Answer::Cancel, QStringLiteral("Cancel"), QMessageBox::RejectRole}};
     case Buttons::YesNo:
-      return {QMessageBox::Yes, QMessageBox::No};
+      return {{Answer::Yes, QStringLiteral("&Yes"), QMessageBox::YesRole},
+              {Answer::No, QStringLiteral("&No"), QMessageBox::NoRole}};
+    case Buttons::ContinueUndoKeep:
+      return {{Answer::Continue, QStringLiteral("&Continue"), QMessageBox::YesRole},
+              {Answer::Undo, QStringLiteral("&Undo"), QMessageBox::NoRole},
+              {Answer::Keep, QStringLiteral("&Keep"), QMessageBox::RejectRole}};
     case Buttons::Ok:
       break;
   }
-  return {QMessageBox::Ok, QMessageBox::Ok};
-}
-
-Answer AnswerOf(int button, ButtonPair buttons) {
-  switch (button) {
-    case QMessageBox::Ok:
-      return Answer::Ok;
-    case QMessageBox::Cancel:
-      return Answer::Cancel;
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    default:
-      return AnswerOf(buttons.Escape, buttons);
-  }
+  return {{Answer::Ok, QStringLiteral("OK"), QMessageBox::AcceptRole}};
 }
 
 /// A label breaks lines at blanks only: a word that is too long for it gets places to break at.
@@ -121,16 +117,27 @@ void KeepOnScreen(QMessageBox& box) {
 
 Answer QtDialogs::MsgBox(const Message& message) {
   QMessageBox box(QApplication::activeWindow());
-  const ButtonPair buttons = ButtonsOf(message.Choice);
   box.setWindowTitle(ToQString(message.Title));
   box.setIcon(IconOf(message.Sign));
   box.setTextFormat(Qt::PlainText);
   box.setText(ShownText(message.Text));
-  box.setStandardButtons(buttons.First | buttons.Escape);
-  box.setDefaultButton(buttons.First);
-  box.setEscapeButton(buttons.Escape);
+  box.setInformativeText(ShownText(message.Details));
+  const std::vector<Choice> choices = ChoicesOf(message.Choice);
+  std::map<QAbstractButton*, Answer> answers;
+  for (const Choice& choice : choices) {
+    QPushButton* button = box.addButton(choice.Caption, choice.Role);
+    answers[button] = choice.Meaning;
+    if (choice.Meaning == message.Default.value_or(choices.front().Meaning)) {
+      box.setDefaultButton(button);
+    }
+    if (choice.Meaning == choices.back().Meaning) {
+      box.setEscapeButton(button);
+    }
+  }
   KeepOnScreen(box);
-  return AnswerOf(box.exec(), buttons);
+  box.exec();
+  const auto clicked = answers.find(box.clickedButton());
+  return clicked == answers.end() ? choices.back().Meaning : clicked->second;
 }
 
 std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title,

@@ -39,30 +39,34 @@ QMessageBox::Icon IconOf(Icon sign) {
   return QMessageBox::NoIcon;
 }
 
-/// A button of a box, its role among them, and what it answers.
+/// A button of a box and what it answers. A standard button brings its own caption.
 struct Choice {
   Answer Meaning;
-  QString Caption;
-  QMessageBox::ButtonRole Role;
+  QMessageBox::StandardButton Standard;
+  const char* Caption = "";
 };
 
 /// The buttons of a box, the last of which is what closing the box answers.
 std::vector<Choice> ChoicesOf(Buttons choice) {
   switch (choice) {
     case Buttons::OkCancel:
-      return {{Answer::Ok, QStringLiteral("OK"), QMessageBox::AcceptRole},
-              {Answer::Cancel, QStringLiteral("Cancel"), QMessageBox::RejectRole}};
+      return {{Answer::Ok, QMessageBox::Ok}, {Answer::Cancel, QMessageBox::Cancel}};
     case Buttons::YesNo:
-      return {{Answer::Yes, QStringLiteral("&Yes"), QMessageBox::YesRole},
-              {Answer::No, QStringLiteral("&No"), QMessageBox::NoRole}};
+      return {{Answer::Yes, QMessageBox::Yes}, {Answer::No, QMessageBox::No}};
     case Buttons::ContinueUndoKeep:
-      return {{Answer::Continue, QStringLiteral("&Continue"), QMessageBox::YesRole},
-              {Answer::Undo, QStringLiteral("&Undo"), QMessageBox::NoRole},
-              {Answer::Keep, QStringLiteral("&Keep"), QMessageBox::RejectRole}};
+      return {{Answer::Continue, QMessageBox::NoButton, "&Continue"},
+              {Answer::Undo, QMessageBox::NoButton, "&Undo"},
+              {Answer::Keep, QMessageBox::NoButton, "&Keep"}};
     case Buttons::Ok:
       break;
   }
-  return {{Answer::Ok, QStringLiteral("OK"), QMessageBox::AcceptRole}};
+  return {{Answer::Ok, QMessageBox::Ok}};
+}
+
+QPushButton* AddButton(QMessageBox& box, const Choice& choice) {
+  return choice.Standard == QMessageBox::NoButton
+             ? box.addButton(QLatin1String(choice.Caption), QMessageBox::ActionRole)
+             : box.addButton(choice.Standard);
 }
 
 /// A label breaks lines at blanks only: a word that is too long for it gets places to break at.
@@ -125,7 +129,7 @@ Answer QtDialogs::MsgBox(const Message& message) {
   const std::vector<Choice> choices = ChoicesOf(message.Choice);
   std::map<QAbstractButton*, Answer> answers;
   for (const Choice& choice : choices) {
-    QPushButton* button = box.addButton(choice.Caption, choice.Role);
+    QPushButton* button = AddButton(box, choice);
     answers[button] = choice.Meaning;
     if (choice.Meaning == message.Default.value_or(choices.front().Meaning)) {
       box.setDefaultButton(button);

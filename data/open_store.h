@@ -5,17 +5,9 @@
 #include <string>
 
 #include "data/store.h"
+#include "data/store_access.h"
 
 namespace veyra {
-
-enum class StoreAccess {
-  ReadOnly,
-  ReadWrite,
-  Alone,  ///< For reading and writing, and nobody else has the file open for writing meanwhile.
-};
-
-/// How long a store waits for another program to let go of the file before it gives up.
-inline constexpr std::chrono::milliseconds kStoreTimeout{5000};
 
 /// Opens an existing database file. What kind of file it is, its first bytes tell, never its name.
 /// A backslash in `file_name` counts as a slash.

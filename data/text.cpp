@@ -85,6 +85,13 @@ std::size_t CharacterCount(std::string_view text) {
   return count;
 }
 
+std::size_t Utf16Length(std::string_view text) {
+  constexpr CodePoint kFirstOfTwo = 0x10000;
+  std::size_t units = 0;
+  ForEachCharacter(text, [&](const Character& one) { units += one.Code >= kFirstOfTwo ? 2 : 1; });
+  return units;
+}
+
 std::string FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t length = 0;
   for (; count > 0 && length < text.size(); --count) {

@@ -12,6 +12,9 @@ namespace veyra {
 /// How many characters the text has.
 std::size_t CharacterCount(std::string_view text);
 
+/// How many UTF-16 units the text takes, each byte of no valid sequence one.
+std::size_t Utf16Length(std::string_view text);
+
 /// The text's first `count` characters; the whole text when it has no more.
 std::string FirstCharacters(std::string_view text, std::size_t count);
 

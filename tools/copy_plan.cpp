@@ -7,10 +7,10 @@
 #include <optional>
 #include <utility>
 
-#include "data/access/format/code_page.h"
 #include "data/errors.h"
 #include "data/names.h"
 #include "data/schema.h"
+#include "data/text.h"
 
 namespace veyra {
 namespace {
@@ -52,7 +52,7 @@ void Note(const Value& value, FileKind target, ColumnFacts& facts) {
                            (whole != nullptr && *whole >= -kMostExact && *whole <= kMostExact));
   facts.AreDays = facts.AreDays && IsDay(value);
   facts.AreTexts = facts.AreTexts && std::holds_alternative<std::string>(value);
-  const auto length = static_cast<int>(access::Utf16FromUtf8(ToText(value)).size());
+  const auto length = static_cast<int>(Utf16Length(ToText(value)));
   facts.Longest = std::max(facts.Longest, length);
 }
 

@@ -7,8 +7,8 @@
 
 #include "data/access/pages/commit_step.h"
 #include "data/durability.h"
-#include "data/open_store.h"
 #include "data/store.h"
+#include "data/store_access.h"
 
 namespace veyra {
 

@@ -2,12 +2,13 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
 #include "data/sqlite/sqlite_errors.h"
-#include "data/sqlite/statement.h"
 
 namespace veyra::sqlite {
 
@@ -22,6 +23,11 @@ void SetDefences(sqlite3* handle) {
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   sqlite3_exec(handle, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr);
+}
+
+int TakeNumber(void* number, int, char** columns, char**) {
+  *static_cast<std::int64_t*>(number) = std::strtoll(columns[0], nullptr, 10);
+  return 0;
 }
 
 }  // namespace
@@ -64,8 +70,10 @@ std::string Database::FirstBytes(std::size_t count) {
 
 void Database::CheckWhole() {
   Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
-  Statement pages(*this, "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
-  pages.Step();
+  std::int64_t whole_size = 0;
+  Check(sqlite3_exec(handle_,
+                     "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size",
+                     TakeNumber, &whole_size, nullptr));
   // Pages may stand in the log and not yet in the file. SQLite itself counts a part of a page at
   // the file's end as a whole one.
   std::error_code no_log;
@@ -74,7 +82,7 @@ void Database::CheckWhole() {
   sqlite3_file* file = MainFile();
   sqlite3_int64 size = 0;
   Check(file->pMethods->xFileSize(file, &size));
-  if (size < pages.Integer(0)) ThrowError(file_, SQLITE_CORRUPT, {});
+  if (size < whole_size) ThrowError(file_, SQLITE_CORRUPT, {});
 }
 
 unsigned Database::Version() {

@@ -58,6 +58,13 @@ INSTANTIATE_TEST_SUITE_P(, CharacterCountTest,
                                          Count{"Surrogate", "\xED\xA0\x80", 3}),
                          [](const auto& test) { return test.param.Name; });
 
+TEST(Utf16LengthTest, CountsACharacterBeyondTheFirst65536Twice) {
+  EXPECT_EQ(0U, Utf16Length(""));
+  EXPECT_EQ(3U, Utf16Length("a\xC3\xA9\xE2\x82\xAC"));
+  EXPECT_EQ(4U, Utf16Length("\xF0\x9F\x8E\x89\xF0\x9F\x8E\x89"));
+  EXPECT_EQ(1U, Utf16Length("\xFF"));
+}
+
 TEST(FirstCharactersTest, CutsBetweenCharacters) {
   EXPECT_EQ("Caf\xC3\xA9", FirstCharacters("Caf\xC3\xA9 Noir", 4));
 }

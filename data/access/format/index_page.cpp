@@ -93,20 +93,18 @@ std::size_t SavedBytes(const IndexPage& page) {
 
 }  // namespace
 
-IndexPage ReadIndexPage(PageSource& pages, PageNumber number) {
-  const PagePtr bytes = pages.ReadPage(number);
-  const ByteView view(*bytes);
-  const auto kind = static_cast<PageKind>(view.U8(0));
+IndexPage DecodeIndexPage(ByteView bytes) {
+  const auto kind = static_cast<PageKind>(bytes.U8(0));
   if (kind != PageKind::IndexLeaf && kind != PageKind::IndexNode) {
     throw DamagedFile();
   }
   IndexPage page;
   page.IsLeaf = kind == PageKind::IndexLeaf;
-  page.Owner = view.U32(4);
-  page.Previous = view.U32(12);
-  page.Next = view.U32(16);
-  page.Tail = view.U32(20);
-  ReadEntries(view, page);
+  page.Owner = bytes.U32(4);
+  page.Previous = bytes.U32(12);
+  page.Next = bytes.U32(16);
+  page.Tail = bytes.U32(20);
+  ReadEntries(bytes, page);
   return page;
 }
 

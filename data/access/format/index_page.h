@@ -2,8 +2,7 @@
 
 #include <vector>
 
-#include "data/access/pages/page_source.h"
-#include "data/access/read/usage_map.h"
+#include "data/access/format/page.h"
 
 namespace veyra::access {
 
@@ -42,8 +41,8 @@ struct IndexPage {
 /// The bytes of all entries of a page together, at most.
 inline constexpr std::size_t kIndexRoom = 4096 - 480;
 
-/// Reads an index page of a Jet 4 file. Throws DamagedFile when it is none.
-IndexPage ReadIndexPage(PageSource& pages, PageNumber number);
+/// An index page of a Jet 4 file. Throws DamagedFile when the page is of another kind.
+IndexPage DecodeIndexPage(ByteView page);
 
 /// The bytes that a page's entries take, written in full.
 std::size_t BytesOfEntries(const IndexPage& page);

@@ -1,28 +1,14 @@
 #pragma once
 
-#include <cstdint>
 #include <map>
-#include <memory>
 
-#include "data/access/format/bytes.h"
 #include "data/access/format/file_header.h"
+#include "data/access/format/page.h"
 
 namespace veyra::access {
 
-using PageNumber = std::uint32_t;
-using PagePtr = std::shared_ptr<const Bytes>;
-
 /// Whole pages by their number.
 using PageImages = std::map<PageNumber, Bytes>;
-
-/// The first byte of a page.
-enum class PageKind : Byte {
-  Data = 1,
-  TableDefinition = 2,
-  IndexNode = 3,
-  IndexLeaf = 4,
-  UsageMap = 5,
-};
 
 /// Where pages are read from: a file, or a file with changes that are not written yet.
 class PageSource {

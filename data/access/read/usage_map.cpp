@@ -40,14 +40,6 @@ void AddMapPages(PageSource& file, ByteView numbers, std::vector<PageNumber>& pa
 
 }  // namespace
 
-RowPointer PointerFrom(std::uint32_t number) {
-  return {number >> 8U, static_cast<std::uint16_t>(number & 0xFFU)};
-}
-
-std::uint32_t PointerNumber(RowPointer pointer) {
-  return (pointer.Page << 8U) | (pointer.Row & 0xFFU);
-}
-
 std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map) {
   const PagePtr page = file.ReadPage(map.Page, PageKind::Data);
   const ByteView row = DataPage(*page, file.Header().Version).RowBytes(map.Row);

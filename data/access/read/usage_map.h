@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "data/access/pages/page_source.h"
@@ -15,18 +14,6 @@ namespace veyra::access {
 //   kind 1:  1  numbers of map pages, 4 bytes each, 0 for none, up to the row's end
 //
 // A map page holds its bits from byte 4 on; the n-th stands for the n-th run of that many pages.
-
-/// Where a row lies. In the file: the row's number in the lowest byte, the page above it.
-struct RowPointer {
-  PageNumber Page = 0;
-  std::uint16_t Row = 0;
-
-  bool operator==(const RowPointer&) const = default;
-};
-
-/// The pointer that a 32-bit number of the file stands for, and back.
-RowPointer PointerFrom(std::uint32_t number);
-std::uint32_t PointerNumber(RowPointer pointer);
 
 /// The pages of a map, rising. Those past the file's end are left out.
 std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map);

@@ -79,7 +79,7 @@ IndexTree::Path IndexTree::Descend(const Bytes& entry_key) {
   Path path;
   PageNumber number = index_.Root;
   while (path.size() < kMostLevels) {
-    IndexPage page = ReadIndexPage(pages_, number);
+    IndexPage page = DecodeIndexPage(*pages_.ReadPage(number));
     const std::size_t place = PlaceOf(page, entry_key);
     const bool is_leaf = page.IsLeaf;
     path.push_back({number, std::move(page), place});
@@ -98,7 +98,7 @@ std::vector<Bytes> IndexTree::Keys() {
   std::vector<Bytes> keys;
   PageNumber number = Descend({}).back().Number;
   for (PageNumber seen = 0; number != 0; ++seen) {
-    const IndexPage page = ReadIndexPage(pages_, number);
+    const IndexPage page = DecodeIndexPage(*pages_.ReadPage(number));
     if (!page.IsLeaf || seen > pages_.PageCount()) {
       throw DamagedFile();
     }
@@ -127,7 +127,7 @@ bool IndexTree::HasKey(const Bytes& key, RowPointer row) {
     if (page.Next == 0) {
       return false;
     }
-    page = ReadIndexPage(pages_, page.Next);
+    page = DecodeIndexPage(*pages_.ReadPage(page.Next));
     place = 0;
   }
   throw DamagedFile();
@@ -187,7 +187,7 @@ void IndexTree::Split(Path& path, std::size_t level) {
   step.Page.Next = second;
   step.Page.Tail = 0;
   if (half.Next != 0) {
-    IndexPage next = ReadIndexPage(pages_, half.Next);
+    IndexPage next = DecodeIndexPage(*pages_.ReadPage(half.Next));
     next.Previous = second;
     Write(half.Next, next);
   }

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <chrono>
 
-#include "data/access/format/data_page.h"
-#include "data/access/format/index_page.h"
 #include "data/access/read/catalogue.h"
 #include "data/access/read/cell.h"
 #include "data/access/read/table_image.h"
 #include "data/access/write/definition_writer.h"
 #include "data/access/write/index_key.h"
 #include "data/access/write/long_writer.h"
+#include "data/access/write/new_table.h"
 #include "data/access/write/system_tables.h"
 #include "data/access/write/table_writer.h"
 #include "data/access/write/usage_map_writer.h"
@@ -20,35 +19,6 @@ namespace veyra::access {
 namespace {
 
 constexpr std::uint16_t kMostColumns = 255;
-constexpr int kMostTextSize = 255;
-
-/// Hands out the maps of a table, side by side on a page of their own.
-class MapMaker {
- public:
-  explicit MapMaker(PageChanges& pages) : pages_(pages), page_(TakePage(pages)) {
-    pages_.Edit(page_) = EmptyDataPage(0);
-  }
-
-  RowPointer Make() {
-    Bytes& page = pages_.Edit(page_);
-    if (!HasRoomFor(page, kUsageMapBytes)) {
-      throw FileProblem("The table has too many columns and indexes for an Access file.", "");
-    }
-    return {page_, AddRow(page, Bytes(kUsageMapBytes))};
-  }
-
- private:
-  PageChanges& pages_;
-  PageNumber page_;
-};
-
-void MakeRoot(PageChanges& pages, PageNumber table, IndexLayout& index) {
-  index.Root = TakePage(pages);
-  IndexPage root;
-  root.Owner = table;
-  pages.Edit(index.Root) = EncodeIndexPage(root);
-  AddToMap(pages, index.Pages, index.Root);
-}
 
 IndexLayout IndexOn(const std::string& name, std::uint16_t column, std::uint8_t flags) {
   IndexLayout index;
@@ -105,52 +75,6 @@ void FillColumn(PageChanges& pages, PageNumber definition, const ColumnLayout& c
 }
 
 }  // namespace
-
-ColumnLayout LayoutOf(const ColumnDefinition& column) {
-  ColumnLayout layout;
-  layout.Name = column.Name;
-  layout.Flags = kColumnFixed | kColumnNullable;
-  switch (column.Type) {
-    case ColumnType::WholeNumber:
-      layout.Kind = ColumnKind::Long;
-      break;
-    case ColumnType::Double:
-      layout.Kind = ColumnKind::Double;
-      break;
-    case ColumnType::Day:
-      layout.Kind = ColumnKind::DateTime;
-      break;
-    case ColumnType::Text:
-      layout.Kind = column.Size == 0 ? ColumnKind::Memo : ColumnKind::Text;
-      layout.Flags = kColumnNullable;
-      layout.MayCompress = true;
-      break;
-  }
-  layout.Length = layout.Kind == ColumnKind::Text
-                      ? static_cast<std::uint16_t>(2 * std::clamp(column.Size, 1, kMostTextSize))
-                      : static_cast<std::uint16_t>(FixedLength(layout.Kind));
-  if (column.AutoIncrement) {
-    layout.Flags |= kColumnAutoNumber;
-  }
-  return layout;
-}
-
-void WriteTable(PageChanges& pages, TableLayout& table) {
-  MapMaker maps(pages);
-  table.Owned = maps.Make();
-  table.Free = maps.Make();
-  for (IndexLayout& index : table.Indexes) {
-    index.Pages = maps.Make();
-    MakeRoot(pages, table.Page, index);
-  }
-  for (const ColumnLayout& column : table.Columns) {
-    if (column.IsLong()) {
-      const RowPointer owned = maps.Make();
-      table.LongColumns.push_back({column.Number, owned, maps.Make()});
-    }
-  }
-  WriteDefinition(pages, table.Page, EncodeDefinition(table));
-}
 
 void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   if (FindTable(ReadCatalogue(pages), definition.Name) != nullptr) {

@@ -7,7 +7,7 @@
 
 #include "data/access/read/table_image.h"
 #include "data/access/write/definition_writer.h"
-#include "data/access/write/schema_writer.h"
+#include "data/access/write/new_table.h"
 #include "data/access/write/table_writer.h"
 
 namespace veyra::access {

@@ -15,7 +15,7 @@ namespace {
 /// The keys of an index by way of its nodes, and whether every node's entry is its page's last.
 void Walk(access::PageSource& pages, access::PageNumber number, int depth,
           std::vector<access::Bytes>& keys, std::string& faults) {
-  const access::IndexPage page = access::ReadIndexPage(pages, number);
+  const access::IndexPage page = access::DecodeIndexPage(*pages.ReadPage(number));
   for (const access::IndexEntry& entry : page.Entries) {
     if (page.IsLeaf) {
       keys.push_back(entry.Key);

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # The steps that ./run and ./test share. Sourced, at the root of the tree.
 
 step() { printf '\n==> %s\n' "$*"; }
@@ -25,34 +26,36 @@ missing_packages() {
 
 # install_packages build screen: installs those that are missing; touches nothing when none is.
 install_packages() {
-  local wanted missing as_root=()
-  wanted=$(packages_for "$@")
+  local wanted missing
+  as_root=()
+  mapfile -t wanted < <(packages_for "$@")
   if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
     step "No apt on this machine, so going on without looking for packages. Needed are Debian's"
-    fmt -w 96 <<<"$(echo $wanted)"
+    fmt -w 96 <<<"${wanted[*]}"
     return
   fi
-  missing=$(missing_packages $wanted)
-  if [ -z "$missing" ]; then return; fi
+  mapfile -t missing < <(missing_packages "${wanted[@]}")
+  if [ ${#missing[@]} -eq 0 ]; then return; fi
 
-  step "Installing missing packages with apt: $(echo $missing)"
+  step "Installing missing packages with apt: ${missing[*]}"
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null ||
       fail "installing packages needs root, and there is no sudo here. Run this as root, then start again:" \
-        "apt-get update && apt-get install --no-install-recommends $(echo $missing)"
+        "apt-get update && apt-get install --no-install-recommends ${missing[*]}"
     as_root=(sudo)
   fi
   apt_get update || echo "Not all package lists could be fetched; trying with those that are here."
-  apt_get install --no-install-recommends $missing ||
+  apt_get install --no-install-recommends "${missing[@]}" ||
     fail "apt could not install the packages; its own words are above." \
-      "Needed are: $(echo $missing)"
+      "Needed are: ${missing[*]}"
 }
 
 # apt_get ARGUMENTS: asks nothing, and reports how far it has come on one line.
 apt_get() {
   local log status=0
   log=$(mktemp)
-  ${as_root[@]+"${as_root[@]}"} sh -c 'DEBIAN_FRONTEND=noninteractive exec \
+  # shellcheck disable=SC2016 # The inner shell is to expand them.
+  "${as_root[@]}" sh -c 'DEBIAN_FRONTEND=noninteractive exec \
     apt-get -y -q -o Dpkg::Use-Pty=0 -o APT::Status-Fd=3 "$@" 3>&1 >"$0" 2>&1 </dev/null' \
     "$log" "$@" | show_progress || status=$?
   if [ $status -ne 0 ]; then tail -n 20 "$log" >&2; fi

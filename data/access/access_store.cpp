@@ -122,6 +122,9 @@ class AccessStore : public Store {
         observer_(std::move(observer)),
         file_(file_name, access != StoreAccess::ReadOnly),
         snapshot_(file_) {
+    if (durability == Durability::WhenAsked) {
+      file_.ExpectNoOtherWriter();
+    }
     TakeFile(access);
     FinishBrokenChange();
   }

@@ -64,14 +64,24 @@ void WriteAt(int descriptor, std::span<const Byte> bytes, std::uint64_t offset) 
   }
 }
 
-/// Whether a file of that stamp may change once more without its stamp changing.
-bool IsJustWritten(const FileStamp& stamp) {
-  constexpr std::int64_t kClockTick = 20'000'000;
-  const std::int64_t now = std::chrono::duration_cast<std::chrono::nanoseconds>(
-                               std::chrono::system_clock::now().time_since_epoch())
-                               .count();
-  const std::int64_t age = now - stamp.ModifiedNanoseconds;
-  return age >= 0 && age < kClockTick;
+/// The longest tick of a file system's clock, and then some.
+constexpr std::chrono::milliseconds kClockTick{20};
+
+/// How far the clock of the machine that has the file may be behind or before this one's.
+constexpr std::chrono::minutes kMostSkew{10};
+
+struct stat StatusOf(int descriptor) {
+  struct stat status {};
+  if (fstat(descriptor, &status) != 0) {
+    FailFor("The database cannot be read");
+  }
+  return status;
+}
+
+TimePoint TimeOfChange(int descriptor) {
+  const struct stat status = StatusOf(descriptor);
+  return TimePoint(std::chrono::seconds(status.st_mtim.tv_sec)) +
+         std::chrono::nanoseconds(status.st_mtim.tv_nsec);
 }
 
 FileHeader HeaderOf(int descriptor) {
@@ -85,8 +95,13 @@ FileHeader HeaderOf(int descriptor) {
 
 }  // namespace
 
-PageFile::PageFile(const std::filesystem::path& path, bool writable)
-    : path_(path), writable_(writable), descriptor_(OpenFile(path, writable)) {
+FileClock::FileClock() : Changed(TimeOfChange) {}
+
+PageFile::PageFile(const std::filesystem::path& path, bool writable, FileClock clock)
+    : path_(path),
+      writable_(writable),
+      descriptor_(OpenFile(path, writable)),
+      clock_(std::move(clock)) {
   try {
     header_ = HeaderOf(descriptor_);
     Refresh(true);
@@ -101,24 +116,32 @@ PageFile::~PageFile() {
 }
 
 FileStamp PageFile::Stamp() const {
-  struct stat status {};
-  if (fstat(descriptor_, &status) != 0) {
-    FailFor("The database cannot be read");
-  }
+  const struct stat status = StatusOf(descriptor_);
   if (!S_ISREG(status.st_mode)) {
     throw FileProblem("The database is no file.", "Check the data folder.");
   }
-  return {status.st_size, status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
+  return {status.st_size, clock_.Changed(descriptor_)};
+}
+
+/// Notes the stamp that the file has, and since when.
+void PageFile::SeeStamp() {
+  const FileStamp stamp = Stamp();
+  const TimePoint now = clock_.Now();
+  if (!(stamp == stamp_)) {
+    first_seen_ = std::min(now, stamp.Changed + kMostSkew);
+  }
+  stamp_ = stamp;
+  is_settled_ = !has_other_writers_ || now - first_seen_ >= kClockTick;
 }
 
 bool PageFile::Refresh(bool always) {
-  const FileStamp now = Stamp();
-  if (now == stamp_ && !just_written_ && !always) {
+  const FileStamp before = stamp_;
+  const bool was_settled = is_settled_;
+  SeeStamp();
+  if (stamp_ == before && was_settled && !always) {
     return false;
   }
-  stamp_ = now;
-  just_written_ = IsJustWritten(now);
-  std::size_t count = static_cast<std::size_t>(now.Size) / PageSize();
+  std::size_t count = static_cast<std::size_t>(stamp_.Size) / PageSize();
   if (!overlay_.empty()) {
     count = std::max<std::size_t>(count, overlay_.rbegin()->first + std::size_t{1});
   }
@@ -168,7 +191,7 @@ bool PageFile::IsSteady() const {
   if (!(Stamp() == stamp_)) {
     return false;
   }
-  for (PageNumber number = 0; just_written_ && number < PageCount(); ++number) {
+  for (PageNumber number = 0; !is_settled_ && number < PageCount(); ++number) {
     if (!IsCurrent(number)) {
       return false;
     }
@@ -189,8 +212,7 @@ void PageFile::Write(const PageImages& pages) {
     pages_.resize(std::max<std::size_t>(pages_.size(), number + std::size_t{1}));
     pages_[number] = std::make_shared<const Bytes>(page);
   }
-  stamp_ = Stamp();
-  just_written_ = false;
+  SeeStamp();
 }
 
 void PageFile::CutTo(PageNumber page_count) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -10,22 +12,38 @@
 
 namespace veyra::access {
 
+using TimePoint = std::chrono::system_clock::time_point;
+
 /// What changes in a file whenever a program writes to it.
 struct FileStamp {
   std::int64_t Size = -1;
-  std::int64_t ModifiedNanoseconds = 0;
+  TimePoint Changed;
 
   bool operator==(const FileStamp&) const = default;
+};
+
+/// Where the times come from by which changes are noticed.
+struct FileClock {
+  std::function<TimePoint()> Now = std::chrono::system_clock::now;
+
+  /// When the file was written to last, by the clock of its file system. Throws FileProblem.
+  std::function<TimePoint(int descriptor)> Changed;
+
+  FileClock();
 };
 
 /// A database file as numbered pages, decoded where the file is encoded. Pages that were read are
 /// kept until Refresh finds that the file has changed, so the memory used is at most the file's
 /// size. Throws FileProblem when the file cannot be read or written.
+///
+/// File systems stamp changes with a clock that moves in ticks, so that two changes may bear the
+/// same stamp: only pages that were read a tick after the stamp was first seen are kept as long as
+/// it stays the same.
 class PageFile : public PageSource {
  public:
   /// Opens an existing file. Throws FileProblem when it is missing, no Access file, of a newer
   /// version or protected by a password.
-  PageFile(const std::filesystem::path& path, bool writable);
+  PageFile(const std::filesystem::path& path, bool writable, FileClock clock = {});
   ~PageFile() override;
   PageFile(const PageFile&) = delete;
   PageFile& operator=(const PageFile&) = delete;
@@ -42,7 +60,7 @@ class PageFile : public PageSource {
   using PageSource::ReadPage;
 
   /// Looks at the file again: drops the pages that were kept if it has changed, or may have changed
-  /// within one tick of the file system's clock, or if `always`. Returns whether they were dropped.
+  /// without its stamp changing, or if `always`. Returns whether they were dropped.
   bool Refresh(bool always = false);
 
   /// Whether nothing was written to the file since the last Refresh: a page that was read from then
@@ -51,6 +69,9 @@ class PageFile : public PageSource {
 
   /// Whether a page that is kept is the same in the file; true for one that is not kept.
   bool IsCurrent(PageNumber number) const;
+
+  /// From now on the file is taken to be written through this object only.
+  void ExpectNoOtherWriter() { has_other_writers_ = false; }
 
   /// From now on these pages are read instead of the file's own; the file itself stays as it is.
   void SetOverlay(PageImages overlay);
@@ -63,6 +84,7 @@ class PageFile : public PageSource {
 
  private:
   FileStamp Stamp() const;
+  void SeeStamp();
   void ReadRaw(PageNumber number, Bytes& page) const;
 
   std::filesystem::path path_;
@@ -70,7 +92,10 @@ class PageFile : public PageSource {
   int descriptor_;
   FileHeader header_;
   FileStamp stamp_;
-  bool just_written_ = false;  ///< The file was so new that a later change may bear its stamp.
+  FileClock clock_;
+  TimePoint first_seen_;     ///< When the stamp was seen first.
+  bool is_settled_ = false;  ///< The pages kept were read a tick or more after that.
+  bool has_other_writers_ = true;
   std::vector<PagePtr> pages_;
   PageImages overlay_;
 };

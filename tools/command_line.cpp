@@ -1,101 +1,67 @@
 #include "tools/command_line.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
+#include <ostream>
 
 namespace veyra {
 namespace {
 
+constexpr const char* kVersion = "veyra-data " VEYRA_VERSION;
 constexpr const char* kHint = "Try \"veyra-data --help\".\n";
 
-void PrintHelp(const std::vector<Command>& commands, std::ostream& out) {
-  out << "veyra-data: makes and looks after the data of Veyra Calendar.\n";
-  for (const Command& command : commands) {
-    out << "\n  veyra-data " << command.Name << ' ' << command.Synopsis << '\n' << command.Help;
-  }
-  out << "\n  veyra-data --help\n  veyra-data --version\n"
-         "\nExit status: 0 done, 1 failed, 2 command line not understood.\n";
+/// The parser takes its arguments from the back.
+Arguments Reversed(Arguments arguments) {
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
 }
 
-bool Contains(const Arguments& arguments, const std::string& wanted) {
-  return std::find(arguments.begin(), arguments.end(), wanted) != arguments.end();
+/// Adds a command to a program; `action` is what is to be done when it has been named.
+void AddCommand(CLI::App& program, const Command& command, Command::Action& action) {
+  CLI::App* const app = program.add_subcommand(command.Name, command.Summary);
+  app->footer(command.Details);
+  app->set_version_flag("--version", kVersion);
+  app->callback([&action, declared = command.Declare(*app)]() { action = declared; });
 }
 
-bool AnswerQuestion(const std::vector<Command>& commands, const Arguments& arguments,
-                    std::ostream& out) {
-  const auto end_of_options = std::find(arguments.begin(), arguments.end(), "--");
-  const Arguments options(arguments.begin(), end_of_options);
-  if (Contains(options, "--help") || Contains(options, "-h")) {
-    PrintHelp(commands, out);
-    return true;
+ExitStatus Answer(const CLI::App& program, const CLI::ParseError& error, Streams& streams) {
+  if (error.get_exit_code() == 0) {
+    program.exit(error, streams.Out, streams.Err);
+    return ExitStatus::Fine;
   }
-  if (!options.empty() && options.front() == "--version") {
-    out << "veyra-data " VEYRA_VERSION "\n";
-    return true;
-  }
-  return false;
-}
-
-const Command& FindCommand(const std::vector<Command>& commands, const Arguments& arguments) {
-  if (arguments.empty()) {
-    throw UsageError("It was not said what to do.");
-  }
-  const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& command) {
-    return command.Name == arguments.front();
-  });
-  if (found == commands.end()) {
-    throw UsageError("There is no command \"" + arguments.front() + "\".");
-  }
-  return *found;
+  streams.Err << "veyra-data: " << error.what() << '\n' << kHint;
+  return ExitStatus::Failed;
 }
 
 }  // namespace
 
+ExitStatus RunCommand(const Command& command, const Arguments& arguments, Streams& streams) {
+  CLI::App app;
+  const Command::Action action = command.Declare(app);
+  app.parse(Reversed(arguments));
+  return action(streams);
+}
+
 ExitStatus RunCommandLine(const std::vector<Command>& commands, const Arguments& arguments,
-                          std::ostream& out, std::ostream& err) {
+                          Streams& streams) {
+  CLI::App program("Makes and looks after the data of Veyra Calendar.", "veyra-data");
+  program.require_subcommand(1);
+  program.set_version_flag("--version", kVersion);
+  program.footer("Exit status: 0 fine, 1 something found or nothing done, 2 failed.");
+  Command::Action action;
+  for (const Command& command : commands) {
+    AddCommand(program, command, action);
+  }
   try {
-    if (AnswerQuestion(commands, arguments, out)) {
-      return kDone;
-    }
-    const Command& command = FindCommand(commands, arguments);
-    command.Run({arguments.begin() + 1, arguments.end()}, out);
-    return kDone;
-  } catch (const UsageError& error) {
-    err << "veyra-data: " << error.what() << '\n' << kHint;
-    return kNotUnderstood;
+    program.parse(Reversed(arguments));
+    return action(streams);
+  } catch (const CLI::ParseError& error) {
+    return Answer(program, error, streams);
   } catch (const std::exception& error) {
-    err << "veyra-data: " << error.what() << '\n';
-    return kFailed;
+    streams.Err << "veyra-data: " << error.what() << '\n';
+    return ExitStatus::Failed;
   }
-}
-
-std::optional<std::string> TakeOptionValue(Arguments& arguments, const std::string& option) {
-  const auto end_of_options = std::find(arguments.begin(), arguments.end(), "--");
-  const auto found = std::find(arguments.begin(), end_of_options, option);
-  if (found == end_of_options) return std::nullopt;
-  if (found + 1 == end_of_options) {
-    throw UsageError("\"" + option + "\" needs a value after it.");
-  }
-  std::string value = *(found + 1);
-  arguments.erase(found, found + 2);
-  return value;
-}
-
-Arguments WithoutOptions(const Arguments& arguments, const Arguments& known, Arguments& given) {
-  Arguments rest;
-  bool options_ended = false;
-  for (const std::string& argument : arguments) {
-    if (options_ended || argument.size() < 2 || argument.front() != '-') {
-      rest.push_back(argument);
-    } else if (argument == "--") {
-      options_ended = true;
-    } else if (Contains(known, argument)) {
-      given.push_back(argument);
-    } else {
-      throw UsageError("There is no option \"" + argument + "\" here.");
-    }
-  }
-  return rest;
 }
 
 }  // namespace veyra

@@ -3,8 +3,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -12,9 +14,9 @@
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/open_store.h"
-#include "tools/command_line.h"
 #include "tools/copy_database.h"
 #include "tools/file_moves.h"
+#include "tools/folder_argument.h"
 #include "tools/unfinished_folder.h"
 
 namespace fs = std::filesystem;
@@ -32,12 +34,6 @@ constexpr const char* kCloseAdvice =
 
 const char* NameOf(FileKind kind) {
   return kind == FileKind::Access ? "an Access file" : "a SQLite file";
-}
-
-FileKind KindNamed(const std::string& name) {
-  if (name == "sqlite") return FileKind::Sqlite;
-  if (name == "access") return FileKind::Access;
-  throw UsageError("\"--to\" needs \"sqlite\" or \"access\", not \"" + name + "\".");
 }
 
 std::unique_ptr<Store> OpenAlone(const fs::path& file) {
@@ -119,32 +115,46 @@ void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver
       << kept.filename().string() << ".\n";
 }
 
-void RunConvert(Arguments arguments, Date today, const CopyObserver& observer, std::ostream& out) {
-  const FileKind kind = KindNamed(TakeOptionValue(arguments, "--to").value_or("sqlite"));
-  Arguments options;
-  const Arguments folders = WithoutOptions(arguments, {}, options);
-  if (folders.size() != 1 || folders.front().empty()) {
-    throw UsageError("\"convert\" needs the name of one folder.");
-  }
-  const fs::path named = fs::absolute(NativePath(folders.front())) / kCalendarFile;
+struct Options {
+  std::string Folder;
+  FileKind To = FileKind::Sqlite;
+};
+
+ExitStatus RunConvert(const Options& options, Date today, const CopyObserver& observer,
+                      std::ostream& out) {
+  const fs::path named = fs::absolute(NativePath(options.Folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
-  if (found.Kind == kind && found.IsWritable) {
-    out << named.string() << " is " << NameOf(kind) << " already; nothing was changed.\n";
-    return;
+  if (found.Kind == options.To && found.IsWritable) {
+    out << named.string() << " is " << NameOf(options.To) << " already; nothing was changed.\n";
+    return ExitStatus::Found;
   }
-  Convert(fs::canonical(named), kind, today, observer, out);
+  Convert(fs::canonical(named), options.To, today, observer, out);
+  return ExitStatus::Fine;
+}
+
+Command::Action Declare(CLI::App& app, Date today, const CopyObserver& observer) {
+  const auto options = std::make_shared<Options>();
+  AddRequiredName(app, "FOLDER", options->Folder, "the data folder");
+  const std::map<std::string, FileKind> kinds = {{"sqlite", FileKind::Sqlite},
+                                                 {"access", FileKind::Access}};
+  app.add_option("--to", options->To, "the kind of file to make: sqlite (the default) or access")
+      ->type_name("KIND")
+      ->transform(CLI::CheckedTransformer(kinds).description(""));
+  return [options, today, observer](Streams& streams) {
+    return RunConvert(*options, today, observer, streams.Out);
+  };
 }
 
 }  // namespace
 
 Command ConvertCommand(Date today, CopyObserver observer) {
-  return {"convert", "FOLDER [--to sqlite|access]",
-          "      Makes the Calendar.mdb in FOLDER a SQLite file or, with --to access, an Access\n"
-          "      2000 file, with all its tables, columns and rows; queries, forms and reports are\n"
-          "      left out. Every row is compared, and the old file stays beside it as\n"
-          "      Calendar-before-DATE.mdb. Nobody may have the calendar open.\n",
-          [today, observer = std::move(observer)](const Arguments& arguments, std::ostream& out) {
-            RunConvert(arguments, today, observer, out);
+  return {"convert", "Make Calendar.mdb a file of the other kind",
+          "All its tables, columns and rows are copied; queries, forms and reports are left out.\n"
+          "Every row is compared, and the old file stays beside the new one as\n"
+          "Calendar-before-DATE.mdb. Nobody may have the calendar open.\n"
+          "Example: veyra-data convert ~/our-calendar --to sqlite",
+          [today, observer = std::move(observer)](CLI::App& app) {
+            return Declare(app, today, observer);
           }};
 }
 

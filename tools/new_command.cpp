@@ -1,11 +1,9 @@
 #include "tools/new_command.h"
 
-#include <algorithm>
-#include <array>
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -13,7 +11,7 @@
 #include "data/create_store.h"
 #include "data/errors.h"
 #include "data/schema.h"
-#include "tools/command_line.h"
+#include "tools/folder_argument.h"
 #include "tools/sample_data.h"
 #include "tools/unfinished_folder.h"
 
@@ -111,40 +109,45 @@ void MakeDataFolder(const fs::path& folder, FileKind kind, const SampleData& sam
   unfinished.MoveOut({kCalendarFile, kGuestFile});
 }
 
-bool IsGiven(const Arguments& options, const std::string& option) {
-  return std::find(options.begin(), options.end(), option) != options.end();
-}
-
 std::string Contents(const SampleData& sample) {
   return ", with " + std::to_string(sample.Facilities.size()) + " facilities, " +
          std::to_string(sample.Bookings.size()) + " bookings and " +
          std::to_string(sample.Guests.size()) + " guests";
 }
 
-void RunNew(const Arguments& arguments, Date today, std::ostream& out) {
-  Arguments options;
-  const Arguments folders = WithoutOptions(arguments, {"--access", "--sample"}, options);
-  if (folders.size() != 1 || folders.front().empty()) {
-    throw UsageError("\"new\" needs the name of one folder.");
-  }
-  const bool is_filled = IsGiven(options, "--sample");
-  const SampleData sample = is_filled ? MakeSampleData(today) : SampleData{};
-  const FileKind kind = IsGiven(options, "--access") ? FileKind::Access : FileKind::Sqlite;
-  MakeDataFolder(folders.front(), kind, sample);
-  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << folders.front()
-      << (is_filled ? Contents(sample) : "") << ".\n";
+struct Options {
+  std::string Folder;
+  bool Access = false;
+  bool Sample = false;
+};
+
+void RunNew(const Options& options, Date today, std::ostream& out) {
+  const SampleData sample = options.Sample ? MakeSampleData(today) : SampleData{};
+  const FileKind kind = options.Access ? FileKind::Access : FileKind::Sqlite;
+  MakeDataFolder(options.Folder, kind, sample);
+  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << options.Folder
+      << (options.Sample ? Contents(sample) : "") << ".\n";
+}
+
+Command::Action Declare(CLI::App& app, Date today) {
+  const auto options = std::make_shared<Options>();
+  AddRequiredName(app, "FOLDER", options->Folder, "the data folder to be made");
+  app.add_flag("--access", options->Access, "make Access 2000 files; else they are SQLite files");
+  app.add_flag("--sample", options->Sample,
+               "fill them: five facilities, forty guests, bookings over three months");
+  return [options, today](Streams& streams) {
+    RunNew(*options, today, streams.Out);
+    return ExitStatus::Fine;
+  };
 }
 
 }  // namespace
 
 Command NewCommand(Date today) {
-  return {
-      "new", "FOLDER [--access] [--sample]",
-      "      Makes the data folder FOLDER with an empty Calendar.mdb and Veyra.mdb.\n"
-      "      --access makes them as Access 2000 files, else they are SQLite files.\n"
-      "      --sample fills them: five facilities, forty guests, and bookings over last\n"
-      "      month, this month and next. Files that are there are never written over.\n",
-      [today](const Arguments& arguments, std::ostream& out) { RunNew(arguments, today, out); }};
+  return {"new", "Make a data folder with an empty Calendar.mdb and Veyra.mdb",
+          "Files that are there are never written over.\n"
+          "Example: veyra-data new ~/our-calendar",
+          [today](CLI::App& app) { return Declare(app, today); }};
 }
 
 }  // namespace veyra

@@ -1,12 +1,14 @@
 #include "tools/show_command.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "data/open_store.h"
 #include "data/text.h"
-#include "tools/command_line.h"
+#include "tools/folder_argument.h"
 
 namespace veyra {
 namespace {
@@ -76,26 +78,30 @@ void Print(const std::string& file, const StoreDescription& store, std::ostream&
   for (const TableDescription& table : store.Tables) PrintTable(table, out);
 }
 
-void RunShow(const Arguments& arguments, std::ostream& out) {
-  Arguments options;
-  const Arguments files = WithoutOptions(arguments, {}, options);
-  if (files.size() != 1 || files.front().empty()) {
-    throw UsageError("\"show\" needs the name of one file.");
-  }
-  const auto store = OpenStore(files.front(), StoreAccess::ReadOnly);
+void RunShow(const std::string& file, std::ostream& out) {
+  const auto store = OpenStore(file, StoreAccess::ReadOnly);
   Print(store->FileName(), store->Describe(), out);
+}
+
+Command::Action Declare(CLI::App& app) {
+  const auto file = std::make_shared<std::string>();
+  AddRequiredName(app, "FILE", *file, "the database file; it may be in use");
+  return [file](Streams& streams) {
+    RunShow(*file, streams.Out);
+    return ExitStatus::Fine;
+  };
 }
 
 }  // namespace
 
 Command ShowCommand() {
   return {
-      "show", "FILE",
-      "      Prints what a database file is: its kind, version and code page, and each table\n"
-      "      with its number of rows, its columns (type, size, whether it is an auto number,\n"
-      "      name) and its indexes (columns, whether each value stands once, name). Two blanks\n"
-      "      or more part them; \"-\" stands for nothing. The file may be in use.\n",
-      RunShow};
+      "show", "Print what a database file is, and its tables",
+      "Its kind, version and code page; each table with its number of rows, its columns\n"
+      "(type, size, whether it is an auto number, name) and its indexes (columns, whether each\n"
+      "value stands once, name). Two blanks or more part them; \"-\" stands for nothing.\n"
+      "Example: veyra-data show ~/our-calendar/Calendar.mdb",
+      Declare};
 }
 
 }  // namespace veyra

@@ -26,7 +26,8 @@ int main(int argc, char** argv) {
   const auto show = [&](const veyra::CopyStep& step) {
     if (is_watched) progress.Show(step);
   };
-  return veyra::RunCommandLine(
+  veyra::Streams streams{std::cin, std::cout, std::cerr};
+  return static_cast<int>(veyra::RunCommandLine(
       {veyra::NewCommand(Today()), veyra::ConvertCommand(Today(), show), veyra::ShowCommand()},
-      {argv + 1, argv + argc}, std::cout, std::cerr);
+      {argv + 1, argv + argc}, streams));
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <fstream>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "data/schema.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/temp_folder.h"
+#include "tests/tools/run_command.h"
 
 namespace fs = std::filesystem;
 
@@ -62,7 +64,7 @@ class ConvertCommandTest : public ::testing::Test {
 
   void Convert(
       const std::string& to, const CopyObserver& observer = [](const CopyStep&) {}) {
-    ConvertCommand(kToday, observer).Run({temp_.path().string(), "--to", to}, out_);
+    RunWith(ConvertCommand(kToday, observer), {temp_.path().string(), "--to=" + to}, out_);
   }
 
   std::unique_ptr<Store> Make(FileKind kind) const {
@@ -158,7 +160,7 @@ TEST_F(ConvertCommandTest, ThereAndBackIsTheSame) {
 
 TEST_F(ConvertCommandTest, SqliteIsWhatIsMadeUnlessSaid) {
   Make(FileKind::Access);
-  ConvertCommand(kToday, [](const CopyStep&) {}).Run({temp_.path().string()}, out_);
+  RunWith(ConvertCommand(kToday, [](const CopyStep&) {}), {temp_.path().string()}, out_);
   EXPECT_EQ(FileKind::Sqlite, Kind());
 }
 
@@ -457,10 +459,10 @@ TEST_F(ConvertCommandTest, ALinkedCalendarIsConvertedWhereItLies) {
 
 TEST_F(ConvertCommandTest, ACommandLineThatIsNotUnderstoodDoesNothing) {
   const Command command = ConvertCommand(kToday, [](const CopyStep&) {});
-  EXPECT_THROW(command.Run({}, out_), UsageError);
-  EXPECT_THROW(command.Run({"a", "b"}, out_), UsageError);
-  EXPECT_THROW(command.Run({"a", "--to"}, out_), UsageError);
-  EXPECT_THROW(command.Run({"a", "--to", "paper"}, out_), UsageError);
+  EXPECT_THROW(RunWith(command, {}, out_), CLI::ParseError);
+  EXPECT_THROW(RunWith(command, {"a", "b"}, out_), CLI::ParseError);
+  EXPECT_THROW(RunWith(command, {"a", "--to"}, out_), CLI::ParseError);
+  EXPECT_THROW(RunWith(command, {"a", "--to", "paper"}, out_), CLI::ParseError);
 }
 
 /// A calendar that another program made, and what each of its tables holds.

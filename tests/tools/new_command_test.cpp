@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
 #include <set>
@@ -11,6 +12,7 @@
 #include "data/errors.h"
 #include "data/open_store.h"
 #include "tests/temp_folder.h"
+#include "tests/tools/run_command.h"
 #include "tools/sample_data.h"
 
 namespace fs = std::filesystem;
@@ -24,7 +26,7 @@ const Date kToday = MakeDate(2026, 11, 21).value();
 
 class NewCommandTest : public ::testing::Test {
  protected:
-  void New(const Arguments& arguments) { NewCommand(kToday).Run(arguments, out_); }
+  void New(const Arguments& arguments) { RunWith(NewCommand(kToday), arguments, out_); }
 
   std::string Folder() const { return temp_.File("data").string(); }
 
@@ -206,10 +208,10 @@ TEST_F(NewCommandTest, AFolderThatCannotBeMadeLeavesNoneOfThoseAbove) {
 }
 
 TEST_F(NewCommandTest, ACommandLineThatIsNotUnderstoodMakesNothing) {
-  EXPECT_THROW(New({}), UsageError);
-  EXPECT_THROW(New({""}), UsageError);
-  EXPECT_THROW(New({Folder(), "another"}), UsageError);
-  EXPECT_THROW(New({Folder(), "--simple"}), UsageError);
+  EXPECT_THROW(New({}), CLI::ParseError);
+  EXPECT_THROW(New({""}), CLI::ParseError);
+  EXPECT_THROW(New({Folder(), "another"}), CLI::ParseError);
+  EXPECT_THROW(New({Folder(), "--simple"}), CLI::ParseError);
   EXPECT_FALSE(fs::exists(Folder()));
 }
 

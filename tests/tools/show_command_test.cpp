@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <CLI/CLI.hpp>
 #include <sstream>
 
 #include "data/create_store.h"
@@ -10,6 +11,7 @@
 #include "data/schema.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/temp_folder.h"
+#include "tests/tools/run_command.h"
 
 namespace fs = std::filesystem;
 
@@ -22,7 +24,7 @@ class ShowCommandTest : public ::testing::Test {
 
   std::string Shown(const std::string& file) {
     out_.str("");
-    ShowCommand().Run({file}, out_);
+    RunWith(ShowCommand(), {file}, out_);
     return out_.str();
   }
 
@@ -147,9 +149,9 @@ TEST_F(ShowCommandTest, AMissingFileIsReported) {
 }
 
 TEST_F(ShowCommandTest, ACommandLineThatIsNotUnderstoodShowsNothing) {
-  EXPECT_THROW(ShowCommand().Run({}, out_), UsageError);
-  EXPECT_THROW(ShowCommand().Run({"a", "b"}, out_), UsageError);
-  EXPECT_THROW(ShowCommand().Run({"a", "--all"}, out_), UsageError);
+  EXPECT_THROW(RunWith(ShowCommand(), {}, out_), CLI::ParseError);
+  EXPECT_THROW(RunWith(ShowCommand(), {"a", "b"}, out_), CLI::ParseError);
+  EXPECT_THROW(RunWith(ShowCommand(), {"a", "--all"}, out_), CLI::ParseError);
 }
 
 }  // namespace

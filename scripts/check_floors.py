@@ -26,6 +26,7 @@ ROOMS = {
     "logic": ["data"],
     "help": ["data", "logic"],
     "tools": ["data", "logic"],
+    "tools/companion": ["data", "logic", "tools"],
     "forms": ["data", "logic"],
     "forms/widgets": ["data", "logic", "forms"],
     "forms/month/print": ["data", "logic", "forms", "forms/month", "forms/widgets"],

@@ -1,4 +1,4 @@
-#include "tools/folder_argument.h"
+#include "tools/companion/folder_argument.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,4 +1,4 @@
-#include "tools/convert_command.h"
+#include "tools/companion/convert_command.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 #include "data/schema.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/temp_folder.h"
-#include "tests/tools/run_command.h"
+#include "tests/tools/companion/run_command.h"
 
 namespace fs = std::filesystem;
 

@@ -3,11 +3,11 @@
 #include <ctime>
 #include <iostream>
 
-#include "tools/command_line.h"
-#include "tools/convert_command.h"
-#include "tools/new_command.h"
+#include "tools/companion/command_line.h"
+#include "tools/companion/convert_command.h"
+#include "tools/companion/new_command.h"
+#include "tools/companion/show_command.h"
 #include "tools/progress_lines.h"
-#include "tools/show_command.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "tools/command.h"
+#include "tools/companion/command.h"
 
 namespace veyra {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/date.h"
-#include "tools/command.h"
+#include "tools/companion/command.h"
 
 namespace veyra {
 

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "tools/command.h"
+#include "tools/companion/command.h"
 
 namespace veyra {
 

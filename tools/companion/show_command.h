@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/command.h"
+#include "tools/companion/command.h"
 
 namespace veyra {
 

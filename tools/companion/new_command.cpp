@@ -1,4 +1,4 @@
-#include "tools/new_command.h"
+#include "tools/companion/new_command.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
@@ -11,7 +11,7 @@
 #include "data/create_store.h"
 #include "data/errors.h"
 #include "data/schema.h"
-#include "tools/folder_argument.h"
+#include "tools/companion/folder_argument.h"
 #include "tools/sample_data.h"
 #include "tools/unfinished_folder.h"
 

@@ -1,4 +1,4 @@
-#include "tools/show_command.h"
+#include "tools/companion/show_command.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 #include "data/open_store.h"
 #include "data/text.h"
-#include "tools/folder_argument.h"
+#include "tools/companion/folder_argument.h"
 
 namespace veyra {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/convert_command.h"
+#include "tools/companion/convert_command.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,9 +14,9 @@
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/open_store.h"
+#include "tools/companion/folder_argument.h"
 #include "tools/copy_database.h"
 #include "tools/file_moves.h"
-#include "tools/folder_argument.h"
 #include "tools/unfinished_folder.h"
 
 namespace fs = std::filesystem;

@@ -1,4 +1,4 @@
-#include "tools/new_command.h"
+#include "tools/companion/new_command.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 #include "data/errors.h"
 #include "data/open_store.h"
 #include "tests/temp_folder.h"
-#include "tests/tools/run_command.h"
+#include "tests/tools/companion/run_command.h"
 #include "tools/sample_data.h"
 
 namespace fs = std::filesystem;

@@ -43,6 +43,21 @@ class DatabaseBusyError : public DatabaseError {
   using DatabaseError::DatabaseError;
 };
 
+/// The name of the database leads to another file than the one that was opened, or to none, or the
+/// file was overwritten: somebody replaced, moved or removed it. Nothing has been written; to go
+/// on, the file that bears the name now must be opened anew.
+class FileReplacedError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
+/// It is not certain whether a change was saved: a failure of the disk met just the moment that
+/// decides it. What the file holds when it is read next is what holds.
+class OutcomeUnknownError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
 /// There is no database file of the name that was asked for.
 class MissingFileError : public DatabaseError {
  public:

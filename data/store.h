@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "data/column_type.h"
+#include "data/errors.h"
 #include "data/query.h"
 #include "data/store_description.h"
 #include "data/value.h"
@@ -60,8 +62,9 @@ class RowSource {
 /// column names are those of the file; they are found without regard to ASCII letter case.
 ///
 /// Every member throws DatabaseError when the file cannot be read or written or lacks the table or
-/// a column, DatabaseBusyError when another program holds it for longer than the timeout. A member
-/// that throws has changed nothing in the file.
+/// a column, DatabaseBusyError when another program holds it for longer than the timeout,
+/// FileReplacedError when the name leads to another file by now. A member that throws has changed
+/// nothing in the file, unless it throws OutcomeUnknownError.
 ///
 /// Each change is durable when the member returns: it survives a loss of power.
 class Store {
@@ -70,6 +73,10 @@ class Store {
 
   /// The file's full name on this platform.
   virtual const std::string& FileName() const = 0;
+
+  /// What the operator is to be told, once, of the state in which the file was found when it was
+  /// opened; nothing when all was well.
+  virtual std::optional<Report> TakeNotice() { return std::nullopt; }
 
   virtual std::vector<std::string> TableNames() = 0;
 

@@ -11,6 +11,11 @@ constexpr const char* kReadAgain =
     "Nothing was overwritten. Look at the bookings as they are now, and do it again if it is still "
     "needed.";
 
+constexpr const char* kOpenAnew =
+    "Nothing was saved in it. Open the file anew, look at the bookings as they are there, and do "
+    "it "
+    "again if it is still needed.";
+
 }  // namespace
 
 DatabaseError MissingTable(const std::string& file, const std::string& table) {
@@ -45,6 +50,32 @@ RowChangedError RowChanged(const std::string& file, const std::string& table) {
 RowChangedError RowRemoved(const std::string& file, const std::string& table) {
   return RowChangedError(
       {file, "Another program has just removed this row of the table " + table + ".", kReadAgain});
+}
+
+FileReplacedError FileReplaced(const std::string& file) {
+  return FileReplacedError(
+      {file, "The file was replaced by another one while the calendar was open.", kOpenAnew});
+}
+
+FileReplacedError FileOverwritten(const std::string& file) {
+  return FileReplacedError(
+      {file, "The file was overwritten by another program while the calendar was open.",
+       kOpenAnew});
+}
+
+FileReplacedError FileGone(const std::string& file) {
+  return FileReplacedError(
+      {file, "The file was removed, moved or renamed while the calendar was open.",
+       "Nothing was saved in it. Put the file, or a backup copy of it, back in its place, and open "
+       "it anew."});
+}
+
+OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& cause) {
+  return OutcomeUnknownError(
+      {file, cause,
+       "It is not certain whether this booking was saved: look before you try again. Check that "
+       "the disk or the network folder is connected and has room, then open the day anew: what it "
+       "shows is what is saved."});
 }
 
 }  // namespace veyra

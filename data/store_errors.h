@@ -20,4 +20,12 @@ DatabaseError OpenedForReadingOnly(const std::string& file);
 RowChangedError RowChanged(const std::string& file, const std::string& table);
 RowChangedError RowRemoved(const std::string& file, const std::string& table);
 
+/// Another file bears the name; the file that is open was overwritten; none bears the name.
+FileReplacedError FileReplaced(const std::string& file);
+FileReplacedError FileOverwritten(const std::string& file);
+FileReplacedError FileGone(const std::string& file);
+
+/// `cause` is the failure that left it open, a whole sentence.
+OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& cause);
+
 }  // namespace veyra

@@ -15,6 +15,7 @@
 #include "data/access/write/row_changes.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
+#include "data/file_watch.h"
 #include "data/store_errors.h"
 
 namespace veyra {
@@ -78,6 +79,7 @@ class AccessStore : public Store {
   template <typename Work>
   auto Reading(const std::string& table, const Work& work) {
     return Reporting(file_name_, table, [&] {
+      watch_.CheckBeforeReading();
       FinishBrokenChange();
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, timeout_);
       return work();
@@ -89,6 +91,7 @@ class AccessStore : public Store {
   auto Writing(const std::string& table, const Work& work) {
     return Reporting(file_name_, table, [&] {
       CheckMayWrite();
+      watch_.CheckBeforeChange();
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, timeout_);
       RecoverUnderLock();
       snapshot_.Tables();
@@ -120,7 +123,8 @@ class AccessStore : public Store {
         timeout_(timeout),
         durability_(durability),
         observer_(std::move(observer)),
-        file_(file_name, access != StoreAccess::ReadOnly),
+        watch_(file_name),
+        file_(watch_.NameInFolder(), access != StoreAccess::ReadOnly),
         snapshot_(file_) {
     if (durability == Durability::WhenAsked) {
       file_.ExpectNoOtherWriter();
@@ -267,6 +271,7 @@ class AccessStore : public Store {
   std::chrono::milliseconds timeout_;
   Durability durability_;
   access::CommitObserver observer_;
+  FileWatch watch_;
   access::PageFile file_;
   access::Snapshot snapshot_;
   std::optional<FileLock> use_;

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "data/file_watch.h"
 #include "data/names.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/reader.h"
@@ -25,15 +26,16 @@ std::size_t ColumnIndex(const std::string& file, const Table& table, const std::
 /// A SQLite file that this program reads and writes.
 class SqliteStore : public Store {
  public:
-  explicit SqliteStore(std::unique_ptr<Database> database) : reader_(std::move(database)) {}
+  explicit SqliteStore(std::unique_ptr<Database> database)
+      : reader_(std::move(database)), watch_(reader_.file()) {}
 
   const std::string& FileName() const override { return reader_.file(); }
-  std::vector<std::string> TableNames() override { return reader_.catalogue().TableNames(); }
+  std::vector<std::string> TableNames() override { return Watched().catalogue().TableNames(); }
   std::vector<std::string> ColumnNames(const std::string& table) override {
-    return reader_.catalogue().Find(table).Columns;
+    return Watched().catalogue().Find(table).Columns;
   }
-  StoreDescription Describe() override { return sqlite::Describe(reader_); }
-  std::unique_ptr<RowSource> Select(const Query& query) override { return reader_.Select(query); }
+  StoreDescription Describe() override { return sqlite::Describe(Watched()); }
+  std::unique_ptr<RowSource> Select(const Query& query) override { return Watched().Select(query); }
 
   Row Insert(const std::string& table, const FieldValues& fields) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
@@ -42,12 +44,25 @@ class SqliteStore : public Store {
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
 
  private:
+  /// The reader, once it is sure that it reads the file that is meant.
+  Reader& Watched() {
+    watch_.CheckBeforeReading();
+    return reader_;
+  }
+
+  /// The database to be changed, once it is sure that the change will be found again.
+  Database& ForChange() {
+    watch_.CheckBeforeChange();
+    return reader_.database();
+  }
+
   const Table& FindForWriting(const std::string& name);
   void Run(std::string sql, const std::vector<Value>& parameters);
   bool ReadRow(const Table& table, RowKey key, Row& row);
   void CheckUnchanged(const Table& table, const Row& before);
 
   Reader reader_;
+  FileWatch watch_;
 };
 
 const Table& SqliteStore::FindForWriting(const std::string& name) {
@@ -84,7 +99,7 @@ void SqliteStore::CheckUnchanged(const Table& table, const Row& before) {
 }
 
 Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
-  Transaction transaction(reader_.database());
+  Transaction transaction(ForChange());
   const Table& table = FindForWriting(table_name);
   std::vector<Value> by_column(table.Columns.size());
   for (const auto& [name, value] : fields) by_column[ColumnIndex(FileName(), table, name)] = value;
@@ -101,7 +116,7 @@ Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields
 
 Row SqliteStore::Update(const std::string& table_name, const Row& before,
                         const FieldValues& fields) {
-  Transaction transaction(reader_.database());
+  Transaction transaction(ForChange());
   const Table& table = FindForWriting(table_name);
   CheckUnchanged(table, before);
   if (fields.empty()) return before;
@@ -120,7 +135,7 @@ Row SqliteStore::Update(const std::string& table_name, const Row& before,
 }
 
 void SqliteStore::Delete(const std::string& table_name, const Row& before) {
-  Transaction transaction(reader_.database());
+  Transaction transaction(ForChange());
   const Table& table = FindForWriting(table_name);
   CheckUnchanged(table, before);
   Run(DeleteSql(table), {before.Key});
@@ -128,7 +143,7 @@ void SqliteStore::Delete(const std::string& table_name, const Row& before) {
 }
 
 void SqliteStore::CreateTable(const TableDefinition& definition) {
-  Transaction transaction(reader_.database());
+  Transaction transaction(ForChange());
   if (FindName(TableNames(), definition.Name)) throw TableExists(FileName(), definition.Name);
   reader_.database().Execute(CreateTableSql(definition));
   for (const IndexDefinition& index : definition.Indexes) {
@@ -138,7 +153,7 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
 }
 
 void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinition& column) {
-  Transaction transaction(reader_.database());
+  Transaction transaction(ForChange());
   const Table& table = reader_.catalogue().Find(table_name);
   if (FindName(table.Columns, column.Name)) {
     throw ColumnExists(FileName(), table.Name, column.Name);

@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+
+#include "tests/faults/judge.h"
+
+namespace veyra::faults {
+namespace {
+
+constexpr int kPart = 12;
+
+/// Kills the program at points spread over everything it writes, from its start to its end.
+class KilledTest : public testing::TestWithParam<Case> {
+ protected:
+  void SetUp() override {
+    if (IsForLater(Done().Calendar != Before::InUse)) {
+      GTEST_SKIP();
+    }
+  }
+
+  const Action& Done() const { return std::get<Action>(GetParam()); }
+
+  Outcome RunIn(const TempFolder& folder, std::optional<int> kill_at) const {
+    const std::string path = folder.path().string();
+    ready_.CopyTo(path);
+    return RunApart(Done(), path, {.Folder = path, .KillAt = kill_at});
+  }
+
+  int StepsOfWholeAction() const {
+    const TempFolder folder;
+    const Outcome whole = RunIn(folder, {});
+    EXPECT_EQ("", whole.Error);
+    EXPECT_EQ(judge_.Changes(), static_cast<std::size_t>(whole.Saved));
+    return whole.Disk.Steps;
+  }
+
+  const ReadyFolder ready_{std::get<StoreKind>(GetParam()), Done()};
+  const Judge judge_{Done(), ready_};
+};
+
+TEST_P(KilledTest, WhatWasReportedAsSavedIsThereOnceAndTheCalendarStarts) {
+  const int steps = StepsOfWholeAction();
+  const int points = std::min(Tries(kPart, 200), steps);
+  for (int point = 0; point < points; ++point) {
+    const int step = 1 + point * (steps - 1) / std::max(points - 1, 1);
+    const TempFolder folder;
+    const Outcome outcome = RunIn(folder, step);
+    EXPECT_TRUE(outcome.WasKilled);
+    EXPECT_EQ("", judge_.FaultOf(outcome, folder.path().string()))
+        << "killed at step " << step << " of " << steps;
+  }
+  std::cout << points << " kills\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, KilledTest, kAllCases, NameOfCase);
+
+}  // namespace
+}  // namespace veyra::faults

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "logic/bookings.h"
+#include "logic/name_box.h"
+#include "logic/session.h"
+#include "tests/fake_clock.h"
+#include "tests/fake_dialogs.h"
+#include "tests/logic/fake_screens.h"
+#include "tests/store_kind.h"
+
+namespace veyra::faults {
+
+/// A front desk at work on the calendar of a folder: the routines of every action that writes, as
+/// the windows call them. What it does is the same in every run.
+class Office {
+ public:
+  /// Opens the folder's databases; `saved` is told of each change that was reported as saved.
+  Office(const std::string& folder, const std::function<void()>& saved);
+
+  /// Brings the calendar up to date and shows the active facility, as a start does.
+  void Start();
+
+  void Book(int day, const std::string& name);  ///< In April 2014, 9:00 to 10:30.
+  void BookSeries(const std::string& name);     ///< On Tuesdays and Thursdays in May 2014.
+  void Delete(int month, int day, Answer whole_group = Answer::No);
+  void Rename(int month, int day, const std::string& name, Answer whole_group = Answer::No);
+  void AddFacility(const std::string& name);
+  void SelectFacility(const std::string& name);
+  void DeleteFacility(const std::string& name);
+  void SaveColors(int number);
+
+  /// What the operator was told, box by box.
+  const std::vector<std::string>& Boxes() const { return dialogs_.Boxes(); }
+
+ private:
+  void Select(int month, int day);
+
+  FakeClock clock_{2014, 3, 15};
+  FakeDialogs dialogs_;
+  FakeScreens screens_;
+  DayGrid grid_;
+  NameBox box_;
+  std::string room_label_;
+  Session session_;
+};
+
+/// What a calendar is before an action.
+enum class Before {
+  InUse,  ///< It has been started with.
+  New,    ///< Made by veyra-data, and not yet started with.
+  Old,    ///< Of the first version: neither MultKey nor TodayBColor.
+};
+
+/// An action that writes, done so often that it can break off at many points. A start is part of
+/// it.
+struct Action {
+  const char* Name;
+  std::function<void(Office&)> Prepare;  ///< Makes what the action needs, beforehand.
+  std::function<void(Office&)> Do;
+  Before Calendar = Before::InUse;
+};
+
+inline void PrintTo(const Action& action, std::ostream* stream) {
+  *stream << action.Name;
+}
+
+const std::vector<Action>& Actions();
+
+/// An action on one kind of file: what most tests here are done for.
+using Case = std::tuple<StoreKind, Action>;
+
+/// All of them, named as "Access_Series".
+const auto kAllCases =
+    testing::Combine(testing::ValuesIn(kAllStoreKinds), testing::ValuesIn(Actions()));
+std::string NameOfCase(const testing::TestParamInfo<Case>& info);
+
+/// `whole` when every fault is to be tried, else `part`: VEYRA_FAULTS=whole tells.
+int Tries(int part, int whole);
+
+/// Whether a test is left out of the part: it takes a fault that the program does not stand yet.
+inline bool IsForLater(bool not_yet_stood) {
+  return not_yet_stood && Tries(0, 1) == 0;
+}
+
+/// The files of a folder in which the calendar stands ready for the action, closed.
+class ReadyFolder {
+ public:
+  ReadyFolder(StoreKind kind, const Action& action);
+
+  /// Fills an empty folder with them.
+  void CopyTo(const std::string& folder) const;
+
+ private:
+  std::vector<std::pair<std::string, std::string>> files_;
+};
+
+}  // namespace veyra::faults

@@ -4,24 +4,22 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <algorithm>
 #include <map>
 #include <vector>
 
+#include "forms/widgets/qt_long_text.h"
 #include "forms/widgets/qt_progress.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {
 
-constexpr qsizetype kLongestWord = 60;
 constexpr int kWidestText = 480;
+constexpr double kSmallerText = 0.92;
 
 QMessageBox::Icon IconOf(Icon sign) {
   switch (sign) {
@@ -69,52 +67,39 @@ QPushButton* AddButton(QMessageBox& box, const Choice& choice) {
              : box.addButton(choice.Standard);
 }
 
-/// A label breaks lines at blanks only: a word that is too long for it gets places to break at.
-QString WithBreakableWords(const QString& text) {
-  QString broken;
-  broken.reserve(text.size());
-  qsizetype word_length = 0;
-  for (const QChar character : text) {
-    word_length = character.isSpace() ? 0 : word_length + 1;
-    if (word_length > kLongestWord && !character.isLowSurrogate() && !character.isMark()) {
-      broken.append(QChar(0x200B));
-      word_length = 1;
-    }
-    broken.append(character);
-  }
-  return broken;
-}
-
 QString ShownText(const std::string& text) {
   QString shown = ToQString(text);
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-  return WithBreakableWords(shown);
+  return shown;
 }
 
-QSize ScreenSize(const QWidget& widget) {
-  return widget.screen()->availableSize();
+QLabel* TextOf(QMessageBox& box) {
+  return box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
 }
 
-/// Puts a text that would make the box higher than the screen into a scrolling area.
-void KeepOnScreen(QMessageBox& box) {
-  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-  if (label == nullptr || box.layout() == nullptr) {
-    return;
+QLabel* DetailsOf(QMessageBox& box) {
+  return box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+}
+
+void MakeSmaller(QLabel& label) {
+  QFont font = label.font();
+  font.setPointSizeF(font.pointSizeF() * kSmallerText);
+  label.setFont(font);
+}
+
+/// Keeps the box on the screen whatever its texts: together they take at most two thirds of it.
+void LayOutTexts(QMessageBox& box) {
+  const QSize screen = box.screen()->availableSize();
+  const int width = std::min(kWidestText, screen.width() / 2);
+  const int most_text_height = screen.height() / 2;
+  QLabel& text = *TextOf(box);
+  text.setWordWrap(true);
+  QtLongText::Fit(text, width, most_text_height);
+  if (QLabel* details = DetailsOf(box)) {
+    const int text_height = std::min(text.heightForWidth(width), most_text_height);
+    MakeSmaller(*details);
+    QtLongText::Fit(*details, width, screen.height() * 2 / 3 - text_height);
   }
-  const int width = std::min(kWidestText, ScreenSize(box).width() / 2);
-  const int highest = ScreenSize(box).height() / 2;
-  label->setWordWrap(true);
-  const int height = label->heightForWidth(width);
-  if (height <= highest) {
-    return;
-  }
-  auto* area = new QScrollArea(&box);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  area->setFixedSize(width + area->verticalScrollBar()->sizeHint().width(), highest);
-  delete box.layout()->replaceWidget(label, area);
-  area->setWidget(label);
 }
 
 }  // namespace
@@ -138,7 +123,7 @@ Answer QtDialogs::MsgBox(const Message& message) {
       box.setEscapeButton(button);
     }
   }
-  KeepOnScreen(box);
+  LayOutTexts(box);
   box.exec();
   const auto clicked = answers.find(box.clickedButton());
   return clicked == answers.end() ? choices.back().Meaning : clicked->second;

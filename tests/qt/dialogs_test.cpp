@@ -1,16 +1,20 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
 #include "forms/widgets/qt_dialogs.h"
+#include "forms/widgets/qt_painted_text.h"
 
 namespace veyra {
 namespace {
@@ -26,6 +30,10 @@ void WhenShown(const std::function<void(Box&)>& act) {
     }
   });
   timer->start(1);
+}
+
+QLabel& Text(const QMessageBox& box) {
+  return *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
 }
 
 Answer AnswerToKey(Qt::Key key, Buttons choice) {
@@ -48,12 +56,15 @@ TEST_P(MsgBoxKeys, Answer) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, MsgBoxKeys,
-    testing::Values(KeyCase{"EnterOk", Qt::Key_Return, Buttons::Ok, Answer::Ok},
-                    KeyCase{"EnterOkCancel", Qt::Key_Return, Buttons::OkCancel, Answer::Ok},
-                    KeyCase{"EnterYesNo", Qt::Key_Return, Buttons::YesNo, Answer::Yes},
-                    KeyCase{"EscapeOk", Qt::Key_Escape, Buttons::Ok, Answer::Ok},
-                    KeyCase{"EscapeOkCancel", Qt::Key_Escape, Buttons::OkCancel, Answer::Cancel},
-                    KeyCase{"EscapeYesNo", Qt::Key_Escape, Buttons::YesNo, Answer::No}),
+    testing::Values(
+        KeyCase{"EnterOk", Qt::Key_Return, Buttons::Ok, Answer::Ok},
+        KeyCase{"EnterOkCancel", Qt::Key_Return, Buttons::OkCancel, Answer::Ok},
+        KeyCase{"EnterYesNo", Qt::Key_Return, Buttons::YesNo, Answer::Yes},
+        KeyCase{"EscapeOk", Qt::Key_Escape, Buttons::Ok, Answer::Ok},
+        KeyCase{"EscapeOkCancel", Qt::Key_Escape, Buttons::OkCancel, Answer::Cancel},
+        KeyCase{"EscapeYesNo", Qt::Key_Escape, Buttons::YesNo, Answer::No},
+        KeyCase{"EnterThreeWays", Qt::Key_Return, Buttons::ContinueUndoKeep, Answer::Continue},
+        KeyCase{"EscapeThreeWays", Qt::Key_Escape, Buttons::ContinueUndoKeep, Answer::Keep}),
     [](const auto& test_case) { return std::string(test_case.param.Name); });
 
 TEST(MsgBox, ItsCloseBoxAnswersNo) {
@@ -64,6 +75,37 @@ TEST(MsgBox, ItsCloseBoxAnswersNo) {
 TEST(MsgBox, AButtonAnswers) {
   WhenShown<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
   EXPECT_EQ(Answer::No, QtDialogs().MsgBox({.Text = "Well?", .Choice = Buttons::YesNo}));
+}
+
+TEST(MsgBox, EnterAnswersTheDefaultButton) {
+  WhenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+  EXPECT_EQ(Answer::No,
+            QtDialogs().MsgBox({.Text = "Well?", .Choice = Buttons::YesNo, .Default = Answer::No}));
+}
+
+TEST(MsgBox, OffersThreeWaysInTheirOrder) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    std::string captions;
+    for (QAbstractButton* button : box.buttons()) captions += button->text().toStdString() + " ";
+    EXPECT_EQ("&Continue &Undo &Keep ", captions);
+    box.buttons().at(1)->click();
+  });
+  EXPECT_EQ(Answer::Undo,
+            QtDialogs().MsgBox({.Text = "Well?", .Choice = Buttons::ContinueUndoKeep}));
+}
+
+TEST(MsgBox, ShowsItsDetailsSmallerBelowItsText) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QLabel& text = Text(box);
+    const QLabel& details = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    EXPECT_EQ("Delete?", text.text().toStdString());
+    EXPECT_EQ("Main Hall\n3/14/2026", details.text().toStdString());
+    EXPECT_LT(details.font().pointSizeF(), text.font().pointSizeF());
+    EXPECT_GE(details.y(), text.geometry().bottom());
+    EXPECT_GE(details.height(), 2 * details.fontMetrics().height());
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "Delete?", .Details = "Main Hall\r\n3/14/2026"});
 }
 
 TEST(MsgBox, ShowsTitleIconAndPlainTextWithItsLineBreaks) {
@@ -77,9 +119,22 @@ TEST(MsgBox, ShowsTitleIconAndPlainTextWithItsLineBreaks) {
   QtDialogs().MsgBox({.Text = "<b>a</b>\r\nb", .Sign = Icon::Question});
 }
 
+std::string ManyLines() {
+  std::string text;
+  for (int i = 0; i < 400; ++i) text += "There is a clash on 3/" + std::to_string(i) + "\n";
+  return text;
+}
+
+std::string ManyWords() {
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += "word ";
+  return text;
+}
+
 struct LongText {
   const char* Name;
   std::string Text;
+  std::string Details = {};
 };
 
 class MsgBoxLongTexts : public testing::TestWithParam<LongText> {};
@@ -93,25 +148,67 @@ TEST_P(MsgBoxLongTexts, StayOnTheScreen) {
     EXPECT_TRUE(box.rect().contains(button));
     box.accept();
   });
+  QtDialogs().MsgBox({.Text = GetParam().Text, .Details = GetParam().Details});
+}
+
+TEST_P(MsgBoxLongTexts, StayToTheLetterForAssistivePrograms) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QString name = QAccessible::queryAccessibleInterface(&Text(box))->text(QAccessible::Name);
+    EXPECT_EQ(GetParam().Text, name.toStdString());
+    box.accept();
+  });
   QtDialogs().MsgBox({.Text = GetParam().Text});
 }
 
-std::string ManyLines() {
-  std::string text;
-  for (int i = 0; i < 400; ++i) text += "There is a clash on 3/" + std::to_string(i) + "\r\n";
-  return text;
+/// Whether the whole of the widget is to be seen.
+bool IsInSight(const QWidget& widget) {
+  return widget.visibleRegion().boundingRect() == widget.rect();
 }
 
-std::string ManyWords() {
-  std::string text;
-  for (int i = 0; i < 3000; ++i) text += "word ";
-  return text;
+TEST(MsgBox, OfALongListTheFirstAndTheLastLineStayInSight) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QList<QtPaintedText*> parts = Text(box).findChildren<QtPaintedText*>();
+    EXPECT_EQ(3, parts.size());
+    std::string in_sight;
+    for (const QtPaintedText* part : parts) {
+      in_sight += IsInSight(*part) ? part->Text().toStdString() + " " : "";
+    }
+    EXPECT_EQ("First Last ", in_sight);
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "First\n" + ManyLines() + "Last"});
+}
+
+TEST(MsgBox, PageDownScrollsALongList) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const auto* area = Text(box).findChild<QScrollArea*>();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_PageDown);
+    EXPECT_GT(area->verticalScrollBar()->value(), 0);
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "First\n" + ManyLines() + "Last"});
+}
+
+TEST(MsgBox, AWordLongerThanALineIsWhollyInSight) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QList<QtPaintedText*> parts = Text(box).findChildren<QtPaintedText*>();
+    EXPECT_EQ(1, parts.size());
+    for (const QtPaintedText* part : parts) {
+      EXPECT_TRUE(IsInSight(*part));
+      EXPECT_GT(part->height(), 2 * part->fontMetrics().height());
+    }
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "Delete " + std::string(150, 'W') + "?"});
 }
 
 INSTANTIATE_TEST_SUITE_P(All, MsgBoxLongTexts,
                          testing::Values(LongText{"Word", std::string(10000, 'x')},
                                          LongText{"Lines", ManyLines()},
-                                         LongText{"Words", ManyWords()}),
+                                         LongText{"Words", ManyWords()},
+                                         LongText{"Details", "Well?", ManyLines()},
+                                         LongText{"Both", ManyLines(), ManyLines()}),
                          [](const auto& test_case) { return std::string(test_case.param.Name); });
 
 TEST(InputBox, GivesTheTextThatWasTypedOverTheDefault) {

@@ -4,6 +4,7 @@
 
 #include "app/program.h"
 #include "forms/widgets/qt_dialogs.h"
+#include "forms/widgets/qt_program_icon.h"
 #include "forms/widgets/qt_style.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/clock.h"
@@ -11,6 +12,8 @@
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setStyle(new veyra::QtStyle);
+  QApplication::setWindowIcon(veyra::ProgramIcon());
+  QApplication::setDesktopFileName(QStringLiteral("veyra-calendar"));
   QApplication::setQuitOnLastWindowClosed(false);
   // Numbers are written with a point, whatever the country.
   std::setlocale(LC_NUMERIC, "C");

@@ -59,11 +59,8 @@ QtHelpWindow::QtHelpWindow(Browser browser)
   splitter->addWidget(page_);
   splitter->setSizes({kSideWidth, width() - kSideWidth});
   splitter->setStretchFactor(1, 1);
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(0);
-  layout->addWidget(MakeToolBar());
-  layout->addWidget(splitter, 1);
+  setCentralWidget(splitter);
+  addToolBar(MakeToolBar());
   AddShortcuts();
 
   connect(page_, &QtHelpPage::OutsideLinkClicked, this, std::move(browser));
@@ -73,6 +70,8 @@ QtHelpWindow::QtHelpWindow(Browser browser)
 QToolBar* QtHelpWindow::MakeToolBar() {
   auto* bar = new QToolBar(this);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  bar->setMovable(false);
+  bar->setContextMenuPolicy(Qt::PreventContextMenu);
   const auto add = [&](QStyle::StandardPixmap icon, const QString& text, const char* name) {
     QAction* action = bar->addAction(style()->standardIcon(icon), text);
     Name(bar->widgetForAction(action), name, text);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QMainWindow>
 #include <QStringList>
 #include <QUrl>
-#include <QWidget>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -25,7 +25,7 @@ class QtHelpPage;
 /// The help window: contents at the side, the page beside it, and a box that searches all pages.
 /// It stands beside the other windows, blocks none, and closing it does not end the program.
 /// Escape closes it.
-class QtHelpWindow : public QWidget {
+class QtHelpWindow : public QMainWindow {
   Q_OBJECT
 
  public:

@@ -22,6 +22,12 @@
 #include "help/qt_help_viewer.h"
 
 namespace veyra {
+namespace {
+
+/// DayOpener while the day viewer is loaded: the month window then stays on the screen.
+constexpr int kDayViewer = 2;
+
+}  // namespace
 
 /// A day window and its logic, which come and go together.
 class OpenDay : public QObject {
@@ -132,6 +138,9 @@ void Program::OpenDayWindow(const std::string& caption) {
   }
   QObject::connect(&day->Window, &QtDayWindow::Unloaded, &day->Window, [this] { DropDayWindow(); });
   day->Window.setWindowTitle(ToQString(caption));
+  if (session_.DayOpener == kDayViewer) {
+    KeepAbove(day->Window, month_window_);
+  }
   day->Window.show();
   day->Window.raise();
   day->Window.activateWindow();

@@ -6,6 +6,7 @@ the first one that it meets.
 """
 
 import os
+import re
 import select
 import shutil
 import subprocess
@@ -152,6 +153,49 @@ class Screen:
             return wait_until(condition, what)
         finally:
             self._xdotool("keyup", key)
+
+    # The windows, as the window manager knows them; each by its title, less the blanks around it.
+
+    def is_above(self, title, other):
+        order = [name for _, name in self._managed()]
+        return order.index(title.strip()) > order.index(other.strip())
+
+    def is_minimised(self, title):
+        return "Iconic" in self._xprop("-id", self._window(title), "WM_STATE")
+
+    def minimise(self, title):
+        self._xdotool("windowminimize", self._window(title))
+
+    def activate(self, title):
+        """Turns to a window as by the task bar, which restores a minimised one."""
+        self._xdotool("windowactivate", self._window(title))
+
+    def asks_for_minimise_button(self, title):
+        """Whether the window wants one; a window that says nothing of its buttons wants all."""
+        hints = self._xprop("-id", self._window(title), "-f", "_MOTIF_WM_HINTS", "32x",
+                            "_MOTIF_WM_HINTS")
+        flags, functions, decorations = map(lambda word: int(word, 16),
+                                            re.findall("0x[0-9a-f]+", hints)[:3])
+        no_function = flags & 1 and not functions & (1 | 8)
+        no_button = flags & 2 and not decorations & (1 | 32)
+        return not (no_function and no_button)
+
+    def has_icon(self, title):
+        return "Icon (" in self._xprop("-id", self._window(title), "_NET_WM_ICON")
+
+    def _window(self, title):
+        return wait_until(lambda: [number for number, name in self._managed() if name == title.strip()],
+                          f'the window "{title}"')[-1]
+
+    def _managed(self):
+        numbers = re.findall("0x[0-9a-f]+", self._xprop("-root", "_NET_CLIENT_LIST_STACKING"))
+        return [(number, self._xdotool("getwindowname", int(number, 16), check=False))
+                for number in numbers]
+
+    def _xprop(self, *words):
+        result = subprocess.run(["xprop", *words], env=self.environment, text=True, check=False,
+                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        return result.stdout
 
     def picture(self, path, window_only=True):
         """Saves what is to be seen, once it stands still: the front window or the whole screen."""

@@ -1,7 +1,9 @@
 #include "forms/widgets/qt_input_gate.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace veyra {
 namespace {
@@ -42,11 +44,34 @@ void QtInputGate::SetOpen(bool open) {
 }
 
 bool QtInputGate::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close && !window_.isEnabled()) {
-    event->ignore();
-    return true;
+  if (window_.isEnabled()) {
+    return QObject::eventFilter(watched, event);
+  }
+  switch (event->type()) {
+    case QEvent::Close:
+      event->ignore();
+      return true;
+    case QEvent::WindowActivate:
+    case QEvent::MouseButtonPress:
+      BringUpTheOneInFront();
+      break;
+    default:
+      break;
   }
   return QObject::eventFilter(watched, event);
+}
+
+/// A box that blocks all windows is brought up by the toolkit.
+void QtInputGate::BringUpTheOneInFront() const {
+  if (QApplication::activeModalWidget() != nullptr) {
+    return;
+  }
+  for (QWindow* other : QGuiApplication::topLevelWindows()) {
+    if (other->isVisible() && other->transientParent() == window_.windowHandle()) {
+      other->raise();
+      other->requestActivate();
+    }
+  }
 }
 
 }  // namespace veyra

@@ -9,7 +9,8 @@ class QWidget;
 namespace veyra {
 
 /// Keeps a window on the screen without taking input, its close button included, while another one
-/// has the word. It looks as it did, for what it shows is still to be read.
+/// has the word. It looks as it did, for what it shows is still to be read. When the operator turns
+/// to it, the window that it waits for comes to the front instead.
 class QtInputGate : public QObject {
   Q_OBJECT
 
@@ -24,6 +25,8 @@ class QtInputGate : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void BringUpTheOneInFront() const;
+
   QWidget& window_;
   QPointer<QWidget> focus_;
   QPalette colors_;

@@ -22,13 +22,6 @@ void BringToFront(QWidget& window) {
   window.activateWindow();
 }
 
-/// A window above its owner stays there when the owner is clicked.
-void KeepAbove(QWidget& window, QWidget& owner) {
-  window.winId();
-  owner.winId();
-  window.windowHandle()->setTransientParent(owner.windowHandle());
-}
-
 /// The desktop tells a window's frame only once that is on the screen, so it is judged by the frame
 /// of another one.
 QSize SizeWithFrame(const QWidget& window, const QWidget& framed) {
@@ -56,6 +49,16 @@ QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen) {
   QRect place({}, size);
   place.moveCenter(owner.center());
   return ClampToScreen(place.topLeft(), size, screen);
+}
+
+/// An X11 desktop is told of the owner of a dialog only, never of that of a plain window.
+void KeepAbove(QWidget& window, QWidget& owner) {
+  const Qt::WindowFlags flags = window.windowFlags();
+  window.setWindowFlags((flags & ~(Qt::WindowType_Mask | Qt::WindowMinimizeButtonHint)) |
+                        Qt::Dialog | Qt::CustomizeWindowHint);
+  window.winId();
+  owner.winId();
+  window.windowHandle()->setTransientParent(owner.windowHandle());
 }
 
 void ShowBeside(QWidget& window, QWidget* neighbour) {

@@ -17,6 +17,10 @@ QPoint PlaceBeside(const QRect& neighbour, const QSize& size, const QRect& scree
 /// The same for a window that stands over the middle of `owner`.
 QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen);
 
+/// Makes `window` one that stays above `owner` while both are on the screen, goes with it when it
+/// is minimised, and has no minimise button of its own. REQUIRES: it is not on the screen.
+void KeepAbove(QWidget& window, QWidget& owner);
+
 /// Brings `window` to the screen beside `neighbour`, above it and in front; wherever the desktop
 /// puts it when there is no neighbour on the screen.
 void ShowBeside(QWidget& window, QWidget* neighbour);

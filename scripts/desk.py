@@ -59,6 +59,10 @@ class Control:
         """What an edit field holds."""
         return _atspi.Text.get_text(self._accessible, 0, -1)
 
+    def set_text(self, text):
+        """Writes into an edit field as an assistive program does, past the keyboard."""
+        _atspi.EditableText.set_text_contents(self._accessible, text)
+
     def has_state(self, state):
         return self._accessible.get_state_set().contains(getattr(_atspi.StateType, state))
 
@@ -240,7 +244,7 @@ class Desk:
 
     def combo_text(self):
         """The text of the front window's combo."""
-        return self._field().text
+        return self.name_field().text
 
     def combo_items(self):
         """The list of the front window's combo."""
@@ -261,12 +265,13 @@ class Desk:
 
     def write_name(self, text):
         """Types a text into the front window's combo, in place of what it holds."""
-        self.click_on(self._field(), 1)
+        self.click_on(self.name_field())
         self.key("ctrl+a")
         self.type(text)
         self.wait(lambda: self.combo_text() == text, f'"{text}" in the combo')
 
-    def _field(self):
+    def name_field(self):
+        """What is typed in of the front window's combo."""
         return next(one for one in self.first("combo box").everything() if one.role == "text")
 
     # The day window

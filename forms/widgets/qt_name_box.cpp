@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QScopedValueRollback>
 #include <QStringListModel>
 #include <QWheelEvent>
 #include <algorithm>
@@ -37,11 +38,14 @@ QtNameBox::QtNameBox(QWidget* parent) : QComboBox(parent), list_(new QStringList
   // Finishing a text that equals an entry would count as picking the entry.
   disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
   lineEdit()->installEventFilter(this);
-  connect(lineEdit(), &QLineEdit::textEdited, this,
-          [this](const QString& text) { emit Typed(ToUtf8(text)); });
+  // An assistive program sets the text without an edit.
+  connect(lineEdit(), &QLineEdit::textChanged, this, &QtNameBox::ReportText);
+  connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { index_ = index; });
   connect(lineEdit(), &QLineEdit::returnPressed, this, &QtNameBox::EnterPressed);
-  connect(this, &QComboBox::activated, this,
-          [this](int index) { emit Picked(names_.at(static_cast<std::size_t>(index))); });
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    lineEdit()->home(false);
+    emit Picked(names_.at(static_cast<std::size_t>(index)));
+  });
 }
 
 void QtNameBox::SetSpokenName(const QString& name) {
@@ -63,13 +67,28 @@ void QtNameBox::ShowText(const std::string& text) {
   if (shown == lineEdit()->text() && (index == currentIndex() || index < 0)) {
     return;
   }
+  const QScopedValueRollback silence(silent_, true);
   setCurrentIndex(index);
   setEditText(shown);
+  lineEdit()->home(false);
 }
 
 void QtNameBox::SelectAllText() {
-  lineEdit()->selectAll();
+  SelectKeepingTheBeginningInSight();
   select_after_click_ = focused_by_click_;
+}
+
+/// Of a name that is longer than the box the beginning tells more than the end.
+void QtNameBox::SelectKeepingTheBeginningInSight() {
+  const int length = static_cast<int>(lineEdit()->text().size());
+  lineEdit()->setSelection(length, -length);
+}
+
+/// A text that comes with another entry was picked, and is reported as that.
+void QtNameBox::ReportText(const QString& text) {
+  if (!silent_ && currentIndex() == index_) {
+    emit Typed(ToUtf8(text));
+  }
 }
 
 void QtNameBox::FillList(const std::vector<std::string>& names) {
@@ -78,6 +97,7 @@ void QtNameBox::FillList(const std::vector<std::string>& names) {
   lines.reserve(static_cast<qsizetype>(names.size()));
   std::transform(names.begin(), names.end(), std::back_inserter(lines), OneLine);
   const QString text = lineEdit()->text();
+  const QScopedValueRollback silence(silent_, true);
   list_->setStringList(lines);
   setCurrentIndex(-1);
   setEditText(text);
@@ -95,6 +115,7 @@ void QtNameBox::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
   select_after_click_ = false;
   if (!IsPause(event->reason()) && std::exchange(has_focus_, false)) {
+    lineEdit()->home(false);
     emit FocusLeft();
   }
 }
@@ -112,7 +133,7 @@ bool QtNameBox::eventFilter(QObject* watched, QEvent* event) {
   if (watched == lineEdit() && event->type() == QEvent::MouseButtonRelease) {
     focused_by_click_ = false;
     if (std::exchange(select_after_click_, false) && !lineEdit()->hasSelectedText()) {
-      lineEdit()->selectAll();
+      SelectKeepingTheBeginningInSight();
     }
   }
   return QComboBox::eventFilter(watched, event);

@@ -11,7 +11,10 @@ class QStringListModel;
 namespace veyra {
 
 /// An editable drop-down box of names, made for very long lists. What is put into it by the program
-/// is never reported; the gestures of the operator are, each once.
+/// is never reported; the gestures of the operator are, each once, and so is what an assistive
+/// program writes for him. Only the entry shown last, picked again over another text, is reported
+/// as typed before it is as picked. A name that is longer than the box shows its beginning but
+/// while it is edited.
 class QtNameBox : public QComboBox {
   Q_OBJECT
 
@@ -32,7 +35,7 @@ class QtNameBox : public QComboBox {
   void SelectAllText();
 
  signals:
-  void Typed(const std::string& text);   ///< The operator has changed the text by hand.
+  void Typed(const std::string& text);   ///< The operator has changed the text.
   void Picked(const std::string& text);  ///< An entry of the list, exactly as the list has it.
   void EnterPressed();
   void FocusArrived();  ///< From another control; not when the whole window had been left.
@@ -46,9 +49,13 @@ class QtNameBox : public QComboBox {
 
  private:
   void FillList(const std::vector<std::string>& names);
+  void ReportText(const QString& text);
+  void SelectKeepingTheBeginningInSight();
 
   std::vector<std::string> names_;
   QStringListModel* list_;
+  int index_ = -1;  ///< Of the entry shown last.
+  bool silent_ = false;
   bool has_focus_ = false;
   bool focused_by_click_ = false;
   bool select_after_click_ = false;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -70,6 +71,43 @@ TEST_F(NameBoxTest, EveryTypedCharacterIsReported) {
   EXPECT_EQ("typed b\ntyped be\n", log_);
 }
 
+/// As an assistive program writes into the box.
+TEST_F(NameBoxTest, ATextThatIsSetFromOutsideIsReported) {
+  QAccessibleInterface* line = QAccessible::queryAccessibleInterface(box_.lineEdit());
+  line->editableTextInterface()->replaceText(0, 5, QStringLiteral("Omega"));
+  EXPECT_EQ("typed Omega\n", log_);
+}
+
+TEST_F(NameBoxTest, AListedNameThatIsSetFromOutsideAfterAnotherIsReported) {
+  box_.lineEdit()->setText(QStringLiteral("x"));
+  box_.lineEdit()->setText(QStringLiteral("Alpha"));
+  EXPECT_EQ("typed x\ntyped Alpha\n", log_);
+}
+
+TEST_F(NameBoxTest, ANameThatIsLongerThanTheBoxShowsItsBeginning) {
+  box_.ShowText(std::string(100, 'W'));
+  EXPECT_EQ(0, box_.lineEdit()->cursorPosition());
+}
+
+TEST_F(NameBoxTest, SoItDoesWhenTheFocusComesByAClickAndWhenItGoes) {
+  QObject::connect(&box_, &QtNameBox::FocusArrived, [this] { box_.SelectAllText(); });
+  box_.ShowText(std::string(100, 'W'));
+  QTest::mouseClick(box_.lineEdit(), Qt::LeftButton, {}, QPoint(5, 5));
+  EXPECT_EQ(100, box_.lineEdit()->selectedText().size());
+  EXPECT_EQ(0, box_.lineEdit()->cursorPosition());
+  QTest::keyClick(&box_, Qt::Key_End);
+  EXPECT_EQ(100, box_.lineEdit()->cursorPosition());
+  other_.setFocus();
+  EXPECT_EQ(0, box_.lineEdit()->cursorPosition());
+}
+
+TEST_F(NameBoxTest, SoItDoesOncePicked) {
+  box_.ShowNames({{"Alpha", std::string(100, 'W')}, "Alpha"});
+  FocusBox();
+  QTest::keyClick(&box_, Qt::Key_Down);
+  EXPECT_EQ(0, box_.lineEdit()->cursorPosition());
+}
+
 TEST_F(NameBoxTest, WhatIsTypedIsNotCompleted) {
   FocusBox();
   TypeOver("Be");
@@ -132,7 +170,7 @@ TEST_F(NameBoxTest, TheEntryThatIsShownAlreadyCanBePickedAgain) {
   log_.clear();
   box_.showPopup();
   QTest::keyClick(box_.view(), Qt::Key_Return);
-  EXPECT_EQ("picked Alpha\n", log_);
+  EXPECT_EQ("typed Alpha\npicked Alpha\n", log_);
   EXPECT_EQ("Alpha", box_.currentText().toStdString());
 }
 

@@ -1,0 +1,31 @@
+"""What an assistive program writes counts like what is typed."""
+
+from desk_test import DeskTest, main
+
+
+class AssistiveTest(DeskTest):
+    def test_a_name_that_it_writes_is_booked(self):
+        day = self.free_day("Main Hall")
+        self.start()
+        self.desk.open_day(day)
+        self.desk.name_field().set_text("Ann Assisted")
+        self.desk.drag_slots(19, 21)
+        self.assertEqual("Reservation for Ann Assisted From  9:00A To 10:30A.\n"
+                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual(["19|21"], self.sql("SELECT TimeFrom, TimeTo FROM Reserv "
+                                             "WHERE Event = 'Ann Assisted';"))
+
+    def test_a_facility_that_it_writes_is_added(self):
+        self.start()
+        self.desk.click_on(self.desk.name_field())
+        self.desk.name_field().set_text("squash court")
+        self.desk.key("Return")
+        self.assertEqual("Do you want to add a new Facility called Squash Court?",
+                         self.desk.message())
+
+
+if __name__ == "__main__":
+    main()

@@ -109,6 +109,7 @@ QWidget* QtMonthWindow::BuildControls() {
   auto* controls = new QWidget(this);
   Label1_ = new QLabel(QStringLiteral("Facility"), controls);
   Label1_->setObjectName(QStringLiteral("Label1"));
+  KeepPlaceWhenHidden(Label1_);
   Combo1_ = new QtNameBox(controls);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
   Combo1_->SetSpokenName(QStringLiteral("Facility"));
@@ -247,8 +248,8 @@ void QtMonthWindow::ShowColors(std::int32_t background, std::int32_t header) {
 }
 
 void QtMonthWindow::ShowControls(bool visible) {
-  for (QWidget* control :
-       std::initializer_list<QWidget*>{Command1_, Command2_, Command3_, Command4_, Combo1_}) {
+  for (QWidget* control : std::initializer_list<QWidget*>{Command1_, Command2_, Command3_,
+                                                          Command4_, Combo1_, Label1_}) {
     control->setVisible(visible);
   }
 }

@@ -414,6 +414,7 @@ TEST_F(MonthWindowTest, HiddenControlsKeepTheirPlace) {
   QCoreApplication::processEvents();
   EXPECT_FALSE(In<QPushButton>(&window, "Command2").isVisible());
   EXPECT_FALSE(In<QComboBox>(&window, "Combo1").isVisible());
+  EXPECT_FALSE(In<QLabel>(&window, "Label1").isVisible());
   EXPECT_EQ(title, In<QLabel>(&window, "lblMonth").geometry());
   window.ShowControls(true);
   QCoreApplication::processEvents();

@@ -2,6 +2,8 @@
 
 #include <limits>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "data/errors.h"
 
@@ -10,6 +12,53 @@ namespace veyra {
 namespace {
 
 constexpr const char* kRowOne = "SELECT * FROM Settings Where ID = 1";
+
+/// The five columns with their usual colours.
+std::vector<std::pair<std::string, std::string>> UsualColors() {
+  const ColorSettings usual = DefaultColors();
+  return {{"BkGrnd", usual.BkGrnd},
+          {"HeaderTxt", usual.HeaderTxt},
+          {"DaysTxtColor", usual.DaysTxtColor},
+          {"TodayColor", usual.TodayColor},
+          {"TodayBColor", usual.TodayBColor}};
+}
+
+std::string MendingUpdate(const std::string& column) {
+  for (const auto& [name, color] : UsualColors()) {
+    if (name == column) {
+      return "UPDATE Settings SET " + column + " = '" + color + "' WHERE ID = 1";
+    }
+  }
+  return {};
+}
+
+std::string MendingInsert() {
+  std::string columns = "ID";
+  std::string values = "1";
+  for (const auto& [name, color] : UsualColors()) {
+    columns += ", " + name;
+    values += ", '" + color + "'";
+  }
+  return "INSERT INTO Settings (" + columns + ") VALUES (" + values + ")";
+}
+
+/// A word of a shell's command line, whatever is in it.
+std::string ShellWord(const std::string& text) {
+  std::string word = "'";
+  for (const char c : text) {
+    word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  }
+  return word + "'";
+}
+
+std::string MendingAdvice(Connection& res_con, const std::string& statement) {
+  if (res_con.Describe().Kind == FileKind::Access) {
+    return "To go on with the usual colour, open the file in Access, make a query and run it: " +
+           statement;
+  }
+  return "To go on with the usual colour, run this command and start again: sqlite3 " +
+         ShellWord(res_con.FileName()) + " \"" + statement + "\"";
+}
 
 }  // namespace
 
@@ -40,15 +89,36 @@ bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSe
   return true;
 }
 
+ColorSettings DefaultColors() {
+  return {.BkGrnd = "-2147483643",
+          .HeaderTxt = "12582912",
+          .DaysTxtColor = "0",
+          .TodayColor = "255",
+          .TodayBColor = "-2147483643"};
+}
+
+ColorError::ColorError(const std::string& text, std::string column)
+    : ValueError({{},
+                  "The colour \"" + text + "\" in column " + column +
+                      " of row 1 of the table Settings is not a colour number.",
+                  "Save new colours in the colour settings, or use a backup copy of the "
+                  "calendar."}),
+      column_(std::move(column)) {}
+
+ValueError ExplainedColorError(Connection& res_con, const ColorError& error) {
+  const bool has_row = !res_con.Open(kRowOne, CursorType::ForwardOnlyReadOnly)->IsEmpty();
+  const std::string cause =
+      has_row ? error.report().Cause
+              : "The table Settings has no row 1, which holds the colours of the calendar.";
+  const std::string statement = has_row ? MendingUpdate(error.Column()) : MendingInsert();
+  return ValueError({res_con.FileName(), cause, MendingAdvice(res_con, statement)});
+}
+
 std::int32_t ColorNumber(const std::string& text, const std::string& column) {
   const std::optional<std::int64_t> number = ToInteger(Value(text));
   using Limits = std::numeric_limits<std::int32_t>;
   if (!number || *number < Limits::min() || *number > Limits::max()) {
-    throw ValueError({{},
-                      "The colour \"" + text + "\" in column " + column +
-                          " of the table Settings is no colour number.",
-                      "Save new colours in the colour settings, or use a backup copy of the "
-                      "calendar."});
+    throw ColorError(text, column);
   }
   return static_cast<std::int32_t>(*number);
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/connection.h"
+#include "data/errors.h"
 
 namespace veyra {
 
@@ -20,6 +21,9 @@ struct ColorSettings {
   bool operator==(const ColorSettings&) const = default;
 };
 
+/// The colours of a calendar in which nobody has chosen any.
+ColorSettings DefaultColors();
+
 /// Reads row 1 of Settings into both sets. Without that row both keep what they hold.
 /// Throws DatabaseError when the table cannot be read.
 void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSettings& stored);
@@ -28,8 +32,24 @@ void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSetting
 /// written and `current` is unchanged. Returns whether there was such a row.
 bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSettings& current);
 
-/// The number of a colour text. Throws ValueError, naming the column, when the text is empty, no
-/// whole number, or outside -2147483648 to 2147483647.
+/// A text that was to be used as a colour is no colour number.
+class ColorError : public ValueError {
+ public:
+  /// `column` is the column of Settings that the text was read from.
+  ColorError(const std::string& text, std::string column);
+
+  const std::string& Column() const { return column_; }
+
+ private:
+  std::string column_;
+};
+
+/// The same failure with what the operator needs to mend it, when the calendar's own row 1 is the
+/// cause: the file, the row, and the command that puts the usual colour there.
+ValueError ExplainedColorError(Connection& res_con, const ColorError& error);
+
+/// The number of a colour text. Throws ColorError when the text is empty, no whole number, or
+/// outside -2147483648 to 2147483647.
 std::int32_t ColorNumber(const std::string& text, const std::string& column);
 
 }  // namespace veyra

@@ -10,4 +10,11 @@ std::unique_ptr<Recordset> Connection::Open(std::string_view sql, CursorType cur
   return std::make_unique<Recordset>(*store_, ParseQuery(sql), cursor);
 }
 
+void Connection::ExplainMissingItems(const std::vector<NamedItem>& items, const Report& failure) {
+  if (!explains_) {
+    store_ = std::make_unique<ExplainingStore>(std::move(store_), items, failure);
+    explains_ = true;
+  }
+}
+
 }  // namespace veyra

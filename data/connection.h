@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "data/errors.h"
+#include "data/explaining_store.h"
 #include "data/recordset.h"
 #include "data/store.h"
 
@@ -29,6 +31,13 @@ class Connection {
     return store_->ColumnNames(table);
   }
 
+  /// Says from now on, of one of these items that is found missing, why it could not be made. The
+  /// first failure that it is told of counts. REQUIRES: no record set is open.
+  void ExplainMissingItems(const std::vector<NamedItem>& items, const Report& failure);
+
+  /// What kind of file it is and what is in it. Counts the rows, so it may take a while.
+  StoreDescription Describe() { return store_->Describe(); }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {
@@ -37,6 +46,7 @@ class Connection {
 
  private:
   std::unique_ptr<Store> store_;
+  bool explains_ = false;
 };
 
 }  // namespace veyra

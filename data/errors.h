@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace veyra {
 
@@ -56,6 +57,27 @@ class FileReplacedError : public DatabaseError {
 class OutcomeUnknownError : public DatabaseError {
  public:
   using DatabaseError::DatabaseError;
+};
+
+/// The operator has ended the wait for another program that holds the database.
+class WaitCancelledError : public DatabaseBusyError {
+ public:
+  using DatabaseBusyError::DatabaseBusyError;
+};
+
+/// A database lacks a table, or a table lacks a column, that is needed.
+class MissingItemError : public DatabaseError {
+ public:
+  /// `column` is empty where the table itself is missing.
+  MissingItemError(Report report, std::string table, std::string column)
+      : DatabaseError(std::move(report)), table_(std::move(table)), column_(std::move(column)) {}
+
+  const std::string& Table() const { return table_; }
+  const std::string& Column() const { return column_; }
+
+ private:
+  std::string table_;
+  std::string column_;
 };
 
 /// There is no database file of the name that was asked for.

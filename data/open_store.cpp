@@ -86,26 +86,26 @@ void RequireWritable(const fs::path& path) {
 }
 
 std::unique_ptr<Store> OpenSqlite(const std::string& file, StoreAccess access,
-                                  std::chrono::milliseconds timeout) {
+                                  const Patience& patience) {
   switch (access) {
     case StoreAccess::ReadOnly:
-      return sqlite::OpenReadOnly(file, timeout);
+      return sqlite::OpenReadOnly(file, patience);
     case StoreAccess::Alone:
-      return sqlite::OpenAlone(file, timeout);
+      return sqlite::OpenAlone(file, patience);
     case StoreAccess::ReadWrite:
       break;
   }
-  return sqlite::OpenReadWrite(file, timeout);
+  return sqlite::OpenReadWrite(file, patience);
 }
 
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
-                                        std::chrono::milliseconds timeout) {
+                                        const Patience& patience) {
   const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
   if (bytes.starts_with(kSqliteStart)) {
-    return OpenSqlite(path.string(), access, timeout);
+    return OpenSqlite(path.string(), access, patience);
   }
   if (bytes.starts_with(kAccessStart)) {
-    return OpenAccessStore(path.string(), access, timeout);
+    return OpenAccessStore(path.string(), access, patience);
   }
   throw DatabaseError({path.string(), "The file is no database of a kind known here.", kRightFile});
 }
@@ -113,11 +113,12 @@ std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access
 }  // namespace
 
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
-                                 std::chrono::milliseconds timeout) {
+                                 Patience patience) {
   const fs::path path = fs::absolute(NativePath(file_name));
   RequireFile(path);
   if (access != StoreAccess::ReadOnly) RequireWritable(path);
-  return OpenByFirstBytes(path, access, timeout);
+  patience.File = path.string();
+  return OpenByFirstBytes(path, access, patience);
 }
 
 }  // namespace veyra

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
 #include "data/store.h"
 #include "data/store_access.h"
+#include "data/waiting.h"
 
 namespace veyra {
 
@@ -16,8 +16,8 @@ namespace veyra {
 /// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no
 /// database of a kind known here, or, unless ReadOnly, one that nobody may write to;
 /// DatabaseBusyError when, for Alone, another program has it open or, for the others, another has
-/// it alone.
+/// it alone. The observer of `patience`, if any, must outlive the store.
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
-                                 std::chrono::milliseconds timeout = kStoreTimeout);
+                                 Patience patience = {});
 
 }  // namespace veyra

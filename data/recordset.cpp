@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "data/names.h"
-#include "data/store_errors.h"
 
 namespace veyra {
 
@@ -26,13 +25,15 @@ bool IsHeldAlready(const Value& held, const Value& value) {
 }
 
 void CheckCondition(const Condition& condition, const std::vector<std::string>& columns,
-                    const std::string& file, const std::string& table) {
+                    const Store& store, const std::string& table) {
   for (const Operand* operand : {&condition.Left, &condition.Right}) {
     const auto* column = std::get_if<ColumnName>(operand);
     if (condition.What != Condition::Kind::Compare || column == nullptr) continue;
-    if (!FindName(columns, column->Name)) throw MissingColumn(file, table, column->Name);
+    if (!FindName(columns, column->Name)) {
+      throw store.NoSuchColumn(table, column->Name);
+    }
   }
-  for (const Condition& part : condition.Parts) CheckCondition(part, columns, file, table);
+  for (const Condition& part : condition.Parts) CheckCondition(part, columns, store, table);
 }
 
 }  // namespace
@@ -72,18 +73,21 @@ const Recordset::HeldRow& Recordset::RequireRow() {
 }
 
 void Recordset::CheckNames() {
-  const std::string& file = store_->FileName();
   for (const Condition& condition : query_.Where) {
-    CheckCondition(condition, columns_, file, query_.Table);
+    CheckCondition(condition, columns_, *store_, query_.Table);
   }
   for (const OrderTerm& term : query_.OrderBy) {
-    if (!FindName(columns_, term.Column)) throw MissingColumn(file, query_.Table, term.Column);
+    if (!FindName(columns_, term.Column)) {
+      throw store_->NoSuchColumn(query_.Table, term.Column);
+    }
   }
 }
 
 std::size_t Recordset::ColumnIndex(std::string_view name) const {
   const auto column = FindName(columns_, name);
-  if (!column) throw MissingColumn(store_->FileName(), query_.Table, std::string(name));
+  if (!column) {
+    throw store_->NoSuchColumn(query_.Table, std::string(name));
+  }
   return *column;
 }
 

@@ -1,10 +1,13 @@
 #include "data/schema.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
+#include "data/color_settings.h"
 #include "data/errors.h"
 #include "data/file_name.h"
+#include "data/names.h"
 
 namespace veyra {
 
@@ -24,7 +27,7 @@ std::unique_ptr<Connection> OpenConnection(const Databases& databases, const cha
                                            StoreAccess access) {
   try {
     return std::make_unique<Connection>(
-        OpenStore(databases.DataFolder + file, access, databases.Timeout));
+        OpenStore(databases.DataFolder + file, access, databases.Waiting));
   } catch (const MissingFileError& error) {
     throw MissingFileError({error.report().File, error.report().Cause, FolderAdvice(databases)});
   }
@@ -32,15 +35,6 @@ std::unique_ptr<Connection> OpenConnection(const Databases& databases, const cha
 
 ColumnDefinition ColorColumn(std::string name) {
   return {.Name = std::move(name), .Type = ColumnType::Text, .Size = kColorSize};
-}
-
-TableDefinition SettingsTable() {
-  return {.Name = "Settings",
-          .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
-                      ColorColumn("BkGrnd"),
-                      ColorColumn("HeaderTxt"),
-                      ColorColumn("DaysTxtColor"),
-                      ColorColumn("TodayColor")}};
 }
 
 ColumnDefinition MultKeyColumn() {
@@ -53,28 +47,51 @@ ColumnDefinition TodayBColorColumn() {
   return column;
 }
 
-void AddDefaultSettings(Connection& res_con) {
-  const auto rows = res_con.Open("SELECT * FROM Settings", CursorType::StaticOptimistic);
-  rows->AddNew();
-  rows->SetField("BkGrnd", std::string("-2147483643"));
-  rows->SetField("HeaderTxt", std::string("12582912"));
-  rows->SetField("DaysTxtColor", std::string("0"));
-  rows->SetField("TodayColor", std::string("255"));
-  rows->Update();
+TableDefinition SettingsTable() {
+  return {.Name = "Settings",
+          .Columns = {{.Name = "ID", .Type = ColumnType::WholeNumber, .AutoIncrement = true},
+                      ColorColumn("BkGrnd"),
+                      ColorColumn("HeaderTxt"),
+                      ColorColumn("DaysTxtColor"),
+                      ColorColumn("TodayColor"),
+                      TodayBColorColumn()}};
 }
 
-void CopyBackgroundToToday(Connection& res_con) {
-  const auto rows =
-      res_con.Open("SELECT * FROM Settings Where ID = 1", CursorType::StaticOptimistic);
-  if (rows->IsEmpty()) return;
-  rows->SetField("TodayBColor", rows->Field("BkGrnd"));
-  rows->Update();
+FieldValues DefaultSettings() {
+  const ColorSettings usual = DefaultColors();
+  return {{"BkGrnd", usual.BkGrnd},
+          {"HeaderTxt", usual.HeaderTxt},
+          {"DaysTxtColor", usual.DaysTxtColor},
+          {"TodayColor", usual.TodayColor},
+          {"TodayBColor", usual.TodayBColor}};
+}
+
+/// What the upgrades make.
+std::vector<NamedItem> UpgradedItems() {
+  return {{.Table = "Settings"}, {.Table = "Reserv", .Column = "MultKey"}};
+}
+
+/// Brings the calendar up to date in one step. A failure is silent: whether it matters shows when
+/// what is missing is needed, and then it is explained.
+void Upgrade(Databases& databases, const std::function<void(Connection&)>& step) {
+  if (databases.WaitedInVain) {
+    return;
+  }
+  try {
+    step(*databases.ResCon);
+  } catch (const DatabaseBusyError& failure) {
+    databases.WaitedInVain = true;
+    databases.ResCon->ExplainMissingItems(UpgradedItems(), failure.report());
+  } catch (const Error& failure) {
+    databases.ResCon->ExplainMissingItems(UpgradedItems(), failure.report());
+  }
 }
 
 }  // namespace
 
 void CreateResCon(Databases& databases) {
   databases.ResCon.reset();
+  databases.WaitedInVain = false;
   databases.ResCon = OpenConnection(databases, kCalendarFile, StoreAccess::ReadWrite);
 }
 
@@ -84,32 +101,32 @@ void CreateVeyraCon(Databases& databases) {
 }
 
 void EnsureSettingsRow(Databases& databases) {
-  try {
-    databases.ResCon->CreateTable(SettingsTable());
-    AddDefaultSettings(*databases.ResCon);
-  } catch (const Error&) {
-    // Silent: that the table is there already is what every start after the first one finds, and
-    // any other failure shows when the colours are read.
-  }
+  Upgrade(databases, [](Connection& res_con) {
+    if (FindName(res_con.TableNames(), "Settings")) {
+      return;
+    }
+    TableDefinition settings = SettingsTable();
+    settings.FirstRows = {DefaultSettings()};
+    res_con.CreateTable(settings);
+  });
 }
 
 void EnsureMultKeyColumn(Databases& databases) {
-  try {
-    if (HasNamedItem(databases.ResCon->ColumnNames("Reserv"), "MultKey")) return;
-    databases.ResCon->AddColumn("Reserv", MultKeyColumn());
-  } catch (const Error&) {
-    // Silent: a calendar that cannot be brought up to date shows it when its bookings are read.
-  }
+  Upgrade(databases, [](Connection& res_con) {
+    if (!HasNamedItem(res_con.ColumnNames("Reserv"), "MultKey")) {
+      res_con.AddColumn("Reserv", MultKeyColumn());
+    }
+  });
 }
 
 void EnsureTodayBColorColumn(Databases& databases) {
-  try {
-    if (HasNamedItem(databases.ResCon->ColumnNames("Settings"), "TodayBColor")) return;
-    databases.ResCon->AddColumn("Settings", TodayBColorColumn());
-    CopyBackgroundToToday(*databases.ResCon);
-  } catch (const Error&) {
-    // Silent: settings that cannot be brought up to date show it when the colours are read.
-  }
+  Upgrade(databases, [](Connection& res_con) {
+    if (!HasNamedItem(res_con.ColumnNames("Settings"), "TodayBColor")) {
+      ColumnDefinition column = TodayBColorColumn();
+      column.Copied = {.From = "BkGrnd", .RowKey = "ID", .Row = 1};
+      res_con.AddColumn("Settings", column);
+    }
+  });
 }
 
 bool HasNamedItem(const std::vector<std::string>& collection, std::string_view item_name) {
@@ -137,9 +154,7 @@ TableDefinition ReservTable() {
 }
 
 std::vector<TableDefinition> CalendarTables() {
-  TableDefinition settings = SettingsTable();
-  settings.Columns.push_back(TodayBColorColumn());
-  return {RoomsTable(), ReservTable(), std::move(settings)};
+  return {RoomsTable(), ReservTable(), SettingsTable()};
 }
 
 TableDefinition GuestTable() {

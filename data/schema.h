@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,9 +14,10 @@ namespace veyra {
 struct Databases {
   std::string AppFolder;   ///< The program's own folder, without a separator at its end.
   std::string DataFolder;  ///< The folder of both databases; empty when path.txt named none.
-  std::chrono::milliseconds Timeout = kStoreTimeout;  ///< Wait for a file held by another program.
-  std::unique_ptr<Connection> ResCon;                 ///< The calendar: Rooms, Reserv, Settings.
+  Patience Waiting;        ///< How to wait for a file that another program holds.
+  std::unique_ptr<Connection> ResCon;    ///< The calendar: Rooms, Reserv, Settings.
   std::unique_ptr<Connection> GuestCon;  ///< The host product's guests: Guest, read only.
+  bool WaitedInVain = false;  ///< An upgrade could not have ResCon's file: the next do not wait.
 };
 
 /// Opens DataFolder & "\Calendar.mdb" as ResCon, in place of any connection that is open there.
@@ -28,15 +28,17 @@ void CreateResCon(Databases& databases);
 /// Throws DatabaseError when the file cannot be opened for reading.
 void CreateVeyraCon(Databases& databases);
 
-/// Makes table Settings with its default row, ID 1, when there is no such table. Works on ResCon
-/// itself, which sees the table at once. Failures are silent. REQUIRES: ResCon is open.
+/// Makes table Settings with its default row, ID 1, all five colours set, when there is no such
+/// table: in one change of the file, so that no end of the program leaves a part of it. Works on
+/// ResCon itself, which sees the table at once. Failures are silent here; ResCon tells of them when
+/// the table or a column is then found missing. REQUIRES: ResCon is open, as for the next two.
 void EnsureSettingsRow(Databases& databases);
 
-/// Adds column MultKey (double, default 0) to Reserv when it is missing. Failures are silent.
+/// Adds column MultKey (double, default 0) to Reserv when it is missing. Failures as above.
 void EnsureMultKeyColumn(Databases& databases);
 
-/// Adds column TodayBColor to Settings when it is missing, set in row 1 to what BkGrnd holds there.
-/// Failures are silent.
+/// Adds column TodayBColor to Settings when it is missing, set in row 1 to what BkGrnd holds there,
+/// all in one change of the file. Failures as above.
 void EnsureTodayBColorColumn(Databases& databases);
 
 /// Whether a member of the collection is named exactly so, letter case included.

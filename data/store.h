@@ -15,6 +15,17 @@
 
 namespace veyra {
 
+/// Values by column name.
+using FieldValues = std::vector<std::pair<std::string, Value>>;
+
+/// What a column that is added to a table holds in one row from its first moment, in place of its
+/// default: what another column holds there. Nothing when there is no such row.
+struct CopiedField {
+  std::string From;      ///< The other column.
+  std::string RowKey;    ///< The WholeNumber column that tells the row from the others,
+  std::int64_t Row = 0;  ///< and what it holds there.
+};
+
 /// A column that is to be made.
 struct ColumnDefinition {
   std::string Name;
@@ -22,6 +33,7 @@ struct ColumnDefinition {
   int Size = 0;                ///< Text: the most characters it is meant for; 0 for no limit.
   bool AutoIncrement = false;  ///< WholeNumber: the key, given by the store to each new row.
   Value Default = Null{};      ///< What rows that stood before the column came read as.
+  std::optional<CopiedField> Copied = {};  ///< Only for a column that is added to a table.
 };
 
 /// An index that is to be made with its table. Its name is unique in the file.
@@ -35,6 +47,7 @@ struct TableDefinition {
   std::vector<ColumnDefinition> Columns;
   std::vector<IndexDefinition> Indexes =
       {};  ///< A kind of file that cannot use them leaves them out.
+  std::vector<FieldValues> FirstRows = {};  ///< Rows that stand in it from its first moment.
 };
 
 /// Tells a row from every other of its table, for as long as the store is open and the row stands.
@@ -45,9 +58,6 @@ struct Row {
   RowKey Key = 0;
   std::vector<Value> Values;
 };
-
-/// Values by column name.
-using FieldValues = std::vector<std::pair<std::string, Value>>;
 
 /// The rows of a query, one after another, each once.
 class RowSource {
@@ -102,12 +112,16 @@ class Store {
   /// Throws RowChangedError when the row in the file is no longer equal to `before`.
   virtual void Delete(const std::string& table, const Row& before) = 0;
 
-  /// Makes a table without rows, and its indexes. Throws DatabaseError when one of that name is
-  /// there.
+  /// Makes a table, its indexes and its first rows, all in one change of the file. Throws
+  /// DatabaseError when one of that name is there.
   virtual void CreateTable(const TableDefinition& definition) = 0;
 
-  /// Adds a column after the last one. Throws DatabaseError when one of that name is there.
+  /// Adds a column after the last one and fills it, in one change of the file. Throws DatabaseError
+  /// when one of that name is there.
   virtual void AddColumn(const std::string& table, const ColumnDefinition& column) = 0;
+
+  /// The failure to be thrown by whoever finds that the table lacks a column.
+  virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 };
 
 }  // namespace veyra

@@ -1,5 +1,7 @@
 #include "data/store_errors.h"
 
+#include "data/store.h"
+
 namespace veyra {
 
 namespace {
@@ -18,13 +20,18 @@ constexpr const char* kOpenAnew =
 
 }  // namespace
 
-DatabaseError MissingTable(const std::string& file, const std::string& table) {
-  return DatabaseError({file, "The file has no table " + table + ".", kWrongFile});
+MissingItemError MissingTable(const std::string& file, const std::string& table) {
+  return MissingItemError({file, "The file has no table " + table + ".", kWrongFile}, table, {});
 }
 
-DatabaseError MissingColumn(const std::string& file, const std::string& table,
-                            const std::string& column) {
-  return DatabaseError({file, "The table " + table + " has no column " + column + ".", kWrongFile});
+MissingItemError MissingColumn(const std::string& file, const std::string& table,
+                               const std::string& column) {
+  return MissingItemError(
+      {file, "The table " + table + " has no column " + column + ".", kWrongFile}, table, column);
+}
+
+MissingItemError Store::NoSuchColumn(const std::string& table, const std::string& column) const {
+  return MissingColumn(FileName(), table, column);
 }
 
 DatabaseError TableExists(const std::string& file, const std::string& table) {

@@ -8,9 +8,9 @@ namespace veyra {
 
 /// The failures that every kind of store reports in the same words. `file` is the full name of the
 /// database file.
-DatabaseError MissingTable(const std::string& file, const std::string& table);
-DatabaseError MissingColumn(const std::string& file, const std::string& table,
-                            const std::string& column);
+MissingItemError MissingTable(const std::string& file, const std::string& table);
+MissingItemError MissingColumn(const std::string& file, const std::string& table,
+                               const std::string& column);
 DatabaseError TableExists(const std::string& file, const std::string& table);
 DatabaseError ColumnExists(const std::string& file, const std::string& table,
                            const std::string& column);

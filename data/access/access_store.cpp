@@ -54,6 +54,9 @@ auto Reporting(const std::string& file, const std::string& table, const Work& wo
   } catch (const access::StoreProblem& problem) {
     ReportAs(problem, file, table);
   } catch (const access::FileBusy& problem) {
+    if (problem.IsCancelled()) {
+      throw WaitCancelledError({file, problem.what(), problem.advice()});
+    }
     throw DatabaseBusyError({file, problem.what(), problem.advice()});
   } catch (const FileProblem& problem) {
     throw DatabaseError({file, problem.what(), problem.advice()});
@@ -81,7 +84,7 @@ class AccessStore : public Store {
     return Reporting(file_name_, table, [&] {
       watch_.CheckBeforeReading();
       FinishBrokenChange();
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, timeout_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
       return work();
     });
   }
@@ -92,7 +95,7 @@ class AccessStore : public Store {
     return Reporting(file_name_, table, [&] {
       CheckMayWrite();
       watch_.CheckBeforeChange();
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, timeout_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
       RecoverUnderLock();
       snapshot_.Tables();
       access::PageChanges changes(file_);
@@ -117,10 +120,10 @@ class AccessStore : public Store {
   }
 
  public:
-  AccessStore(const std::string& file_name, StoreAccess access, std::chrono::milliseconds timeout,
+  AccessStore(const std::string& file_name, StoreAccess access, const Patience& patience,
               access::CommitObserver observer, Durability durability)
       : file_name_(file_name),
-        timeout_(timeout),
+        patience_(patience),
         durability_(durability),
         observer_(std::move(observer)),
         watch_(file_name),
@@ -218,7 +221,7 @@ class AccessStore : public Store {
       access::CheckNobodyElse(file_.Path());
     }
     use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
-                 timeout_);
+                 patience_);
   }
 
   /// Another copy of this program may have broken off in the middle of a change. A file that is
@@ -227,7 +230,7 @@ class AccessStore : public Store {
     if (!file_.IsWritable()) {
       ShowBrokenChange();
     } else if (access::HasJournal(file_.Path())) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, timeout_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
       RecoverUnderLock();
     }
   }
@@ -242,7 +245,7 @@ class AccessStore : public Store {
   void ShowBrokenChange() {
     const bool has_journal = access::HasJournal(file_.Path());
     if (has_journal || shows_broken_change_) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, timeout_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
       file_.SetOverlay({});
       file_.SetOverlay(access::HasJournal(file_.Path()) ? access::PendingPages(file_)
                                                         : access::PageImages());
@@ -268,7 +271,7 @@ class AccessStore : public Store {
   }
 
   std::string file_name_;
-  std::chrono::milliseconds timeout_;
+  Patience patience_;
   Durability durability_;
   access::CommitObserver observer_;
   FileWatch watch_;
@@ -286,10 +289,9 @@ bool LooksLikeAccess(std::string_view first_bytes) {
 }
 
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
-                                       std::chrono::milliseconds timeout,
-                                       access::CommitObserver observer) {
+                                       const Patience& patience, access::CommitObserver observer) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
-    return std::make_unique<AccessStore>(file_name, access, timeout, std::move(observer),
+    return std::make_unique<AccessStore>(file_name, access, patience, std::move(observer),
                                          Durability::AtOnce);
   });
 }

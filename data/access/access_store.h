@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,6 +8,7 @@
 #include "data/durability.h"
 #include "data/store.h"
 #include "data/store_access.h"
+#include "data/waiting.h"
 
 namespace veyra {
 
@@ -34,7 +34,7 @@ bool LooksLikeAccess(std::string_view first_bytes);
 /// Throws DatabaseError when the file is missing, no Access database, of a newer version, protected
 /// by a password or damaged, or for ReadWrite one that may not be written to.
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
-                                       std::chrono::milliseconds timeout = kStoreTimeout,
+                                       const Patience& patience = {},
                                        access::CommitObserver observer = {});
 
 /// Opens for reading and writing a database that CreateAccessFile has just made and nobody else

@@ -8,7 +8,9 @@
 #include <system_error>
 #include <utility>
 
+#include "data/errors.h"
 #include "data/sqlite/sqlite_errors.h"
+#include "data/sqlite/trouble.h"
 
 namespace veyra::sqlite {
 
@@ -30,11 +32,16 @@ int TakeNumber(void* number, int, char** columns, char**) {
   return 0;
 }
 
+/// SQLite calls it whenever another program holds what it needs.
+int GoesOnWaiting(void* wait, int) {
+  return static_cast<Wait*>(wait)->GoOn() ? 1 : 0;
+}
+
 }  // namespace
 
 Database::Database(const std::string& location, std::string file, OpenMode mode,
-                   std::chrono::milliseconds timeout)
-    : file_(std::move(file)) {
+                   const Patience& patience)
+    : location_(location), file_(std::move(file)) {
   const int access = mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
   const int flags = access | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
   const int code = sqlite3_open_v2(location.c_str(), &handle_, flags, nullptr);
@@ -45,15 +52,16 @@ Database::Database(const std::string& location, std::string file, OpenMode mode,
   }
   sqlite3_extended_result_codes(handle_, 1);
   SetDefences(handle_);
-  SetTimeout(timeout);
+  SetPatience(patience);
 }
 
 Database::~Database() {
   sqlite3_close(handle_);
 }
 
-void Database::SetTimeout(std::chrono::milliseconds timeout) {
-  sqlite3_busy_timeout(handle_, static_cast<int>(timeout.count()));
+void Database::SetPatience(const Patience& patience) {
+  wait_ = std::make_unique<Wait>(patience);
+  sqlite3_busy_handler(handle_, GoesOnWaiting, wait_.get());
 }
 
 void Database::Execute(const std::string& sql) {
@@ -69,6 +77,14 @@ std::string Database::FirstBytes(std::size_t count) {
 }
 
 void Database::CheckWhole() {
+  try {
+    ReadAsWhole();
+  } catch (const PassingTrouble&) {
+    ReadAsWhole();
+  }
+}
+
+void Database::ReadAsWhole() {
   Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
   std::int64_t whole_size = 0;
   Check(sqlite3_exec(handle_,
@@ -97,7 +113,24 @@ sqlite3_file* Database::MainFile() {
   return file;
 }
 
+sqlite3_file* Database::OpenFile() {
+  sqlite3_file* file = nullptr;
+  const int code = sqlite3_file_control(handle_, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  return code == SQLITE_OK ? file : nullptr;
+}
+
 void Database::Check(int code) {
+  EndWait();
+  if (IsBusy(code) && wait_->WasCancelled()) {
+    throw WaitCancelledError({file_, "Another program is using the file.",
+                              "You did not want to wait. Try again when it has finished."});
+  }
+  if (LooksDamaged(code)) {
+    ThrowForDamage(location_, file_, code, OpenFile());
+  }
+  if (IsForFullDisk(handle_, file_, code)) {
+    ThrowError(file_, SQLITE_FULL, {});
+  }
   if (code != SQLITE_OK) ThrowError(file_, code, sqlite3_errmsg(handle_));
 }
 

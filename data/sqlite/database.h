@@ -1,8 +1,10 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
+#include <memory>
 #include <string>
+
+#include "data/waiting.h"
 
 struct sqlite3;
 struct sqlite3_file;
@@ -17,8 +19,7 @@ class Database {
   /// Opens the file. `location` is its absolute name, or a URI that begins with "file:"; `file` is
   /// the name to be used in reports. Throws DatabaseError; that the file is a sound database shows
   /// only when it is first read.
-  Database(const std::string& location, std::string file, OpenMode mode,
-           std::chrono::milliseconds timeout);
+  Database(const std::string& location, std::string file, OpenMode mode, const Patience& patience);
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -26,8 +27,8 @@ class Database {
   sqlite3* handle() const { return handle_; }
   const std::string& file() const { return file_; }
 
-  /// How long to wait from now on for another program to let go of the file.
-  void SetTimeout(std::chrono::milliseconds timeout);
+  /// How to wait from now on for another program to let go of the file.
+  void SetPatience(const Patience& patience);
 
   /// Runs statements that give no rows. Throws as ThrowError does.
   void Execute(const std::string& sql);
@@ -43,14 +44,22 @@ class Database {
   /// program or, as far as was noticed when the file was last read, by another.
   unsigned Version();
 
-  /// Throws what the result code stands for, unless it is SQLITE_OK.
+  /// To be told the result code of every call that may have waited, before it is looked at.
+  void EndWait() { wait_->End(); }
+
+  /// Throws what the result code stands for, unless it is SQLITE_OK; of one that says the file is
+  /// damaged, what is found to be true.
   void Check(int code);
 
  private:
+  void ReadAsWhole();
   sqlite3_file* MainFile();
+  sqlite3_file* OpenFile();
 
   sqlite3* handle_ = nullptr;
+  std::string location_;
   std::string file_;
+  std::unique_ptr<Wait> wait_;
 };
 
 /// A change of several statements that is carried out whole or not at all. It takes the write lock

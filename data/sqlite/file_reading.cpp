@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "data/errors.h"
@@ -100,8 +99,8 @@ class Reading : public FileReading {
   bool HasChanged() const override { return FilesState(file_) != before_; }
 
  protected:
-  void Open(const std::string& location, OpenMode mode, milliseconds timeout) {
-    reader_ = std::make_unique<Reader>(std::make_unique<Database>(location, file_, mode, timeout));
+  void Open(const std::string& location, OpenMode mode, const Patience& patience) {
+    reader_ = std::make_unique<Reader>(std::make_unique<Database>(location, file_, mode, patience));
   }
 
   void Close() { reader_.reset(); }
@@ -117,9 +116,9 @@ class Reading : public FileReading {
 class LockedReading : public Reading {
  public:
   LockedReading(const std::string& name, const FilesState& before, const std::string& location,
-                milliseconds timeout)
+                const Patience& patience)
       : Reading(name, before) {
-    Open(location, OpenMode::ReadOnly, timeout);
+    Open(location, OpenMode::ReadOnly, patience);
   }
 
   bool IsUnlocked() const override { return false; }
@@ -159,12 +158,12 @@ class PrivateFolder {
 
 class CopyReading : public Reading {
  public:
-  CopyReading(const std::string& name, const FilesState& before, milliseconds timeout)
+  CopyReading(const std::string& name, const FilesState& before, const Patience& patience)
       : Reading(name, before) {
     const std::string copy = folder_.File("copy");
     fs::copy_file(file(), copy);
     fs::copy_file(LogOf(file()), LogOf(copy));
-    Open(copy, OpenMode::ReadWrite, timeout);
+    Open(copy, OpenMode::ReadWrite, patience);
   }
   ~CopyReading() override { Close(); }  // Before the folder goes.
 
@@ -175,9 +174,9 @@ class CopyReading : public Reading {
 };
 
 std::unique_ptr<FileReading> OpenCopy(const std::string& file, const FilesState& before,
-                                      milliseconds timeout) {
+                                      const Patience& patience) {
   try {
-    return std::make_unique<CopyReading>(file, before, timeout);
+    return std::make_unique<CopyReading>(file, before, patience);
   } catch (const fs::filesystem_error& error) {
     throw DatabaseError({file,
                          "The file has a log beside it, and could not be copied to be read: " +
@@ -186,44 +185,43 @@ std::unique_ptr<FileReading> OpenCopy(const std::string& file, const FilesState&
   }
 }
 
-bool HasLog(const std::string& file, milliseconds timeout) {
-  return Database(file, file, OpenMode::ReadOnly, timeout)
+bool HasLog(const std::string& file, const Patience& patience) {
+  return Database(file, file, OpenMode::ReadOnly, patience)
              .FirstBytes(kWriteVersion + 1)[kWriteVersion] == kWithLog;
 }
 
 /// Opens the file as its state asks for; null when it was written to so recently that a change
 /// while it is read without locks could go unnoticed.
 std::unique_ptr<FileReading> OpenByState(const std::string& file, const FilesState& state,
-                                         milliseconds timeout) {
-  if (!HasLog(file, timeout)) {
-    return std::make_unique<LockedReading>(file, state, file, timeout);
+                                         const Patience& patience) {
+  if (!HasLog(file, patience)) {
+    return std::make_unique<LockedReading>(file, state, file, patience);
   }
   if (state.Log != FileState() && state.Index != 0) {
-    return std::make_unique<LockedReading>(file, state, Uri(file, "readonly_shm=1"), timeout);
+    return std::make_unique<LockedReading>(file, state, Uri(file, "readonly_shm=1"), patience);
   }
   if (IsJustWritten(state)) return nullptr;
   if (state.Log.Size == 0) return std::make_unique<UnlockedReading>(file, state);
-  return OpenCopy(file, state, timeout);
+  return OpenCopy(file, state, patience);
 }
 
 }  // namespace
 
-std::unique_ptr<FileReading> OpenForReading(const std::string& file, milliseconds timeout,
-                                            steady_clock::time_point deadline) {
+std::unique_ptr<FileReading> OpenForReading(const std::string& file, const Patience& patience,
+                                            steady_clock::time_point deadline, Wait& wait) {
   while (true) {
     const FilesState state(file);
     try {
-      if (auto reading = OpenByState(file, state, timeout)) return reading;
+      if (auto reading = OpenByState(file, state, patience)) return reading;
     } catch (const DatabaseError&) {
       // A log or index may have been removed between the look at it and its opening.
       if (FilesState(file) == state || steady_clock::now() >= deadline) throw;
       continue;
     }
-    if (steady_clock::now() >= deadline) {
+    if (steady_clock::now() >= deadline || !wait.GoOn()) {
       throw DatabaseBusyError({file, "Another program is writing to the file all the time.",
                                "Wait until the other program has finished, and try again."});
     }
-    std::this_thread::sleep_for(kClockStep);
   }
 }
 

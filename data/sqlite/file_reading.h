@@ -5,6 +5,7 @@
 #include <string>
 
 #include "data/sqlite/reader.h"
+#include "data/waiting.h"
 
 namespace veyra::sqlite {
 
@@ -34,9 +35,10 @@ class FileReading {
 ///   a log without its index            read from a private copy
 ///
 /// Throws as ThrowError does, DatabaseBusyError when the files are changed so often that they
-/// cannot be read without locks until `deadline`. REQUIRES: the name is absolute.
-std::unique_ptr<FileReading> OpenForReading(const std::string& file,
-                                            std::chrono::milliseconds timeout,
-                                            std::chrono::steady_clock::time_point deadline);
+/// cannot be read without locks until `deadline` or the end of `wait`. REQUIRES: the name is
+/// absolute.
+std::unique_ptr<FileReading> OpenForReading(const std::string& file, const Patience& patience,
+                                            std::chrono::steady_clock::time_point deadline,
+                                            Wait& wait);
 
 }  // namespace veyra::sqlite

@@ -1,7 +1,7 @@
 #include "data/sqlite/read_only_store.h"
 
+#include <chrono>
 #include <functional>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -15,8 +15,6 @@ namespace veyra::sqlite {
 namespace {
 
 using std::chrono::steady_clock;
-
-constexpr std::chrono::milliseconds kShortWait{5};
 
 /// The rows of a file that cannot change while they are read.
 class OpenRows : public RowSource {
@@ -51,8 +49,8 @@ class HeldRows : public RowSource {
 
 class ReadOnlyStore : public Store {
  public:
-  ReadOnlyStore(std::string file, std::chrono::milliseconds timeout)
-      : file_(std::move(file)), timeout_(timeout) {}
+  ReadOnlyStore(std::string file, Patience patience)
+      : file_(std::move(file)), patience_(std::move(patience)) {}
 
   /// Throws when the file is locked, damaged or cut short.
   void CheckWhole() {
@@ -103,19 +101,23 @@ class ReadOnlyStore : public Store {
 
   /// Puts the question until the file stood still while it was answered.
   void Ask(const Question& question) {
-    const auto deadline = steady_clock::now() + timeout_;
-    while (!IsAnswered(question, deadline)) {
+    const auto deadline = steady_clock::now() + patience_.Timeout;
+    Wait wait(patience_);
+    while (!IsAnswered(question, deadline, wait)) {
     }
   }
 
-  bool IsAnswered(const Question& question, steady_clock::time_point deadline) {
-    const std::shared_ptr<FileReading> reading = OpenForReading(file_, timeout_, deadline);
+  bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait) {
+    const std::shared_ptr<FileReading> reading = OpenForReading(file_, patience_, deadline, wait);
     try {
       question(reading);
+    } catch (const WaitCancelledError&) {
+      throw;
     } catch (const DatabaseBusyError&) {
       // The other program is setting up its log, or SQLite has waited for it till the deadline.
-      if (steady_clock::now() >= deadline) throw;
-      std::this_thread::sleep_for(kShortWait);
+      if (steady_clock::now() >= deadline || !wait.GoOn()) {
+        throw;
+      }
       return false;
     } catch (const DatabaseError&) {
       // What was read while the file changed need not make sense: then it is asked again.
@@ -128,13 +130,13 @@ class ReadOnlyStore : public Store {
   [[noreturn]] void Refuse() const { throw OpenedForReadingOnly(file_); }
 
   std::string file_;
-  std::chrono::milliseconds timeout_;
+  Patience patience_;
 };
 
 }  // namespace
 
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout) {
-  auto store = std::make_unique<ReadOnlyStore>(file, timeout);
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, const Patience& patience) {
+  auto store = std::make_unique<ReadOnlyStore>(file, patience);
   store->CheckWhole();
   return store;
 }

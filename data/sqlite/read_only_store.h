@@ -1,10 +1,10 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
 #include "data/store.h"
+#include "data/waiting.h"
 
 namespace veyra::sqlite {
 
@@ -14,6 +14,6 @@ namespace veyra::sqlite {
 /// opened anew for each question and closed after it: this program never stands in the other one's
 /// way, and always answers with what is there now.
 /// REQUIRES: the file exists; its name is absolute.
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, std::chrono::milliseconds timeout);
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, const Patience& patience);
 
 }  // namespace veyra::sqlite

@@ -4,6 +4,7 @@
 
 #include "data/errors.h"
 #include "data/sqlite/sql_text.h"
+#include "data/sqlite/trouble.h"
 
 namespace veyra::sqlite {
 
@@ -40,6 +41,14 @@ Reader::Reader(std::unique_ptr<Database> database)
       catalogue_(*database_, statements_) {}
 
 std::unique_ptr<RowSource> Reader::Select(const Query& query) {
+  try {
+    return SelectNow(query);
+  } catch (const PassingTrouble&) {
+    return SelectNow(query);
+  }
+}
+
+std::unique_ptr<RowSource> Reader::SelectNow(const Query& query) {
   while (true) {
     try {
       auto rows = Run(query);

@@ -21,10 +21,12 @@ class Reader {
   StatementCache& statements() { return statements_; }
   const std::string& file() const { return database_->file(); }
 
-  /// The rows of the query, which must be dropped before the reader is.
+  /// The rows of the query, which must be dropped before the reader is. When the disk fails it is
+  /// asked once more.
   std::unique_ptr<RowSource> Select(const Query& query);
 
  private:
+  std::unique_ptr<RowSource> SelectNow(const Query& query);
   std::unique_ptr<RowSource> Run(const Query& query);
 
   std::unique_ptr<Database> database_;

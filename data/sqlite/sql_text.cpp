@@ -196,4 +196,9 @@ std::string AddColumnSql(const Table& table, const ColumnDefinition& column) {
   return "ALTER TABLE " + Quoted(table.Name) + " ADD COLUMN " + ColumnText(column);
 }
 
+std::string CopyFieldSql(const Table& table, const std::string& column, const CopiedField& copied) {
+  return "UPDATE " + Quoted(table.Name) + " SET " + Quoted(column) + " = " + Quoted(copied.From) +
+         " WHERE " + Quoted(copied.RowKey) + " = ?";
+}
+
 }  // namespace veyra::sqlite

@@ -39,4 +39,7 @@ std::string CreateTableSql(const TableDefinition& definition);
 std::string CreateIndexSql(const std::string& table, const IndexDefinition& index);
 std::string AddColumnSql(const Table& table, const ColumnDefinition& column);
 
+/// Sets a column to what another holds, in the row that the parameter tells.
+std::string CopyFieldSql(const Table& table, const std::string& column, const CopiedField& copied);
+
 }  // namespace veyra::sqlite

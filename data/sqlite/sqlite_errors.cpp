@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "data/errors.h"
+#include "data/sqlite/trouble.h"
 
 namespace veyra::sqlite {
 
@@ -34,7 +35,7 @@ Words WordsFor(int code, const std::string& detail) {
     case SQLITE_CORRUPT:
       return {"The file is damaged or was cut short.", kBackup};
     case SQLITE_NOTADB:
-      return {"The file is no database, or it is damaged or locked with a password.", kBackup};
+      return {"The file is not a database, or it is damaged or locked with a password.", kBackup};
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
@@ -51,14 +52,14 @@ Words WordsFor(int code, const std::string& detail) {
   }
 }
 
+}  // namespace
+
 bool IsBusy(int code) {
   const int primary = code & 0xFF;
   // The two read-only codes: the other program is just setting up its log.
   return code == SQLITE_READONLY_CANTINIT || code == SQLITE_READONLY_RECOVERY ||
          primary == SQLITE_BUSY || primary == SQLITE_LOCKED || primary == SQLITE_PROTOCOL;
 }
-
-}  // namespace
 
 void ThrowError(const std::string& file, int code, const std::string& detail) {
   if (IsBusy(code)) {
@@ -67,6 +68,9 @@ void ThrowError(const std::string& file, int code, const std::string& detail) {
                              "again."});
   }
   const Words words = WordsFor(code, detail);
+  if ((code & 0xFF) == SQLITE_IOERR) {
+    throw PassingTrouble({file, words.Cause, words.Advice});
+  }
   throw DatabaseError({file, words.Cause, words.Advice});
 }
 

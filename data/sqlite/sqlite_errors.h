@@ -4,6 +4,9 @@
 
 namespace veyra::sqlite {
 
+/// Whether a result code of SQLite says that another program holds the file.
+bool IsBusy(int code);
+
 /// Throws the failure that a result code of SQLite stands for, in words for the operator:
 /// DatabaseBusyError when another program holds the file, DatabaseError for everything else.
 /// `detail` is SQLite's own message; it is shown only where no better words are known.

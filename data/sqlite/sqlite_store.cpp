@@ -57,6 +57,7 @@ class SqliteStore : public Store {
   }
 
   const Table& FindForWriting(const std::string& name);
+  void InsertRow(const Table& table, const FieldValues& fields);
   void Run(std::string sql, const std::vector<Value>& parameters);
   bool ReadRow(const Table& table, RowKey key, Row& row);
   void CheckUnchanged(const Table& table, const Row& before);
@@ -98,9 +99,7 @@ void SqliteStore::CheckUnchanged(const Table& table, const Row& before) {
   if (now.Values != before.Values) throw RowChanged(FileName(), table.Name);
 }
 
-Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
-  Transaction transaction(ForChange());
-  const Table& table = FindForWriting(table_name);
+void SqliteStore::InsertRow(const Table& table, const FieldValues& fields) {
   std::vector<Value> by_column(table.Columns.size());
   for (const auto& [name, value] : fields) by_column[ColumnIndex(FileName(), table, name)] = value;
   std::vector<Value> stored;
@@ -108,6 +107,12 @@ Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields
     if (!table.Computed[i]) stored.push_back(std::move(by_column[i]));
   }
   Run(InsertSql(table), stored);
+}
+
+Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
+  Transaction transaction(ForChange());
+  const Table& table = FindForWriting(table_name);
+  InsertRow(table, fields);
   Row row;
   ReadRow(table, sqlite3_last_insert_rowid(reader_.database().handle()), row);
   transaction.Commit();
@@ -149,6 +154,9 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
   for (const IndexDefinition& index : definition.Indexes) {
     reader_.database().Execute(CreateIndexSql(definition.Name, index));
   }
+  for (const FieldValues& fields : definition.FirstRows) {
+    InsertRow(FindForWriting(definition.Name), fields);
+  }
   transaction.Commit();
 }
 
@@ -159,34 +167,37 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
     throw ColumnExists(FileName(), table.Name, column.Name);
   }
   reader_.database().Execute(AddColumnSql(table, column));
+  if (column.Copied) {
+    Run(CopyFieldSql(table, column.Name, *column.Copied), {column.Copied->Row});
+  }
   transaction.Commit();
 }
 
 /// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,
 /// or another program that is reading just now, leaves the file with its rollback journal: as safe,
 /// only slower. So a refusal is no failure, and is not waited for.
-void MakeDurable(Database& database, std::chrono::milliseconds timeout) {
-  database.SetTimeout(kNoWait);
+void MakeDurable(Database& database, const Patience& patience) {
+  database.SetPatience(kNoWait);
   sqlite3_exec(database.handle(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
-  database.SetTimeout(timeout);
+  database.SetPatience(patience);
   database.Execute("PRAGMA synchronous = FULL");
 }
 
-std::unique_ptr<Database> OpenDurable(const std::string& file, std::chrono::milliseconds timeout) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
+std::unique_ptr<Database> OpenDurable(const std::string& file, const Patience& patience) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, patience);
   database->CheckWhole();
-  MakeDurable(*database, timeout);
+  MakeDurable(*database, patience);
   return database;
 }
 
 }  // namespace
 
-std::unique_ptr<Store> OpenReadWrite(const std::string& file, std::chrono::milliseconds timeout) {
-  return std::make_unique<SqliteStore>(OpenDurable(file, timeout));
+std::unique_ptr<Store> OpenReadWrite(const std::string& file, const Patience& patience) {
+  return std::make_unique<SqliteStore>(OpenDurable(file, patience));
 }
 
-std::unique_ptr<Store> OpenAlone(const std::string& file, std::chrono::milliseconds timeout) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, timeout);
+std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patience) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, patience);
   database->Execute("PRAGMA locking_mode = EXCLUSIVE");
   // In that mode the lock that a change takes is kept when the change is done.
   database->Execute("BEGIN EXCLUSIVE");
@@ -195,11 +206,10 @@ std::unique_ptr<Store> OpenAlone(const std::string& file, std::chrono::milliseco
   return std::make_unique<SqliteStore>(std::move(database));
 }
 
-std::unique_ptr<Store> OpenNew(const std::string& file, std::chrono::milliseconds timeout,
-                               bool durable) {
+std::unique_ptr<Store> OpenNew(const std::string& file, const Patience& patience, bool durable) {
   // The first thing written turns an empty file into a database.
-  Database(file, file, OpenMode::ReadWrite, timeout).Execute("PRAGMA user_version = 1");
-  auto database = OpenDurable(file, timeout);
+  Database(file, file, OpenMode::ReadWrite, patience).Execute("PRAGMA user_version = 1");
+  auto database = OpenDurable(file, patience);
   if (!durable) database->Execute("PRAGMA synchronous = OFF");
   return std::make_unique<SqliteStore>(std::move(database));
 }

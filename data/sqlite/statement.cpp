@@ -48,6 +48,7 @@ void Statement::BindOne(int parameter, const Value& value) {
 
 bool Statement::Step() {
   const int code = sqlite3_step(statement_);
+  database_.EndWait();
   if (code == SQLITE_ROW) return true;
   if (code != SQLITE_DONE) database_.Check(code);
   return false;

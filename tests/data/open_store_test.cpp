@@ -108,7 +108,7 @@ TEST_F(OpenStoreTest, ReportsAFileOfOneByte) {
 
 TEST_F(OpenStoreTest, ReportsAHeadWithNonsenseAfterIt) {
   folder_.Write("Calendar.mdb", std::string("SQLite format 3\0", 16) + std::string(5000, 'x'));
-  EXPECT_EQ("The file is no database, or it is damaged or locked with a password.", Cause());
+  EXPECT_EQ("The file is not a database, or it is damaged or locked with a password.", Cause());
 }
 
 TEST_F(OpenStoreTest, ReportsAFileCutShortByAPage) {

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace veyra::access {
 
@@ -28,7 +29,14 @@ class DamagedFile : public FileProblem {
 /// Another program holds the file.
 class FileBusy : public FileProblem {
  public:
-  using FileProblem::FileProblem;
+  FileBusy(const std::string& cause, std::string advice, bool is_cancelled = false)
+      : FileProblem(cause, std::move(advice)), is_cancelled_(is_cancelled) {}
+
+  /// Whether the operator has ended the wait for it.
+  bool IsCancelled() const { return is_cancelled_; }
+
+ private:
+  bool is_cancelled_;
 };
 
 /// What every kind of store reports in the same words.

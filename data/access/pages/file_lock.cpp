@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <thread>
 
 #include "data/access/format/problem.h"
 
@@ -14,7 +13,6 @@ namespace {
 
 constexpr off_t kChangeByte = 0x1'0000'0000;
 constexpr off_t kUseByte = kChangeByte + 1;
-constexpr std::chrono::milliseconds kPause{5};
 
 using Kind = FileLock::Kind;
 
@@ -26,7 +24,11 @@ short TypeOf(Kind kind) {
   return kind == Kind::Writing || kind == Kind::Alone ? F_WRLCK : F_RDLCK;
 }
 
-FileBusy Refusal(Kind kind) {
+FileBusy Refusal(Kind kind, bool is_cancelled) {
+  if (is_cancelled) {
+    return {"Another program is using the file.",
+            "You did not want to wait. Try again when it has finished.", true};
+  }
   if (kind == Kind::Alone) {
     return {"Another program has the database open.", "Close it there and try again."};
   }
@@ -53,12 +55,13 @@ bool IsHeldByAnother(int error) {
 
 }  // namespace
 
-FileLock::FileLock(int descriptor, Kind kind, std::chrono::milliseconds timeout)
+FileLock::FileLock(int descriptor, Kind kind, const Patience& patience)
     : descriptor_(descriptor), kind_(kind) {
-  const auto give_up = std::chrono::steady_clock::now() + timeout;
+  Wait wait(patience);
   while (IsHeldByAnother(SetLock(descriptor_, TypeOf(kind), ByteOf(kind)))) {
-    if (std::chrono::steady_clock::now() >= give_up) throw Refusal(kind);
-    std::this_thread::sleep_for(kPause);
+    if (!wait.GoOn()) {
+      throw Refusal(kind, wait.WasCancelled());
+    }
   }
 }
 

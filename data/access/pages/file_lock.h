@@ -1,6 +1,6 @@
 #pragma once
 
-#include <chrono>
+#include "data/waiting.h"
 
 namespace veyra::access {
 
@@ -16,9 +16,9 @@ class FileLock {
     Alone,    ///< or by one that lets no other open it so.
   };
 
-  /// Waits until the lock is free. Throws FileBusy when it is not within `timeout`. On a file
-  /// system that knows no locks nothing is locked.
-  FileLock(int descriptor, Kind kind, std::chrono::milliseconds timeout);
+  /// Waits until the lock is free. Throws FileBusy when it is not as long as `patience` goes. On a
+  /// file system that knows no locks nothing is locked.
+  FileLock(int descriptor, Kind kind, const Patience& patience);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;

@@ -5,11 +5,14 @@
 
 #include "data/access/read/catalogue.h"
 #include "data/access/read/cell.h"
+#include "data/access/read/condition.h"
 #include "data/access/read/table_image.h"
+#include "data/access/read/table_rows.h"
 #include "data/access/write/definition_writer.h"
 #include "data/access/write/index_key.h"
 #include "data/access/write/long_writer.h"
 #include "data/access/write/new_table.h"
+#include "data/access/write/row_changes.h"
 #include "data/access/write/system_tables.h"
 #include "data/access/write/table_writer.h"
 #include "data/access/write/usage_map_writer.h"
@@ -59,18 +62,38 @@ void PlaceLast(ColumnLayout& column, const TableLayout& table) {
   }
 }
 
-void FillColumn(PageChanges& pages, PageNumber definition, const ColumnLayout& column,
-                const Value& value) {
+/// What a new column holds in a row: its default, or what it copies.
+Value ValueInRow(const ColumnDefinition& column, const TableLayout& table,
+                 const std::vector<Value>& row) {
+  if (column.Copied &&
+      ToInteger(row[PlaceOfColumn(table, column.Copied->RowKey)]) == column.Copied->Row) {
+    return row[PlaceOfColumn(table, column.Copied->From)];
+  }
+  return column.Default;
+}
+
+void FillColumn(PageChanges& pages, PageNumber definition, const ColumnLayout& layout,
+                const ColumnDefinition& column) {
   TableWriter writer(pages, definition);
+  const TableLayout& table = writer.Layout();
   const TableImage image(pages, definition);
-  const std::size_t place = writer.Layout().FindColumn(column.Name);
+  const std::size_t place = table.FindColumn(layout.Name);
   for (std::size_t i = 0; i < image.RowCount(); ++i) {
-    RawRow row = RawColumns(image.View(i), writer.Layout());
-    row[place] = EncodeValue(value, column);
-    if (row[place] && column.IsLong()) {
-      row[place] = StoreLong(pages, writer.Layout(), column, *row[place]);
+    const RowView view = image.View(i);
+    RawRow row = RawColumns(view, table);
+    row[place] =
+        EncodeValue(ValueInRow(column, table, ReadValues(CellReader(pages), view, table)), layout);
+    if (row[place] && layout.IsLong()) {
+      row[place] = StoreLong(pages, table, layout, *row[place]);
     }
     writer.Update(HomeOf(image.Key(i)), row);
+  }
+}
+
+void AddFirstRows(PageChanges& pages, PageNumber table, const std::vector<FieldValues>& rows) {
+  for (const FieldValues& fields : rows) {
+    TableWriter writer(pages, table);
+    InsertRow(pages, writer, fields);
   }
 }
 
@@ -93,6 +116,7 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   table.Page = TakePage(pages);
   WriteTable(pages, table);
   EnterInCatalogue(pages, definition.Name, table.Page);
+  AddFirstRows(pages, table.Page, definition.FirstRows);
 }
 
 void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition& column) {
@@ -114,8 +138,8 @@ void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition
   } else {
     AppendColumn(pages, table, layout, nullptr);
   }
-  if (!IsNull(column.Default)) {
-    FillColumn(pages, definition, layout, column.Default);
+  if (!IsNull(column.Default) || column.Copied) {
+    FillColumn(pages, definition, layout, column);
   }
 }
 

@@ -7,13 +7,14 @@
 
 namespace veyra::access {
 
-/// Makes a table and enters it in the catalogue. Indexes on texts are left out. Throws FileProblem
+/// Makes a table with its first rows and enters it in the catalogue. Indexes on texts are left out.
+/// Throws FileProblem
 /// when there is a table of that name, or when the name has other signs than ASCII letters and
 /// digits.
 void CreateTable(PageChanges& pages, const TableDefinition& definition);
 
-/// Adds a column to a table of the catalogue, and sets it in every row where it has a default.
-/// Throws FileProblem when there is one of that name.
+/// Adds a column to a table of the catalogue, and sets it in every row where it has a default, in
+/// the one row to what it copies. Throws FileProblem when there is one of that name.
 void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition& column);
 
 }  // namespace veyra::access

@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"DiskFull", SQLITE_FULL, "The disk is full"},
         Failure{"DiskFailure", SQLITE_IOERR_WRITE, "The disk reported a failure"},
         Failure{"Damaged", SQLITE_CORRUPT, "The file is damaged or was cut short."},
-        Failure{"NoDatabase", SQLITE_NOTADB, "The file is no database"},
+        Failure{"NoDatabase", SQLITE_NOTADB, "The file is not a database"},
         Failure{"CannotOpen", SQLITE_CANTOPEN_ISDIR, "The file cannot be opened"},
         Failure{"NoMemory", SQLITE_NOMEM, "The computer has run out of memory."},
         Failure{"RuleOfTheFile", SQLITE_CONSTRAINT_NOTNULL,

@@ -1,0 +1,88 @@
+#include "data/explaining_store.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/names.h"
+
+namespace veyra {
+
+ExplainingStore::ExplainingStore(std::unique_ptr<Store> store, std::vector<NamedItem> items,
+                                 Report failure)
+    : store_(std::move(store)), items_(std::move(items)), failure_(std::move(failure)) {}
+
+bool ExplainingStore::Concerns(const MissingItemError& missing) const {
+  return std::any_of(items_.begin(), items_.end(), [&](const NamedItem& item) {
+    return SameName(item.Table, missing.Table()) &&
+           (item.Column.empty() || SameName(item.Column, missing.Column()));
+  });
+}
+
+MissingItemError ExplainingStore::Explained(const MissingItemError& missing) const {
+  if (!Concerns(missing)) {
+    return missing;
+  }
+  return MissingItemError(
+      {missing.report().File,
+       missing.report().Cause + " The program adds it when it starts, but could not do so. " +
+           failure_.Cause,
+       failure_.Advice + " It is added at the next start."},
+      missing.Table(), missing.Column());
+}
+
+template <typename Work>
+auto ExplainingStore::Explaining(const Work& work) const {
+  try {
+    return work();
+  } catch (const MissingItemError& missing) {
+    throw Explained(missing);
+  }
+}
+
+const std::string& ExplainingStore::FileName() const {
+  return store_->FileName();
+}
+
+std::vector<std::string> ExplainingStore::TableNames() {
+  return store_->TableNames();
+}
+
+std::vector<std::string> ExplainingStore::ColumnNames(const std::string& table) {
+  return Explaining([&] { return store_->ColumnNames(table); });
+}
+
+StoreDescription ExplainingStore::Describe() {
+  return store_->Describe();
+}
+
+std::unique_ptr<RowSource> ExplainingStore::Select(const Query& query) {
+  return Explaining([&] { return store_->Select(query); });
+}
+
+Row ExplainingStore::Insert(const std::string& table, const FieldValues& fields) {
+  return Explaining([&] { return store_->Insert(table, fields); });
+}
+
+Row ExplainingStore::Update(const std::string& table, const Row& before,
+                            const FieldValues& fields) {
+  return Explaining([&] { return store_->Update(table, before, fields); });
+}
+
+void ExplainingStore::Delete(const std::string& table, const Row& before) {
+  Explaining([&] { store_->Delete(table, before); });
+}
+
+void ExplainingStore::CreateTable(const TableDefinition& definition) {
+  store_->CreateTable(definition);
+}
+
+void ExplainingStore::AddColumn(const std::string& table, const ColumnDefinition& column) {
+  Explaining([&] { store_->AddColumn(table, column); });
+}
+
+MissingItemError ExplainingStore::NoSuchColumn(const std::string& table,
+                                               const std::string& column) const {
+  return Explained(store_->NoSuchColumn(table, column));
+}
+
+}  // namespace veyra

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/errors.h"
+#include "data/store.h"
+
+namespace veyra {
+
+/// A table with all its columns, or where a column is named that one.
+struct NamedItem {
+  std::string Table;
+  std::string Column = {};
+};
+
+/// A store whose file could not be brought up to date. What fails in it because one of these items
+/// is missing is reported with the reason why that could not be made, and what to do about it.
+class ExplainingStore : public Store {
+ public:
+  /// `failure` is the report of the attempt to make what is missing.
+  ExplainingStore(std::unique_ptr<Store> store, std::vector<NamedItem> items, Report failure);
+
+  const std::string& FileName() const override;
+  std::vector<std::string> TableNames() override;
+  std::vector<std::string> ColumnNames(const std::string& table) override;
+  StoreDescription Describe() override;
+  std::unique_ptr<RowSource> Select(const Query& query) override;
+  Row Insert(const std::string& table, const FieldValues& fields) override;
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
+  void Delete(const std::string& table, const Row& before) override;
+  void CreateTable(const TableDefinition& definition) override;
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+  MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const override;
+
+ private:
+  template <typename Work>
+  auto Explaining(const Work& work) const;
+  bool Concerns(const MissingItemError& missing) const;
+  MissingItemError Explained(const MissingItemError& missing) const;
+
+  std::unique_ptr<Store> store_;
+  std::vector<NamedItem> items_;
+  Report failure_;
+};
+
+}  // namespace veyra

@@ -1,13 +1,12 @@
 #include "tools/file_moves.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <system_error>
 
 #include "data/errors.h"
+#include "data/posix_file.h"
 
 namespace fs = std::filesystem;
 
@@ -39,33 +38,20 @@ fs::path KeepUnderFreeName(const fs::path& file, Date day, const fs::path& works
 
 void Replace(const fs::path& fresh, const fs::path& file) {
   if (::rename(fresh.c_str(), file.c_str()) != 0) {
-    throw FileError({file.string(), "The new file could not be put there: " + Reason(errno) + ".",
+    throw FileError({file.string(),
+                     "The new file could not be put there: " + SystemErrorText(errno) + ".",
                      kKeepAdvice});
   }
 }
 
 }  // namespace
 
-std::string Reason(int error_number) {
-  return std::generic_category().message(error_number);
-}
-
-int RenameWithoutReplacing(const fs::path& from, const fs::path& to) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  if (errno != EINVAL) return errno;
-  // A file system that knows no such flag.
-  if (fs::exists(fs::symlink_status(to))) return EEXIST;
-  return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
-}
-
 void Flush(const fs::path& path) {
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const bool flushed = descriptor >= 0 && ::fsync(descriptor) == 0;
-  const int error = flushed ? 0 : errno;
-  if (descriptor >= 0) ::close(descriptor);
-  // EINVAL comes from file systems that have nothing to flush for a folder.
-  if (!flushed && error != EINVAL) {
-    throw FileError({path.string(), "It could not be saved to the disk: " + Reason(error) + ".",
+  try {
+    FlushByName(path);
+  } catch (const PosixFileError& failure) {
+    throw FileError({path.string(),
+                     std::string("It could not be saved to the disk: ") + failure.what() + ".",
                      "Nothing was changed. Check that the disk has room."});
   }
 }
@@ -80,8 +66,8 @@ int CopyWithoutReplacing(const fs::path& from, const fs::path& to, const fs::pat
     error = RenameWithoutReplacing(copy, to);
   }
   if (error != 0 && error != EEXIST) {
-    throw FileError(
-        {to.string(), "The old file could not be kept: " + Reason(error) + ".", kKeepAdvice});
+    throw FileError({to.string(), "The old file could not be kept: " + SystemErrorText(error) + ".",
+                     kKeepAdvice});
   }
   return error;
 }

@@ -7,12 +7,6 @@
 
 namespace veyra {
 
-/// What the system says of an error number: "No space left on device".
-std::string Reason(int error_number);
-
-/// Renames, and returns 0 or the error number: EEXIST when there is something named `to` already.
-int RenameWithoutReplacing(const std::filesystem::path& from, const std::filesystem::path& to);
-
 /// Waits until a file, or the names in a folder, are on the disk. Throws FileError.
 void Flush(const std::filesystem::path& path);
 

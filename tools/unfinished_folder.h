@@ -6,28 +6,38 @@
 
 namespace veyra {
 
-/// A folder inside another one, in which files are made that must appear there whole or not at all.
-/// It goes when this object does, and with it whatever was not moved out.
+/// A folder in which files are made that must appear in another one whole or not at all. It goes
+/// when this object does, and with it whatever was not moved out.
+///
+/// One that a program left when it was killed, ".unfinished-XXXXXX", is removed by the next program
+/// that makes one in the same place; one whose program is still alive is let be.
 class UnfinishedFolder {
  public:
-  /// Makes `parent` and the folders above it when they are not there; such folders go again with
-  /// this object unless MoveOut has succeeded. Throws FileError when a folder cannot be made.
-  explicit UnfinishedFolder(const std::filesystem::path& parent);
+  /// A folder for files that are to appear in `target`. Where that is missing it is made by
+  /// MoveOut, and the folders above it here; such folders go again with this object unless MoveOut
+  /// has succeeded. Throws FileError when a folder cannot be made.
+  explicit UnfinishedFolder(const std::filesystem::path& target);
   ~UnfinishedFolder();
   UnfinishedFolder(const UnfinishedFolder&) = delete;
   UnfinishedFolder& operator=(const UnfinishedFolder&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
 
-  /// Moves these files of path(), which nobody has open, into the parent. When it returns they are
+  /// Moves these files of path(), which nobody has open, into the target. When it returns they are
   /// on the disk, safe from a loss of power. Never replaces a file there: throws FileError when
-  /// that would be needed or a file cannot be moved, and then none of them has been.
+  /// that would be needed or a file cannot be moved, and then none of them has been. A target that
+  /// was missing appears with all of them in it; in another they appear one after the other.
   void MoveOut(const std::vector<std::string>& names);
 
  private:
-  std::filesystem::path parent_;
+  void MoveAsWhole();
+  void MoveEach(const std::vector<std::string>& names);
+
+  std::filesystem::path target_;
+  std::filesystem::path parent_;  ///< Of path_: the target, or while that is missing its parent.
   std::filesystem::path path_;
   std::filesystem::path topmost_made_;  ///< The highest folder that was made, or empty.
+  int owned_ = -1;                      ///< Keeps others from taking path_ for abandoned.
 };
 
 }  // namespace veyra

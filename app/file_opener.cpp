@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "data/file_name.h"
+#include "data/posix_file.h"
 #include "data/text.h"
 
 namespace veyra {
@@ -47,6 +48,9 @@ FileFailure FailureOf(int error_number, const std::filesystem::path& path) {
     case EMFILE:
     case ENFILE:
       return FileFailure::TooManyFiles;
+    case ENAMETOOLONG:
+      return FileFailure::BadFileName;
+    case ELOOP:
     case EACCES:
     case EPERM:
     case EROFS:
@@ -57,12 +61,26 @@ FileFailure FailureOf(int error_number, const std::filesystem::path& path) {
   }
 }
 
+/// What is there under the name must be an ordinary file: to open a pipe could last for ever.
+void RequireOrdinaryFile(const std::filesystem::path& path) {
+  std::error_code error;
+  switch (std::filesystem::status(path, error).type()) {
+    case std::filesystem::file_type::not_found:
+    case std::filesystem::file_type::regular:
+      return;
+    case std::filesystem::file_type::none:
+    case std::filesystem::file_type::unknown:
+      throw OpenFailure{FailureOf(error.value(), path)};
+    default:
+      throw OpenFailure{FileFailure::PathFileAccess};
+  }
+}
+
 std::fstream OpenStream(const std::string& file_name, int mode) {
   const std::filesystem::path path = NativePath(file_name);
-  if (std::filesystem::is_directory(path)) {
-    throw OpenFailure{FileFailure::PathFileAccess};
-  }
-  if (mode >= kRecords && !std::filesystem::exists(path)) {
+  RequireOrdinaryFile(path);
+  std::error_code ignored;
+  if (mode >= kRecords && !std::filesystem::exists(path, ignored)) {
     std::ofstream(path, std::ios::app).close();
   }
   errno = 0;
@@ -163,7 +181,8 @@ void Files::Close(int handle) {
 
 /// The "@" goes only when the name with it is that of a file: this order is meant.
 bool Files::MayReplace(std::string& FileName, int Mode) {
-  if (!std::filesystem::is_regular_file(NativePath(FileName))) {
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(NativePath(FileName), unknown)) {
     return true;
   }
   if (FileName.ends_with('@')) {
@@ -189,14 +208,32 @@ int Files::Open(const std::string& file_name, int Mode, int RecordLength) {
   return handle;
 }
 
+std::string Files::AppFolderTwice() const {
+  return app_folder_ + "\r\n" + app_folder_ + "\r\n";
+}
+
 void Files::MakeMissingFile(const std::string& file_name) const {
-  std::ofstream file(NativePath(file_name), std::ios::binary);
-  file << app_folder_ << "\r\n" << app_folder_ << "\r\n";
-  file.close();
-  if (!file) {
-    throw FileError({NativePath(file_name).string(), "The file is missing and cannot be made.",
+  const std::filesystem::path path = NativePath(file_name);
+  try {
+    MakeWholeFile(path, AppFolderTwice());
+  } catch (const PosixFileError& failure) {
+    throw FileError({path.string(),
+                     std::string("The file is missing and cannot be made: ") + failure.what() + ".",
                      "Make it with a text editor: its first line must be the name of the folder "
                      "that holds the bookings."});
+  }
+}
+
+void Files::FillEmptyFile(const std::string& file_name) const {
+  const std::filesystem::path path = NativePath(file_name);
+  try {
+    ReplaceWholeFile(path, AppFolderTwice());
+  } catch (const PosixFileError& failure) {
+    throw FileError(
+        {path.string(),
+         std::string("The file is empty and cannot be written: ") + failure.what() + ".",
+         "Write it with a text editor: its first line must be the name of the folder "
+         "that holds the bookings."});
   }
 }
 

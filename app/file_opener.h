@@ -11,6 +11,7 @@ namespace veyra {
 
 /// The classic numbers by which a failure of a file is reported.
 enum class FileFailure : int {
+  BadFileName = 52,
   DiskFull = 61,
   ReadPastEnd = 62,
   FileNotFound = 53,
@@ -34,10 +35,14 @@ class Files {
   /// character is taken from `FileName`; and before a file that is there is emptied the operator is
   /// asked.
   ///
-  /// A file that is missing is made, with the application's folder on two lines, and 0 returned.
-  /// Any other failure is shown to the operator by its number. Throws FileError when the missing
-  /// file cannot be made.
+  /// A file that is missing is made, with the application's folder on two lines, and 0 returned: it
+  /// appears whole or not at all. Any other failure is shown to the operator by its number, a pipe
+  /// or device in the file's place too. Throws FileError when the missing file cannot be made.
   int FileOpener(std::string& FileName, int Mode, int RecordLength, bool ConfirmReplace);
+
+  /// Writes what FileOpener would have made into a file that is there without contents: what is
+  /// left of one that was made by halves. Throws FileError.
+  void FillEmptyFile(const std::string& file_name) const;
 
   /// The next line of an open file, without its end, CR LF or LF. Throws FileError at the end of
   /// the file, and when the line is longer than kLongestLine bytes or no text.
@@ -65,6 +70,7 @@ class Files {
 
   bool MayReplace(std::string& FileName, int Mode);
   int Open(const std::string& file_name, int Mode, int RecordLength);
+  std::string AppFolderTwice() const;
   void MakeMissingFile(const std::string& file_name) const;
 
   std::string app_folder_;

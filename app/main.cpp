@@ -2,6 +2,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "app/end_requests.h"
 #include "app/program.h"
 #include "forms/widgets/qt_dialogs.h"
 #include "forms/widgets/qt_program_icon.h"
@@ -21,8 +22,12 @@ int main(int argc, char** argv) {
   const veyra::SystemClock clock;
   veyra::QtDialogs dialogs;
   veyra::Program program(clock, dialogs);
+  const veyra::EndRequests ending(program);
   if (!program.Start(veyra::ToUtf8(QApplication::applicationDirPath()))) {
     return EXIT_FAILURE;
+  }
+  if (ending.WereMade()) {
+    return EXIT_SUCCESS;
   }
   return QApplication::exec();
 }

@@ -1,6 +1,6 @@
 #include "app/program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QObject>
 #include <QUrl>
 #include <utility>
@@ -17,6 +17,7 @@
 #include "forms/multiday/qt_multiday_window.h"
 #include "forms/settings/frmSettings.h"
 #include "forms/settings/qt_settings_window.h"
+#include "forms/widgets/qt_progress_box.h"
 #include "forms/widgets/qt_text.h"
 #include "forms/widgets/qt_window_place.h"
 #include "help/qt_help_viewer.h"
@@ -102,6 +103,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_gate_(month_window_),
       printer_(month_window_),
       month_(session_, month_window_, *this, dialogs, clock, printer_) {
+  session_.Waiting = Patience(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_);
 }
 
@@ -116,6 +118,22 @@ bool Program::Start(const std::string& app_folder) {
   }
   ShowMonthWindow();
   return true;
+}
+
+void Program::End() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* box = qobject_cast<QtProgressBox*>(window)) {
+      box->reject();
+    }
+  }
+  QCoreApplication::exit(0);
+}
+
+void Program::CloseDatabases() {
+  if (!sign_.IsWaiting()) {
+    session_.ResCon.reset();
+    session_.GuestCon.reset();
+  }
 }
 
 void Program::ShowMonthWindow() {

@@ -9,6 +9,7 @@
 #include "forms/month/qt_month_window.h"
 #include "forms/widgets/qt_browser.h"
 #include "forms/widgets/qt_input_gate.h"
+#include "forms/widgets/qt_waiting_sign.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/help_viewer.h"
@@ -33,6 +34,15 @@ class Program : public Windows {
   /// Starts up and shows the month window. When that fails the operator is told and it returns
   /// false: the program must then end. `app_folder` has no separator at its end.
   bool Start(const std::string& app_folder);
+
+  /// Ends the program from outside, whatever box is open: what is being done is finished, or broken
+  /// off where the operator may do so too, and every question is answered as if its box were
+  /// closed.
+  void End();
+
+  /// Closes both databases, so that nothing is left beside them, in a program that ends without
+  /// going back to where it was. In the middle of a call to one of them nothing can be closed.
+  void CloseDatabases();
 
   void ShowMonthWindow() override;
   void HideMonthWindow() override;
@@ -64,6 +74,7 @@ class Program : public Windows {
   Dialogs& dialogs_;
   const Clock& clock_;
   HandlerGuard guard_;
+  QtWaitingSign sign_{guard_};
   QtBrowser browser_;
   Session session_;
   QtMonthWindow month_window_;

@@ -25,10 +25,18 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
   Files files(session.AppFolder, dialogs);
   std::string path_file = session.AppFolder + "\\path.txt";
   const int handle = files.FileOpener(path_file, kReadByLines, kRecordLength, false);
-  if (handle > 0) {
-    session.DataFolder = FolderOf(files.ReadLine(handle));
-    files.Close(handle);
+  if (handle == 0) {
+    return;
   }
+  if (files.AtEnd(handle)) {
+    // It names no folder, so that nothing is lost: it counts as missing, and is made in the same
+    // way, to be read by the next start.
+    files.Close(handle);
+    files.FillEmptyFile(path_file);
+    return;
+  }
+  session.DataFolder = FolderOf(files.ReadLine(handle));
+  files.Close(handle);
 }
 
 }  // namespace
@@ -49,9 +57,13 @@ void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
   EnsureTodayBColorColumn(session);
   calendar.LoadFacilityBox();
   LoadColorSettings(*session.ResCon, session.CurrentColors, session.StoredColors);
-  calendar.ApplyHeaderColors();
-  calendar.SelectActiveFacility();
-  calendar.ShowCurrentMonth();
+  try {
+    calendar.ApplyHeaderColors();
+    calendar.SelectActiveFacility();
+    calendar.ShowCurrentMonth();
+  } catch (const ColorError& error) {
+    throw ExplainedColorError(*session.ResCon, error);
+  }
   session.IsLoading = false;
 }
 

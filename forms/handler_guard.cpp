@@ -24,6 +24,9 @@ Message StandardReport(const std::exception& failure) {
 }
 
 void HandlerGuard::Run(const std::function<void()>& handler) const {
+  if (held_) {
+    return;
+  }
   try {
     handler();
   } catch (const std::exception& failure) {

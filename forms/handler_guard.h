@@ -17,10 +17,15 @@ class HandlerGuard {
   /// `dialogs` must outlive the guard.
   explicit HandlerGuard(Dialogs& dialogs) : dialogs_(dialogs) {}
 
+  /// Runs a handler, or nothing while handlers are held back.
   void Run(const std::function<void()>& handler) const;
+
+  /// Holds handlers back, or lets them run again. For the middle of a call to a store.
+  void Hold(bool held) { held_ = held; }
 
  private:
   Dialogs& dialogs_;
+  bool held_ = false;
 };
 
 }  // namespace veyra

@@ -1,6 +1,11 @@
 #include "app/file_opener.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "tests/fake_dialogs.h"
 #include "tests/temp_folder.h"
@@ -73,6 +78,63 @@ TEST_F(FileOpenerTest, AMissingFileThatCannotBeMadeIsAFailure) {
 TEST_F(FileOpenerTest, AMissingFolderIsShownByItsNumber) {
   EXPECT_EQ(0, Open("nowhere\\path.txt", kForReading));
   EXPECT_EQ("[OK] FileOpener: Error: 76", dialogs_.OnlyBox());
+}
+
+TEST_F(FileOpenerTest, ALinkToItselfIsShownByItsNumber) {
+  std::filesystem::create_symlink("path.txt", folder_.File("path.txt"));
+  EXPECT_EQ(0, Open("path.txt", kForReading));
+  EXPECT_EQ(0, Open("path.txt", kForRecords, true));
+  EXPECT_EQ((std::vector<std::string>(2, "[OK] FileOpener: Error: 75")), dialogs_.Boxes());
+}
+
+TEST_F(FileOpenerTest, ANameTooLongIsShownByItsNumber) {
+  EXPECT_EQ(0, Open(std::string(300, 'x'), kForReading));
+  EXPECT_EQ(0, Open(std::string(5000, 'x'), kForWriting, true));
+  EXPECT_EQ((std::vector<std::string>(2, "[OK] FileOpener: Error: 52")), dialogs_.Boxes());
+}
+
+TEST_F(FileOpenerTest, AFolderThatCannotBeAskedIsShownByItsNumber) {
+  std::filesystem::create_symlink("shut", folder_.File("shut"));
+  EXPECT_EQ(0, Open("shut\\path.txt", kForReading, true));
+  EXPECT_EQ("[OK] FileOpener: Error: 75", dialogs_.OnlyBox());
+}
+
+TEST_F(FileOpenerTest, APipeAndADeviceAreShownByTheirNumber) {
+  mkfifo(folder_.File("pipe").c_str(), 0600);
+  std::filesystem::create_symlink("/dev/zero", folder_.File("device"));
+  EXPECT_EQ(0, Open("pipe", kForReading));
+  EXPECT_EQ(0, Open("device", kForReading));
+  EXPECT_EQ((std::vector<std::string>(2, "[OK] FileOpener: Error: 75")), dialogs_.Boxes());
+}
+
+TEST_F(FileOpenerTest, AFileThatIsMadeLeavesNothingBesideIt) {
+  Open("path.txt", kForReading);
+  EXPECT_EQ((std::vector<std::string>{"path.txt"}), folder_.Names());
+}
+
+TEST_F(FileOpenerTest, AFileThatCannotBeWrittenDoesNotAppearByHalves) {
+  const pid_t child = fork();
+  if (child == 0) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit nothing{0, 0};
+    setrlimit(RLIMIT_FSIZE, &nothing);
+    try {
+      Open("path.txt", kForReading);
+    } catch (const FileError&) {
+      _exit(3);
+    }
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(3, WEXITSTATUS(status));
+  EXPECT_TRUE(folder_.Names().empty());
+}
+
+TEST_F(FileOpenerTest, ALinkToNothingIsAFailureThatIsSaid) {
+  std::filesystem::create_symlink("nowhere", folder_.File("path.txt"));
+  EXPECT_THROW(Open("path.txt", kForReading), FileError);
+  EXPECT_FALSE(std::filesystem::exists(folder_.File("nowhere")));
 }
 
 TEST_F(FileOpenerTest, AFolderInTheFilesPlaceIsShownByItsNumber) {

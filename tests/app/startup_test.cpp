@@ -1,9 +1,19 @@
 #include "app/startup.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
 
 #include "data/errors.h"
 #include "tests/calendar_folder.h"
+#include "tests/data/access/fixtures.h"
+#include "tests/data/sqlite/foreign_program.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
 #include "tests/forms/fake_month_printer.h"
@@ -57,6 +67,61 @@ class StartUpTest : public testing::Test {
   FakeMonthPrinter printer_;
   frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
 };
+
+/// Another program in the middle of a change of the calendar.
+class OtherProgram {
+ public:
+  explicit OtherProgram(const CalendarFolder& folder) {
+    if (TestedStoreKind() == StoreKind::Access) {
+      std::string user = "FRONTDESK";
+      user.resize(32);
+      user += "Admin";
+      user.resize(64);
+      folder.Folder().Write("Calendar.ldb", user);
+    } else {
+      sqlite_.emplace(folder.File("Calendar.mdb"));
+      sqlite_->Run("BEGIN IMMEDIATE");
+    }
+  }
+
+ private:
+  std::optional<ForeignProgram> sqlite_;
+};
+
+TEST_F(StartUpTest, AFirstStartOnACalendarThatIsHeldSaysWhoHoldsIt) {
+  app_.Write("path.txt", data_.Path());
+  const OtherProgram other(data_);
+  session_.Waiting = std::chrono::milliseconds(100);
+  const std::string report = ReportOfStart();
+  const bool is_access = TestedStoreKind() == StoreKind::Access;
+  for (const char* part : {"The file has no table Settings.",
+                           is_access ? "Admin on FRONTDESK" : "Another program is using the file",
+                           "It is added at the next start."}) {
+    EXPECT_NE(std::string::npos, report.find(part)) << part << "\n" << report;
+  }
+  EXPECT_EQ(std::string::npos, report.find("backup copy")) << report;
+}
+
+TEST_F(StartUpTest, AFirstStartOnAFileThatIsOnlyReadSaysHowToConvertIt) {
+  if (!std::filesystem::is_directory(FixtureFolder()) || TestedStoreKind() != StoreKind::Access) {
+    GTEST_SKIP() << "needs a file of Access 97";
+  }
+  app_.Write("path.txt", data_.Path());
+  std::filesystem::copy_file(FixtureFolder() / "guests-jet3" / "Veyra.mdb",
+                             data_.File("Calendar.mdb"),
+                             std::filesystem::copy_options::overwrite_existing);
+  std::filesystem::permissions(data_.File("Calendar.mdb"), std::filesystem::perms::owner_all);
+  session_.DataFolder = data_.Path();
+  CreateResCon(session_);
+  EnsureSettingsRow(session_);
+  try {
+    LoadColorSettings(*session_.ResCon, session_.CurrentColors, session_.StoredColors);
+    FAIL() << "Settings is there";
+  } catch (const MissingItemError& error) {
+    EXPECT_NE(std::string::npos, std::string(error.what()).find("veyra-data convert"))
+        << error.what();
+  }
+}
 
 TEST_F(StartUpTest, TodaysMonthOfTheActiveFacilityIsShown) {
   data_.AddRoom("Pool");
@@ -163,10 +228,17 @@ TEST_F(StartUpTest, TheSecondLineOfPathTxtIsNotUsed) {
   EXPECT_EQ(data_.Path(), session_.DataFolder);
 }
 
-TEST_F(StartUpTest, AnEmptyPathTxtIsReportedByName) {
+TEST_F(StartUpTest, AnEmptyPathTxtCountsAsMissing) {
   app_.Write("path.txt", "");
   EXPECT_NE(std::string::npos, ReportOfStart().find("path.txt"));
-  EXPECT_EQ("", app_.Read("path.txt"));
+  EXPECT_EQ(app_.path().string() + "\r\n" + app_.path().string() + "\r\n", app_.Read("path.txt"));
+  EXPECT_TRUE(dialogs_.Boxes().empty());
+}
+
+TEST_F(StartUpTest, APathTxtThatIsAPipeIsReportedByNumberAndNotWaitedFor) {
+  mkfifo(app_.File("path.txt").c_str(), 0600);
+  EXPECT_THROW(Start(), DatabaseError);
+  EXPECT_EQ("[OK] FileOpener: Error: 75", dialogs_.OnlyBox());
 }
 
 TEST_F(StartUpTest, ABinaryPathTxtIsReportedByName) {
@@ -190,27 +262,73 @@ TEST_F(StartUpTest, AMissingGuestDatabaseIsReportedByName) {
   EXPECT_NE(std::string::npos, ReportOfStart().find("Veyra.mdb"));
 }
 
-TEST_F(StartUpTest, AStoredColorThatIsNoNumberIsReportedByItsColumn) {
-  StartOnData();
-  {
+/// A calendar whose row of colours was changed by hand.
+class StoredColorTest : public StartUpTest {
+ protected:
+  StoredColorTest() { StartOnData(); }
+
+  void Change(const std::function<void(Recordset&)>& change) {
+    session_.ResCon.reset();
+    session_.CurrentColors = {};
     Connection connection(data_.Calendar());
-    const auto row = connection.Open("SELECT * FROM Settings", CursorType::StaticOptimistic);
-    row->SetField("HeaderTxt", std::string("blue"));
-    row->Update();
+    change(*connection.Open("SELECT * FROM Settings", CursorType::StaticOptimistic));
   }
-  EXPECT_NE(std::string::npos, ReportOfStart().find("HeaderTxt"));
+
+  static bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+  }
+
+  /// Does what the report tells to do: runs the one command in it.
+  void FollowAdvice(const std::string& report) {
+    session_.ResCon.reset();
+    const std::size_t command = report.find("sqlite3 ");
+    ASSERT_NE(std::string::npos, command) << report;
+    ASSERT_EQ(0, std::system(report.substr(command).c_str())) << report;
+  }
+};
+
+TEST_F(StoredColorTest, ThatIsNoNumberIsReportedByItsPlace) {
+  Change([](Recordset& row) {
+    row.SetField("HeaderTxt", std::string("blue"));
+    row.Update();
+  });
+  const std::string report = ReportOfStart();
+  EXPECT_TRUE(Has(report, data_.File("Calendar.mdb"))) << report;
+  EXPECT_TRUE(Has(report, "The colour \"blue\" in column HeaderTxt of row 1 of the table Settings"))
+      << report;
+  EXPECT_TRUE(Has(report, "UPDATE Settings SET HeaderTxt = '12582912' WHERE ID = 1")) << report;
 }
 
-TEST_F(StartUpTest, ASettingsTableWithoutItsRowEndsTheStart) {
-  StartOnData();
-  {
-    Connection connection(data_.Calendar());
-    connection.Open("SELECT * FROM Settings", CursorType::StaticOptimistic)->Delete();
+TEST_F(StoredColorTest, ThatIsNoNumberIsMendedAsTheReportSays) {
+  if (TestedStoreKind() == StoreKind::Access) {
+    GTEST_SKIP() << "the report tells of Access, which is not here";
   }
-  Session second;
-  frmCalendar again(second, view_, windows_, dialogs_, clock_, printer_);
-  EXPECT_THROW(StartUp(second, again, dialogs_, app_.path().string()), ValueError);
+  Change([](Recordset& row) {
+    row.SetField("TodayBColor", std::string());
+    row.Update();
+  });
+  FollowAdvice(ReportOfStart());
+  EXPECT_EQ("no failure", ReportOfStart());
+  EXPECT_EQ("1 -2147483643 12582912 0 255 -2147483643 \n", SettingsRows());
+}
+
+TEST_F(StoredColorTest, ThatIsMissingWithItsRowEndsTheStart) {
+  Change([](Recordset& row) { row.Delete(); });
+  const std::string report = ReportOfStart();
+  EXPECT_TRUE(Has(report, data_.File("Calendar.mdb"))) << report;
+  EXPECT_TRUE(Has(report, "The table Settings has no row 1")) << report;
+  EXPECT_TRUE(Has(report, "INSERT INTO Settings")) << report;
   EXPECT_EQ("", SettingsRows());
+}
+
+TEST_F(StoredColorTest, ThatIsMissingWithItsRowIsMendedAsTheReportSays) {
+  if (TestedStoreKind() == StoreKind::Access) {
+    GTEST_SKIP() << "the report tells of Access, which is not here";
+  }
+  Change([](Recordset& row) { row.Delete(); });
+  FollowAdvice(ReportOfStart());
+  EXPECT_EQ("no failure", ReportOfStart());
+  EXPECT_EQ("1 -2147483643 12582912 0 255 -2147483643 \n", SettingsRows());
 }
 
 }  // namespace

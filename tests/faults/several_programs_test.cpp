@@ -39,7 +39,8 @@ class Program {
       : number_(number),
         pipe_(pipe),
         random_(seed),
-        connection_(OpenStore(calendar, StoreAccess::ReadWrite, std::chrono::minutes(1))) {}
+        connection_(
+            OpenStore(calendar, StoreAccess::ReadWrite, Patience(std::chrono::minutes(1)))) {}
 
   void Work(int actions) {
     for (int i = 0; i < actions; ++i) {

@@ -1,0 +1,204 @@
+"""Ends from outside: whatever is going on, the calendar that was open is one whole file again."""
+
+import os
+import signal
+import sqlite3
+import subprocess
+import time
+
+from desk_test import DeskTest, main, screen
+from screen import end, wait_until
+
+CLOSED = ["Calendar.mdb", "Veyra.mdb"]
+
+
+class ClosedFiles(DeskTest):
+    """What is left beside the data."""
+
+    def files(self):
+        return sorted(os.listdir(self.data_folder))
+
+    def calendar(self):
+        return os.path.join(self.data_folder, "Calendar.mdb")
+
+    def assert_ends_properly(self, status=0):
+        self.assertEqual(status, self.desk.exit_status())
+        self.assertEqual(CLOSED, self.files())
+        self.assertEqual(["ok"], self.sql("PRAGMA integrity_check;"))
+        self.assertEqual(CLOSED, self.files())
+
+
+class EndingTest(ClosedFiles):
+    def ask_for_a_booking(self):
+        """Leaves the question on the screen, and returns the day."""
+        self.desk.choose("Studio")
+        day = self.free_day("Studio")
+        self.desk.open_day(day)
+        self.desk.drag_slots(19, 21)
+        self.assertIn("Reservation for", self.desk.message())
+        return day
+
+    def bookings_on(self, day):
+        return self.sql(f"SELECT TimeFrom FROM Reserv WHERE DateOfRes = '{day.isoformat()}' "
+                        "AND Event = 'No Title';")
+
+    def hold(self):
+        """Another program in the middle of a change."""
+        other = sqlite3.connect(self.calendar(), isolation_level=None)
+        self.addCleanup(other.close)
+        other.execute("BEGIN IMMEDIATE")
+        return other
+
+    def wait_for_sign(self):
+        def look():
+            text = self.desk.message()
+            return text.startswith("Waiting for another program …") and text
+
+        return wait_until(look, "the sign")
+
+    def test_each_signal_closes_the_calendar(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            with self.subTest(number):
+                self.start()
+                self.assertNotEqual(CLOSED, self.files())
+                self.desk.process.send_signal(number)
+                self.assert_ends_properly()
+
+    def test_a_booking_is_kept(self):
+        self.start()
+        day = self.ask_for_a_booking()
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.desk.process.terminate()
+        self.assert_ends_properly()
+        self.assertEqual(["19"], self.bookings_on(day))
+
+    def test_an_open_question_is_answered_as_if_it_was_closed(self):
+        self.start()
+        day = self.ask_for_a_booking()
+        self.desk.process.terminate()
+        self.assert_ends_properly()
+        self.assertEqual([], self.bookings_on(day))
+
+    def test_an_open_report_of_a_failed_start_is_no_obstacle(self):
+        os.remove(os.path.join(self.data_folder, "Veyra.mdb"))
+        self.desk.start()
+        self.desk.message()
+        self.desk.process.terminate()
+        self.assertEqual(1, self.desk.exit_status())
+        self.assertEqual(["Calendar.mdb"], self.files())
+
+    def test_a_signal_that_was_ignored_stays_ignored(self):
+        handler = signal.signal(signal.SIGHUP, signal.SIG_IGN)
+        try:
+            self.start()
+        finally:
+            signal.signal(signal.SIGHUP, handler)
+        self.desk.process.send_signal(signal.SIGHUP)
+        self.ask_for_a_booking()
+        self.desk.process.terminate()
+        self.assert_ends_properly()
+
+    def test_the_wait_for_another_program_has_a_sign_and_can_be_cancelled(self):
+        self.start()
+        day = self.ask_for_a_booking()
+        self.hold()
+        self.desk.press("OK")
+        self.assertIn(self.calendar(), self.wait_for_sign())
+        self.leave_picture_of("waiting")
+        self.desk.press("Cancel")
+        report = wait_until(lambda: "Waiting" not in self.desk.message() and self.desk.message(),
+                            "the report")
+        self.assertIn("You did not want to wait", report)
+        self.assertEqual([], self.bookings_on(day))
+
+    def test_the_wait_ends_by_itself_when_the_file_is_free(self):
+        self.start()
+        day = self.ask_for_a_booking()
+        other = self.hold()
+        self.desk.press("OK")
+        self.wait_for_sign()
+        other.execute("ROLLBACK")
+        wait_until(lambda: self.desk.message() == "1 Booking(s) Made.", "the booking")
+        self.assertEqual(["19"], self.bookings_on(day))
+
+    def test_a_wait_is_no_obstacle(self):
+        self.start()
+        self.ask_for_a_booking()
+        other = self.hold()
+        self.desk.press("OK")
+        self.wait_for_sign()
+        began = time.monotonic()
+        self.desk.process.terminate()
+        self.assertEqual(0, self.desk.exit_status())
+        self.assertLess(time.monotonic() - began, 4)
+        other.execute("ROLLBACK")
+        other.close()
+        self.assertEqual(CLOSED, self.files())
+
+    def test_a_locked_calendar_at_the_start_has_the_sign_too(self):
+        other = sqlite3.connect(self.calendar(), isolation_level=None)
+        self.addCleanup(other.close)
+        other.execute("PRAGMA locking_mode = EXCLUSIVE")
+        other.execute("BEGIN EXCLUSIVE")
+        self.desk.start()
+        self.wait_for_sign()
+        self.desk.press("Cancel")
+        self.assertIn("You did not want to wait", self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual(1, self.desk.exit_status())
+
+    def leave_picture_of(self, name):
+        folder = os.environ.get("VEYRA_SHOW")
+        if folder:
+            subprocess.run(["import", "-window", "root", os.path.join(folder, f"{name}.png")],
+                           env=screen().environment, check=True)
+
+
+class LostScreenTest(ClosedFiles):
+    """The X server that the program is shown on goes."""
+
+    def start_server(self):
+        readable, writable = os.pipe()
+        server = subprocess.Popen(
+            ["Xvfb", "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset", "-displayfd",
+             str(writable)], pass_fds=[writable], stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL)
+        self.addCleanup(end, server)
+        os.close(writable)
+        with os.fdopen(readable) as pipe:
+            return server, {**screen().environment, "DISPLAY": f":{pipe.readline().strip()}"}
+
+    def start_on(self, environment):
+        self.desk.process = subprocess.Popen(
+            [os.path.join(self.app_folder, "veyra-calendar")], env=environment,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def xdotool(self, environment, *words):
+        return subprocess.run(["xdotool", *words], env=environment, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, text=True, check=False).stdout.strip()
+
+    def wait_for_window(self, environment, name):
+        return wait_until(lambda: self.xdotool(environment, "search", "--onlyvisible", "--name",
+                                               name), f"the window {name}")
+
+    def test_closes_the_calendar(self):
+        server, environment = self.start_server()
+        self.start_on(environment)
+        self.wait_for_window(environment, "Veyra Scheduler Calendar")
+        self.assertNotEqual(CLOSED, self.files())
+        end(server)
+        self.assert_ends_properly(status=1)
+
+    def test_closes_the_calendar_while_a_box_is_open(self):
+        os.remove(os.path.join(self.data_folder, "Veyra.mdb"))
+        server, environment = self.start_server()
+        self.start_on(environment)
+        self.wait_for_window(environment, "Veyra Calendar")
+        end(server)
+        self.assertEqual(1, self.desk.exit_status())
+        self.assertEqual(["Calendar.mdb"], self.files())
+
+
+if __name__ == "__main__":
+    main()

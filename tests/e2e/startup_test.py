@@ -4,6 +4,7 @@ import os
 import sqlite3
 
 from desk_test import DeskTest, main
+from screen import wait_until
 
 
 class StartUpTest(DeskTest):
@@ -13,10 +14,15 @@ class StartUpTest(DeskTest):
     def report_of_failed_start(self):
         """Starts the program, reads the report and sees it end as failed."""
         self.desk.start()
-        report = self.desk.message()
+        report = wait_until(self.report, "the report")
         self.desk.press("OK")
         self.assertEqual(1, self.desk.exit_status())
         return report
+
+    def report(self):
+        """The message in front, unless it is the sign that another program is waited for."""
+        message = self.desk.message()
+        return None if message.startswith("Waiting for") else message
 
     def overwrite(self, name, content):
         with open(self.file(name), "wb") as file:
@@ -39,6 +45,19 @@ class StartUpTest(DeskTest):
     def test_an_empty_path_file(self):
         self.overwrite("path.txt", b"")
         self.assertIn("path.txt", self.report_of_failed_start())
+
+    def test_an_empty_path_file_is_made_anew(self):
+        self.overwrite("path.txt", b"")
+        self.report_of_failed_start()
+        self.assertEqual(f"{self.app_folder}\r\n" * 2, self.read_path_file())
+
+    def test_a_path_file_that_is_a_pipe(self):
+        os.remove(self.file("path.txt"))
+        os.mkfifo(self.file("path.txt"))
+        self.desk.start()
+        self.assertEqual("FileOpener: Error: 75", self.desk.message())
+        self.desk.press("OK")
+        self.assertIn("/Calendar.mdb", self.desk.message())
 
     def test_a_path_file_that_is_no_text(self):
         self.overwrite("path.txt", bytes(range(256)) * 40)

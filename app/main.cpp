@@ -5,6 +5,7 @@
 #include "app/end_requests.h"
 #include "app/program.h"
 #include "forms/widgets/qt_dialogs.h"
+#include "forms/widgets/qt_gesture_guard.h"
 #include "forms/widgets/qt_program_icon.h"
 #include "forms/widgets/qt_style.h"
 #include "forms/widgets/qt_text.h"
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(veyra::ProgramIcon());
   QApplication::setDesktopFileName(QStringLiteral("veyra-calendar"));
   QApplication::setQuitOnLastWindowClosed(false);
+  const veyra::QtGestureGuard gesture_guard;
   // Numbers are written with a point, whatever the country.
   std::setlocale(LC_NUMERIC, "C");
 

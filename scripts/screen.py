@@ -15,6 +15,8 @@ import time
 
 PATIENCE = 20.0  # seconds; a busy machine needs some of them, a broken program all
 _PAUSE = 0.02  # seconds between two looks
+_KEY_PAUSE = 0.12  # seconds in which nobody presses a key that he has let go again
+_CLICK_PAUSE = 0.45  # seconds within which a second click at the same place is a double click
 
 
 class GaveUp(AssertionError):
@@ -47,6 +49,8 @@ class Screen:
         self._started = []
         self._home = None
         self._log = None
+        self._last_click = None  # where, with which button and when
+        self._last_key = None  # which and when let go
 
     def __enter__(self):
         self._home = tempfile.mkdtemp(prefix="veyra-screen-")
@@ -117,10 +121,24 @@ class Screen:
     # The mouse. Places are pixels from the top left corner.
 
     def click(self, x, y, button=1):
+        """Clicks, but never so soon after a click at the same place that both are a double one."""
+        if self._last_click and self._last_click[:3] == (x, y, button):
+            _wait_since(self._last_click[3], _CLICK_PAUSE)
         self._xdotool("mousemove", x, y, "click", button)
+        self._last_click = x, y, button, time.monotonic()
 
-    def double_click(self, x, y):
-        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 40, 1)
+    def double_click(self, x, y, button=1, delay=40):
+        """`delay`: milliseconds from the first release to the second press, less a few."""
+        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", delay, button)
+        self._last_click = x, y, button, time.monotonic()
+
+    def hold_button_until(self, x, y, button, condition, what):
+        """Presses a button of the mouse and lets it go when condition() is true."""
+        self._xdotool("mousemove", x, y, "mousedown", button)
+        try:
+            return wait_until(condition, what)
+        finally:
+            self._xdotool("mouseup", button)
 
     def click_with(self, key, x, y):
         """Clicks while a key such as "shift" is held down."""
@@ -144,15 +162,29 @@ class Screen:
         self._xdotool("type", "--delay", 10, "--", text)
 
     def key(self, *keys):
+        """Presses keys one after the other, the first one not sooner than a hand can."""
+        self._wait_for_hand(keys[0])
         self._xdotool("key", "--delay", 10, *keys)
+        self._last_key = keys[-1], time.monotonic()
 
     def hold_key_until(self, key, condition, what):
         """Holds a key down, so that it repeats, until condition() is true."""
+        self._wait_for_hand(key)
         self._xdotool("keydown", key)
         try:
             return wait_until(condition, what)
         finally:
             self._xdotool("keyup", key)
+            self._last_key = key, time.monotonic()
+
+    def hold_key(self, key, seconds):
+        """Holds a key down for that long, in which it repeats after the first 0.7 s."""
+        start = time.monotonic()
+        self.hold_key_until(key, lambda: time.monotonic() - start >= seconds, "the hand to tire")
+
+    def _wait_for_hand(self, key):
+        if self._last_key and self._last_key[0] == key:
+            _wait_since(self._last_key[1], _KEY_PAUSE)
 
     # The windows, as the window manager knows them; each by its title, less the blanks around it.
 
@@ -221,6 +253,10 @@ class Screen:
         if check and result.returncode != 0:
             raise RuntimeError(f"xdotool {' '.join(map(str, words))}: {result.stderr.strip()}")
         return result.stdout.strip() if result.returncode == 0 else ""
+
+
+def _wait_since(moment, seconds):
+    time.sleep(max(0.0, moment + seconds - time.monotonic()))
 
 
 def end(process):

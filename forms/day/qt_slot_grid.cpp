@@ -214,17 +214,13 @@ void QtSlotGrid::keyPressEvent(QKeyEvent* event) {
       return MoveTo(kRows, stretch);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return EndRange(*event);
+      return EndRange();
     default:
       event->ignore();
   }
 }
 
-/// A key that is still held down from the last box books nothing more.
-void QtSlotGrid::EndRange(const QKeyEvent& event) {
-  if (event.isAutoRepeat()) {
-    return;
-  }
+void QtSlotGrid::EndRange() {
   const int end_row = end_row_;
   StretchRangeTo(end_row);
   emit Pressed(anchor_row_, CurrentRow());

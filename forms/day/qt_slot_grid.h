@@ -57,7 +57,7 @@ class QtSlotGrid : public QTableWidget {
   void StretchRangeTo(int row);
   void ScrollWhileDragging(int y);
   void MoveTo(int row, bool stretch);
-  void EndRange(const QKeyEvent& event);
+  void EndRange();
   void Report(int row, int column);
   void StretchRows();
   void ShrinkFontTo(int time_width);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "forms/widgets/qt_menu_key.h"
 #include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
 
@@ -59,11 +60,9 @@ void QtViewerList::mouseMoveEvent(QMouseEvent* event) {
   event->accept();
 }
 
+/// The press or the key that asks for a menu is dealt with as what it is.
 void QtViewerList::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard) {
-    emit Pressed(MouseButton::Right);
-  }
 }
 
 void QtViewerList::keyPressEvent(QKeyEvent* event) {
@@ -73,7 +72,7 @@ void QtViewerList::keyPressEvent(QKeyEvent* event) {
       currentItem()->setSelected(true);
     }
     emit Pressed(MouseButton::Left);
-  } else if (key == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+  } else if (IsMenuKey(*event)) {
     emit Pressed(MouseButton::Right);
   } else {
     QListWidget::keyPressEvent(event);

@@ -11,6 +11,7 @@
 #include <QTextLayout>
 
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_menu_key.h"
 #include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
 
@@ -158,20 +159,16 @@ void QtDayList::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
 }
 
+/// The press or the key that asks for a menu is dealt with as what it is.
 void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard) {
-    emit Pressed(MouseButton::Right);
-  }
 }
 
 void QtDayList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  const bool shifted = event->modifiers() == Qt::ShiftModifier;
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if (enter && !event->isAutoRepeat()) {
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
     emit Pressed(MouseButton::Left);
-  } else if (key == Qt::Key_F10 && shifted) {
+  } else if (IsMenuKey(*event)) {
     emit Pressed(MouseButton::Right);
   } else if (IsMoveKey(key) && event->modifiers().testFlag(Qt::ControlModifier)) {
     ScrollBy(key);

@@ -1,4 +1,3 @@
-#include <QContextMenuEvent>
 #include <QLabel>
 
 #include "forms/dayviewer/qt_dayviewer_window.h"
@@ -150,8 +149,7 @@ TEST_F(DayViewerWindowTest, ARightClickGoesOnToBookTheDay) {
 
 TEST_F(DayViewerWindowTest, TheMenuKeyAndShiftF10DoTheSame) {
   Open();
-  QContextMenuEvent menu_key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
-  QApplication::sendEvent(Lines().viewport(), &menu_key);
+  QTest::keyClick(&Lines(), Qt::Key_Menu);
   ASSERT_NE(nullptr, Day());
   Day()->close();
   QTest::keyClick(&Lines(), Qt::Key_F10, Qt::ShiftModifier);

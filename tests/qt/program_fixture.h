@@ -13,6 +13,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "forms/widgets/qt_gesture_guard.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
@@ -107,6 +108,7 @@ class ProgramFixture : public testing::Test {
 
   static void DragRows(int from_row, int to_row) { Drag(from_row, Middle(to_row, 1)); }
 
+  QtGestureGuard gestures_;
   TempFolder app_;
   CalendarFolder data_;
   std::int64_t pool_ = 0;

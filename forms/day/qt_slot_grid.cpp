@@ -58,6 +58,7 @@ QtSlotGrid::QtSlotGrid(QWidget* parent) : QTableWidget(kRows, 2, parent) {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setCornerButtonEnabled(false);
   setTabKeyNavigation(false);
+  setAutoScroll(false);
   setWordWrap(false);
   AddRows();
 }

@@ -23,7 +23,8 @@ class QtSlotGrid : public QTableWidget {
   /// is on the screen if it is not there yet.
   void ScrollToRow(int row);
 
-  /// Makes `row` the current one, from which the next range of the keyboard begins.
+  /// Makes `row` the current one, from which the next range of the keyboard begins. What is in
+  /// sight stays there.
   void SetCurrentRow(int row);
 
   int CurrentRow() const { return currentRow() + 1; }

@@ -288,6 +288,21 @@ TEST_F(DayWindowTest, AnArrowKeyWithoutShiftBeginsANewRange) {
   EXPECT_EQ("13-13", Range());
 }
 
+TEST_F(DayWindowTest, TheLastRowStaysInSightWhileTheQuestionStandsAndAfterwards) {
+  StartAndOpenDay();
+  Grid().verticalScrollBar()->setValue(Grid().verticalScrollBar()->maximum());
+  const int top_row = TopRow();
+  ASSERT_LT(1, top_row);
+  int while_asked = 0;
+  dialogs_.WhileShown = [&] { while_asked = TopRow(); };
+  dialogs_.AnswerNext(Answer::Ok);
+  DragRows(47, 48);
+  EXPECT_EQ(top_row, while_asked);
+  EXPECT_EQ(top_row, TopRow());
+  EXPECT_EQ(1, Grid().currentRow() + 1);
+  EXPECT_EQ("No Title", Guest(48));
+}
+
 TEST_F(DayWindowTest, TheTabKeyGoesRoundTheControls) {
   StartAndOpenDay();
   std::string order;

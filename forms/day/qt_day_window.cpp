@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -185,7 +186,8 @@ void QtDayWindow::CloseWindow() {
 }
 
 bool QtDayWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::MouseButtonDblClick) {
+  if (event->type() != QEvent::MouseButtonDblClick ||
+      static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
     return QMainWindow::eventFilter(watched, event);
   }
   const int index = watched == Book_[1] ? 1 : 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "logic/date_parser.h"
+#include "logic/help_viewer.h"
 
 namespace veyra {
 namespace {
@@ -76,6 +77,10 @@ void frmMultiDay::Command3_Click() {
   view_.HidePicker(false);
 }
 
+void frmMultiDay::HelpKey() {
+  windows_.ShowHelp(kHelpFile);
+}
+
 /// The order of the two dates does not matter here: a reversed range is complete and has no date.
 bool frmMultiDay::IsComplete() const {
   const Date today = clock_.Today();
@@ -90,6 +95,7 @@ void frmMultiDay::AnnounceDays() {
 }
 
 void frmMultiDay::LeaveWindow() {
+  view_.HidePicker(false);
   windows_.EnableDayWindow(true);
   view_.HideWindow();
 }

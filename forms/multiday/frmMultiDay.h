@@ -37,6 +37,7 @@ class frmMultiDay {
   void Command1_Click();
   void Command2_Click();  ///< "Ck ALL"
   void Command3_Click();  ///< "Close Calendar"
+  void HelpKey();         ///< F1
 
   const MultiDayPlan& Plan() const { return plan_; }
 

@@ -1,6 +1,5 @@
 #include "forms/multiday/qt_multiday_window.h"
 
-#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -13,6 +12,8 @@
 #include <utility>
 
 #include "forms/multiday/qt_date_field.h"
+#include "forms/multiday/qt_date_picker.h"
+#include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_text.h"
 #include "forms/widgets/qt_window_place.h"
 
@@ -150,7 +151,7 @@ void QtMultiDayWindow::AddButtons(QBoxLayout* column) {
 }
 
 void QtMultiDayWindow::BuildPicker() {
-  Calendar1_ = new QCalendarWidget(centralWidget());
+  Calendar1_ = new QtDatePicker(centralWidget());
   Calendar1_->setObjectName(QStringLiteral("Calendar1"));
   Calendar1_->setAccessibleName(QStringLiteral("Calendar"));
   Calendar1_->setToolTip(QStringLiteral("Double-Click to enter desired Date"));
@@ -164,7 +165,7 @@ void QtMultiDayWindow::BuildPicker() {
   Calendar1_->setFixedSize(Pixels(kPickerWidth), Calendar1_->sizeHint().height());
   upper_part_->setMinimumHeight(Calendar1_->height());
   Calendar1_->hide();
-  connect(Calendar1_, &QCalendarWidget::activated, this,
+  connect(Calendar1_, &QtDatePicker::DayTaken, this,
           [this](QDate date) { guard_.Run([&] { handler_->Calendar1_DblClick(ToDate(date)); }); });
   Command3_ = AddButton("Command3", "Close Calendar", "Click to close Calendar",
                         &frmMultiDay::Command3_Click);
@@ -172,6 +173,7 @@ void QtMultiDayWindow::BuildPicker() {
   Command3_->hide();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QtMultiDayWindow::DismissPicker);
+  AddHelpKey(*this, [this] { Report(&frmMultiDay::HelpKey); });
 }
 
 QPushButton* QtMultiDayWindow::AddButton(const char* name, const char* caption, const char* tooltip,

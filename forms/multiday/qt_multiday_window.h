@@ -9,13 +9,13 @@
 #include "forms/multiday/multiday_view.h"
 
 class QBoxLayout;
-class QCalendarWidget;
 class QCheckBox;
 class QPushButton;
 
 namespace veyra {
 
 class QtDateField;
+class QtDatePicker;
 
 /// The widgets of the multiple-day window. The upper part is for the weekdays and, while a date is
 /// picked, for the picker; the two date fields are below it, so that it never covers either. They
@@ -62,7 +62,7 @@ class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   QWidget* upper_part_ = nullptr;
   std::array<QtDateField*, 2> Text1_{};
   std::array<QCheckBox*, 8> Days_{};  ///< By weekday, 1 to 7.
-  QCalendarWidget* Calendar1_ = nullptr;
+  QtDatePicker* Calendar1_ = nullptr;
   QPushButton* Command1_ = nullptr;
   QPushButton* Command2_ = nullptr;
   QPushButton* Command3_ = nullptr;

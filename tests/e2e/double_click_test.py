@@ -1,7 +1,7 @@
 """A double click where one click is enough does what the one click does, and nothing more."""
 
 import time
-from datetime import date
+from datetime import date, timedelta
 
 from desk import MONTH_WINDOW, date_text
 from desk_test import DeskTest, main, screen
@@ -96,6 +96,19 @@ class DoubleClickTest(DeskTest):
 
     def rows(self):
         return self.sql("SELECT * FROM Reserv ORDER BY DateOfRes, TimeFrom;")
+
+    def test_on_a_grey_day_of_the_date_picker(self):
+        first = date.today().replace(day=1)
+        self.desk.open_day(first)
+        self.desk.click("Multiple Booking")
+        self.desk.front_window("Multiple Day Booking")
+        to = self.desk.find("To", "text")
+        screen().double_click(*to.centre)
+        self.desk.find("Close Calendar")
+        grey = [one for one in self.desk.front_window().everything() if one.role == "table cell"][-1]
+        screen().double_click(*grey.centre)
+        last_shown = first - timedelta(days=(first.weekday() + 1) % 7 or 7) + timedelta(days=41)
+        self.desk.wait(lambda: to.text == date_text(last_shown), "that day in the field")
 
     def double_click_day(self, day, button, delay):
         x, y = self.place_of(day)

@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -162,6 +163,42 @@ TEST_F(MultiDayWindowTest, TheWeekInThePickerBeginsWithSunday) {
   EXPECT_EQ(Qt::Sunday, Picker().firstDayOfWeek());
 }
 
+/// 23 February stands in front of 1 March; the first click turns the page to February.
+TEST_F(MultiDayWindowTest, ADoubleClickOnAGreyDayTakesThatDay) {
+  Open();
+  DoubleClick(Field(1));
+  QAbstractItemView& days = *Picker().findChild<QAbstractItemView*>();
+  const QPoint first = days.visualRect(days.model()->index(1, 0)).center();
+  QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, first);
+  EXPECT_EQ(2, Picker().monthShown());
+  QTest::mouseDClick(days.viewport(), Qt::LeftButton, {}, first);
+  EXPECT_EQ("2/23/2014", Field(1).text().toStdString());
+  EXPECT_FALSE(Picker().isVisible());
+}
+
+TEST_F(MultiDayWindowTest, ADoubleClickOnTheNamesOfTheWeekdaysTakesNoDay) {
+  Open();
+  DoubleClick(Field(1));
+  QAbstractItemView& days = *Picker().findChild<QAbstractItemView*>();
+  const QPoint name = days.visualRect(days.model()->index(0, 0)).center();
+  const QPoint first = days.visualRect(days.model()->index(2, 0)).center();
+  QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, first);
+  QTest::mouseClick(days.viewport(), Qt::LeftButton, {}, name);
+  QTest::mouseDClick(days.viewport(), Qt::LeftButton, {}, name);
+  EXPECT_TRUE(Picker().isVisible());
+  EXPECT_EQ("", Field(1).text().toStdString());
+}
+
+TEST_F(MultiDayWindowTest, APickerLeftOpenIsGoneWhenTheWindowComesAgain) {
+  Open();
+  DoubleClick(Field(0));
+  Button("Command1").click();
+  In<QRadioButton>(Day(), "Book(1)").click();
+  EXPECT_FALSE(Picker().isVisible());
+  EXPECT_FALSE(Button("Command3").isVisible());
+  EXPECT_TRUE(Weekday(1).isVisible());
+}
+
 TEST_F(MultiDayWindowTest, CloseCalendarHidesBoth) {
   Open();
   DoubleClick(Field(0));
@@ -239,6 +276,17 @@ TEST_F(MultiDayWindowTest, TheDayWindowWaitsAndCannotBeClosedMeanwhile) {
   EXPECT_FALSE(Day()->isEnabled());
   EXPECT_FALSE(Day()->close());
   EXPECT_NE(nullptr, Day());
+}
+
+TEST_F(MultiDayWindowTest, OnlyTheLeftButtonWorksTheOptions) {
+  StartAndOpenDay();
+  for (const char* option : {"Book(0)", "Book(1)"}) {
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+      QTest::mouseClick(&In<QRadioButton>(Day(), option), button);
+      QTest::mouseDClick(&In<QRadioButton>(Day(), option), button);
+      EXPECT_EQ(nullptr, Plan()) << option;
+    }
+  }
 }
 
 TEST_F(MultiDayWindowTest, ADoubleClickOnEitherOptionOpensIt) {

@@ -9,7 +9,7 @@ inline constexpr int kHelpCalendar = 60;   ///< Month window, "Calendar Help".
 inline constexpr int kHelpDayViewer = 80;  ///< Day viewer, "Help".
 
 /// No topic in particular: the page with which the help file begins. The day window's and the
-/// colour window's "Help".
+/// colour window's "Help", and F1 in the multiple-day window and the about box.
 inline constexpr int kHelpFile = 0;
 
 /// Shows the program's help file.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "forms/about/maker.h"
+#include "logic/help_viewer.h"
 
 namespace veyra {
 
@@ -22,6 +23,10 @@ void frmAbout::labAbout_Click(std::size_t index) {
     dialogs_.MsgBox({.Text = "There is no web browser on this machine that can open " + address,
                      .Sign = Icon::Exclamation});
   }
+}
+
+void frmAbout::HelpKey() {
+  windows_.ShowHelp(kHelpFile);
 }
 
 void frmAbout::Form_Unload() {

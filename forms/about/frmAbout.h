@@ -20,6 +20,8 @@ class frmAbout {
   /// Only the link label does anything: it opens the maker's site, and says so when no browser can.
   void labAbout_Click(std::size_t index);
 
+  void HelpKey();  ///< F1
+
   /// The window goes: the month window takes input again.
   void Form_Unload();
 

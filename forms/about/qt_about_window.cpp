@@ -9,6 +9,7 @@
 
 #include "forms/about/qt_about_label.h"
 #include "forms/about/qt_calendar_leaf.h"
+#include "forms/widgets/qt_help_item.h"
 
 namespace veyra {
 namespace {
@@ -44,6 +45,7 @@ QtAboutWindow::QtAboutWindow(const HandlerGuard& guard) : guard_(guard) {
   adjustSize();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
+  AddHelpKey(*this, [this] { guard_.Run([this] { handler_->HelpKey(); }); });
 }
 
 void QtAboutWindow::AddLabels() {

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
-#include "forms/widgets/qt_menu_key.h"
+#include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
 

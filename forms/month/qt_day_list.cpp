@@ -11,7 +11,7 @@
 #include <QTextLayout>
 
 #include "forms/widgets/qt_colors.h"
-#include "forms/widgets/qt_menu_key.h"
+#include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
 

@@ -18,6 +18,7 @@
 #include "forms/month/qt_month_grid.h"
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_elided_label.h"
+#include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_name_box.h"
 #include "forms/widgets/qt_text.h"
 
@@ -298,6 +299,16 @@ void QtMonthWindow::mouseReleaseEvent(QMouseEvent* event) {
   } else {
     Report(&frmCalendar::Form_Click);
   }
+}
+
+/// Any key brings the controls back after a print, as a click on the window does. It is asked for
+/// before it is known to be a shortcut.
+bool QtMonthWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && Command3_->isHidden() &&
+      !IsModifier(*static_cast<QKeyEvent*>(event))) {
+    Report(&frmCalendar::Form_Click);
+  }
+  return QMainWindow::event(event);
 }
 
 void QtMonthWindow::closeEvent(QCloseEvent* event) {

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "forms/widgets/qt_focus_keeper.h"
+#include "forms/widgets/qt_keys.h"
 
 namespace veyra {
 namespace {
@@ -28,11 +29,6 @@ bool OnlyMoves(int key) {
     default:
       return false;
   }
-}
-
-bool IsModifier(int key) {
-  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) ||
-         (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R) || key == Qt::Key_AltGr;
 }
 
 /// Windows and boxes; a menu, an open list or a tool tip is a part of the window that it is over.
@@ -102,7 +98,7 @@ bool QtGestureGuard::MayPass(QEvent& event) {
 }
 
 bool QtGestureGuard::MayPassKey(QKeyEvent& event) {
-  if (OnlyMoves(event.key()) || IsModifier(event.key())) {
+  if (OnlyMoves(event.key()) || IsModifier(event)) {
     return true;
   }
   const bool may_pass = event.type() == QEvent::KeyRelease

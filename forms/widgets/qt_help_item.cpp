@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QKeySequence>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace veyra {
 
@@ -12,6 +13,11 @@ void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen) {
   mnuHelp->setMenuRole(QAction::NoRole);
   mnuHelp->setShortcut(QKeySequence(Qt::Key_F1));
   QObject::connect(mnuHelp, &QAction::triggered, &window, chosen);
+}
+
+void AddHelpKey(QMainWindow& window, const std::function<void()>& chosen) {
+  auto* help = new QShortcut(QKeySequence(Qt::Key_F1), &window);
+  QObject::connect(help, &QShortcut::activated, &window, chosen);
 }
 
 }  // namespace veyra

@@ -8,4 +8,7 @@ namespace veyra {
 /// Puts the item mnuHelp, "Help", which F1 chooses too, into the window's menu bar.
 void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen);
 
+/// F1 for a window that has no menu.
+void AddHelpKey(QMainWindow& window, const std::function<void()>& chosen);
+
 }  // namespace veyra

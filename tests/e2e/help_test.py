@@ -52,6 +52,24 @@ class HelpTest(DeskTest):
         self.desk.key("F1")
         self.wait_for_topic("Veyra Calendar Help")
 
+    def test_f1_opens_the_help_from_windows_without_a_menu(self):
+        self.start()
+        self.desk.click("Help")
+        self.desk.click("About")
+        self.desk.front_window("Veyra About")
+        self.desk.key("F1")
+        self.wait_for_topic("Veyra Calendar Help")
+        self.desk.key("Escape")
+        self.desk.front_window("Veyra About")
+        self.desk.click("Exit")
+        self.desk.wait_for_month_window()
+
+        self.desk.open_day(date.today())
+        self.desk.click("Multiple Booking")
+        self.desk.front_window("Multiple Day Booking")
+        self.desk.key("F1")
+        self.wait_for_topic("Veyra Calendar Help")
+
     def test_the_windows_go_on_working_beside_the_help(self):
         self.start()
         self.desk.key("F1")

@@ -64,6 +64,12 @@ class PrintingTest(DeskTest):
         self.desk.click(self.title)
         self.desk.wait(lambda: all(self.desk.has(name) for name in CONTROLS), "the controls")
 
+    def test_the_controls_are_away_until_a_key_is_pressed(self):
+        self.print_month()
+        self.assertEqual([False] * 4, [self.desk.has(name) for name in CONTROLS])
+        self.desk.key("Escape")
+        self.desk.wait(lambda: all(self.desk.has(name) for name in CONTROLS), "the controls")
+
     def test_cancelling_prints_nothing(self):
         self.open_dialog()
         self.desk.key("Escape")

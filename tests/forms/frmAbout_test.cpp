@@ -70,6 +70,11 @@ TEST_F(FrmAboutTest, AnyOtherLabelDoesNothing) {
   EXPECT_EQ("", browser_.Opened);
 }
 
+TEST_F(FrmAboutTest, TheHelpKeyOpensTheHelpFile) {
+  about_.HelpKey();
+  EXPECT_EQ("help 0\n", windows_.Log);
+}
+
 TEST_F(FrmAboutTest, TheBoxTellsTitleAndVersion) {
   EXPECT_STREQ("Veyra Calendar     Scheduler", kAboutLabels[0]);
   EXPECT_STREQ("Version 1.0.5", kAboutLabels[5]);

@@ -204,5 +204,17 @@ TEST_F(FrmMultiDayTest, AllDatesThereAreCanBeCounted) {
   EXPECT_EQ(3615900, Close());
 }
 
+TEST_F(FrmMultiDayTest, APickerLeftOpenGoesWithTheWindow) {
+  window_.Text1_DblClick(1);
+  Close();
+  EXPECT_FALSE(view_.Picker);
+  EXPECT_FALSE(view_.CloseButton);
+}
+
+TEST_F(FrmMultiDayTest, TheHelpKeyOpensTheHelpFile) {
+  window_.HelpKey();
+  EXPECT_EQ("help 0\n", windows_.Log);
+}
+
 }  // namespace
 }  // namespace veyra

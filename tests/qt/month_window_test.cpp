@@ -421,6 +421,21 @@ TEST_F(MonthWindowTest, HiddenControlsKeepTheirPlace) {
   EXPECT_EQ(place, In<QPushButton>(&window, "Command2").geometry());
 }
 
+TEST_F(MonthWindowTest, AnyKeyButAModifierBringsTheHiddenControlsBack) {
+  Start();
+  auto* window = static_cast<QtMonthWindow*>(Month());
+  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_X, Qt::Key_PageDown}) {
+    window->ShowControls(false);
+    for (const Qt::Key modifier : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}) {
+      QTest::keyClick(&List(21), modifier);
+    }
+    EXPECT_FALSE(Find<QPushButton>("Command3").isVisible());
+    QTest::keyClick(&List(21), key);
+    EXPECT_TRUE(Find<QPushButton>("Command3").isVisible()) << key;
+    EXPECT_TRUE(Find<QComboBox>("Combo1").isVisible()) << key;
+  }
+}
+
 /// What a list reports.
 class DayListGestures : public testing::Test {
  protected:

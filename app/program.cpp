@@ -105,6 +105,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_(session_, month_window_, *this, dialogs, clock, printer_) {
   session_.Waiting = Patience(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_);
+  guard_.SetReopening([this] { OpenCalendarAnew(); });
 }
 
 Program::~Program() = default;
@@ -133,6 +134,14 @@ void Program::CloseDatabases() {
   if (!sign_.IsWaiting()) {
     session_.ResCon.reset();
     session_.GuestCon.reset();
+  }
+}
+
+void Program::OpenCalendarAnew() {
+  veyra::OpenCalendarAnew(session_, month_, dialogs_);
+  modRes::RefreshListings(session_, ListingsOfDay());
+  if (day_) {
+    day_->Logic.FillGrid();
   }
 }
 

@@ -67,6 +67,9 @@ class Program : public Windows {
     void ShowDayList(const modRes::DayLines&) override {}
   };
 
+  /// Opens the calendar file that is there now, and shows what is in it.
+  void OpenCalendarAnew();
+
   void DropDayWindow();
   modRes::Listings ListingsOfDay();
   OpenMultiDay& MultiDay();

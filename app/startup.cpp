@@ -2,7 +2,9 @@
 
 #include "app/file_opener.h"
 #include "data/color_settings.h"
+#include "data/errors.h"
 #include "data/schema.h"
+#include "forms/handler_guard.h"
 #include "logic/slots.h"
 
 namespace veyra {
@@ -39,6 +41,15 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
   files.Close(handle);
 }
 
+/// The report is no failure: the calendar opens all the same.
+void TellOfTheOpening(Session& session, Dialogs& dialogs) {
+  if (const auto notice = session.ResCon->TakeNotice()) {
+    Message message = StandardReport(Error(*notice));
+    message.Sign = Icon::Exclamation;
+    dialogs.MsgBox(message);
+  }
+}
+
 }  // namespace
 
 void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
@@ -51,6 +62,7 @@ void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
   session.CurRmID = 0;
   session.DayOpener = 1;
   CreateResCon(session);
+  TellOfTheOpening(session, dialogs);
   CreateVeyraCon(session);
   EnsureSettingsRow(session);
   EnsureMultKeyColumn(session);
@@ -65,6 +77,16 @@ void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
     throw ExplainedColorError(*session.ResCon, error);
   }
   session.IsLoading = false;
+}
+
+void OpenCalendarAnew(Session& session, frmCalendar& calendar, Dialogs& dialogs) {
+  ReopenResCon(session);
+  TellOfTheOpening(session, dialogs);
+  EnsureSettingsRow(session);
+  EnsureMultKeyColumn(session);
+  EnsureTodayBColorColumn(session);
+  calendar.LoadFacilityBox();
+  calendar.SelectActiveFacility();
 }
 
 }  // namespace veyra

@@ -16,4 +16,9 @@ namespace veyra {
 void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
              const std::string& app_folder);
 
+/// Opens the calendar anew, after the file that bears its name was replaced: brings its tables up
+/// to date, and fills and selects the facilities. The month is left to be drawn by the caller.
+/// Throws Error when the file cannot be used; then it may be tried again.
+void OpenCalendarAnew(Session& session, frmCalendar& calendar, Dialogs& dialogs);
+
 }  // namespace veyra

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ class Connection {
 
   /// The full name of the database file.
   const std::string& FileName() const { return store_->FileName(); }
+
+  /// See Store.
+  std::optional<Report> TakeNotice() { return store_->TakeNotice(); }
 
   /// The catalogue: tables, and columns of a table, by name.
   std::vector<std::string> TableNames() { return store_->TableNames(); }

@@ -23,9 +23,12 @@ FileWatch::~FileWatch() {
 }
 
 std::string FileWatch::NameInFolder() const {
-  const std::string name = "/proc/self/fd/" + std::to_string(folder_) + "/" + name_;
-  const auto stamp = StampOf(name);
-  return stamp && stamp->IsSameFile(opened_) ? name : file_;
+  const auto named = StampOf(std::filesystem::path(file_).parent_path().string());
+  const auto open = StampOf(folder_);
+  if (!open || (named && named->IsSameFile(*open))) {
+    return file_;
+  }
+  return "/proc/self/fd/" + std::to_string(folder_) + "/" + name_;
 }
 
 FileWatch::Place FileWatch::Look() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "data/file_stamp.h"
@@ -18,6 +19,9 @@ class FileWatch {
 
   /// A name that leads to the file, and to what lies beside it, also when the folder is renamed.
   std::string NameInFolder() const;
+
+  /// The stamp of the file that bears the name in the folder now, which may be another one.
+  std::optional<FileStamp> Stamp() const { return StampIn(folder_, name_); }
 
   /// Throws FileReplacedError when another file bears the name.
   void CheckBeforeReading() const;

@@ -7,6 +7,7 @@
 #include "data/color_settings.h"
 #include "data/errors.h"
 #include "data/file_name.h"
+#include "data/lost_store.h"
 #include "data/names.h"
 
 namespace veyra {
@@ -93,6 +94,16 @@ void CreateResCon(Databases& databases) {
   databases.ResCon.reset();
   databases.WaitedInVain = false;
   databases.ResCon = OpenConnection(databases, kCalendarFile, StoreAccess::ReadWrite);
+}
+
+void ReopenResCon(Databases& databases) {
+  const std::string file = databases.ResCon->FileName();
+  try {
+    CreateResCon(databases);
+  } catch (const Error& failure) {
+    databases.ResCon = std::make_unique<Connection>(MakeLostStore(file, failure.report()));
+    throw;
+  }
 }
 
 void CreateVeyraCon(Databases& databases) {

@@ -24,6 +24,11 @@ struct Databases {
 /// Throws DatabaseError when the file cannot be opened for reading and writing.
 void CreateResCon(Databases& databases);
 
+/// The same for a ResCon whose file was replaced. When the file that is there now cannot be opened,
+/// ResCon is a connection that fails with a FileReplacedError whatever is asked of it, until a
+/// later call succeeds.
+void ReopenResCon(Databases& databases);
+
 /// Opens DataFolder & "\Veyra.mdb" as GuestCon, in place of any connection that is open there.
 /// Throws DatabaseError when the file cannot be opened for reading.
 void CreateVeyraCon(Databases& databases);

@@ -31,6 +31,22 @@ void HandlerGuard::Run(const std::function<void()>& handler) const {
     handler();
   } catch (const std::exception& failure) {
     dialogs_.MsgBox(StandardReport(failure));
+    if (dynamic_cast<const FileReplacedError*>(&failure) != nullptr) {
+      OfferToOpenAnew();
+    }
+  }
+}
+
+void HandlerGuard::OfferToOpenAnew() const {
+  if (!open_anew_ || dialogs_.MsgBox({.Text = "Open the calendar file anew now?",
+                                      .Choice = Buttons::YesNo,
+                                      .Sign = Icon::Question}) != Answer::Yes) {
+    return;
+  }
+  try {
+    open_anew_();
+  } catch (const std::exception& failure) {
+    dialogs_.MsgBox(StandardReport(failure));
   }
 }
 

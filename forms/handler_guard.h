@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <functional>
+#include <utility>
 
 #include "logic/dialogs.h"
 
@@ -17,6 +18,10 @@ class HandlerGuard {
   /// `dialogs` must outlive the guard.
   explicit HandlerGuard(Dialogs& dialogs) : dialogs_(dialogs) {}
 
+  /// `open_anew` opens the calendar file anew and shows what is in it. It is offered to the
+  /// operator when a handler has found the file replaced; when it throws, that is reported too.
+  void SetReopening(std::function<void()> open_anew) { open_anew_ = std::move(open_anew); }
+
   /// Runs a handler, or nothing while handlers are held back.
   void Run(const std::function<void()>& handler) const;
 
@@ -24,8 +29,11 @@ class HandlerGuard {
   void Hold(bool held) { held_ = held; }
 
  private:
+  void OfferToOpenAnew() const;
+
   Dialogs& dialogs_;
   bool held_ = false;
+  std::function<void()> open_anew_;
 };
 
 }  // namespace veyra

@@ -83,6 +83,7 @@ class AccessStore : public Store {
   auto Reading(const std::string& table, const Work& work) {
     return Reporting(file_name_, table, [&] {
       watch_.CheckBeforeReading();
+      file_.SetPath(watch_.NameInFolder());
       FinishBrokenChange();
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
       return work();
@@ -95,6 +96,7 @@ class AccessStore : public Store {
     return Reporting(file_name_, table, [&] {
       CheckMayWrite();
       watch_.CheckBeforeChange();
+      file_.SetPath(watch_.NameInFolder());
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
       RecoverUnderLock();
       snapshot_.Tables();
@@ -127,7 +129,7 @@ class AccessStore : public Store {
         durability_(durability),
         observer_(std::move(observer)),
         watch_(file_name),
-        file_(watch_.NameInFolder(), access != StoreAccess::ReadOnly),
+        file_(file_name, access != StoreAccess::ReadOnly),
         snapshot_(file_) {
     if (durability == Durability::WhenAsked) {
       file_.ExpectNoOtherWriter();

@@ -2,8 +2,10 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -69,11 +71,63 @@ void Database::Execute(const std::string& sql) {
 }
 
 std::string Database::FirstBytes(std::size_t count) {
+  return ReadBytes(0, count);
+}
+
+std::string Database::ReadBytes(std::int64_t from, std::size_t count) {
   sqlite3_file* file = MainFile();
   std::string bytes(count, '\0');
-  const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(count), 0);
+  const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(count), from);
   if (code != SQLITE_IOERR_SHORT_READ) Check(code);
   return bytes;
+}
+
+std::string Database::LogIndexHead(std::size_t count) {
+  constexpr int kRegionBytes = 32768;
+  sqlite3_file* file = MainFile();
+  void volatile* region = nullptr;
+  Check(file->pMethods->xShmMap(file, 0, kRegionBytes, 0, &region));
+  std::string bytes(count, '\0');
+  const auto* from = static_cast<const char volatile*>(region);
+  if (from != nullptr) std::copy_n(from, count, bytes.begin());
+  return bytes;
+}
+
+bool Database::IsBeingChanged() {
+  sqlite3_file* file = MainFile();
+  int is_reserved = 0;
+  Check(file->pMethods->xCheckReservedLock(file, &is_reserved));
+  return is_reserved != 0;
+}
+
+bool Database::DropLogOfFailedChange() {
+  if (sqlite3_exec(handle_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) {
+    return false;
+  }
+  const bool is_dropped = CutLog();
+  sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  return is_dropped;
+}
+
+/// The log's index counts the frames of whole changes only.
+bool Database::CutLog() {
+  constexpr std::size_t kPageSizeAt = 14;
+  constexpr std::size_t kFramesAt = 16;
+  constexpr sqlite3_int64 kHeadBytes = 32;
+  constexpr sqlite3_int64 kFrameHeadBytes = 24;
+  const std::string index = LogIndexHead(kFramesAt + 4);
+  std::uint16_t page_size = 0;
+  std::uint32_t frames = 0;
+  std::memcpy(&page_size, index.data() + kPageSizeAt, sizeof page_size);
+  std::memcpy(&frames, index.data() + kFramesAt, sizeof frames);
+  // The largest size, which does not fit there, stands as 1.
+  const sqlite3_int64 frame = kFrameHeadBytes + (page_size == 1 ? 65536 : page_size);
+  sqlite3_file* log = nullptr;
+  return sqlite3_file_control(handle_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) == SQLITE_OK &&
+         log->pMethods != nullptr &&
+         log->pMethods->xTruncate(log, frames == 0 ? 0 : kHeadBytes + frames * frame) ==
+             SQLITE_OK &&
+         log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) == SQLITE_OK;
 }
 
 void Database::CheckWhole() {

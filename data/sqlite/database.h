@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -36,6 +37,16 @@ class Database {
   /// The file's first bytes; a shorter file is filled up with zero bytes. Takes no lock.
   std::string FirstBytes(std::size_t count);
 
+  /// Bytes of the file from anywhere in it; what is past its end is zero. Takes no lock, and knows
+  /// nothing of a log.
+  std::string ReadBytes(std::int64_t from, std::size_t count);
+
+  /// The beginning of the log's index. REQUIRES: the file is kept with a log, and has been read.
+  std::string LogIndexHead(std::size_t count);
+
+  /// Whether a program, this one included, is in the middle of a change of the file.
+  bool IsBeingChanged();
+
   /// Reads the schema, by which a file that is locked or damaged shows itself, and throws
   /// DatabaseError when the file is shorter than the pages that it should have.
   void CheckWhole();
@@ -43,6 +54,11 @@ class Database {
   /// A number that differs from an earlier one when the file was changed in between, by this
   /// program or, as far as was noticed when the file was last read, by another.
   unsigned Version();
+
+  /// Cuts off the log what a change that failed may have left behind its last whole change, so that
+  /// no later program takes it for one. Returns false when that is not on the disk. REQUIRES: no
+  /// change is open.
+  bool DropLogOfFailedChange();
 
   /// To be told the result code of every call that may have waited, before it is looked at.
   void EndWait() { wait_->End(); }
@@ -55,6 +71,7 @@ class Database {
   void ReadAsWhole();
   sqlite3_file* MainFile();
   sqlite3_file* OpenFile();
+  bool CutLog();
 
   sqlite3* handle_ = nullptr;
   std::string location_;
@@ -71,7 +88,8 @@ class Transaction {
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
-  /// The change is on the disk when this returns; when it throws nothing was changed.
+  /// The change is on the disk when this returns. When it throws it is not made, as far as this
+  /// program sees; but where the disk has failed another may find it made.
   void Commit();
 
  private:

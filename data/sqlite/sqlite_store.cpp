@@ -2,11 +2,16 @@
 
 #include <sqlite3.h>
 
+#include <filesystem>
+#include <functional>
 #include <utility>
 
 #include "data/file_watch.h"
 #include "data/names.h"
+#include "data/open_note.h"
 #include "data/sqlite/describe.h"
+#include "data/sqlite/file_keeper.h"
+#include "data/sqlite/left_log.h"
 #include "data/sqlite/reader.h"
 #include "data/sqlite/sql_text.h"
 #include "data/store_errors.h"
@@ -26,10 +31,20 @@ std::size_t ColumnIndex(const std::string& file, const Table& table, const std::
 /// A SQLite file that this program reads and writes.
 class SqliteStore : public Store {
  public:
-  explicit SqliteStore(std::unique_ptr<Database> database)
-      : reader_(std::move(database)), watch_(reader_.file()) {}
+  /// Without a `keeper` nobody else knows of the file.
+  SqliteStore(std::unique_ptr<Database> database, std::unique_ptr<FileKeeper> keeper,
+              std::optional<Report> notice)
+      : keeper_(std::move(keeper)),
+        reader_(std::move(database)),
+        watch_(reader_.file()),
+        notice_(std::move(notice)) {}
+
+  ~SqliteStore() override {
+    if (keeper_) keeper_->BeforeClosing(reader_.database());
+  }
 
   const std::string& FileName() const override { return reader_.file(); }
+  std::optional<Report> TakeNotice() override { return std::exchange(notice_, std::nullopt); }
   std::vector<std::string> TableNames() override { return Watched().catalogue().TableNames(); }
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return Watched().catalogue().Find(table).Columns;
@@ -47,23 +62,33 @@ class SqliteStore : public Store {
   /// The reader, once it is sure that it reads the file that is meant.
   Reader& Watched() {
     watch_.CheckBeforeReading();
+    if (keeper_) keeper_->CheckBeforeReading(reader_.database());
     return reader_;
   }
 
   /// The database to be changed, once it is sure that the change will be found again.
   Database& ForChange() {
     watch_.CheckBeforeChange();
+    if (keeper_) keeper_->CheckBeforeChange(reader_.database());
     return reader_.database();
   }
+
+  using Look = std::function<bool()>;
+
+  void Commit(Transaction& transaction, const Look& is_made);
+  bool IsMadeAfterAll(const DatabaseError& failure, const Look& is_made);
 
   const Table& FindForWriting(const std::string& name);
   void InsertRow(const Table& table, const FieldValues& fields);
   void Run(std::string sql, const std::vector<Value>& parameters);
   bool ReadRow(const Table& table, RowKey key, Row& row);
   void CheckUnchanged(const Table& table, const Row& before);
+  bool IsStored(const std::string& table, const Row& row);
 
+  std::unique_ptr<FileKeeper> keeper_;  ///< Goes when the file is closed.
   Reader reader_;
   FileWatch watch_;
+  std::optional<Report> notice_;
 };
 
 const Table& SqliteStore::FindForWriting(const std::string& name) {
@@ -73,6 +98,11 @@ const Table& SqliteStore::FindForWriting(const std::string& name) {
                          "The file was made by another program. Use the file of this program."});
   }
   return table;
+}
+
+bool SqliteStore::IsStored(const std::string& table, const Row& row) {
+  Row now;
+  return ReadRow(reader_.catalogue().Find(table), row.Key, now) && now.Values == row.Values;
 }
 
 void SqliteStore::Run(std::string sql, const std::vector<Value>& parameters) {
@@ -88,6 +118,30 @@ bool SqliteStore::ReadRow(const Table& table, RowKey key, Row& row) {
   if (!statement->Step()) return false;
   TakeRow(*statement, row);
   return true;
+}
+
+/// Makes the change; `is_made` looks whether it is.
+void SqliteStore::Commit(Transaction& transaction, const Look& is_made) {
+  try {
+    transaction.Commit();
+  } catch (const DatabaseBusyError&) {
+    throw;
+  } catch (const DatabaseError& failure) {
+    if (!IsMadeAfterAll(failure, is_made)) throw;
+  }
+  if (keeper_) keeper_->AfterChange(reader_.database());
+}
+
+/// A change whose last step failed may stand in the log all the same. When it can be taken from
+/// there, or seen, its outcome is known.
+bool SqliteStore::IsMadeAfterAll(const DatabaseError& failure, const Look& is_made) {
+  const bool has_log = keeper_ && keeper_->HasLog();
+  try {
+    if (!has_log || reader_.database().DropLogOfFailedChange()) return is_made();
+  } catch (const DatabaseError&) {
+    // Not even reading works now.
+  }
+  throw OutcomeUnknown(FileName(), failure.report().Cause);
 }
 
 /// Compares what SQLite gives now with what it gave when `before` was read, rather than asking
@@ -115,7 +169,7 @@ Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields
   InsertRow(table, fields);
   Row row;
   ReadRow(table, sqlite3_last_insert_rowid(reader_.database().handle()), row);
-  transaction.Commit();
+  Commit(transaction, [&] { return IsStored(table_name, row); });
   return row;
 }
 
@@ -135,7 +189,7 @@ Row SqliteStore::Update(const std::string& table_name, const Row& before,
   Run(UpdateSql(table, columns), parameters);
   Row after;
   if (!ReadRow(table, before.Key, after)) throw RowRemoved(FileName(), table.Name);
-  transaction.Commit();
+  Commit(transaction, [&] { return IsStored(table_name, after); });
   return after;
 }
 
@@ -144,7 +198,7 @@ void SqliteStore::Delete(const std::string& table_name, const Row& before) {
   const Table& table = FindForWriting(table_name);
   CheckUnchanged(table, before);
   Run(DeleteSql(table), {before.Key});
-  transaction.Commit();
+  Commit(transaction, [&] { return !IsStored(table_name, before); });
 }
 
 void SqliteStore::CreateTable(const TableDefinition& definition) {
@@ -157,7 +211,7 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
   for (const FieldValues& fields : definition.FirstRows) {
     InsertRow(FindForWriting(definition.Name), fields);
   }
-  transaction.Commit();
+  Commit(transaction, [&] { return FindName(TableNames(), definition.Name).has_value(); });
 }
 
 void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinition& column) {
@@ -170,7 +224,7 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
   if (column.Copied) {
     Run(CopyFieldSql(table, column.Name, *column.Copied), {column.Copied->Row});
   }
-  transaction.Commit();
+  Commit(transaction, [&] { return FindName(ColumnNames(table_name), column.Name).has_value(); });
 }
 
 /// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,
@@ -190,28 +244,50 @@ std::unique_ptr<Database> OpenDurable(const std::string& file, const Patience& p
   return database;
 }
 
+/// The name under which a log is kept, which is not that of a link to the file.
+std::string NameWithoutLinks(const std::string& file) {
+  return std::filesystem::canonical(file).string();
+}
+
+std::unique_ptr<Store> KeptStore(std::unique_ptr<Database> database, const std::string& file,
+                                 std::optional<Report> notice) {
+  auto keeper = std::make_unique<FileKeeper>(*database, file);
+  return std::make_unique<SqliteStore>(std::move(database), std::move(keeper), std::move(notice));
+}
+
 }  // namespace
 
 std::unique_ptr<Store> OpenReadWrite(const std::string& file, const Patience& patience) {
-  return std::make_unique<SqliteStore>(OpenDurable(file, patience));
+  const std::string real_name = NameWithoutLinks(file);
+  const OpenNoteLock lock(real_name);
+  auto notice = SettleLeftLog(real_name);
+  return KeptStore(OpenDurable(file, patience), real_name, std::move(notice));
 }
 
 std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patience) {
+  const std::string real_name = NameWithoutLinks(file);
+  const OpenNoteLock lock(real_name);
+  auto notice = SettleLeftLog(real_name);
   auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, patience);
   database->Execute("PRAGMA locking_mode = EXCLUSIVE");
   // In that mode the lock that a change takes is kept when the change is done.
   database->Execute("BEGIN EXCLUSIVE");
   database->Execute("COMMIT");
   database->CheckWhole();
-  return std::make_unique<SqliteStore>(std::move(database));
+  return std::make_unique<SqliteStore>(std::move(database), nullptr, std::move(notice));
 }
 
 std::unique_ptr<Store> OpenNew(const std::string& file, const Patience& patience, bool durable) {
   // The first thing written turns an empty file into a database.
   Database(file, file, OpenMode::ReadWrite, patience).Execute("PRAGMA user_version = 1");
   auto database = OpenDurable(file, patience);
-  if (!durable) database->Execute("PRAGMA synchronous = OFF");
-  return std::make_unique<SqliteStore>(std::move(database));
+  if (!durable) {
+    database->Execute("PRAGMA synchronous = OFF");
+    return std::make_unique<SqliteStore>(std::move(database), nullptr, std::nullopt);
+  }
+  const std::string real_name = NameWithoutLinks(file);
+  const OpenNoteLock lock(real_name);
+  return KeptStore(std::move(database), real_name, std::nullopt);
 }
 
 std::string FirstBytes(const std::string& file, std::size_t count) {

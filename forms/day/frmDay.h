@@ -42,6 +42,9 @@ class frmDay {
   void Command2_Click();  ///< "Close"
   void mnuHelp_Click();
 
+  /// Fills the grid anew with what the calendar holds. Throws DatabaseError.
+  void FillGrid();
+
   /// The window goes: the one that opened it is shown again, and the month cell of the day is
   /// filled again.
   void Form_Unload();
@@ -58,7 +61,6 @@ class frmDay {
   std::string Question() const;
   bool Confirm(const std::string& question);
   void PlanSeveralDays();
-  void FillGrid();
 
   Session& session_;
   DayView& view_;

@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 
+#include <filesystem>
+
 #include "data/errors.h"
 #include "tests/calendar_folder.h"
 #include "tests/data/access/fixtures.h"
@@ -22,6 +24,8 @@
 
 namespace veyra {
 namespace {
+
+namespace fs = std::filesystem;
 
 /// Starts the program with an application folder of its own beside a data folder.
 class StartUpTest : public testing::Test {
@@ -133,6 +137,31 @@ TEST_F(StartUpTest, TodaysMonthOfTheActiveFacilityIsShown) {
   EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Hall"}), view_.Combo1);
   EXPECT_EQ((modRes::DayLines{" 9:00A-10:30A Smith"}), view_.Picture.Cells[21].Lines);
   EXPECT_EQ(1, view_.MonthsShown);
+}
+
+/// The note of the former file and its log beside another file.
+TEST_F(StartUpTest, ALogThatWasSetAsideIsTold) {
+  if (TestedStoreKind() != StoreKind::Sqlite) {
+    GTEST_SKIP() << "an Access file has no such log";
+  }
+  const TempFolder kept;
+  fs::copy(data_.File("Calendar.mdb"), kept.File("backup"));
+  data_.AddRoom("Hall");
+  {
+    const auto open = data_.Calendar();
+    open->Insert("Rooms", {{"Name", "Pool"}});
+    for (const char* beside : {"Calendar.mdb-wal", "Calendar.mdb-open"}) {
+      fs::copy(data_.File(beside), kept.File(beside));
+    }
+  }
+  fs::rename(kept.File("backup"), data_.File("Calendar.mdb"));
+  for (const char* beside : {"Calendar.mdb-wal", "Calendar.mdb-open"}) {
+    fs::rename(kept.File(beside), data_.File(beside));
+  }
+  StartOnData();
+  const std::string box = dialogs_.OnlyBox();
+  EXPECT_TRUE(box.starts_with("[OK Exclamation] " + data_.File("Calendar.mdb"))) << box;
+  EXPECT_NE(std::string::npos, box.find("Calendar.mdb-wal set aside 20")) << box;
 }
 
 TEST_F(StartUpTest, TheSharedStateIsThatOfAFreshRun) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -8,6 +9,7 @@
 #include "data/open_store.h"
 #include "data/schema.h"
 #include "data/store.h"
+#include "tests/data/sqlite/foreign_program.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"
 
@@ -139,6 +141,74 @@ TEST_P(ReplacedFileTest, GoesOnWhenTheFileIsBackInItsPlace) {
   fs::rename(folder_.File("elsewhere"), File());
   AddRoom("Hall");
   EXPECT_EQ("Pool;Hall;", RoomsIn(*store_));
+}
+
+/// What only a file with a log beside it can meet.
+class OverwrittenFileTest : public ReplacedFileTest {
+ protected:
+  /// File times move in ticks, and nobody overwrites a file within one.
+  void Overwrite() {
+    const std::string backup = folder_.Read("backup");
+    do {
+      folder_.Write("clock", "tick");
+    } while (fs::last_write_time(folder_.File("clock")) <= fs::last_write_time(File() + "-wal"));
+    folder_.Write("data/Calendar.mdb", backup);
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OverwrittenFileTest, testing::Values(StoreKind::Sqlite),
+                         [](const auto& kind) { return NameOf(kind.param); });
+
+TEST_P(OverwrittenFileTest, RefusesAChange) {
+  Overwrite();
+  EXPECT_EQ("The file was overwritten by another program while the calendar was open.",
+            CauseOfRefusal());
+}
+
+TEST_P(OverwrittenFileTest, ShowsNoRows) {
+  Overwrite();
+  EXPECT_THROW(RoomsIn(*store_), FileReplacedError);
+}
+
+TEST_P(OverwrittenFileTest, LeavesTheFileAsItIs) {
+  Overwrite();
+  CauseOfRefusal();
+  store_.reset();
+  EXPECT_TRUE(folder_.Read("backup") == folder_.Read("data/Calendar.mdb"));
+  EXPECT_EQ("", RoomsAfterStart(File()));
+}
+
+TEST_P(OverwrittenFileTest, LeavesTheFileAsItIsWhenNothingIsAskedOfItBeforeTheEnd) {
+  Overwrite();
+  EXPECT_EQ("", RoomsAfterStart(File()));
+}
+
+using OverwrittenAccessFileTest = ReplacedFileTest;
+
+INSTANTIATE_TEST_SUITE_P(Kinds, OverwrittenAccessFileTest, testing::Values(StoreKind::Access),
+                         [](const auto& kind) { return NameOf(kind.param); });
+
+/// It keeps no log: what is written after that goes into the file that is there.
+TEST_P(OverwrittenAccessFileTest, TakesTheNextChange) {
+  fs::copy_file(Backup(), File(), fs::copy_options::overwrite_existing);
+  AddRoom("Hall");
+  EXPECT_EQ("Hall;", RoomsAfterStart(File()));
+}
+
+TEST_P(OverwrittenFileTest, GoesOnWhenAnotherProgramHasPutTheLogIntoTheFile) {
+  ForeignProgram(File()).Run("PRAGMA wal_checkpoint(TRUNCATE); INSERT INTO Rooms(Name) VALUES (1)");
+  AddRoom("Hall");
+  EXPECT_EQ("Pool;1;Hall;", RoomsAfterStart(File()));
+}
+
+TEST_P(OverwrittenFileTest, GoesOnWhenTwoProgramsChangeItByTurns) {
+  const auto other = OpenStore(File(), StoreAccess::ReadWrite);
+  for (int i = 0; i < 600; ++i) {
+    (i % 2 == 0 ? *store_ : *other).Insert("Rooms", {{"Name", std::string(900, 'x')}});
+  }
+  EXPECT_LT(fs::file_size(File() + "-wal"), 6'000'000U);
+  const std::string names = RoomsIn(*store_);
+  EXPECT_EQ(601, std::count(names.begin(), names.end(), ';'));
 }
 
 }  // namespace

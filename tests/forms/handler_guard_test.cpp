@@ -37,5 +37,30 @@ TEST_F(HandlerGuardTest, AFaultOfTheProgramIsReportedAsSuch) {
   EXPECT_NE(std::string::npos, dialogs_.OnlyBox().find("There is no time slot 49."));
 }
 
+TEST_F(HandlerGuardTest, AReplacedFileIsOfferedToBeOpenedAnew) {
+  int opened = 0;
+  guard_.SetReopening([&] { ++opened; });
+  dialogs_.AnswerNext(Answer::Yes);
+  guard_.Run([] { throw FileReplacedError({"/desk/Calendar.mdb", "It was replaced.", "Look."}); });
+  EXPECT_EQ(1, opened);
+  ASSERT_EQ(2U, dialogs_.Boxes().size());
+  EXPECT_NE(std::string::npos, dialogs_.Boxes()[0].find("It was replaced."));
+  EXPECT_EQ("[Yes/No Question] Open the calendar file anew now?", dialogs_.Boxes()[1]);
+}
+
+TEST_F(HandlerGuardTest, AReplacedFileStaysClosedWhenTheOperatorSaysNo) {
+  guard_.SetReopening([] { FAIL() << "opened"; });
+  dialogs_.AnswerNext(Answer::No);
+  guard_.Run([] { throw FileReplacedError({"/desk/Calendar.mdb", "It was replaced.", "Look."}); });
+}
+
+TEST_F(HandlerGuardTest, AFileThatCannotBeOpenedAnewIsReported) {
+  guard_.SetReopening([] { throw DatabaseError({"/desk/Calendar.mdb", "It is damaged.", ""}); });
+  dialogs_.AnswerNext(Answer::Yes);
+  guard_.Run([] { throw FileReplacedError({"/desk/Calendar.mdb", "It was replaced.", "Look."}); });
+  ASSERT_EQ(3U, dialogs_.Boxes().size());
+  EXPECT_NE(std::string::npos, dialogs_.Boxes()[2].find("It is damaged."));
+}
+
 }  // namespace
 }  // namespace veyra

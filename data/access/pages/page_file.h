@@ -48,7 +48,11 @@ class PageFile : public PageSource {
   PageFile(const PageFile&) = delete;
   PageFile& operator=(const PageFile&) = delete;
 
+  /// The name by which the file, and what lies beside it, is reached; another one is to be set when
+  /// its folder was renamed.
   const std::filesystem::path& Path() const { return path_; }
+  void SetPath(const std::filesystem::path& path) { path_ = path; }
+
   const FileHeader& Header() const override { return header_; }
   bool IsWritable() const { return writable_; }
   int Descriptor() const { return descriptor_; }

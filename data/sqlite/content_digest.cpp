@@ -1,0 +1,76 @@
+#include "data/sqlite/content_digest.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <string>
+
+namespace veyra::sqlite {
+
+namespace {
+
+constexpr std::int64_t kMegabyte = 1'048'576;
+constexpr std::size_t kPageSizeAt = 16;
+constexpr std::int64_t kSmallestPage = 512;
+
+/// In the file's head the largest size, which does not fit there, stands as 1.
+std::int64_t PageSize(Database& database) {
+  const std::string head = database.FirstBytes(kPageSizeAt + 2);
+  const auto high = static_cast<unsigned char>(head[kPageSizeAt]);
+  const auto low = static_cast<unsigned char>(head[kPageSizeAt + 1]);
+  const std::int64_t size = high * 256 + low;
+  return size == 1 ? 65536 : std::max(size, kSmallestPage);
+}
+
+void Add(std::uint64_t& digest, std::uint64_t word) {
+  constexpr std::uint64_t kPrime = 0x100000001B3;
+  digest = (digest ^ word) * kPrime;
+  digest ^= digest >> 29U;
+}
+
+std::uint64_t DigestOfPage(Database& database, std::int64_t at, std::int64_t page_size) {
+  const std::string page = database.ReadBytes(at, static_cast<std::size_t>(page_size));
+  return PageDigest({reinterpret_cast<const unsigned char*>(page.data()),  // NOLINT: bytes
+                     page.size()});
+}
+
+}  // namespace
+
+std::uint64_t PageDigest(std::span<const unsigned char> page) {
+  std::uint64_t digest = 0xCBF29CE484222325;
+  for (std::size_t at = 0; at + sizeof digest <= page.size(); at += sizeof digest) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, page.data() + at, sizeof word);
+    Add(digest, word);
+  }
+  return digest;
+}
+
+std::uint64_t ContentDigest(Database& database, std::int64_t size, const WalContents& log) {
+  const std::int64_t page_size = PageSize(database);
+  std::uint64_t digest = 0;
+  for (std::int64_t at = 0; at < size; at += page_size) {
+    const bool is_in_the_middle = at >= kMegabyte && at + kMegabyte < size;
+    const auto number = static_cast<std::uint32_t>(at / page_size + 1);
+    if (!is_in_the_middle && !log.Pages.contains(number)) {
+      Add(digest, number);
+      Add(digest, DigestOfPage(database, at, page_size));
+    }
+  }
+  return digest;
+}
+
+std::map<std::uint32_t, std::uint64_t> DigestsInFile(Database& database, std::int64_t size,
+                                                     const WalContents& log) {
+  const std::int64_t page_size = PageSize(database);
+  std::map<std::uint32_t, std::uint64_t> digests;
+  for (const auto& [number, in_log] : log.Pages) {
+    const std::int64_t at = (std::int64_t{number} - 1) * page_size;
+    if (at < size) {
+      digests[number] = DigestOfPage(database, at, page_size);
+    }
+  }
+  return digests;
+}
+
+}  // namespace veyra::sqlite

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+
+namespace veyra::sqlite {
+
+/// What SQLite would take from a write-ahead log.
+struct WalContents {
+  /// Of each page, by its number from 1, the digests of what the log has it to be, one change after
+  /// another.
+  std::map<std::uint32_t, std::set<std::uint64_t>> Pages;
+};
+
+/// Reads a log as SQLite recovers it: as far as its frames bear the marks of its head and their
+/// checksums fit, up to the last that ends a change. Without pages when there is no log, or one
+/// that tells nothing.
+WalContents ReadWal(const std::string& log);
+
+}  // namespace veyra::sqlite

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <filesystem>
+#include <string>
+
+#include "tests/qt/program_fixture.h"
+
+namespace veyra {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The calendar file is replaced by a backup while the program is running. The backup knows nothing
+/// of the booking that the windows show.
+class ReplacedCalendarTest : public ProgramFixture {
+ protected:
+  ReplacedCalendarTest() {
+    fs::copy_file(File(), kept_.File("backup"));
+    data_.AddBooking(hall_, "2014-03-15", 19, 21, "Late");
+  }
+
+  std::string File() const { return data_.File("Calendar.mdb"); }
+
+  void Replace() const { fs::rename(kept_.File("backup"), File()); }
+
+  static void TurnToNextMonth() {
+    QTest::mouseClick(&In<QPushButton>(Month(), QStringLiteral("Command1")), Qt::LeftButton);
+  }
+
+  TempFolder kept_;
+};
+
+TEST_F(ReplacedCalendarTest, IsReportedAndOpenedAnewWhenTheOperatorSaysYes) {
+  Start();
+  EXPECT_EQ(1, List(21).count());
+  Replace();
+  dialogs_.AnswerNext(Answer::Yes);
+  TurnToNextMonth();
+  ASSERT_LE(2U, dialogs_.Boxes().size());
+  EXPECT_NE(std::string::npos, dialogs_.Boxes()[0].find("replaced by another one"));
+  EXPECT_EQ("[Yes/No Question] Open the calendar file anew now?", dialogs_.Boxes()[1]);
+  EXPECT_EQ(0, List(21).count());
+}
+
+TEST_F(ReplacedCalendarTest, TakesTheNextBookingOnceItIsOpenedAnew) {
+  StartAndOpenDay();
+  Replace();
+  dialogs_.AnswerNext(Answer::Ok);
+  dialogs_.AnswerNext(Answer::Yes);
+  DragRows(23, 24);
+  EXPECT_EQ("", data_.Bookings());
+  EXPECT_EQ("", Grid().item(18, 1)->text().toStdString());
+  dialogs_.AnswerNext(Answer::Ok);
+  DragRows(23, 24);
+  EXPECT_EQ("2 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
+}
+
+TEST_F(ReplacedCalendarTest, StaysAsItIsShownWhenTheOperatorSaysNo) {
+  Start();
+  Replace();
+  dialogs_.AnswerNext(Answer::No);
+  TurnToNextMonth();
+  EXPECT_EQ(2U, dialogs_.Boxes().size());
+  EXPECT_EQ(1, List(21).count());
+}
+
+TEST_F(ReplacedCalendarTest, IsOfferedAgainUntilAFileIsThere) {
+  StartAndOpenDay();
+  fs::rename(File(), kept_.File("removed"));
+  dialogs_.AnswerNext(Answer::Ok);
+  dialogs_.AnswerNext(Answer::Yes);
+  DragRows(23, 24);
+  EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("There is no such file."));
+  Replace();
+  dialogs_.AnswerNext(Answer::Ok);
+  dialogs_.AnswerNext(Answer::Yes);
+  DragRows(23, 24);
+  EXPECT_EQ("", Grid().item(18, 1)->text().toStdString());
+  dialogs_.AnswerNext(Answer::Ok);
+  DragRows(23, 24);
+  EXPECT_EQ("2 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
+}
+
+}  // namespace
+}  // namespace veyra

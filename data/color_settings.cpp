@@ -79,13 +79,13 @@ void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSetting
 bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSettings& current) {
   const auto rows = res_con.Open(kRowOne, CursorType::StaticOptimistic);
   if (rows->IsEmpty()) return false;
-  current = chosen;
   rows->SetField("BkGrnd", chosen.BkGrnd);
   rows->SetField("HeaderTxt", chosen.HeaderTxt);
   rows->SetField("DaysTxtColor", chosen.DaysTxtColor);
   rows->SetField("TodayColor", chosen.TodayColor);
   rows->SetField("TodayBColor", chosen.TodayBColor);
   rows->Update();
+  current = chosen;
   return true;
 }
 

@@ -28,8 +28,9 @@ ColorSettings DefaultColors();
 /// Throws DatabaseError when the table cannot be read.
 void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSettings& stored);
 
-/// Takes `chosen` into `current` and writes it to row 1 of Settings. Without that row nothing is
-/// written and `current` is unchanged. Returns whether there was such a row.
+/// Writes `chosen` to row 1 of Settings and takes it into `current`. Without that row nothing is
+/// written. Returns whether there was such a row. Throws DatabaseError; `current` changes only when
+/// the row is written.
 bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSettings& current);
 
 /// A text that was to be used as a colour is no colour number.

@@ -17,6 +17,7 @@ std::string WholeText(const Report& report) {
   std::string text;
   AppendLine(text, report.File);
   AppendLine(text, report.Cause);
+  AppendLine(text, report.Effect);
   AppendLine(text, report.Advice);
   return text;
 }

@@ -8,13 +8,14 @@ namespace veyra {
 
 /// What the operator is told when something fails. Each text is a whole sentence or empty.
 struct Report {
-  std::string File;    ///< Full name of the file concerned; empty when there is none.
-  std::string Cause;   ///< What happened, in words a front desk understands.
-  std::string Advice;  ///< What to do about it.
+  std::string File;         ///< Full name of the file concerned; empty when there is none.
+  std::string Cause;        ///< What happened, in words a front desk understands.
+  std::string Advice;       ///< What to do about it.
+  std::string Effect = {};  ///< What it means for the one row that met it: "Nothing was saved."
 };
 
-/// The root of every failure the operator is told of. what() is the whole report: file, cause and
-/// advice, each on a line of its own.
+/// The root of every failure the operator is told of. what() is the whole report: file, cause,
+/// effect and advice, each on a line of its own.
 class Error : public std::runtime_error {
  public:
   explicit Error(Report report);

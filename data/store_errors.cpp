@@ -10,8 +10,8 @@ constexpr const char* kWrongFile =
     "The file was made by another program or a part of it was removed. Use the file of this "
     "program, or a backup copy of it.";
 constexpr const char* kReadAgain =
-    "Nothing was overwritten. Look at the bookings as they are now, and do it again if it is still "
-    "needed.";
+    "Look at the bookings as they are now, and do it again if it is still needed.";
+constexpr const char* kNothingOverwritten = "Nothing was overwritten.";
 
 constexpr const char* kOpenAnew =
     "Nothing was saved in it. Open the file anew, look at the bookings as they are there, and do "
@@ -50,13 +50,15 @@ DatabaseError OpenedForReadingOnly(const std::string& file) {
 }
 
 RowChangedError RowChanged(const std::string& file, const std::string& table) {
-  return RowChangedError(
-      {file, "Another program has just changed this row of the table " + table + ".", kReadAgain});
+  return RowChangedError({file,
+                          "Another program has just changed this row of the table " + table + ".",
+                          kReadAgain, kNothingOverwritten});
 }
 
 RowChangedError RowRemoved(const std::string& file, const std::string& table) {
-  return RowChangedError(
-      {file, "Another program has just removed this row of the table " + table + ".", kReadAgain});
+  return RowChangedError({file,
+                          "Another program has just removed this row of the table " + table + ".",
+                          kReadAgain, kNothingOverwritten});
 }
 
 FileReplacedError FileReplaced(const std::string& file) {

@@ -7,11 +7,21 @@
 namespace veyra {
 namespace {
 
-std::string ReportText(const std::exception& failure) {
-  if (dynamic_cast<const Error*>(&failure) != nullptr) {
-    return failure.what();
+std::string Lines(const Report& report) {
+  std::string lines;
+  for (const std::string& line : {report.File, report.Cause, report.Effect, report.Advice}) {
+    if (!line.empty()) {
+      lines += (lines.empty() ? "" : kLineBreak) + line;
+    }
   }
-  return std::string("The program met a fault of its own and has broken off what it was doing.") +
+  return lines;
+}
+
+std::string ReportText(const std::exception& failure) {
+  if (const auto* error = dynamic_cast<const Error*>(&failure)) {
+    return Lines(error->report());
+  }
+  return std::string("The program met a fault of its own and has stopped what it was doing.") +
          kLineBreak + kLineBreak + failure.what() + kLineBreak + kLineBreak +
          "What was saved before is kept. If this happens again, close the program and start it "
          "anew.";

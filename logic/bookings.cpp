@@ -51,7 +51,7 @@ std::int64_t BookPlan(Session& session, const std::string& name, const MultiDayP
                       const Clock& clock, Dialogs& dialogs) {
   const Rows bookings = session.ResCon->Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
   const double group_key = GroupKey(clock.Now());
-  const auto progress = dialogs.StartProgress("Booking ...", BreakOff::Refused);
+  const auto progress = dialogs.StartProgress("Booking ...", EarlyEnd::None);
   std::int64_t count = 0;
   ForEachPlannedDate(RangeOfPlan(plan, clock.Today()), *progress, [&](Date day) {
     if (IsFree(session, day)) {

@@ -41,11 +41,13 @@ class Progress {
   virtual ~Progress() = default;
 
   /// `done` steps of `total` are done. Keeps the screen alive; returns false once the operator has
-  /// broken the action off.
+  /// pressed the button that ends the action early.
   virtual bool Report(std::int64_t done, std::int64_t total) = 0;
 };
 
-enum class BreakOff { Allowed, Refused };
+/// The button with which the operator ends a long action early: "Cancel" where nothing has been
+/// changed by then, "Stop" where what was done until then remains to be decided on.
+enum class EarlyEnd { None, Cancel, Stop };
 
 /// Asks the operator. Handed in, so that a test can answer.
 class Dialogs {
@@ -60,7 +62,7 @@ class Dialogs {
                                const std::string& default_text) = 0;
 
   /// Begins to show the progress of an action, which `text` names.
-  virtual std::unique_ptr<Progress> StartProgress(const std::string& text, BreakOff break_off) = 0;
+  virtual std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) = 0;
 };
 
 }  // namespace veyra

@@ -83,7 +83,7 @@ void SelectFacility(Session& session, const std::string& FacilityName) {
   const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
   std::int64_t selected_id = session.CurRmID;
   for (; !rooms->AtEnd(); rooms->MoveNext()) {
-    const bool selected = NameOf(*rooms) == FacilityName;
+    const bool selected = !FacilityName.empty() && NameOf(*rooms) == FacilityName;
     if (selected) {
       selected_id = IdOf(*rooms);
     }

@@ -16,7 +16,7 @@ namespace veyra::modRes {
 void LoadFacilities(Session& session, NameBox& Combo1);
 
 /// Sets CurRmID to the facility of exactly that name and makes it the only active one. When there
-/// is none CurRmID stays and no facility is active.
+/// is none CurRmID stays and no facility is active; an empty name is nobody's.
 void SelectFacility(Session& session, const std::string& FacilityName);
 
 /// Puts the name of facility CurRmID into Combo1's text; leaves it alone when there is none.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/errors.h"
 #include "logic/slots.h"
 
 namespace veyra::modRes {
@@ -16,11 +17,33 @@ constexpr std::array<int, 12> kDaysInMonthOffset = {1, -2, 1, 0, 1, 0, 1, 1, 0, 
 
 constexpr int kFebruary = 2;
 
+bool IsMonth(int month) {
+  return month >= 1 && month <= 12;
+}
+
+/// A month outside 1 to 12 has no name and 30 days. This is meant.
 int DaysInMonth(int year, int month) {
+  if (!IsMonth(month)) {
+    return 30;
+  }
   if (month == kFebruary && MakeDate(year, month, 29)) {
     return 29;
   }
   return 30 + kDaysInMonthOffset.at(static_cast<std::size_t>(month) - 1);
+}
+
+/// Month 13 begins with the January of the next year, month 0 with the December of the last.
+Date FirstDayOf(int year, int month) {
+  const std::int64_t months = std::int64_t{year} * 12 + month - 1;
+  const auto first_day =
+      MakeDate(static_cast<int>(months / 12), static_cast<int>(months % 12) + 1, 1);
+  if (!first_day) {
+    throw ValueError({"",
+                      "There is no month " + std::to_string(month) + " of the year " +
+                          std::to_string(year) + ".",
+                      "Turn to another month."});
+  }
+  return *first_day;
 }
 
 /// The day's bookings of the current facility, in the order of their first slots.
@@ -73,8 +96,10 @@ MonthCell CellOf(Session& session, Date day, Date today) {
 void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month) {
   MonthPicture picture;
   const int year = session.CurYear;
-  picture.Title = kMonthTitles.at(static_cast<std::size_t>(month) - 1) + std::to_string(year);
-  const Date first_day = MakeDate(year, month, 1).value();
+  const Date first_day = FirstDayOf(year, month);
+  if (IsMonth(month)) {
+    picture.Title = kMonthTitles.at(static_cast<std::size_t>(month) - 1) + std::to_string(year);
+  }
   const int first_cell = WeekdayNumber(first_day);
   const Date today = clock.Today();
   for (int day = 0; day < DaysInMonth(year, month); ++day) {

@@ -54,9 +54,12 @@ class DayListScreen {
   virtual void ShowDayList(const DayLines& lines) = 0;
 };
 
-/// Reads the bookings of CurRmID in `month` (1 to 12) of CurYear and shows the month. The whole
-/// picture is worked out before any of it is shown: a failure leaves the old one standing.
-/// Throws DatabaseError, and ValueError when a colour of CurrentColors is no number.
+/// Reads the bookings of CurRmID in `month` of CurYear and shows the month. The whole picture is
+/// worked out before any of it is shown: a failure leaves the old one standing.
+/// A month outside 1 to 12 is counted on from the year's own: 30 days from the first of that month,
+/// under the title that stands there.
+/// Throws DatabaseError, and ValueError when a colour of CurrentColors is no number or the month
+/// lies outside the calendar.
 void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month);
 
 /// Reads the bookings of CurRmID on `day` and shows them in one cell. Throws DatabaseError.

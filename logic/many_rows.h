@@ -10,7 +10,7 @@
 namespace veyra::modRes {
 
 /// Visits every row of a static record set from where it stands, showing the progress under `text`
-/// once it takes long. It cannot be broken off. Returns how many rows there were.
+/// once it takes long. It cannot be stopped. Returns how many rows there were.
 std::size_t ForEachRow(Recordset& rows, const std::string& text, Dialogs& dialogs,
                        const std::function<void()>& visit);
 

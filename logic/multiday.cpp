@@ -42,11 +42,11 @@ void CheckDate(Session& session, Date day, Conflicts& conflicts) {
   }
 }
 
-/// Nothing when the operator broke off.
+/// Nothing when the operator cancelled.
 std::optional<Conflicts> FindConflicts(Session& session, const PlannedRange& range,
                                        Dialogs& dialogs) {
   const auto progress =
-      dialogs.StartProgress("Looking for conflicting bookings ...", BreakOff::Allowed);
+      dialogs.StartProgress("Looking for conflicting bookings ...", EarlyEnd::Cancel);
   Conflicts conflicts;
   const bool finished =
       ForEachPlannedDate(range, *progress, [&](Date day) { CheckDate(session, day, conflicts); });

@@ -35,9 +35,9 @@ PlannedRange RangeOfPlan(const MultiDayPlan& plan, Date today);
 /// How many days the range spans, ticked or not; 0 when To lies before From.
 std::int64_t DaysInRange(const PlannedRange& range);
 
-/// Visits, in their order, the dates from From to To that fall on a ticked weekday, and breaks off
-/// when `progress` says so. Counting, checking and booking all walk by this routine. Returns false
-/// when broken off.
+/// Visits, in their order, the dates from From to To that fall on a ticked weekday, until
+/// `progress` tells that the operator has ended it. Counting, checking and booking all walk by this
+/// routine. Returns false when it was ended early.
 bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
                         const std::function<void(Date)>& visit);
 
@@ -52,7 +52,7 @@ std::string WeekdayName(Date date);
 std::string ClashQuery(const Session& session, Date day);
 
 /// Looks for clashes on every date of the plan, lists them to the operator, and sets MultiBookCount
-/// to PlannedDayCount less the number of dates that clash; to 0 when the operator breaks off.
+/// to PlannedDayCount less the number of dates that clash; to 0 when the operator cancels.
 /// Throws DatabaseError, and ValueError when a text of the plan is no date.
 void CheckMultiDayConflicts(Session& session, const MultiDayPlan& plan, const Clock& clock,
                             Dialogs& dialogs);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "logic/dialogs.h"
@@ -29,8 +30,8 @@ class FakeDialogs : public Dialogs {
   void AnswerNext(Answer answer) { answers_.push_back(answer); }
   void TypeNext(const std::string& text) { texts_.push_back(text); }
 
-  /// Breaks the next long action off once it has reported so many steps.
-  void BreakOffAfter(std::int64_t steps) { break_off_after_ = steps; }
+  /// Presses the button that ends the next long action early, once it has reported so many steps.
+  void EndEarlyAfter(std::int64_t steps) { end_after_ = steps; }
 
   /// Called before each box is answered: what the operator may see behind it.
   std::function<void()> WhileShown;
@@ -70,23 +71,24 @@ class FakeDialogs : public Dialogs {
     return text;
   }
 
-  std::unique_ptr<Progress> StartProgress(const std::string& text, BreakOff break_off) override {
+  std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) override {
     progress_boxes_.push_back(text);
-    const bool breaks_off = break_off == BreakOff::Allowed && break_off_after_.has_value();
-    return std::make_unique<FakeProgress>(breaks_off ? break_off_after_ : std::nullopt);
+    if (early_end == EarlyEnd::None) {
+      return std::make_unique<FakeProgress>(std::nullopt);
+    }
+    return std::make_unique<FakeProgress>(std::exchange(end_after_, std::nullopt));
   }
 
  private:
   class FakeProgress : public Progress {
    public:
-    explicit FakeProgress(std::optional<std::int64_t> break_off_after)
-        : break_off_after_(break_off_after) {}
+    explicit FakeProgress(std::optional<std::int64_t> end_after) : end_after_(end_after) {}
     bool Report(std::int64_t done, std::int64_t) override {
-      return !break_off_after_ || done < *break_off_after_;
+      return !end_after_ || done < *end_after_;
     }
 
    private:
-    std::optional<std::int64_t> break_off_after_;
+    std::optional<std::int64_t> end_after_;
   };
 
   static Answer Refusal(Buttons choice) {
@@ -112,7 +114,7 @@ class FakeDialogs : public Dialogs {
 
   std::deque<Answer> answers_;
   std::deque<std::string> texts_;
-  std::optional<std::int64_t> break_off_after_;
+  std::optional<std::int64_t> end_after_;
   std::vector<std::string> boxes_;
   std::vector<std::string> progress_boxes_;
   Message last_message_;

@@ -12,7 +12,10 @@ namespace {
 struct Words {
   std::string Cause;
   std::string Advice;
+  std::string Effect = {};
 };
+
+constexpr const char* kNothingSaved = "Nothing was saved.";
 
 constexpr const char* kBackup =
     "Put a backup copy in its place. Keep the damaged file: a specialist may be able to read it.";
@@ -28,7 +31,7 @@ Words WordsFor(int code, const std::string& detail) {
       return {"The file may be read but not written to" + number + ".",
               "Ask for the right to change the file and the folder it is in."};
     case SQLITE_FULL:
-      return {"The disk is full, so nothing was saved.", "Make room on the disk and try again."};
+      return {"The disk is full.", "Make room on the disk and try again.", kNothingSaved};
     case SQLITE_IOERR:
       return {"The disk reported a failure while the file was in use" + number + ".",
               "Check that the disk or the network folder is still connected, and try again."};
@@ -45,7 +48,7 @@ Words WordsFor(int code, const std::string& detail) {
       return {"The computer has run out of memory.", "Close other programs and try again."};
     case SQLITE_CONSTRAINT:
       return {"The file's own rules do not allow this row: " + detail + ".",
-              "Nothing was saved. The file may have been made by another program."};
+              "The file may have been made by another program.", kNothingSaved};
     default:
       return {"The database reported a failure: " + detail + number + ".",
               "Try again. If it fails again, restart the program."};
@@ -71,7 +74,7 @@ void ThrowError(const std::string& file, int code, const std::string& detail) {
   if ((code & 0xFF) == SQLITE_IOERR) {
     throw PassingTrouble({file, words.Cause, words.Advice});
   }
-  throw DatabaseError({file, words.Cause, words.Advice});
+  throw DatabaseError({file, words.Cause, words.Advice, words.Effect});
 }
 
 }  // namespace veyra::sqlite

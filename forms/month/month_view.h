@@ -20,7 +20,8 @@ class MonthView : public modRes::MonthScreen {
   /// Paints the window's background, and the header texts: lblRoom, lblMonth, Label2(0) to (6).
   virtual void ShowColors(std::int32_t background, std::int32_t header) = 0;
 
-  /// Shows or hides Combo1 with its label and Command1 to Command4, all at once.
+  /// Shows or hides Command1, Command2, Command4, Command3 and Combo1, in this order; Combo1 with
+  /// its label.
   virtual void ShowControls(bool visible) = 0;
 
   /// Selects the whole text of Combo1, which has the focus.

@@ -249,8 +249,8 @@ void QtMonthWindow::ShowColors(std::int32_t background, std::int32_t header) {
 }
 
 void QtMonthWindow::ShowControls(bool visible) {
-  for (QWidget* control : std::initializer_list<QWidget*>{Command1_, Command2_, Command3_,
-                                                          Command4_, Combo1_, Label1_}) {
+  for (QWidget* control : std::initializer_list<QWidget*>{Command1_, Command2_, Command4_,
+                                                          Command3_, Combo1_, Label1_}) {
     control->setVisible(visible);
   }
 }

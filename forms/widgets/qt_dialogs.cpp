@@ -142,8 +142,8 @@ std::string QtDialogs::InputBox(const std::string& prompt, const std::string& ti
   return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
 }
 
-std::unique_ptr<Progress> QtDialogs::StartProgress(const std::string& text, BreakOff break_off) {
-  return std::make_unique<QtProgress>(text, break_off);
+std::unique_ptr<Progress> QtDialogs::StartProgress(const std::string& text, EarlyEnd early_end) {
+  return std::make_unique<QtProgress>(text, early_end);
 }
 
 }  // namespace veyra

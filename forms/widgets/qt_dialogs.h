@@ -13,7 +13,7 @@ class QtDialogs : public Dialogs {
   Answer MsgBox(const Message& message) override;
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& default_text) override;
-  std::unique_ptr<Progress> StartProgress(const std::string& text, BreakOff break_off) override;
+  std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) override;
 };
 
 }  // namespace veyra

@@ -23,8 +23,8 @@ int BarValue(std::int64_t done, std::int64_t total) {
 
 }  // namespace
 
-QtProgress::QtProgress(const std::string& text, BreakOff break_off)
-    : text_(ToQString(text)), break_off_(break_off) {
+QtProgress::QtProgress(const std::string& text, EarlyEnd early_end)
+    : text_(ToQString(text)), early_end_(early_end) {
   since_start_.start();
   since_look_.start();
 }
@@ -32,9 +32,9 @@ QtProgress::QtProgress(const std::string& text, BreakOff break_off)
 QtProgress::~QtProgress() = default;
 
 bool QtProgress::Report(std::int64_t done, std::int64_t total) {
-  if (broken_off_ || since_start_.elapsed() < kUnseenMilliseconds ||
+  if (ended_ || since_start_.elapsed() < kUnseenMilliseconds ||
       (box_ && since_look_.elapsed() < kMillisecondsBetweenLooks)) {
-    return !broken_off_;
+    return !ended_;
   }
   if (!box_) {
     Show();
@@ -43,12 +43,12 @@ bool QtProgress::Report(std::int64_t done, std::int64_t total) {
   box_->setValue(BarValue(done, total));
   QCoreApplication::processEvents();
   since_look_.restart();
-  broken_off_ = box_->wasCanceled();
-  return !broken_off_;
+  ended_ = box_->wasCanceled();
+  return !ended_;
 }
 
 void QtProgress::Show() {
-  box_ = std::make_unique<QtProgressBox>(break_off_, QApplication::activeWindow());
+  box_ = std::make_unique<QtProgressBox>(early_end_, QApplication::activeWindow());
   box_->setRange(0, kBarSteps);
   box_->show();
 }

@@ -15,7 +15,7 @@ class QtProgressBox;
 /// no other window takes input; before that, in the first half second, no event is looked at.
 class QtProgress : public Progress {
  public:
-  QtProgress(const std::string& text, BreakOff break_off);
+  QtProgress(const std::string& text, EarlyEnd early_end);
   ~QtProgress() override;
 
   bool Report(std::int64_t done, std::int64_t total) override;
@@ -24,11 +24,11 @@ class QtProgress : public Progress {
   void Show();
 
   QString text_;
-  BreakOff break_off_;
+  EarlyEnd early_end_;
   QElapsedTimer since_start_;
   QElapsedTimer since_look_;
   std::unique_ptr<QtProgressBox> box_;
-  bool broken_off_ = false;
+  bool ended_ = false;
 };
 
 }  // namespace veyra

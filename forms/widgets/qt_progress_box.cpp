@@ -11,8 +11,8 @@ constexpr int kWidth = 340;
 
 }  // namespace
 
-QtProgressBox::QtProgressBox(BreakOff break_off, QWidget* parent)
-    : QProgressDialog(parent), break_off_(break_off) {
+QtProgressBox::QtProgressBox(EarlyEnd early_end, QWidget* parent)
+    : QProgressDialog(parent), early_end_(early_end) {
   setWindowTitle(QLatin1String(kApplicationTitle));
   setWindowModality(Qt::ApplicationModal);
   setAutoReset(false);
@@ -21,13 +21,16 @@ QtProgressBox::QtProgressBox(BreakOff break_off, QWidget* parent)
   findChild<QLabel*>()->setTextFormat(Qt::PlainText);
   // The box is shown by its owner alone.
   setMinimumDuration(std::numeric_limits<int>::max());
-  if (break_off == BreakOff::Refused) {
+  if (early_end == EarlyEnd::None) {
     setCancelButton(nullptr);
+  } else {
+    setCancelButtonText(early_end == EarlyEnd::Stop ? QStringLiteral("&Stop")
+                                                    : QStringLiteral("&Cancel"));
   }
 }
 
 void QtProgressBox::reject() {
-  if (break_off_ == BreakOff::Allowed) {
+  if (early_end_ != EarlyEnd::None) {
     cancel();
   }
 }

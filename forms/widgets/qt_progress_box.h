@@ -6,12 +6,12 @@
 
 namespace veyra {
 
-/// The box of a QtProgress. Where breaking off is refused nothing closes it but its owner.
+/// The box of a QtProgress. Without a button for an early end nothing closes it but its owner.
 class QtProgressBox : public QProgressDialog {
   Q_OBJECT
 
  public:
-  QtProgressBox(BreakOff break_off, QWidget* parent);
+  QtProgressBox(EarlyEnd early_end, QWidget* parent);
 
   void reject() override;
 
@@ -19,7 +19,7 @@ class QtProgressBox : public QProgressDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  BreakOff break_off_;
+  EarlyEnd early_end_;
 };
 
 }  // namespace veyra

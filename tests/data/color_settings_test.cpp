@@ -7,6 +7,7 @@
 
 #include "data/errors.h"
 #include "data/schema.h"
+#include "tests/failing_store.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"
 
@@ -101,6 +102,18 @@ TEST_F(ColorSettingsTest, WithoutTheRowSavingWritesNone) {
   SaveColorSettings(*databases_.ResCon, kOther, current_);
   EXPECT_TRUE(databases_.ResCon->Open("SELECT * FROM Settings", CursorType::ForwardOnlyReadOnly)
                   ->IsEmpty());
+}
+
+TEST_F(ColorSettingsTest, ColoursThatCannotBeSavedAreNotInUse) {
+  Start();
+  LoadColorSettings(*databases_.ResCon, current_, stored_);
+  const ColorSettings before = current_;
+  Faults faults;
+  databases_.ResCon = std::make_unique<Connection>(std::make_unique<FailingStore>(
+      OpenStore(databases_.DataFolder + "/Calendar.mdb", StoreAccess::ReadWrite), faults));
+  faults.Fail(Statement::Update, 1);
+  EXPECT_THROW(SaveColorSettings(*databases_.ResCon, kOther, current_), DatabaseError);
+  EXPECT_EQ(before, current_);
 }
 
 TEST_F(ColorSettingsTest, WithoutTheTableLoadingIsReported) {

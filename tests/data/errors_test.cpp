@@ -6,8 +6,10 @@ namespace veyra {
 namespace {
 
 TEST(ErrorTest, SaysAllOfItsReportALineEach) {
-  const DatabaseError error({"/desk/Calendar.mdb", "It is empty.", "Use a backup."});
-  EXPECT_STREQ("/desk/Calendar.mdb\nIt is empty.\nUse a backup.", error.what());
+  const DatabaseError error(
+      {"/desk/Calendar.mdb", "The disk is full.", "Make room.", "Nothing was saved."});
+  EXPECT_STREQ("/desk/Calendar.mdb\nThe disk is full.\nNothing was saved.\nMake room.",
+               error.what());
 }
 
 TEST(ErrorTest, LeavesOutWhatItsReportLacks) {

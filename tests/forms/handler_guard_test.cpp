@@ -32,6 +32,14 @@ TEST_F(HandlerGuardTest, AFailureIsReportedWithItsFileCauseAndAdvice) {
   EXPECT_NE(std::string::npos, report.find("Wait."));
 }
 
+TEST_F(HandlerGuardTest, TheLinesOfAReportArePartedAsInEveryMessage) {
+  guard_.Run([] {
+    throw DatabaseError({"/desk/Calendar.mdb", "The disk is full.", "Make room.", "Not saved."});
+  });
+  EXPECT_EQ("[OK Critical] /desk/Calendar.mdb\r\nThe disk is full.\r\nNot saved.\r\nMake room.",
+            dialogs_.OnlyBox());
+}
+
 TEST_F(HandlerGuardTest, AFaultOfTheProgramIsReportedAsSuch) {
   guard_.Run([] { throw std::out_of_range("There is no time slot 49."); });
   EXPECT_NE(std::string::npos, dialogs_.OnlyBox().find("There is no time slot 49."));

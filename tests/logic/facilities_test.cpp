@@ -67,6 +67,15 @@ TEST_F(FacilitiesTest, SelectingAnUnknownNameKeepsCurRmIDAndClearsEveryMark) {
   EXPECT_EQ("1 Pool\n", folder_.Rooms());
 }
 
+TEST_F(FacilitiesTest, AFacilityWithoutANameIsNotSelectedByAnEmptyText) {
+  folder_.AddRoom("");
+  folder_.AddRoom("Pool", true);
+  folder_.Calendar()->Insert("Rooms", {{"Active", std::int64_t{0}}});
+  Desk().CurRmID = 2;
+  SelectFacility(Desk(), "");
+  EXPECT_EQ(2, Desk().CurRmID);
+}
+
 TEST_F(FacilitiesTest, ShowingTheCurrentFacilityPutsItsNameBack) {
   folder_.AddRoom("Pool");
   Desk().CurRmID = folder_.AddRoom("Hall");

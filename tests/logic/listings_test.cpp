@@ -104,6 +104,23 @@ TEST_F(ListingsTest, EveryMonthHasItsTitle) {
   }
 }
 
+TEST_F(ListingsTest, AMonthAfterTheTwelfthKeepsTheTitleAndHasThirtyDays) {
+  const MonthPicture& month = Month(2014, 13);
+  EXPECT_EQ(std::nullopt, month.Title);
+  EXPECT_EQ("5..34", CellsOf(2014, 13)) << "from the first of January 2015, a Thursday";
+  EXPECT_EQ(MakeDate(2015, 1, 1).value(), Month(2014, 13).Cells[5].Day);
+}
+
+TEST_F(ListingsTest, AMonthBeforeTheFirstIsThatOfTheYearBefore) {
+  EXPECT_EQ(std::nullopt, Month(2014, 0).Title);
+  EXPECT_EQ(MakeDate(2013, 12, 1).value(), Month(2014, 0).Cells[1].Day);
+}
+
+TEST_F(ListingsTest, AMonthOutsideTheCalendarIsAFailureAndShowsNothing) {
+  EXPECT_THROW(Month(9999, 13), ValueError);
+  EXPECT_EQ(0, screen_.MonthsShown);
+}
+
 TEST_F(ListingsTest, DayNumbersAreNotPadded) {
   const auto& cells = Month(2014, 6).Cells;
   EXPECT_EQ("1", cells[1].Number);

@@ -182,9 +182,9 @@ TEST_F(ConflictsTest, AReversedRangeChecksNothing) {
   EXPECT_EQ(0, Free());
 }
 
-TEST_F(ConflictsTest, ACheckBrokenOffLeavesNothingToBook) {
+TEST_F(ConflictsTest, ACancelledCheckLeavesNothingToBook) {
   folder_.AddBooking(pool_, "0100-01-04", 18, 20, "a");
-  dialogs_.BreakOffAfter(300);
+  dialogs_.EndEarlyAfter(300);
   Check(PlanOf("1/1/100", "12/31/9999", {kSaturday}), 18, 20);
   EXPECT_TRUE(dialogs_.Boxes().empty());
   EXPECT_EQ(0, Free());

@@ -228,7 +228,7 @@ TEST(InputBox, IsEmptyWhenCancelled) {
 }
 
 TEST(ProgressBox, AShortActionPassesUnseen) {
-  const auto progress = QtDialogs().StartProgress("Counting", BreakOff::Allowed);
+  const auto progress = QtDialogs().StartProgress("Counting", EarlyEnd::Cancel);
   EXPECT_TRUE(progress->Report(1, 2));
   EXPECT_TRUE(progress->Report(2, 2));
   EXPECT_EQ(nullptr, QApplication::activeModalWidget());

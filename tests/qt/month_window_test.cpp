@@ -436,6 +436,31 @@ TEST_F(MonthWindowTest, AnyKeyButAModifierBringsTheHiddenControlsBack) {
   }
 }
 
+/// Keeps the names of the controls that go, in their order.
+class GoneControls : public QObject {
+ public:
+  std::vector<std::string> Names;
+
+ protected:
+  bool eventFilter(QObject* control, QEvent* event) override {
+    if (event->type() == QEvent::Hide) {
+      Names.push_back(control->objectName().toStdString());
+    }
+    return false;
+  }
+};
+
+TEST_F(MonthWindowTest, TheControlsGoInTheirOrder) {
+  Start();
+  GoneControls gone;
+  for (const char* name : {"Combo1", "Command1", "Command2", "Command3", "Command4"}) {
+    Find<QWidget>(QLatin1String(name)).installEventFilter(&gone);
+  }
+  static_cast<QtMonthWindow*>(Month())->ShowControls(false);
+  EXPECT_EQ((std::vector<std::string>{"Command1", "Command2", "Command4", "Command3", "Combo1"}),
+            gone.Names);
+}
+
 /// What a list reports.
 class DayListGestures : public testing::Test {
  protected:

@@ -22,8 +22,8 @@ class ProgressTest : public testing::Test {
   }
 
   /// Works until the box is there.
-  void Begin(BreakOff break_off) {
-    progress_ = std::make_unique<QtProgress>("Booking ...", break_off);
+  void Begin(EarlyEnd early_end) {
+    progress_ = std::make_unique<QtProgress>("Booking ...", early_end);
     QElapsedTimer timer;
     timer.start();
     while (Box() == nullptr && timer.elapsed() < 5000) {
@@ -33,8 +33,8 @@ class ProgressTest : public testing::Test {
     ASSERT_NE(nullptr, Box());
   }
 
-  /// Works on until it is broken off, or for a while.
-  bool IsBrokenOff() {
+  /// Works on until it is ended early, or for a while.
+  bool IsEndedEarly() {
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < 300) {
@@ -55,51 +55,61 @@ class ProgressTest : public testing::Test {
 };
 
 TEST_F(ProgressTest, NothingIsSeenInTheFirstHalfSecond) {
-  Begin(BreakOff::Allowed);
+  Begin(EarlyEnd::Cancel);
   EXPECT_GE(unseen_, 500);
 }
 
 TEST_F(ProgressTest, TheBoxTellsTheCount) {
-  Begin(BreakOff::Allowed);
+  Begin(EarlyEnd::Cancel);
   EXPECT_EQ("Booking ...\n365 of 3650", Box()->labelText().toStdString());
   EXPECT_EQ(100, Box()->value() * 1000 / Box()->maximum());
 }
 
 TEST_F(ProgressTest, NoOtherWindowTakesInput) {
-  Begin(BreakOff::Allowed);
+  Begin(EarlyEnd::Cancel);
   QTest::mouseClick(window_.windowHandle(), Qt::LeftButton, {}, button_.geometry().center());
   EXPECT_FALSE(clicked_);
 }
 
-TEST_F(ProgressTest, CancelBreaksOff) {
-  Begin(BreakOff::Allowed);
-  Box()->findChild<QPushButton*>()->click();
-  EXPECT_TRUE(IsBrokenOff());
+TEST_F(ProgressTest, CancelEndsTheAction) {
+  Begin(EarlyEnd::Cancel);
+  auto* button = Box()->findChild<QPushButton*>();
+  EXPECT_EQ("&Cancel", button->text());
+  button->click();
+  EXPECT_TRUE(IsEndedEarly());
 }
 
-TEST_F(ProgressTest, EscapeBreaksOff) {
-  Begin(BreakOff::Allowed);
+TEST_F(ProgressTest, WhatIsDoneRowByRowIsStopped) {
+  Begin(EarlyEnd::Stop);
+  auto* button = Box()->findChild<QPushButton*>();
+  EXPECT_EQ("&Stop", button->text());
+  button->click();
+  EXPECT_TRUE(IsEndedEarly());
+}
+
+TEST_F(ProgressTest, EscapeEndsTheAction) {
+  Begin(EarlyEnd::Cancel);
   QTest::keyClick(Box(), Qt::Key_Escape);
-  EXPECT_TRUE(IsBrokenOff());
+  EXPECT_TRUE(IsEndedEarly());
 }
 
-TEST_F(ProgressTest, TheTitleBarBreaksOff) {
-  Begin(BreakOff::Allowed);
+TEST_F(ProgressTest, TheTitleBarEndsTheAction) {
+  Begin(EarlyEnd::Cancel);
   Box()->close();
-  EXPECT_TRUE(IsBrokenOff());
+  EXPECT_TRUE(IsEndedEarly());
 }
 
-TEST_F(ProgressTest, WhatMustNotBeBrokenOffHasNoCancelAndStays) {
-  Begin(BreakOff::Refused);
+TEST_F(ProgressTest, WhatMustNotEndEarlyHasNoButtonAndStays) {
+  Begin(EarlyEnd::None);
   EXPECT_EQ(nullptr, Box()->findChild<QPushButton*>());
   QTest::keyClick(Box(), Qt::Key_Escape);
   Box()->close();
-  EXPECT_FALSE(IsBrokenOff());
+  EXPECT_FALSE(IsEndedEarly());
   EXPECT_NE(nullptr, Box());
 }
 
 TEST_F(ProgressTest, TheBoxGoesWithTheAction) {
-  Begin(BreakOff::Allowed);
+  Begin(EarlyEnd::Cancel);
   progress_.reset();
   EXPECT_EQ(nullptr, Box());
   EXPECT_TRUE(window_.isEnabled());

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/errors.h"
+#include "data/store.h"
+
+namespace veyra {
+
+enum class Statement { Select, Insert, Update, Delete };
+
+/// What is to go wrong in a FailingStore.
+class Faults {
+ public:
+  using Failure = std::function<void()>;  ///< Throws.
+
+  /// Of the statements of that kind from now on the `first`, 1 for the next one, and those after
+  /// it, `times` in all, change nothing and throw.
+  void Fail(Statement kind, int first, int times = 1, Failure failure = ThrowBusy) {
+    At(kind) = {first, times, std::move(failure), false};
+  }
+
+  /// That statement is carried out, and throws all the same.
+  void FailWhenDone(Statement kind, int first, Failure failure) {
+    At(kind) = {first, 1, std::move(failure), true};
+  }
+
+  /// Called before that statement, which then goes on.
+  void Before(Statement kind, int first, Failure call) { Fail(kind, first, 1, std::move(call)); }
+
+  /// From now on all goes well.
+  void Heal() { plans_ = {}; }
+
+  void Begin(Statement kind) {
+    Plan& plan = At(kind);
+    --plan.First;
+    if (IsDue(plan) && !plan.WhenDone) {
+      plan.What();
+    }
+  }
+  void End(Statement kind) {
+    if (const Plan plan = At(kind); IsDue(plan) && plan.WhenDone) {
+      plan.What();
+    }
+  }
+
+  [[noreturn]] static void ThrowBusy() {
+    throw DatabaseBusyError({"/desk/Calendar.mdb", "Another program is using the file.",
+                             "Wait until it has finished.", "Nothing was saved."});
+  }
+
+ private:
+  struct Plan {
+    int First = 0;
+    int Times = 0;
+    Failure What;
+    bool WhenDone = false;
+  };
+
+  static bool IsDue(const Plan& plan) { return plan.First <= 0 && plan.First > -plan.Times; }
+  Plan& At(Statement kind) { return plans_.at(static_cast<std::size_t>(kind)); }
+
+  std::array<Plan, 4> plans_;
+};
+
+/// A store of any kind whose statements fail as they are told to.
+class FailingStore : public Store {
+ public:
+  /// `faults` must outlive the store.
+  FailingStore(std::unique_ptr<Store> store, Faults& faults)
+      : store_(std::move(store)), faults_(faults) {}
+
+  const std::string& FileName() const override { return store_->FileName(); }
+  std::vector<std::string> TableNames() override { return store_->TableNames(); }
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    return store_->ColumnNames(table);
+  }
+  StoreDescription Describe() override { return store_->Describe(); }
+
+  std::unique_ptr<RowSource> Select(const Query& query) override {
+    faults_.Begin(Statement::Select);
+    return store_->Select(query);
+  }
+  Row Insert(const std::string& table, const FieldValues& fields) override {
+    faults_.Begin(Statement::Insert);
+    Row row = store_->Insert(table, fields);
+    faults_.End(Statement::Insert);
+    return row;
+  }
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
+    faults_.Begin(Statement::Update);
+    Row row = store_->Update(table, before, fields);
+    faults_.End(Statement::Update);
+    return row;
+  }
+  void Delete(const std::string& table, const Row& before) override {
+    faults_.Begin(Statement::Delete);
+    store_->Delete(table, before);
+    faults_.End(Statement::Delete);
+  }
+  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
+    store_->AddColumn(table, column);
+  }
+
+ private:
+  std::unique_ptr<Store> store_;
+  Faults& faults_;
+};
+
+}  // namespace veyra

@@ -105,6 +105,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_(session_, month_window_, *this, dialogs, clock, printer_) {
   session_.Waiting = Patience(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_);
+  guard_.SetRecovery([this] { ShowWhatIsStored(); });
   guard_.SetReopening([this] { OpenCalendarAnew(); });
 }
 
@@ -140,6 +141,21 @@ void Program::CloseDatabases() {
 void Program::OpenCalendarAnew() {
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
   modRes::RefreshListings(session_, ListingsOfDay());
+  if (day_) {
+    day_->Logic.FillGrid();
+  }
+}
+
+void Program::ShowWhatIsStored() {
+  if (!session_.ResCon) {
+    return;
+  }
+  month_.ReloadFacilities();
+  month_.RefreshMonth();
+  constexpr int kDayViewer = 2;
+  if (viewer_ && session_.DayOpener == kDayViewer) {
+    viewer_->Logic.FillList();
+  }
   if (day_) {
     day_->Logic.FillGrid();
   }

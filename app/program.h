@@ -70,6 +70,9 @@ class Program : public Windows {
   /// Opens the calendar file that is there now, and shows what is in it.
   void OpenCalendarAnew();
 
+  /// Fills the month, the facility box and the windows of the day anew. Throws DatabaseError.
+  void ShowWhatIsStored();
+
   void DropDayWindow();
   modRes::Listings ListingsOfDay();
   OpenMultiDay& MultiDay();

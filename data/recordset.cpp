@@ -182,6 +182,29 @@ void Recordset::MoveLast() {
       last == rows_.rend() ? rows_.size() : static_cast<std::size_t>(rows_.rend() - last) - 1;
 }
 
+RowKey Recordset::Bookmark() {
+  RequireStatic();
+  if (editing_ == Editing::NewRow) throw std::logic_error("the new row is not saved yet");
+  return RequireRow().Content.Key;
+}
+
+bool Recordset::MoveTo(RowKey bookmark) {
+  RequireStatic();
+  RequireNothingPending();
+  const auto is_it = [bookmark](const HeldRow& row) {
+    return !row.Deleted && row.Content.Key == bookmark;
+  };
+  // Who walks from bookmark to bookmark finds the next one just here.
+  const auto here = rows_.begin() + static_cast<std::ptrdiff_t>(std::min(position_, rows_.size()));
+  auto row = std::find_if(here, rows_.end(), is_it);
+  if (row == rows_.end()) {
+    row = std::find_if(rows_.begin(), here, is_it);
+    if (row == here) return false;
+  }
+  position_ = static_cast<std::size_t>(row - rows_.begin());
+  return true;
+}
+
 Value Recordset::Field(std::string_view name) {
   RequireOpen();
   if (editing_ != Editing::NewRow) RequireRow();

@@ -41,7 +41,7 @@ enum class CursorType {
 /// unchanged, the cursor stands where it stood, and the pending fields are dropped.
 /// Calling a member whose REQUIRES does not hold throws std::logic_error.
 ///
-/// Left out on purpose: moving backwards, bookmarks, filters, batches, several open edits.
+/// Left out on purpose: moving backwards, filters, batches, several open edits.
 class Recordset {
  public:
   /// The store must outlive the record set.
@@ -70,6 +70,15 @@ class Recordset {
   /// Stands on the last row, or at the end when there is none.
   /// REQUIRES: StaticOptimistic, no pending fields.
   void MoveLast();
+
+  /// Tells the current row from every other of this record set, for as long as it stands.
+  /// REQUIRES: StaticOptimistic, on a row that is not deleted, not after AddNew.
+  RowKey Bookmark();
+
+  /// Stands on the row of that bookmark and returns true; stays where it is and returns false when
+  /// that row was deleted here. Reads nothing.
+  /// REQUIRES: StaticOptimistic, no pending fields.
+  bool MoveTo(RowKey bookmark);
 
   /// The value of a column, found without regard to ASCII letter case; after SetField the new one.
   /// REQUIRES: on a row that is not deleted, or after AddNew (null for a field not set).

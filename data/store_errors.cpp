@@ -14,9 +14,9 @@ constexpr const char* kReadAgain =
 constexpr const char* kNothingOverwritten = "Nothing was overwritten.";
 
 constexpr const char* kOpenAnew =
-    "Nothing was saved in it. Open the file anew, look at the bookings as they are there, and do "
-    "it "
-    "again if it is still needed.";
+    "Open the file anew, look at the bookings as they are there, and do it again if it is still "
+    "needed.";
+constexpr const char* kNothingSavedInIt = "Nothing was saved in it.";
 
 }  // namespace
 
@@ -62,21 +62,22 @@ RowChangedError RowRemoved(const std::string& file, const std::string& table) {
 }
 
 FileReplacedError FileReplaced(const std::string& file) {
-  return FileReplacedError(
-      {file, "The file was replaced by another one while the calendar was open.", kOpenAnew});
+  return FileReplacedError({file,
+                            "The file was replaced by another one while the calendar was open.",
+                            kOpenAnew, kNothingSavedInIt});
 }
 
 FileReplacedError FileOverwritten(const std::string& file) {
   return FileReplacedError(
-      {file, "The file was overwritten by another program while the calendar was open.",
-       kOpenAnew});
+      {file, "The file was overwritten by another program while the calendar was open.", kOpenAnew,
+       kNothingSavedInIt});
 }
 
 FileReplacedError FileGone(const std::string& file) {
   return FileReplacedError(
       {file, "The file was removed, moved or renamed while the calendar was open.",
-       "Nothing was saved in it. Put the file, or a backup copy of it, back in its place, and open "
-       "it anew."});
+       "Put the file, or a backup copy of it, back in its place, and open it anew.",
+       kNothingSavedInIt});
 }
 
 OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& cause) {

@@ -7,6 +7,10 @@
 namespace veyra {
 namespace {
 
+constexpr const char* kMayBeOld =
+    "What the windows show could not be read anew and may be old: look again before you rely on "
+    "it.";
+
 std::string Lines(const Report& report) {
   std::string lines;
   for (const std::string& line : {report.File, report.Cause, report.Effect, report.Advice}) {
@@ -40,10 +44,27 @@ void HandlerGuard::Run(const std::function<void()>& handler) const {
   try {
     handler();
   } catch (const std::exception& failure) {
-    dialogs_.MsgBox(StandardReport(failure));
+    Message report = StandardReport(failure);
+    if (!IsFilledAnew()) {
+      report.Text += kLineBreak + std::string(kMayBeOld);
+    }
+    dialogs_.MsgBox(report);
     if (dynamic_cast<const FileReplacedError*>(&failure) != nullptr) {
       OfferToOpenAnew();
     }
+  }
+}
+
+/// What keeps it from being filled anew is most likely what has just failed, and is reported as
+/// such.
+bool HandlerGuard::IsFilledAnew() const {
+  try {
+    if (fill_anew_) {
+      fill_anew_();
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
   }
 }
 

@@ -11,8 +11,8 @@ namespace veyra {
 /// The standard error report: what the operator is told of an exception that no handler dealt with.
 Message StandardReport(const std::exception& failure);
 
-/// Runs event handlers. An exception that leaves one ends the action and is shown as the standard
-/// report; the program goes on.
+/// Runs event handlers. An exception that leaves one ends the action; what is shown is filled anew,
+/// and the exception is shown as the standard report. The program goes on.
 class HandlerGuard {
  public:
   /// `dialogs` must outlive the guard.
@@ -22,6 +22,10 @@ class HandlerGuard {
   /// operator when a handler has found the file replaced; when it throws, that is reported too.
   void SetReopening(std::function<void()> open_anew) { open_anew_ = std::move(open_anew); }
 
+  /// `fill_anew` shows what the calendar holds. When it throws, the report says that what is shown
+  /// may be old.
+  void SetRecovery(std::function<void()> fill_anew) { fill_anew_ = std::move(fill_anew); }
+
   /// Runs a handler, or nothing while handlers are held back.
   void Run(const std::function<void()>& handler) const;
 
@@ -30,8 +34,10 @@ class HandlerGuard {
 
  private:
   void OfferToOpenAnew() const;
+  bool IsFilledAnew() const;
 
   Dialogs& dialogs_;
+  std::function<void()> fill_anew_;
   bool held_ = false;
   std::function<void()> open_anew_;
 };

@@ -13,4 +13,27 @@ struct DayGrid {
   bool operator==(const DayGrid&) const = default;
 };
 
+/// The day grid on the screen.
+class DayGridScreen {
+ public:
+  virtual ~DayGridScreen() = default;
+
+  /// Shows the "Guest" column of MSFlexGrid1, rows 1 to 48.
+  virtual void ShowGrid(const DayGrid& MSFlexGrid1) = 0;
+};
+
+/// The day grid as the routines reach it: what it holds, and where it is shown.
+struct ShownGrid {
+  DayGrid& MSFlexGrid1;
+  DayGridScreen& Screen;
+
+  /// Writes `name` into rows `first` to `last`, both included, and shows the grid.
+  void Write(int first, int last, const std::string& name) {
+    for (int row = first; row <= last; ++row) {
+      MSFlexGrid1.Guest.at(static_cast<std::size_t>(row)) = name;
+    }
+    Screen.ShowGrid(MSFlexGrid1);
+  }
+};
+
 }  // namespace veyra

@@ -1,17 +1,9 @@
 #include "logic/facilities.h"
 
-#include <algorithm>
-
-#include "logic/many_rows.h"
-
 namespace veyra::modRes {
 namespace {
 
 constexpr const char* kAllRooms = "SELECT * FROM Rooms";
-
-std::string CurrentRoomQuery(const Session& session) {
-  return "SELECT * FROM Rooms Where ID = " + std::to_string(session.CurRmID);
-}
 
 bool IsActive(Recordset& room) {
   return ToInteger(room.Field("Active")) == 1;
@@ -27,40 +19,6 @@ std::string NameOf(Recordset& room) {
 
 void SetActive(Recordset& room, bool active) {
   room.SetField("Active", std::int64_t{active ? 1 : 0});
-}
-
-void DeleteBookingsOfCurrentRoom(Session& session, Dialogs& dialogs) {
-  const auto bookings =
-      session.ResCon->Open("SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID),
-                           CursorType::StaticOptimistic);
-  DeleteAll(*bookings, dialogs);
-}
-
-void RemoveCurrentEntry(NameBox& Combo1) {
-  const auto entry = std::find(Combo1.Items.begin(), Combo1.Items.end(), Combo1.Text);
-  if (entry != Combo1.Items.end()) {
-    Combo1.Items.erase(entry);
-  }
-}
-
-void DeleteCurrentRoom(Session& session) {
-  const auto room = session.ResCon->Open(CurrentRoomQuery(session), CursorType::StaticOptimistic);
-  if (!room->IsEmpty()) {
-    room->Delete();
-  }
-}
-
-void SelectFirstRoom(Session& session, NameBox& Combo1, std::string& lblRoom) {
-  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
-  if (rooms->IsEmpty()) {
-    Combo1.Text.clear();
-    return;
-  }
-  SetActive(*rooms, true);
-  rooms->Update();
-  session.CurRmID = IdOf(*rooms);
-  Combo1.Text = NameOf(*rooms);
-  lblRoom = Combo1.Text;
 }
 
 }  // namespace
@@ -94,10 +52,8 @@ void SelectFacility(Session& session, const std::string& FacilityName) {
 }
 
 void ShowCurrentFacility(Session& session, NameBox& Combo1) {
-  const auto room =
-      session.ResCon->Open(CurrentRoomQuery(session), CursorType::ForwardOnlyReadOnly);
-  if (!room->AtEnd()) {
-    Combo1.Text = NameOf(*room);
+  if (const auto name = CurrentFacility(session)) {
+    Combo1.Text = *name;
   }
 }
 
@@ -111,11 +67,34 @@ void AddFacility(Session& session, NameBox& Combo1) {
   Combo1.Items.push_back(Combo1.Text);
 }
 
-void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs) {
-  DeleteBookingsOfCurrentRoom(session, dialogs);
-  DeleteCurrentRoom(session);
-  RemoveCurrentEntry(Combo1);
-  SelectFirstRoom(session, Combo1, lblRoom);
+void SelectFirstFacility(Session& session, NameBox& Combo1, std::string& lblRoom) {
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  if (rooms->IsEmpty()) {
+    Combo1.Text.clear();
+    return;
+  }
+  SetActive(*rooms, true);
+  rooms->Update();
+  session.CurRmID = IdOf(*rooms);
+  Combo1.Text = NameOf(*rooms);
+  lblRoom = Combo1.Text;
+}
+
+std::optional<std::string> CurrentFacility(Session& session) {
+  const auto room =
+      session.ResCon->Open(CurrentRoomQuery(session), CursorType::ForwardOnlyReadOnly);
+  return room->AtEnd() ? std::nullopt : std::optional(NameOf(*room));
+}
+
+void ReloadFacilities(Session& session, NameBox& Combo1) {
+  NameBox loaded;
+  LoadFacilities(session, loaded);
+  loaded.Text = CurrentFacility(session).value_or("");
+  Combo1 = loaded;
+}
+
+std::string CurrentRoomQuery(const Session& session) {
+  return "SELECT * FROM Rooms Where ID = " + std::to_string(session.CurRmID);
 }
 
 }  // namespace veyra::modRes

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "logic/dialogs.h"
 #include "logic/name_box.h"
 #include "logic/session.h"
 
@@ -26,9 +26,18 @@ void ShowCurrentFacility(Session& session, NameBox& Combo1);
 /// The marks of the others stay until the next SelectFacility.
 void AddFacility(Session& session, NameBox& Combo1);
 
-/// Deletes every booking of facility CurRmID, its entry in Combo1 (the one that equals Combo1's
-/// text) and its row. The first facility left becomes active, CurRmID, Combo1's text and lblRoom;
-/// when none is left Combo1's text is empty and CurRmID and lblRoom stay.
-void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs);
+/// Makes the first facility active, CurRmID, Combo1's text and lblRoom. When there is none Combo1's
+/// text is empty, and CurRmID and lblRoom stay.
+void SelectFirstFacility(Session& session, NameBox& Combo1, std::string& lblRoom);
+
+/// The name of facility CurRmID; nothing when there is no such facility.
+std::optional<std::string> CurrentFacility(Session& session);
+
+/// Lists every facility in Combo1, or none when there is none, and makes the name of facility
+/// CurRmID its text; empty when there is no such facility.
+void ReloadFacilities(Session& session, NameBox& Combo1);
+
+/// The query for the row of facility CurRmID.
+std::string CurrentRoomQuery(const Session& session);
 
 }  // namespace veyra::modRes

@@ -98,6 +98,13 @@ bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
   return true;
 }
 
+std::vector<Date> PlannedDates(const PlannedRange& range) {
+  Unseen unseen;
+  std::vector<Date> dates;
+  ForEachPlannedDate(range, unseen, [&dates](Date day) { dates.push_back(day); });
+  return dates;
+}
+
 std::int64_t CountPlannedDates(const PlannedRange& range) {
   Unseen unseen;
   std::int64_t count = 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "data/date.h"
 #include "logic/clock.h"
@@ -41,7 +42,10 @@ std::int64_t DaysInRange(const PlannedRange& range);
 bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
                         const std::function<void(Date)>& visit);
 
-/// How many dates ForEachPlannedDate would visit.
+/// The dates that ForEachPlannedDate would visit.
+std::vector<Date> PlannedDates(const PlannedRange& range);
+
+/// How many of them there are.
 std::int64_t CountPlannedDates(const PlannedRange& range);
 
 /// The English name of the date's weekday.

@@ -33,6 +33,9 @@ class FakeDialogs : public Dialogs {
   /// Presses the button that ends the next long action early, once it has reported so many steps.
   void EndEarlyAfter(std::int64_t steps) { end_after_ = steps; }
 
+  /// The answer of every action done in part for which no other stands ready.
+  void AnswerHalts(Answer answer) { halt_answer_ = answer; }
+
   /// Called before each box is answered: what the operator may see behind it.
   std::function<void()> WhileShown;
 
@@ -103,6 +106,9 @@ class FakeDialogs : public Dialogs {
   }
 
   Answer TakeAnswer(const Message& message) {
+    if (answers_.empty() && halt_answer_ && message.Choice == Buttons::ContinueUndoKeep) {
+      return *halt_answer_;
+    }
     if (answers_.empty()) {
       ADD_FAILURE() << "unexpected question: " << message.Text;
       return Refusal(message.Choice);
@@ -113,6 +119,7 @@ class FakeDialogs : public Dialogs {
   }
 
   std::deque<Answer> answers_;
+  std::optional<Answer> halt_answer_;
   std::deque<std::string> texts_;
   std::optional<std::int64_t> end_after_;
   std::vector<std::string> boxes_;

@@ -8,13 +8,8 @@
 namespace veyra {
 
 /// What the day window's logic tells its screen. The screen reports gestures to frmDay.
-class DayView {
+class DayView : public DayGridScreen {
  public:
-  virtual ~DayView() = default;
-
-  /// Shows the "Guest" column of MSFlexGrid1, rows 1 to 48.
-  virtual void ShowGrid(const DayGrid& MSFlexGrid1) = 0;
-
   /// Combo1: shows the list and the text.
   virtual void ShowNameBox(const NameBox& Combo1) = 0;
 

@@ -4,8 +4,11 @@
 
 #include "data/text.h"
 #include "logic/bookings.h"
+#include "logic/delete_bookings.h"
 #include "logic/guests.h"
 #include "logic/help_viewer.h"
+#include "logic/picked_booking.h"
+#include "logic/rename_bookings.h"
 
 namespace veyra {
 namespace {
@@ -131,15 +134,19 @@ int frmDay::BookedRowsInSelection() const {
 
 void frmDay::ChangeSelectedBooking() {
   const std::string name = MSFlexGrid1_.Guest.at(static_cast<std::size_t>(session_.SelFirstSlot));
+  const std::string details = modRes::PickedDetails(session_, name);
   if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + name + "?",
                        .Choice = Buttons::YesNo,
-                       .Sign = Icon::Critical}) == Answer::Yes) {
+                       .Sign = Icon::Critical,
+                       .Details = details,
+                       .Default = Answer::No}) == Answer::Yes) {
     DeleteSelectedBooking();
     return;
   }
   if (dialogs_.MsgBox({.Text = "Do You wand to Edit the Booking Name of " + name + "?",
                        .Choice = Buttons::YesNo,
-                       .Sign = Icon::Exclamation}) != Answer::Yes) {
+                       .Sign = Icon::Exclamation,
+                       .Details = details}) != Answer::Yes) {
     return;
   }
   const std::string new_name = dialogs_.InputBox(
@@ -150,16 +157,14 @@ void frmDay::ChangeSelectedBooking() {
 }
 
 void frmDay::DeleteSelectedBooking() {
-  modRes::DeleteBookings(session_, MSFlexGrid1_, listings_, dialogs_);
+  modRes::DeleteBookings(session_, Grid(), listings_, dialogs_);
   FillGrid();
 }
 
 void frmDay::RenameSelectedBooking(const std::string& name) {
   std::string new_name = name;
-  if (modRes::RenameBookings(session_, new_name, MSFlexGrid1_, listings_, dialogs_)) {
+  if (modRes::RenameBookings(session_, new_name, Grid(), listings_, dialogs_)) {
     FillGrid();
-  } else {
-    view_.ShowGrid(MSFlexGrid1_);
   }
 }
 
@@ -167,9 +172,11 @@ void frmDay::BookSelection() {
   if (!(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
     return;
   }
-  modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_}, MSFlexGrid1_, listings_.Time,
-                       dialogs_);
-  view_.ShowGrid(MSFlexGrid1_);
+  const bool grid_is_right = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_},
+                                                  Grid(), listings_.Time, dialogs_);
+  if (!grid_is_right) {
+    FillGrid();
+  }
   modRes::RefreshListings(session_, listings_);
 }
 

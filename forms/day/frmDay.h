@@ -61,6 +61,7 @@ class frmDay {
   std::string Question() const;
   bool Confirm(const std::string& question);
   void PlanSeveralDays();
+  ShownGrid Grid() { return {MSFlexGrid1_, view_}; }
 
   Session& session_;
   DayView& view_;

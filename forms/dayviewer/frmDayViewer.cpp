@@ -20,7 +20,7 @@ void frmDayViewer::Form_Load() {
   session_.DayOpener = kDayViewer;
   try {
     view_.ShowDay(Picture());
-    modRes::FillDayList(session_, view_, session_.DayDate);
+    FillList();
   } catch (...) {
     session_.DayOpener = kMonthWindow;
     throw;
@@ -39,6 +39,10 @@ void frmDayViewer::lstDay_MouseDown(MouseButton button, const std::vector<std::s
 
 void frmDayViewer::mnuHelp_Click() {
   windows_.ShowHelp(kHelpDayViewer);
+}
+
+void frmDayViewer::FillList() {
+  modRes::FillDayList(session_, view_, session_.DayDate);
 }
 
 void frmDayViewer::Form_Unload() {

@@ -28,6 +28,9 @@ class frmDayViewer {
 
   void mnuHelp_Click();
 
+  /// Fills the list anew with what the calendar holds. Throws DatabaseError.
+  void FillList();
+
   /// The window goes: the month window takes input again, DayOpener is 1.
   void Form_Unload();
 

@@ -5,6 +5,7 @@
 
 #include "data/color_settings.h"
 #include "data/text.h"
+#include "logic/delete_facility.h"
 #include "logic/facilities.h"
 #include "logic/help_viewer.h"
 
@@ -30,6 +31,10 @@ Message PrintFailure(int number) {
   }
   return {.Text = "A nonCancel Error Occured - " + std::to_string(number),
           .Sign = Icon::Exclamation};
+}
+
+Message NoFacility() {
+  return {.Text = "There is no Facility Selected", .Sign = Icon::Critical};
 }
 
 PrinterError NoSuchPrinter(const std::string& device_name) {
@@ -84,13 +89,22 @@ void frmCalendar::Command2_Click() {
 }
 
 void frmCalendar::Command4_Click() {
+  Combo1_LostFocus();
+  if (lblRoom_.empty() || (Combo1_.Text.empty() && !modRes::CurrentFacility(session_))) {
+    dialogs_.MsgBox(NoFacility());
+    return;
+  }
   const Answer answer = dialogs_.MsgBox({.Text = "Are you Sure you want to Delete " + lblRoom_ +
                                                  " and All Events associated with it?",
                                          .Choice = Buttons::YesNo,
-                                         .Sign = Icon::Critical});
+                                         .Sign = Icon::Critical,
+                                         .Details = modRes::FacilityDetails(session_, clock_),
+                                         .Default = Answer::No});
   if (answer != Answer::Yes) {
     return;
   }
+  // The entry to be removed is the one that the box names.
+  modRes::ShowCurrentFacility(session_, Combo1_);
   modRes::DeleteFacility(session_, Combo1_, lblRoom_, dialogs_);
   view_.ShowFacilityBox(Combo1_);
   view_.ShowRoom(lblRoom_);
@@ -143,6 +157,9 @@ void frmCalendar::Combo1_Click(const std::string& text) {
   }
   Combo1_.Text = text;
   ShowRoom(text);
+  if (modRes::CurrentFacility(session_) != text) {
+    ShowWhatIsLeft();
+  }
   RefreshMonth();
 }
 
@@ -170,7 +187,19 @@ void frmCalendar::Combo1_GotFocus() {
   }
 }
 
+void frmCalendar::Combo1_LostFocus() {
+  if (Combo1_.Text.empty()) {
+    return;
+  }
+  const std::string name = modRes::CurrentFacility(session_).value_or("");
+  if (Combo1_.Text != name) {
+    Combo1_.Text = name;
+    view_.ShowFacilityBox(Combo1_);
+  }
+}
+
 void frmCalendar::lstDay_MouseDown(int index, MouseButton button) {
+  Combo1_LostFocus();
   if (button == MouseButton::Right) {
     OpenForViewing(index);
   } else if (button == MouseButton::Left && MayOpenDay()) {
@@ -179,8 +208,8 @@ void frmCalendar::lstDay_MouseDown(int index, MouseButton button) {
 }
 
 bool frmCalendar::MayOpenDay() {
-  if (Combo1_.Text.empty()) {
-    dialogs_.MsgBox({.Text = "There is no Facility Selected", .Sign = Icon::Critical});
+  if (Combo1_.Text.empty() || !modRes::CurrentFacility(session_)) {
+    dialogs_.MsgBox(NoFacility());
     return false;
   }
   if (session_.PrintLayoutOn) {
@@ -223,6 +252,14 @@ void frmCalendar::Form_Unload() {
 
 void frmCalendar::RefreshMonth() {
   modRes::RefreshMonth(session_, clock_, view_, session_.CurMonth);
+}
+
+void frmCalendar::ReloadFacilities() {
+  modRes::ReloadFacilities(session_, Combo1_);
+  view_.ShowFacilityBox(Combo1_);
+  if (!Combo1_.Text.empty()) {
+    ShowRoom(Combo1_.Text);
+  }
 }
 
 void frmCalendar::Repaint() {
@@ -320,6 +357,12 @@ void frmCalendar::EnableAgainIfThrown(const std::function<void()>& open) {
     windows_.EnableMonthWindow(true);
     throw;
   }
+}
+
+/// The facility that was picked is no longer there: the one that was current stays so.
+void frmCalendar::ShowWhatIsLeft() {
+  ReloadFacilities();
+  modRes::SelectFacility(session_, Combo1_.Text);
 }
 
 Date frmCalendar::DateOfCell(int index) const {

@@ -49,12 +49,16 @@ class frmCalendar {
   void Combo1_KeyPress(int key);                ///< 13 is Enter; no other key does anything.
   void Combo1_GotFocus();
 
+  /// The box names the facility whose bookings are shown, so a text that is not its name goes back
+  /// to it; to nothing when there is no facility. An emptied box stays empty.
+  void Combo1_LostFocus();
+
   /// A mouse button went down on lstDay(index), 1 to 42, a cell that belongs to the month.
   void lstDay_MouseDown(int index, MouseButton button);
 
-  /// Whether a day may be opened for booking: not without a facility, which the operator is told,
-  /// and not by the first click after printing or during start-up, which only ends that state.
-  /// Brings back the controls that printing hid.
+  /// Whether a day may be opened for booking: not while the facility box is empty or CurRmID is no
+  /// facility, which the operator is told, and not by the first click after printing or during
+  /// start-up, which only ends that state. Brings back the controls that printing hid.
   bool MayOpenDay();
 
   void mnuContents_Click();
@@ -67,6 +71,9 @@ class frmCalendar {
 
   /// Draws the month again.
   void RefreshMonth();
+
+  /// Fills the facility box anew with what the calendar holds. Throws DatabaseError.
+  void ReloadFacilities();
 
   /// Paints the window anew in the colours in use, and draws the month again.
   void Repaint();
@@ -82,6 +89,7 @@ class frmCalendar {
   void OpenForBooking(int index);
   void OpenForViewing(int index);
   void EnableAgainIfThrown(const std::function<void()>& open);
+  void ShowWhatIsLeft();
   Date DateOfCell(int index) const;
   void ShowRoom(const std::string& name);
 

@@ -199,6 +199,7 @@ void QtMonthWindow::WireFacilityBox() {
           [this] { guard_.Run([this] { handler_->Combo1_KeyPress(kEnterKey); }); });
   connect(Combo1_, &QtNameBox::FocusArrived, this,
           [this] { Report(&frmCalendar::Combo1_GotFocus); });
+  connect(Combo1_, &QtNameBox::FocusLeft, this, [this] { Report(&frmCalendar::Combo1_LostFocus); });
 }
 
 void QtMonthWindow::WirePageKeys() {

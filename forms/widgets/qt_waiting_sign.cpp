@@ -38,7 +38,7 @@ void QtWaitingSign::WaitEnded() {
 
 void QtWaitingSign::Show(const std::string& file) {
   guard_.Hold(true);
-  box_ = std::make_unique<QtProgressBox>(BreakOff::Allowed, QApplication::activeWindow());
+  box_ = std::make_unique<QtProgressBox>(EarlyEnd::Cancel, QApplication::activeWindow());
   box_->setLabelText(QStringLiteral("Waiting for another program …\n") + ToQString(file));
   // No end can be foreseen: the bar only shows that the program is alive.
   box_->setRange(0, 0);

@@ -1,5 +1,8 @@
 """Facilities: typed in, picked, deleted, remembered."""
 
+from datetime import date
+
+from desk import MONTH_WINDOW
 from desk_test import DeskTest, main
 
 
@@ -47,6 +50,35 @@ class FacilitiesTest(DeskTest):
         self.wait_for_facility("Main Hall")
         self.assertNotIn("Kitchen", self.facilities())
         self.assertEqual([], self.sql(f"SELECT * FROM Reserv WHERE RmID = {kitchen};"))
+
+    def test_a_typed_name_is_booked_for_the_facility_that_is_shown(self):
+        self.sql("DELETE FROM Reserv;")
+        self.desk.write_name("Kitchen")
+        self.desk.open_day(date.today())
+        self.desk.drag_slots(19, 19)
+        self.desk.message()
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual(["Main Hall"], self.sql("SELECT Name FROM Rooms JOIN Reserv ON ID = RmID;"))
+        self.desk.close_day()
+        self.assertEqual("Main Hall", self.desk.combo_text())
+
+    def test_a_half_typed_name_does_not_stay_in_the_list(self):
+        self.desk.choose("Kitchen")
+        self.desk.write_name("kit")
+        self.desk.click("Delete Facility")
+        self.assertIn("Delete Kitchen", self.desk.message())
+        self.assertEqual("Kitchen", self.text_behind())
+        self.desk.press("Yes")
+        self.wait_for_facility("Main Hall")
+        self.assertNotIn("Kitchen", self.desk.combo_items())
+
+    def text_behind(self):
+        """The text of the facility box while a message box stands before it."""
+        month = next(one for one in self.desk.windows() if one.name == MONTH_WINDOW)
+        combo = self.desk.first("combo box", month)
+        return next(one for one in combo.everything() if one.role == "text").text
 
     def test_the_facility_picked_last_comes_back_at_the_next_start(self):
         self.desk.choose("Garden Room")

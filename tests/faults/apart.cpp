@@ -84,30 +84,34 @@ std::string BookAfterwards(Office& office) {
 
 void Work(const Action& action, const std::string& folder, const Plan& plan, int pipe) {
   Watch(plan);
-  bool failed = false;
+  bool counting = true;
   std::unique_ptr<Office> office;
+  std::string failure;
   try {
     office = std::make_unique<Office>(folder, [&] {
-      if (!failed) {
+      if (counting) {
         Send(pipe, Tag::Saved, {});
       }
     });
     office->Start();
     action.Do(*office);
+    failure = office->Halts();
     if (!office->Boxes().empty()) {
       Send(pipe, Tag::LastBox, office->Boxes().back());
     }
-  } catch (const std::exception& failure) {
-    failed = true;
-    Send(pipe, Tag::Error, failure.what());
-    Send(pipe, Tag::Disk, Encode(EndWatch()));
-    if (office) {
-      Send(pipe, Tag::Afterwards, BookAfterwards(*office));
-    }
+  } catch (const std::exception& error) {
+    failure = (office ? office->Halts() : "") + error.what();
   }
-  office.reset();
-  if (!failed) {
+  counting = false;
+  if (failure.empty()) {
+    office.reset();
     Send(pipe, Tag::Disk, Encode(EndWatch()));
+    return;
+  }
+  Send(pipe, Tag::Error, failure);
+  Send(pipe, Tag::Disk, Encode(EndWatch()));
+  if (office) {
+    Send(pipe, Tag::Afterwards, BookAfterwards(*office));
   }
 }
 

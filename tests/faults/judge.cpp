@@ -9,7 +9,9 @@ namespace veyra::faults {
 namespace {
 
 bool IsUncertain(const std::string& report) {
-  return report.find("not certain") != std::string::npos;
+  return report.find("not certain") != std::string::npos ||
+         report.find("not known") != std::string::npos ||
+         report.find("saved all the same") != std::string::npos;
 }
 
 /// Takes the rows of the booking "Afterwards" out, and returns how many there were.

@@ -4,7 +4,10 @@
 #include <fstream>
 
 #include "data/color_settings.h"
+#include "logic/delete_bookings.h"
+#include "logic/delete_facility.h"
 #include "logic/facilities.h"
+#include "logic/rename_bookings.h"
 #include "tests/faults/watched_store.h"
 #include "tests/temp_folder.h"
 
@@ -96,6 +99,7 @@ void MakeTables(Store& store, Before calendar) {
 }  // namespace
 
 Office::Office(const std::string& folder, const std::function<void()>& saved) {
+  dialogs_.AnswerHalts(Answer::Keep);
   session_.DataFolder = folder;
   modRes::SlotLabels(session_.SlotLabel);
   session_.ResCon = std::make_unique<Connection>(std::make_unique<WatchedStore>(
@@ -103,6 +107,16 @@ Office::Office(const std::string& folder, const std::function<void()>& saved) {
   session_.CurYear = 2014;
   session_.CurMonth = 4;
   session_.CurrentColors = {"0", "0", "0", "0", "0"};
+}
+
+std::string Office::Halts() const {
+  std::string halts;
+  for (const std::string& box : Boxes()) {
+    if (box.starts_with("[Continue/Undo/Keep")) {
+      halts += box + "\n";
+    }
+  }
+  return halts;
 }
 
 void Office::Start() {
@@ -122,14 +136,14 @@ void Office::Select(int month, int day) {
 
 void Office::Book(int day, const std::string& name) {
   Select(4, day);
-  modRes::MakeBookings(session_, {name, false, {}}, grid_, clock_, dialogs_);
+  modRes::MakeBookings(session_, {name, false, {}}, {grid_, screens_}, clock_, dialogs_);
 }
 
 void Office::BookSeries(const std::string& name) {
   Select(kGroupMonth, kGroupDay);
   MultiDayPlan plan{{"5/1/2014", "5/28/2014"}, {}};
   plan.Days[3] = plan.Days[5] = true;
-  modRes::MakeBookings(session_, {name, true, plan}, grid_, clock_, dialogs_);
+  modRes::MakeBookings(session_, {name, true, plan}, {grid_, screens_}, clock_, dialogs_);
 }
 
 void Office::Delete(int month, int day, Answer whole_group) {
@@ -137,7 +151,7 @@ void Office::Delete(int month, int day, Answer whole_group) {
   if (whole_group == Answer::Yes) {
     dialogs_.AnswerNext(whole_group);
   }
-  modRes::DeleteBookings(session_, grid_, {screens_, screens_, clock_}, dialogs_);
+  modRes::DeleteBookings(session_, {grid_, screens_}, {screens_, screens_, clock_}, dialogs_);
 }
 
 void Office::Rename(int month, int day, const std::string& name, Answer whole_group) {
@@ -146,7 +160,8 @@ void Office::Rename(int month, int day, const std::string& name, Answer whole_gr
     dialogs_.AnswerNext(whole_group);
   }
   std::string new_name = name;
-  modRes::RenameBookings(session_, new_name, grid_, {screens_, screens_, clock_}, dialogs_);
+  modRes::RenameBookings(session_, new_name, {grid_, screens_}, {screens_, screens_, clock_},
+                         dialogs_);
 }
 
 void Office::AddFacility(const std::string& name) {

@@ -43,6 +43,9 @@ class Office {
   /// What the operator was told, box by box.
   const std::vector<std::string>& Boxes() const { return dialogs_.Boxes(); }
 
+  /// The boxes that tell of an action done in part. They are answered with Keep.
+  std::string Halts() const;
+
  private:
   void Select(int month, int day);
 

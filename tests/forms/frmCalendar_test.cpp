@@ -1,65 +1,14 @@
 #include "forms/month/frmCalendar.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
-#include <vector>
 
 #include "data/errors.h"
-#include "logic/facilities.h"
-#include "tests/calendar_folder.h"
-#include "tests/fake_clock.h"
-#include "tests/fake_dialogs.h"
-#include "tests/forms/fake_month_printer.h"
-#include "tests/forms/fake_month_view.h"
-#include "tests/forms/fake_windows.h"
+#include "tests/forms/month_fixture.h"
 
 namespace veyra {
 namespace {
 
-using Names = std::vector<std::string>;
-
-constexpr int kEnter = 13;
-
-class FrmCalendarTest : public testing::Test {
- protected:
-  /// Starts on March 2014 with these facilities, the first of them active.
-  void Start(const Names& facilities = {"Pool"}) {
-    for (const std::string& name : facilities) {
-      folder_.AddRoom(name, name == facilities.front());
-    }
-    session_ = folder_.OpenSession();
-    session_->CurrentColors = {"-2147483643", "12582912", "0", "255", "65535"};
-    calendar_ =
-        std::make_unique<frmCalendar>(*session_, view_, windows_, dialogs_, clock_, printer_);
-    calendar_->LoadFacilityBox();
-    calendar_->ApplyHeaderColors();
-    calendar_->SelectActiveFacility();
-    calendar_->ShowCurrentMonth();
-  }
-
-  void Type(const std::string& text) { calendar_->Combo1_Change(text); }
-  void TypeAndEnter(const std::string& text) {
-    Type(text);
-    calendar_->Combo1_KeyPress(kEnter);
-  }
-
-  /// Makes every query on the bookings fail until the table is back.
-  void BreakCalendar() { session_->ResCon = std::make_unique<Connection>(EmptyStore()); }
-
-  std::unique_ptr<Store> EmptyStore() {
-    return CreateStoreOfKind(TestedStoreKind(), folder_.File("Empty.mdb"));
-  }
-
-  CalendarFolder folder_;
-  FakeClock clock_{2014, 3, 15};
-  FakeDialogs dialogs_;
-  FakeWindows windows_;
-  FakeMonthView view_;
-  FakeMonthPrinter printer_;
-  std::unique_ptr<Session> session_;
-  std::unique_ptr<frmCalendar> calendar_;
-};
+class FrmCalendarTest : public MonthFixture {};
 
 TEST_F(FrmCalendarTest, NextAfterDecemberIsJanuaryOfTheNextYear) {
   clock_.Set(2014, 12, 1);
@@ -212,149 +161,6 @@ TEST_F(FrmCalendarTest, EachHelpItemOpensItsTopic) {
   calendar_->mnuOver_Click();
   calendar_->mnuCalendar_Click();
   EXPECT_EQ("help 20\nhelp 30\nhelp 60\n", windows_.Log);
-}
-
-TEST_F(FrmCalendarTest, PickingAFacilityShowsItsMonth) {
-  Start({"Pool", "Hall"});
-  folder_.AddBooking(2, "2014-03-05", 1, 2, "Dance");
-  session_->IsLoading = true;
-  calendar_->Combo1_Click("Hall");
-  EXPECT_EQ("Hall", view_.lblRoom);
-  EXPECT_EQ(2, session_->CurRmID);
-  EXPECT_EQ((modRes::DayLines{"12:00A- 1:00A Dance"}), view_.Picture.Cells[11].Lines);
-  EXPECT_FALSE(session_->IsLoading);
-}
-
-TEST_F(FrmCalendarTest, AFacilityThatCannotBeSelectedIsNotNamed) {
-  Start({"Pool", "Hall"});
-  BreakCalendar();
-  view_.Combo1.Text = "Hall";
-  EXPECT_THROW(calendar_->Combo1_Click("Hall"), DatabaseError);
-  EXPECT_EQ("Pool", view_.Combo1.Text);
-  EXPECT_EQ("Pool", view_.lblRoom);
-  EXPECT_EQ(1, session_->CurRmID);
-}
-
-TEST_F(FrmCalendarTest, TypingAListedNameInLowerCaseAdoptsItsSpelling) {
-  Start({"Pool", "Hall"});
-  TypeAndEnter("hALL");
-  EXPECT_EQ("Hall", view_.Combo1.Text);
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-  EXPECT_EQ(1, view_.MonthsShown);
-  EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
-}
-
-TEST_F(FrmCalendarTest, CaseIsThatOfEveryScript) {
-  Start({"\u00C9t\u00E9"});
-  TypeAndEnter("\u00E9T\u00C9");
-  EXPECT_EQ("\u00C9t\u00E9", view_.Combo1.Text);
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-}
-
-TEST_F(FrmCalendarTest, TypingANewNameAsksForItInProperCase) {
-  Start();
-  dialogs_.AnswerNext(Answer::No);
-  TypeAndEnter("main HALL");
-  EXPECT_EQ("[Yes/No Exclamation] Do you want to add a new Facility called Main Hall?",
-            dialogs_.OnlyBox());
-}
-
-TEST_F(FrmCalendarTest, TheProperCaseNameIsSeenBehindTheQuestion) {
-  Start();
-  dialogs_.AnswerNext(Answer::No);
-  std::string seen;
-  dialogs_.WhileShown = [&] { seen = view_.Combo1.Text; };
-  TypeAndEnter("main hall");
-  EXPECT_EQ("Main Hall", seen);
-}
-
-TEST_F(FrmCalendarTest, YesAddsTheFacilityAndShowsItsEmptyMonth) {
-  Start();
-  folder_.AddBooking(1, "2014-03-05", 1, 2, "Swim");
-  dialogs_.AnswerNext(Answer::Yes);
-  TypeAndEnter("main hall");
-  EXPECT_EQ((NameBox{{"Pool", "Main Hall"}, "Main Hall"}), view_.Combo1);
-  EXPECT_EQ("Main Hall", view_.lblRoom);
-  EXPECT_EQ(2, session_->CurRmID);
-  EXPECT_EQ("1 Pool active\n2 Main Hall active\n", folder_.Rooms());
-  EXPECT_EQ(2, view_.MonthsShown);
-  EXPECT_EQ(modRes::DayLines{}, view_.Picture.Cells[11].Lines);
-}
-
-TEST_F(FrmCalendarTest, NoPutsTheCurrentFacilityBack) {
-  Start();
-  dialogs_.AnswerNext(Answer::No);
-  TypeAndEnter("main hall");
-  EXPECT_EQ((NameBox{{"Pool"}, "Pool"}), view_.Combo1);
-  EXPECT_EQ("1 Pool active\n", folder_.Rooms());
-}
-
-TEST_F(FrmCalendarTest, EnterInAnEmptyBoxAsksNothing) {
-  Start();
-  TypeAndEnter("");
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-  EXPECT_EQ("1 Pool active\n", folder_.Rooms());
-}
-
-TEST_F(FrmCalendarTest, OnlyEnterDoesAnything) {
-  Start();
-  Type("main hall");
-  calendar_->Combo1_KeyPress('x');
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-}
-
-TEST_F(FrmCalendarTest, AnAddedFacilityIsThereAfterARestart) {
-  Start();
-  dialogs_.AnswerNext(Answer::Yes);
-  TypeAndEnter("main hall");
-  NameBox box;
-  const auto next_run = folder_.OpenSession();
-  modRes::LoadFacilities(*next_run, box);
-  EXPECT_EQ("Main Hall", box.Text);
-}
-
-TEST_F(FrmCalendarTest, FocusSelectsTheWholeTextWhenThereIsOne) {
-  Start();
-  calendar_->Combo1_GotFocus();
-  EXPECT_EQ(1, view_.TextsSelected);
-}
-
-TEST_F(FrmCalendarTest, FocusOnAnEmptyBoxSelectsNothing) {
-  Start({});
-  calendar_->Combo1_GotFocus();
-  EXPECT_EQ(0, view_.TextsSelected);
-}
-
-TEST_F(FrmCalendarTest, DeletingAFacilityIsAskedByTheNameAboveTheGrid) {
-  Start({"Pool", "Hall"});
-  Type("half typed");
-  dialogs_.AnswerNext(Answer::No);
-  calendar_->Command4_Click();
-  EXPECT_EQ(
-      "[Yes/No Critical] Are you Sure you want to Delete Pool and All Events associated with it?",
-      dialogs_.OnlyBox());
-  EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
-}
-
-TEST_F(FrmCalendarTest, YesDeletesTheFacilityAndShowsTheFirstLeft) {
-  Start({"Pool", "Hall"});
-  folder_.AddBooking(1, "2014-03-05", 1, 2, "Swim");
-  folder_.AddBooking(2, "2014-03-05", 3, 4, "Dance");
-  dialogs_.AnswerNext(Answer::Yes);
-  calendar_->Command4_Click();
-  EXPECT_EQ((NameBox{{"Hall"}, "Hall"}), view_.Combo1);
-  EXPECT_EQ("Hall", view_.lblRoom);
-  EXPECT_EQ("2 2014-03-05 3-4 Dance\n", folder_.Bookings());
-  EXPECT_EQ((modRes::DayLines{" 1:00A- 2:00A Dance"}), view_.Picture.Cells[11].Lines);
-}
-
-TEST_F(FrmCalendarTest, DeletingTheLastFacilityEmptiesTheBoxAndDrawsTheMonth) {
-  Start();
-  dialogs_.AnswerNext(Answer::Yes);
-  calendar_->Command4_Click();
-  EXPECT_EQ((NameBox{}), view_.Combo1);
-  EXPECT_EQ(1, session_->CurRmID);
-  EXPECT_EQ(2, view_.MonthsShown);
 }
 
 TEST_F(FrmCalendarTest, RepaintingTakesTheColorsInUse) {

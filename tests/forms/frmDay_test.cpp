@@ -240,6 +240,39 @@ TEST_F(FrmDayTest, ABookedRowAsksToDeleteThenToRename) {
   EXPECT_EQ("1 2014-04-06 19-19 Smith\n", Bookings());
 }
 
+TEST_F(FrmDayTest, TheQuestionsTellWhatTheyTouchAndEnterDeletesNothing) {
+  folder_.AddBooking(1, "2014-04-06", 19, 19, "Smith");
+  OpenDay();
+  std::vector<Message> questions;
+  dialogs_.WhileShown = [&] { questions.push_back(dialogs_.LastMessage()); };
+  AnswerNext(Answer::No);
+  AnswerNext(Answer::No);
+  Click(19);
+  ASSERT_EQ(2U, questions.size());
+  EXPECT_EQ("Pool, Sunday 4/6/2014, 9:00A- 9:30A", questions[0].Details);
+  EXPECT_EQ(Answer::No, questions[0].Default);
+  EXPECT_EQ("Pool, Sunday 4/6/2014, 9:00A- 9:30A", questions[1].Details);
+}
+
+TEST_F(FrmDayTest, OfTwoBookingsInASlotTheOneNamedIsDeleted) {
+  folder_.AddBooking(1, "2014-04-06", 19, 20, "below");
+  folder_.AddBooking(1, "2014-04-06", 19, 20, "above");
+  OpenDay();
+  AnswerNext(Answer::Yes);
+  Click(19);
+  EXPECT_EQ("[Yes/No Critical] Do You wand to Delete this Booking for above?", Question());
+  EXPECT_EQ("1 2014-04-06 19-20 below\n", Bookings());
+}
+
+TEST_F(FrmDayTest, ABookingIsSeenBehindItsReport) {
+  OpenDay();
+  AnswerNext(Answer::Ok);
+  std::string seen;
+  dialogs_.WhileShown = [&] { seen = Grid(); };
+  Click(19);
+  EXPECT_EQ("19 No Title\n", seen);
+}
+
 TEST_F(FrmDayTest, YesDeletesTheWholeBookingAndTheGridShowsIt) {
   folder_.AddBooking(1, "2014-04-06", 19, 21, "Smith");
   folder_.AddBooking(1, "2014-04-06", 30, 30, "Jones");
@@ -357,6 +390,19 @@ TEST_F(FrmDayTest, AfterAMultipleBookingTheGridStillShowsTheDayAsFree) {
   EXPECT_EQ("", Grid());
   OpenDay();
   EXPECT_EQ("19 No Title\n20 No Title\n21 No Title\n", Grid());
+}
+
+TEST_F(FrmDayTest, AfterAStoppedSeriesTheGridShowsWhatIsBooked) {
+  OpenDay();
+  Plan("4/6/2014", "4/20/2014", {1});
+  AnswerNext(Answer::Ok);
+  AnswerNext(Answer::Keep);
+  dialogs_.WhileShown = [&] {
+    if (dialogs_.LastMessage().Choice == Buttons::OkCancel) dialogs_.EndEarlyAfter(1);
+  };
+  Drag(19, 19);
+  EXPECT_EQ("19 No Title\n", Grid());
+  EXPECT_EQ((modRes::DayLines{" 9:00A- 9:30A No Title"}), screens_.Picture.Cells[8].Lines);
 }
 
 TEST_F(FrmDayTest, AfterAMultipleBookingAnotherOnTheSameRowsFindsTheConflict) {

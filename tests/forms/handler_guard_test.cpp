@@ -40,6 +40,32 @@ TEST_F(HandlerGuardTest, TheLinesOfAReportArePartedAsInEveryMessage) {
             dialogs_.OnlyBox());
 }
 
+TEST_F(HandlerGuardTest, WhatIsShownIsFilledAnewBeforeTheReport) {
+  std::string log;
+  guard_.SetRecovery([&] { log += "filled "; });
+  dialogs_.WhileShown = [&] { log += "told "; };
+  guard_.Run([] { throw DatabaseError({"/desk/Calendar.mdb", "It is locked.", "Wait."}); });
+  EXPECT_EQ("filled told ", log);
+  EXPECT_EQ(std::string::npos, dialogs_.OnlyBox().find("may be old"));
+}
+
+TEST_F(HandlerGuardTest, AHandlerThatSucceedsFillsNothingAnew) {
+  guard_.SetRecovery([] { FAIL(); });
+  guard_.Run([] {});
+}
+
+TEST_F(HandlerGuardTest, WhenNothingCanBeReadTheReportSaysThatWhatIsShownMayBeOld) {
+  guard_.SetRecovery([] { throw DatabaseError({"/desk/Calendar.mdb", "It is locked.", "Wait."}); });
+  guard_.Run([] {
+    throw DatabaseError({"/desk/Calendar.mdb", "The disk is full.", "Make room."});
+  });
+  EXPECT_EQ(
+      "[OK Critical] /desk/Calendar.mdb\r\nThe disk is full.\r\nMake room.\r\n"
+      "What the windows show could not be read anew and may be old: look again before you rely on "
+      "it.",
+      dialogs_.OnlyBox());
+}
+
 TEST_F(HandlerGuardTest, AFaultOfTheProgramIsReportedAsSuch) {
   guard_.Run([] { throw std::out_of_range("There is no time slot 49."); });
   EXPECT_NE(std::string::npos, dialogs_.OnlyBox().find("There is no time slot 49."));

@@ -204,7 +204,7 @@ TEST_F(MonthPrintingTest, WithoutAnyPrinterTheReportIsShown) {
   printer_.Names.clear();
   PrintGuarded();
   EXPECT_EQ(
-      "[OK Critical] The printer \"Front Desk\" is no longer there.\n"
+      "[OK Critical] The printer \"Front Desk\" is no longer there.\r\n"
       "Click on the month to get the buttons back, then print again on another printer, or into a "
       "PDF file.",
       dialogs_.OnlyBox());

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "tests/calendar_folder.h"
-#include "tests/fake_dialogs.h"
 
 namespace veyra::modRes {
 namespace {
@@ -24,9 +23,7 @@ class FacilitiesTest : public testing::Test {
 
   CalendarFolder folder_;
   std::unique_ptr<Session> session_;
-  FakeDialogs dialogs_;
   NameBox box_;
-  std::string lblRoom_ = "old caption";
 };
 
 TEST_F(FacilitiesTest, AllFacilitiesAreListedWhateverTheirMark) {
@@ -115,51 +112,6 @@ TEST_F(FacilitiesTest, ANameWithAQuoteIsHarmless) {
   EXPECT_EQ("1 " + box_.Text + " active\n", folder_.Rooms());
 }
 
-TEST_F(FacilitiesTest, DeletingTakesTheBookingsOfThatFacilityOnly) {
-  const auto pool = folder_.AddRoom("Pool", true);
-  const auto hall = folder_.AddRoom("Hall");
-  folder_.AddBooking(pool, "2014-04-06", 1, 2, "swim");
-  folder_.AddBooking(hall, "2014-04-06", 1, 2, "dance");
-  folder_.AddBooking(pool, "2015-01-01", 3, 4, "dive");
-  LoadFacilities(Desk(), box_);
-  Desk().CurRmID = pool;
-  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
-  EXPECT_EQ("2 2014-04-06 1-2 dance\n", folder_.Bookings());
-  EXPECT_EQ("2 Hall active\n", folder_.Rooms());
-}
-
-TEST_F(FacilitiesTest, AfterDeletingTheFirstFacilityLeftIsSelected) {
-  folder_.AddRoom("Pool");
-  folder_.AddRoom("Hall");
-  Desk().CurRmID = folder_.AddRoom("Court", true);
-  LoadFacilities(Desk(), box_);
-  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
-  EXPECT_EQ(1, Desk().CurRmID);
-  EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Pool"}), box_);
-  EXPECT_EQ("Pool", lblRoom_);
-}
-
-TEST_F(FacilitiesTest, DeletingTheLastFacilityLeavesTheTextEmptyAndCurRmIDAlone) {
-  Desk().CurRmID = folder_.AddRoom("Pool", true);
-  LoadFacilities(Desk(), box_);
-  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
-  EXPECT_EQ((NameBox{}), box_);
-  EXPECT_EQ(1, Desk().CurRmID);
-  EXPECT_EQ("old caption", lblRoom_);
-}
-
-TEST_F(FacilitiesTest, DeletingWithNoneSelectedTakesOnlyTheEntryAndSelectsTheFirst) {
-  folder_.AddRoom("Pool");
-  folder_.AddRoom("Hall");
-  folder_.AddBooking(1, "2014-04-06", 1, 2, "swim");
-  box_ = {{"Pool", "Hall"}, "Hall"};
-  Desk().CurRmID = 0;
-  DeleteFacility(Desk(), box_, lblRoom_, dialogs_);
-  EXPECT_EQ((NameBox{{"Pool"}, "Pool"}), box_);
-  EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
-  EXPECT_EQ("1 2014-04-06 1-2 swim\n", folder_.Bookings());
-}
-
 TEST_F(FacilitiesTest, AfterARestartTheFacilityLastSelectedIsTheTextAgain) {
   folder_.AddRoom("Pool", true);
   folder_.AddRoom("Hall");
@@ -167,6 +119,28 @@ TEST_F(FacilitiesTest, AfterARestartTheFacilityLastSelectedIsTheTextAgain) {
   const auto next_run = folder_.OpenSession();
   LoadFacilities(*next_run, box_);
   EXPECT_EQ("Hall", box_.Text);
+}
+
+TEST_F(FacilitiesTest, TheCurrentFacilityIsFoundByItsNumber) {
+  folder_.AddRoom("Pool", true);
+  Desk().CurRmID = folder_.AddRoom("Hall");
+  EXPECT_EQ("Hall", CurrentFacility(Desk()));
+  Desk().CurRmID = 7;
+  EXPECT_EQ(std::nullopt, CurrentFacility(Desk()));
+}
+
+TEST_F(FacilitiesTest, ReloadingListsWhatIsThereAndNamesTheCurrentOne) {
+  folder_.AddRoom("Pool", true);
+  Desk().CurRmID = folder_.AddRoom("Hall");
+  box_ = {{"Pool", "Hall", "gone"}, "gone"};
+  ReloadFacilities(Desk(), box_);
+  EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Hall"}), box_);
+}
+
+TEST_F(FacilitiesTest, ReloadingWithoutAFacilityEmptiesTheBox) {
+  box_ = {{"gone"}, "gone"};
+  ReloadFacilities(Desk(), box_);
+  EXPECT_EQ(NameBox{}, box_);
 }
 
 }  // namespace

@@ -7,9 +7,10 @@
 
 namespace veyra {
 
-/// Keeps what the month grid and the day viewer were last told to show.
-class FakeScreens : public modRes::MonthScreen, public modRes::DayListScreen {
+/// Keeps what the month grid, the day viewer and the day grid were last told to show.
+class FakeScreens : public modRes::MonthScreen, public modRes::DayListScreen, public DayGridScreen {
  public:
+  DayGrid Grid;
   modRes::MonthPicture Picture;
   int MonthsShown = 0;
   int CellShown = 0;  ///< The index of the cell shown last.
@@ -27,6 +28,7 @@ class FakeScreens : public modRes::MonthScreen, public modRes::DayListScreen {
     CellLines = lines;
     ++CellsShown;
   }
+  void ShowGrid(const DayGrid& MSFlexGrid1) override { Grid = MSFlexGrid1; }
   void ShowDayList(const modRes::DayLines& lines) override {
     ViewerLines = lines;
     ++ViewersShown;

@@ -1,0 +1,56 @@
+#include "logic/delete_bookings.h"
+
+#include "data/connection.h"
+#include "logic/booking_report.h"
+#include "logic/delete_rows.h"
+#include "logic/picked_booking.h"
+
+namespace veyra::modRes {
+namespace {
+
+const RowActionWords kWords{
+    .Progress = "Deleting bookings ...",
+    .Done = "bookings are deleted.",
+    .PassedOver = {},
+    .Continue = "Continue deletes the other bookings of the group.",
+    .Undo = "Undo puts the deleted bookings back.",
+    .Undone = "The deleted bookings have been put back.",
+};
+
+bool WantsGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
+  return IsGroupKey(group_key) &&
+         dialogs.MsgBox({.Text = "This has Multiple Bookings. Do you want to Delete All of them?",
+                         .Choice = Buttons::YesNo,
+                         .Sign = Icon::Critical,
+                         .Details = GroupDetails(session, group_key),
+                         .Default = Answer::No}) == Answer::Yes;
+}
+
+BookingChange DeleteGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
+  DeleteRows action(session, FindGroup(session, group_key));
+  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  const std::string text = std::to_string(result.Done) + " Bookings Deleted.";
+  return {ResultText(result, kWords, text), true, true};
+}
+
+BookingChange DeletePicked(Session& session, Dialogs& dialogs) {
+  const Rows picked = FindPicked(session);
+  if (picked->AtEnd()) {
+    return {};
+  }
+  const Value group_key = picked->Field("MultKey");
+  if (WantsGroup(session, group_key, dialogs)) {
+    picked->Close();
+    return DeleteGroup(session, group_key, dialogs);
+  }
+  picked->Delete();
+  return {"Booking Deleted.", true, false};
+}
+
+}  // namespace
+
+void DeleteBookings(Session& session, ShownGrid grid, const Listings& listings, Dialogs& dialogs) {
+  ShowAndTell(session, DeletePicked(session, dialogs), "", grid, listings, dialogs);
+}
+
+}  // namespace veyra::modRes

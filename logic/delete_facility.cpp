@@ -1,0 +1,122 @@
+#include "logic/delete_facility.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "data/connection.h"
+#include "logic/delete_rows.h"
+#include "logic/facilities.h"
+#include "logic/row_action.h"
+
+namespace veyra::modRes {
+namespace {
+
+const RowActionWords kWords{
+    .Progress = "Deleting bookings ...",
+    .Done = "bookings are deleted; the facility is still there.",
+    .PassedOver = {},
+    .Continue = "Continue deletes the other bookings and the facility.",
+    .Undo = "Undo puts the deleted bookings back.",
+    .Undone = "The deleted bookings have been put back.",
+};
+
+std::string BookingsQuery(const Session& session) {
+  return "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID);
+}
+
+Rows OpenRoom(Session& session) {
+  return session.ResCon->Open(CurrentRoomQuery(session), CursorType::StaticOptimistic);
+}
+
+/// The bookings of a facility, and as the last row the facility itself.
+class DeleteWithBookings : public RowAction {
+ public:
+  explicit DeleteWithBookings(Session& session)
+      : session_(session),
+        bookings_(session,
+                  session.ResCon->Open(BookingsQuery(session), CursorType::StaticOptimistic)) {}
+
+  std::size_t Count() const override { return bookings_.Count() + 1; }
+  bool IsCounted(std::size_t row) const override { return !IsRoom(row); }
+  std::string NameOf(std::size_t row) const override {
+    return IsRoom(row) ? "the facility" : bookings_.NameOf(row);
+  }
+
+  bool Do(std::size_t row) override {
+    if (!IsRoom(row)) {
+      return bookings_.Do(row);
+    }
+    DeleteWhatCameMeanwhile();
+    if (const Rows room = OpenRoom(session_); !room->AtEnd()) {
+      room_ = FieldsOf(*room, session_.ResCon->ColumnNames("Rooms"));
+      room->Delete();
+    }
+    return true;
+  }
+
+  void Undo(std::size_t row) override {
+    if (IsRoom(row)) {
+      AddRow(*OpenRoom(session_), room_);
+    } else {
+      bookings_.Undo(row);
+    }
+  }
+
+  bool IsDone(std::size_t row) override {
+    return IsRoom(row) ? OpenRoom(session_)->AtEnd() : bookings_.IsDone(row);
+  }
+
+ private:
+  bool IsRoom(std::size_t row) const { return row == bookings_.Count(); }
+
+  /// Bookings that another program made or changed since would belong to no facility.
+  void DeleteWhatCameMeanwhile() {
+    const Rows bookings =
+        session_.ResCon->Open(BookingsQuery(session_), CursorType::StaticOptimistic);
+    for (; !bookings->AtEnd(); bookings->MoveNext()) {
+      bookings->Delete();
+    }
+  }
+
+  Session& session_;
+  DeleteRows bookings_;
+  FieldValues room_;
+};
+
+void RemoveCurrentEntry(NameBox& Combo1) {
+  const auto entry = std::find(Combo1.Items.begin(), Combo1.Items.end(), Combo1.Text);
+  if (entry != Combo1.Items.end()) {
+    Combo1.Items.erase(entry);
+  }
+}
+
+}  // namespace
+
+void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs) {
+  DeleteWithBookings action(session);
+  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  if (!action.IsDone(action.Count() - 1)) {
+    const std::string text = std::to_string(result.Done) + " Bookings Deleted.";
+    dialogs.MsgBox({.Text = ResultText(result, kWords, text), .Sign = Icon::Exclamation});
+    return;
+  }
+  RemoveCurrentEntry(Combo1);
+  SelectFirstFacility(session, Combo1, lblRoom);
+}
+
+std::string FacilityDetails(Session& session, const Clock& clock) {
+  const Date today = clock.Today();
+  std::int64_t all = 0;
+  std::int64_t ahead = 0;
+  const Rows bookings =
+      session.ResCon->Open(BookingsQuery(session), CursorType::ForwardOnlyReadOnly);
+  for (; !bookings->AtEnd(); bookings->MoveNext()) {
+    ++all;
+    const auto day = ToDate(bookings->Field("DateOfRes"));
+    ahead += day && *day >= today ? 1 : 0;
+  }
+  return "Bookings: " + std::to_string(all) + ", of these today or later: " + std::to_string(ahead);
+}
+
+}  // namespace veyra::modRes

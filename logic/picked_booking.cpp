@@ -1,0 +1,106 @@
+#include "logic/picked_booking.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+#include "data/connection.h"
+#include "logic/facilities.h"
+#include "logic/multiday.h"
+
+namespace veyra::modRes {
+namespace {
+
+/// The dates of a group.
+struct Dates {
+  std::size_t Count = 0;
+  std::optional<Date> First;
+  std::optional<Date> Last;
+};
+
+Dates DatesOf(Recordset& group) {
+  Dates dates;
+  for (; !group.AtEnd(); group.MoveNext()) {
+    ++dates.Count;
+    if (const auto day = ToDate(group.Field("DateOfRes"))) {
+      dates.First = std::min(dates.First.value_or(*day), *day);
+      dates.Last = std::max(dates.Last.value_or(*day), *day);
+    }
+  }
+  return dates;
+}
+
+std::string DayText(const std::optional<Date>& day) {
+  return day ? DateText(*day) : "a day without a date";
+}
+
+std::string TimesOf(const Session& session, Recordset& booking) {
+  std::string label = RangeLabel(
+      session.SlotLabel, {SlotOf(booking.Field("TimeFrom")), SlotOf(booking.Field("TimeTo"))});
+  label.erase(0, label.find_first_not_of(' '));
+  return label;
+}
+
+std::string GroupLine(Session& session, const Value& group_key) {
+  const Dates dates = DatesOf(*FindGroup(session, group_key));
+  return std::to_string(dates.Count) + " dates, " + DayText(dates.First) + " to " +
+         DayText(dates.Last);
+}
+
+}  // namespace
+
+Rows FindPicked(Session& session) {
+  Rows picked =
+      session.ResCon->Open("SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
+                               " And DateOfRes = #" + DateText(session.DayDate) +
+                               "# And TimeFrom <= " + std::to_string(session.SelFirstSlot) +
+                               " And TimeTo >= " + std::to_string(session.SelLastSlot),
+                           CursorType::StaticOptimistic);
+  std::optional<RowKey> shown;
+  double first_slot = 0;
+  for (; !picked->AtEnd(); picked->MoveNext()) {
+    const double slot = ToDouble(picked->Field("TimeFrom")).value_or(0);
+    if (!shown || slot >= first_slot) {
+      shown = picked->Bookmark();
+      first_slot = slot;
+    }
+  }
+  if (shown) {
+    picked->MoveTo(*shown);
+  }
+  return picked;
+}
+
+Rows FindGroup(Session& session, const Value& group_key) {
+  return session.ResCon->Open(
+      "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
+          " And MultKey = " + ToText(group_key),
+      CursorType::StaticOptimistic);
+}
+
+bool IsGroupKey(const Value& key) {
+  return ToDouble(key).value_or(0) > 0;
+}
+
+std::string PickedDetails(Session& session, const std::string& name) {
+  const Rows picked = FindPicked(session);
+  if (picked->AtEnd()) {
+    return "No booking covers the whole of the selected time: there is nothing to change.";
+  }
+  std::string text = CurrentFacility(session).value_or("") + ", " + WeekdayName(session.DayDate) +
+                     " " + DateText(session.DayDate) + ", " + TimesOf(session, *picked);
+  if (const std::string held = ToText(picked->Field("Event")); held != name) {
+    text += kLineBreak + ("By now it is booked for " + held + ".");
+  }
+  const Value group_key = picked->Field("MultKey");
+  if (IsGroupKey(group_key)) {
+    text += kLineBreak + ("One of a group: " + GroupLine(session, group_key));
+  }
+  return text;
+}
+
+std::string GroupDetails(Session& session, const Value& group_key) {
+  return CurrentFacility(session).value_or("") + ": " + GroupLine(session, group_key);
+}
+
+}  // namespace veyra::modRes

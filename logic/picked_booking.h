@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "logic/dialogs.h"
+#include "logic/session.h"
+#include "logic/stored_row.h"
+
+namespace veyra::modRes {
+
+/// The booking of CurRmID on DayDate that covers the whole selection, to be changed; a record set
+/// at its end when there is none. Of several it is the one whose name the day grid shows: the last
+/// in the order of the listings.
+Rows FindPicked(Session& session);
+
+/// Every date of a group, for facility CurRmID, to be changed.
+Rows FindGroup(Session& session, const Value& group_key);
+
+/// Whether a booking with that MultKey belongs to a group.
+bool IsGroupKey(const Value& key);
+
+/// What a question about the picked booking says below its text: facility, date and times, and of a
+/// group the number of its dates, the first and the last of them. `name` is what the question calls
+/// it; a booking that has another name by now is called by that too.
+/// Throws DatabaseError.
+std::string PickedDetails(Session& session, const std::string& name);
+
+/// The same for a question about a whole group.
+std::string GroupDetails(Session& session, const Value& group_key);
+
+}  // namespace veyra::modRes

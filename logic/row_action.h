@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "logic/dialogs.h"
+
+namespace veyra::modRes {
+
+/// Something that is done to many rows, one after another, each of them saved before the next is
+/// begun. The rows are counted from 0.
+class RowAction {
+ public:
+  virtual ~RowAction() = default;
+
+  virtual std::size_t Count() const = 0;
+
+  /// Whether the operator is told of the row in numbers: the facility beside its bookings is not.
+  virtual bool IsCounted(std::size_t) const { return true; }
+
+  /// The row as it reads within a sentence: "the booking on 4/6/2014".
+  virtual std::string NameOf(std::size_t row) const = 0;
+
+  /// Does it. Returns false when the row is to be passed over, having changed nothing. Throws
+  /// DatabaseError: OutcomeUnknownError when it may have been done, else having changed nothing.
+  virtual bool Do(std::size_t row) = 0;
+
+  /// Takes back what Do did. Throws as Do does.
+  virtual void Undo(std::size_t row) = 0;
+
+  /// Whether the file holds the row as Do leaves it. Asked where Do or Undo could not say.
+  virtual bool IsDone(std::size_t row) = 0;
+};
+
+/// The words in which the operator is told of an action; whole sentences, but for the first three.
+struct RowActionWords {
+  std::string Progress;    ///< "Booking ..."
+  std::string Done;        ///< After "8 of 30 ": "dates are booked."
+  std::string PassedOver;  ///< Before a number: "Left out because of other bookings: ".
+  std::string Continue;    ///< What "Continue" does.
+  std::string Undo;        ///< What "Undo" does.
+  std::string Undone;      ///< That it was done.
+};
+
+/// What has become of an action.
+struct RowActionResult {
+  std::size_t Done = 0;    ///< Rows that are done, and not taken back.
+  bool TakenBack = false;  ///< The operator had it all taken back.
+  bool Halted = false;     ///< It did not come to its end in one go.
+  std::string Remark;      ///< What else the operator must be told; mostly nothing.
+};
+
+/// Does it to every row, showing how far it has come. When it fails after something was done, or
+/// the operator stops it, the operator is told how far it came and is asked for one of three ways:
+/// to go on with the rows that are left, to take back what was done, or to keep it. Going on and
+/// taking back may fail or be stopped in their turn; that leads to the same question.
+/// Throws what the action threw when nothing was done by then.
+RowActionResult CarryOut(RowAction& action, const RowActionWords& words, Dialogs& dialogs);
+
+/// What to tell the operator in the end: `text`, or that it was taken back, and the remark.
+std::string ResultText(const RowActionResult& result, const RowActionWords& words,
+                       const std::string& text);
+
+}  // namespace veyra::modRes

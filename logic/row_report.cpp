@@ -1,0 +1,72 @@
+#include "logic/row_report.h"
+
+#include "data/errors.h"
+
+namespace veyra::modRes {
+namespace {
+
+void AddLine(std::string& text, const std::string& line) {
+  if (!line.empty()) {
+    text += (text.empty() ? "" : kLineBreak) + line;
+  }
+}
+
+/// The cause and what to do about it. What it means for the one row, and to look what became of it,
+/// is left out: it says nothing of the rows before it, and somebody has looked.
+std::string CauseOf(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const Error& error) {
+    const Report& report = error.report();
+    std::string text;
+    AddLine(text, report.File);
+    AddLine(text, report.Cause);
+    if (dynamic_cast<const OutcomeUnknownError*>(&error) == nullptr) {
+      AddLine(text, report.Advice);
+    }
+    return text;
+  } catch (const std::exception& fault) {
+    return fault.what();
+  }
+}
+
+std::string HowFar(const RowActionWords& words, const RowCounts& counts) {
+  return std::to_string(counts.Done) + " of " + std::to_string(counts.All) + " " + words.Done;
+}
+
+}  // namespace
+
+Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const Halt& halt) {
+  std::string text = HowFar(words, counts);
+  if (counts.PassedOver > 0) {
+    AddLine(text, words.PassedOver + std::to_string(counts.PassedOver) + ".");
+  }
+  AddLine(text, Remarks(counts));
+  if (halt.Failure) {
+    AddLine(text, "Then " + halt.Name + " failed" +
+                      (halt.Passed ? ", but was saved all the same:" : ":"));
+    AddLine(text, CauseOf(halt.Failure));
+  } else {
+    AddLine(text, "You stopped it there.");
+  }
+  return {.Text = text,
+          .Choice = Buttons::ContinueUndoKeep,
+          .Sign = halt.Failure ? Icon::Critical : Icon::Question,
+          .Details = words.Continue + kLineBreak + words.Undo + kLineBreak +
+                     "Keep leaves everything as it is now.",
+          .Default = Answer::Keep};
+}
+
+std::string Remarks(const RowCounts& counts) {
+  std::string text;
+  if (counts.Foreign > 0) {
+    AddLine(text, "Left alone because another program has changed them: " +
+                      std::to_string(counts.Foreign) + ".");
+  }
+  for (const std::string& row : counts.Uncertain) {
+    AddLine(text, "It is not known what became of " + row + ". Look at it in the calendar.");
+  }
+  return text;
+}
+
+}  // namespace veyra::modRes

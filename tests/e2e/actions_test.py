@@ -1,0 +1,102 @@
+"""What a box says is so: the change behind the message, the booking that is touched, a series that
+is stopped."""
+
+from datetime import date
+
+from desk import date_text
+from desk_test import DeskTest, main
+
+
+class ActionsTest(DeskTest):
+    def setUp(self):
+        super().setUp()
+        self.sql("DELETE FROM Reserv;")
+        self.day = date.today().replace(day=15)
+        self.start()
+
+    def slots_behind(self):
+        """The names in the day grid while a box stands before it."""
+        day = next(window for window in self.desk.windows() if window.name.endswith(" Bookings"))
+        grid = self.desk.first("table", day)
+        return [""] + [grid.cell(row, 1).name for row in range(48)]
+
+    def booked_dates(self):
+        return self.sql("SELECT DateOfRes FROM Reserv ORDER BY DateOfRes;")
+
+    def test_the_grid_shows_a_booking_behind_its_message(self):
+        self.desk.open_day(self.day)
+        self.desk.write_name("Ann Smith")
+        self.desk.drag_slots(19, 21)
+        self.desk.message()
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assertEqual(["Ann Smith"] * 3, self.slots_behind()[19:22])
+
+    def test_the_grid_shows_a_deletion_behind_its_message(self):
+        self.sql("INSERT INTO Reserv (RmID, Event, DateOfRes, TimeFrom, TimeTo) "
+                 f"SELECT ID, 'Ann Smith', '{self.day.isoformat()}', 19, 21 FROM Rooms "
+                 "WHERE Name = 'Main Hall';")
+        self.desk.open_day(self.day)
+        self.desk.click_slot(20)
+        self.assertEqual("Do You wand to Delete this Booking for Ann Smith?", self.desk.message())
+        self.assertIn(f"Main Hall, {self.day.strftime('%A')} {date_text(self.day)}, 9:00A-10:30A",
+                      self.desk.labels())
+        self.desk.press("Yes")
+        self.assertEqual("Booking Deleted.", self.desk.message())
+        self.assertEqual([""] * 3, self.slots_behind()[19:22])
+
+    def test_enter_deletes_nothing(self):
+        self.desk.click("Delete Facility")
+        self.assertIn("Delete Main Hall", self.desk.message())
+        self.desk.key("Return")
+        self.desk.wait_for_month_window()
+        self.assertEqual(["Main Hall"], self.sql("SELECT Name FROM Rooms WHERE Name = 'Main Hall';"))
+
+    def test_a_series_is_stopped_and_taken_back(self):
+        self.begin_a_long_series()
+        self.stop()
+        self.assertEqual(["Continue", "Undo", "Keep"], self.desk.answers())
+        self.assertNotEqual([], self.booked_dates())
+        self.desk.press("Undo")
+        self.desk.wait(lambda: "deleted again" in self.desk.message(), "the end of the undoing")
+        self.assertEqual("The bookings that were made have been deleted again.",
+                         self.desk.message())
+        self.desk.press("OK")
+        self.assertEqual([], self.booked_dates())
+
+    def test_a_stopped_series_goes_on_as_one_group(self):
+        self.begin_a_long_series(years=4)
+        self.stop()
+        made = len(self.booked_dates())
+        self.desk.press("Continue")
+        self.desk.wait(lambda: "Booking(s) Made." in self.desk.message(), "the end of the series")
+        days = (self.last - self.day).days + 1
+        self.assertEqual(f"{days} Booking(s) Made.", self.desk.message())
+        self.assertLess(made, days)
+        self.assertEqual(days, len(set(self.booked_dates())))
+        self.assertEqual(["1"], self.sql("SELECT COUNT(DISTINCT MultKey) FROM Reserv;"))
+
+    def begin_a_long_series(self, years=20):
+        self.last = self.day.replace(year=self.day.year + years)
+        self.desk.open_day(self.day)
+        self.desk.click("Multiple Booking")
+        self.desk.front_window("Multiple Day Booking")
+        self.desk.click("Ck ALL")
+        self.desk.click_on(self.desk.find("To", "text"))
+        self.desk.type(date_text(self.last))
+        self.desk.click("Close")
+        self.assertIn("Days will be Scheduled", self.desk.message())
+        self.desk.press("OK")
+        self.desk.front_window(f"  {date_text(self.day)} Bookings")
+        self.desk.drag_slots(19, 21)
+        self.desk.wait(lambda: "Reservation for" in self.desk.message(), "the question")
+        self.desk.press("OK")
+
+    def stop(self):
+        """Stops the series, and waits for the question what is to become of it."""
+        self.desk.click_on(self.desk.find("Stop", "push button"))
+        self.desk.wait(lambda: "You stopped it there." in self.desk.message(), "the question")
+
+
+if __name__ == "__main__":
+    main()

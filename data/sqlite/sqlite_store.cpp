@@ -28,6 +28,16 @@ std::size_t ColumnIndex(const std::string& file, const Table& table, const std::
   return *column;
 }
 
+/// A table as it will stand in the catalogue once it is there for good.
+Table NewTable(const TableDefinition& definition) {
+  Table table{.Name = definition.Name, .Columns = {}, .Computed = {}, .Key = {}};
+  for (const ColumnDefinition& column : definition.Columns) {
+    table.Columns.push_back(column.Name);
+    table.Computed.push_back(false);
+  }
+  return table;
+}
+
 /// A SQLite file that this program reads and writes.
 class SqliteStore : public Store {
  public:
@@ -209,7 +219,7 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
     reader_.database().Execute(CreateIndexSql(definition.Name, index));
   }
   for (const FieldValues& fields : definition.FirstRows) {
-    InsertRow(FindForWriting(definition.Name), fields);
+    InsertRow(NewTable(definition), fields);
   }
   Commit(transaction, [&] { return FindName(TableNames(), definition.Name).has_value(); });
 }

@@ -480,6 +480,48 @@ TEST_P(StoreTest, ReadsTheDefaultOfANewColumnInRowsThatStoodBefore) {
   EXPECT_EQ(Value(0.0), Rows("SELECT * FROM Rooms").at(0).Values.at(3));
 }
 
+TEST_P(StoreTest, MakesATableWithItsFirstRows) {
+  TableDefinition halls = RoomsTable();
+  halls.Name = "Halls";
+  halls.FirstRows = {{{"Name", "North"}, {"Active", std::int64_t{1}}}, {{"Name", "South"}}};
+  store_->CreateTable(halls);
+  EXPECT_EQ("North;South;", Found("SELECT * FROM Halls", 1));
+  EXPECT_EQ("1;2;", Found("SELECT * FROM Halls", 0));
+  Reopen();
+  EXPECT_EQ("North;South;", Found("SELECT * FROM Halls", 1));
+}
+
+TEST_P(StoreTest, MakesNoTableWhenItsFirstRowsCannotBe) {
+  TableDefinition halls = RoomsTable();
+  halls.Name = "Halls";
+  halls.FirstRows = {{{"Name", "North"}}, {{"Colour", "red"}}};
+  EXPECT_THROW(store_->CreateTable(halls), DatabaseError);
+  EXPECT_THROW(Rows("SELECT * FROM Halls"), MissingItemError);
+  EXPECT_EQ((std::vector<std::string>{"Rooms", "Reserv"}), store_->TableNames());
+  halls.FirstRows.pop_back();
+  store_->CreateTable(halls);
+  EXPECT_EQ("North;", Found("SELECT * FROM Halls", 1));
+}
+
+TEST_P(StoreTest, AddsAColumnThatCopiesAnotherInOneRow) {
+  for (const char* name : {"Pool", "Hall", "Gym"}) {
+    AddRoom(name);
+  }
+  store_->AddColumn(
+      "Rooms",
+      {.Name = "Label", .Size = 16, .Default = "none", .Copied = CopiedField{"Name", "ID", 2}});
+  EXPECT_EQ("none;Hall;none;", Found("SELECT * FROM Rooms", 3));
+}
+
+TEST_P(StoreTest, AddsNoColumnThatCopiesWhatIsNotThere) {
+  AddRoom("Pool");
+  EXPECT_THROW(
+      store_->AddColumn("Rooms",
+                        {.Name = "Label", .Size = 16, .Copied = CopiedField{"Colour", "ID", 1}}),
+      DatabaseError);
+  EXPECT_EQ((std::vector<std::string>{"ID", "Name", "Active"}), store_->ColumnNames("Rooms"));
+}
+
 TEST_P(StoreTest, ReadsATextDefaultOfANewColumnInRowsThatStoodBefore) {
   AddRoom("Pool");
   store_->AddColumn("Rooms", {.Name = "Colour", .Size = 16, .Default = "it's 0"});

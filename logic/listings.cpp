@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/errors.h"
+#include "data/shown_name.h"
 #include "logic/slots.h"
 
 namespace veyra::modRes {
@@ -59,7 +60,8 @@ SlotRange RangeOf(Recordset& booking) {
 }
 
 std::string ListingLine(const Session& session, Recordset& booking) {
-  return RangeLabel(session.SlotLabel, RangeOf(booking)) + " " + ToText(booking.Field("Event"));
+  return RangeLabel(session.SlotLabel, RangeOf(booking)) + " " +
+         ShownName(ToText(booking.Field("Event")));
 }
 
 DayLines LinesOfDay(Session& session, Date day) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/shown_name.h"
 #include "data/text.h"
 #include "logic/bookings.h"
 #include "logic/delete_bookings.h"
@@ -135,7 +136,7 @@ int frmDay::BookedRowsInSelection() const {
 void frmDay::ChangeSelectedBooking() {
   const std::string name = MSFlexGrid1_.Guest.at(static_cast<std::size_t>(session_.SelFirstSlot));
   const std::string details = modRes::PickedDetails(session_, name);
-  if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + name + "?",
+  if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + ShownName(name) + "?",
                        .Choice = Buttons::YesNo,
                        .Sign = Icon::Critical,
                        .Details = details,
@@ -143,7 +144,7 @@ void frmDay::ChangeSelectedBooking() {
     DeleteSelectedBooking();
     return;
   }
-  if (dialogs_.MsgBox({.Text = "Do You wand to Edit the Booking Name of " + name + "?",
+  if (dialogs_.MsgBox({.Text = "Do You wand to Edit the Booking Name of " + ShownName(name) + "?",
                        .Choice = Buttons::YesNo,
                        .Sign = Icon::Exclamation,
                        .Details = details}) != Answer::Yes) {
@@ -196,7 +197,7 @@ bool frmDay::ConfirmMultiple() {
 std::string frmDay::Question() const {
   const std::string name = Combo1_.Text.empty() ? modRes::kNoTitle : Combo1_.Text;
   const modRes::TimeSlot end = modRes::EndLabelSlot(session_.SelLastSlot);
-  return "Reservation for " + name + " From " +
+  return "Reservation for " + ShownName(name) + " From " +
          modRes::LabelOf(session_.SlotLabel, session_.SelFirstSlot) + " To " +
          modRes::LabelOf(session_.SlotLabel, end);
 }

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "data/color_settings.h"
+#include "data/shown_name.h"
 #include "data/text.h"
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"
@@ -94,12 +95,13 @@ void frmCalendar::Command4_Click() {
     dialogs_.MsgBox(NoFacility());
     return;
   }
-  const Answer answer = dialogs_.MsgBox({.Text = "Are you Sure you want to Delete " + lblRoom_ +
-                                                 " and All Events associated with it?",
-                                         .Choice = Buttons::YesNo,
-                                         .Sign = Icon::Critical,
-                                         .Details = modRes::FacilityDetails(session_, clock_),
-                                         .Default = Answer::No});
+  const Answer answer =
+      dialogs_.MsgBox({.Text = "Are you Sure you want to Delete " + ShownName(lblRoom_) +
+                               " and All Events associated with it?",
+                       .Choice = Buttons::YesNo,
+                       .Sign = Icon::Critical,
+                       .Details = modRes::FacilityDetails(session_, clock_),
+                       .Default = Answer::No});
   if (answer != Answer::Yes) {
     return;
   }

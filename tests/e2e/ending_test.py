@@ -190,15 +190,6 @@ class LostScreenTest(ClosedFiles):
         end(server)
         self.assert_ends_properly(status=1)
 
-    def test_closes_the_calendar_while_a_box_is_open(self):
-        os.remove(os.path.join(self.data_folder, "Veyra.mdb"))
-        server, environment = self.start_server()
-        self.start_on(environment)
-        self.wait_for_window(environment, "Veyra Calendar")
-        end(server)
-        self.assertEqual(1, self.desk.exit_status())
-        self.assertEqual(["Calendar.mdb"], self.files())
-
 
 if __name__ == "__main__":
     main()

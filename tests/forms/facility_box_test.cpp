@@ -233,6 +233,16 @@ TEST_F(FacilityBoxTest, ReloadingShowsWhatTheCalendarHolds) {
   EXPECT_EQ((NameBox{{"Pool", "Court"}, "Pool"}), view_.Combo1);
 }
 
+TEST_F(FacilityBoxTest, ANameThatTurnsTheDirectionIsSetApartInTheQuestion) {
+  Start({"\u202Eloop"});
+  dialogs_.AnswerNext(Answer::No);
+  calendar_->Command4_Click();
+  EXPECT_EQ(
+      "[Yes/No Critical] Are you Sure you want to Delete \u2068\u202Eloop\u2069 and All Events "
+      "associated with it?",
+      dialogs_.OnlyBox());
+}
+
 TEST_F(FacilityBoxTest, DeletingAFacilityIsAskedByTheNameAboveTheGrid) {
   Start({"Pool", "Hall"});
   Type("half typed");

@@ -283,6 +283,20 @@ TEST_F(FrmDayTest, YesDeletesTheWholeBookingAndTheGridShowsIt) {
   EXPECT_EQ("30 Jones\n", Grid());
 }
 
+TEST_F(FrmDayTest, ANameThatTurnsTheDirectionIsSetApartInQuestions) {
+  const std::string name = "Smith \u202Ethe other way";
+  const std::string apart = "\u2068" + name + "\u2069";
+  folder_.AddBooking(1, "2014-04-06", 19, 19, name);
+  OpenDay();
+  AnswerNext(Answer::No);
+  AnswerNext(Answer::No);
+  Click(19);
+  EXPECT_EQ((Boxes{"[Yes/No Critical] Do You wand to Delete this Booking for " + apart + "?",
+                   "[Yes/No Exclamation] Do You wand to Edit the Booking Name of " + apart + "?"}),
+            dialogs_.Boxes());
+  EXPECT_EQ("1 2014-04-06 19-19 " + name + "\n", Bookings());
+}
+
 TEST_F(FrmDayTest, ASelectionWhoseBookedRowIsNotItsFirstAsksForAnEmptyName) {
   folder_.AddBooking(1, "2014-04-06", 20, 20, "Smith");
   OpenDay();

@@ -263,6 +263,11 @@ TEST_F(ListingsTest, NamesOfAnyKindAreListedWhole) {
             CellOn("2014-03-15"));
 }
 
+TEST_F(ListingsTest, ANameThatTurnsTheDirectionIsSetApart) {
+  folder_.AddBooking(room_, "2014-03-15", 1, 1, "\u202Eloop");
+  EXPECT_EQ((DayLines{"12:00A-12:30A \u2068\u202Eloop\u2069"}), CellOn("2014-03-15"));
+}
+
 TEST_F(ListingsTest, AVeryLongNameIsListedWhole) {
   const std::string name(TestedStoreKind() == StoreKind::Access ? 50 : 10000, 'x');
   folder_.AddBooking(room_, "2014-03-15", 3, 3, name);

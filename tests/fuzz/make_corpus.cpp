@@ -31,7 +31,7 @@ void MakeCalendar(const std::string& file, int bookings) {
 
 }  // namespace
 
-/// Fills the folder named by the first argument, which must exist, with files for access_fuzzer.
+/// Makes the folder named by the first argument, with Access files to begin with for access_fuzzer.
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::fputs("usage: make_corpus FOLDER\n", stderr);
@@ -39,6 +39,8 @@ int main(int argc, char** argv) {
   }
   try {
     const std::filesystem::path folder = argv[1];
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
     CreateAccessFile((folder / "empty.mdb").string());
     MakeCalendar((folder / "tables.mdb").string(), 0);
     MakeCalendar((folder / "calendar.mdb").string(), 12);

@@ -1,5 +1,6 @@
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <limits.h>
 #include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
@@ -49,12 +50,16 @@ Entry EntryOf(const char* path) {
   return {status.st_ino, status.st_nlink == 1 ? size : 0, true};
 }
 
+/// The path without links in the folder's name, whatever road leads there.
 std::string Absolute(const char* path) {
-  if (path[0] == '/') {
-    return path;
+  const std::string given = path;
+  const std::size_t slash = given.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : given.substr(0, slash);
+  char real[PATH_MAX];
+  if (realpath(folder.c_str(), real) == nullptr) {
+    return given;
   }
-  char folder[4096];
-  return std::string(getcwd(folder, sizeof folder) != nullptr ? folder : "") + "/" + path;
+  return std::string(real) + "/" + (slash == std::string::npos ? given : given.substr(slash + 1));
 }
 
 template <typename Work>

@@ -18,7 +18,7 @@ class NoDialogs : public veyra::Dialogs {
   std::string InputBox(const std::string&, const std::string&, const std::string&) override {
     return {};
   }
-  std::unique_ptr<veyra::Progress> StartProgress(const std::string&, veyra::BreakOff) override {
+  std::unique_ptr<veyra::Progress> StartProgress(const std::string&, veyra::EarlyEnd) override {
     return nullptr;
   }
 };

@@ -6,8 +6,8 @@
 #include "data/connection.h"
 #include "data/open_store.h"
 #include "data/text.h"
-#include "logic/bookings.h"
 #include "logic/date_parser.h"
+#include "logic/rename_bookings.h"
 
 namespace veyra::soak {
 

@@ -35,7 +35,7 @@ class MonkeyDialogs : public Dialogs {
     return typed_;
   }
 
-  std::unique_ptr<Progress> StartProgress(const std::string&, BreakOff) override {
+  std::unique_ptr<Progress> StartProgress(const std::string&, EarlyEnd) override {
     return std::make_unique<Unseen>();
   }
 

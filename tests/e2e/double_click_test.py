@@ -19,14 +19,13 @@ class DoubleClickTest(DeskTest):
         column_of_first = (first.weekday() + 1) % 7
         self.in_the_middle = first.replace(day=8 + (3 - column_of_first) % 7)  # a Wednesday
         self.at_the_edge = first.replace(day=8 + (0 - column_of_first) % 7)  # a Sunday
-        self.sql("DELETE FROM Reserv; WITH RECURSIVE n(i) AS "
+        self.sql("DELETE FROM Reserv; UPDATE Rooms SET Active = (Name = 'Main Hall'); WITH RECURSIVE n(i) AS "
                  "(SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 27) "
                  "INSERT INTO Reserv (RmID, Event, DateOfRes, TimeFrom, TimeTo) "
                  f"SELECT ID, 'Wedding', date('{first.isoformat()}', i || ' days'), 1, 47 "
                  "FROM n, Rooms WHERE Name = 'Main Hall';")
         self.before = self.rows()
         self.start()
-        self.desk.choose("Main Hall")
 
     def test_on_a_day_over_a_slot_of_the_window_that_opens(self):
         for delay in (QUICK, SLOW):

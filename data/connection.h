@@ -42,6 +42,12 @@ class Connection {
   /// What kind of file it is and what is in it. Counts the rows, so it may take a while.
   StoreDescription Describe() { return store_->Describe(); }
 
+  /// How much of a text a column can hold: see Store.
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) {
+    return store_->FittingCharacters(table, column, text);
+  }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {

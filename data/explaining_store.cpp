@@ -59,6 +59,11 @@ std::unique_ptr<RowSource> ExplainingStore::Select(const Query& query) {
   return Explaining([&] { return store_->Select(query); });
 }
 
+std::size_t ExplainingStore::FittingCharacters(const std::string& table, const std::string& column,
+                                               std::string_view text) {
+  return Explaining([&] { return store_->FittingCharacters(table, column, text); });
+}
+
 Row ExplainingStore::Insert(const std::string& table, const FieldValues& fields) {
   return Explaining([&] { return store_->Insert(table, fields); });
 }

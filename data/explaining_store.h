@@ -25,6 +25,8 @@ class ExplainingStore : public Store {
   const std::string& FileName() const override;
   std::vector<std::string> TableNames() override;
   std::vector<std::string> ColumnNames(const std::string& table) override;
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override;
   StoreDescription Describe() override;
   std::unique_ptr<RowSource> Select(const Query& query) override;
   Row Insert(const std::string& table, const FieldValues& fields) override;

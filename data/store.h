@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -92,6 +94,12 @@ class Store {
 
   /// The table's columns in their order, as the file spells them.
   virtual std::vector<std::string> ColumnNames(const std::string& table) = 0;
+
+  /// How many characters of `text`, from its first one on, the column can hold: all of them when it
+  /// can hold the text. What a character is, data/text.h says. A column that is not for texts, or
+  /// that has no limit, counts as one that holds them all.
+  virtual std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                        std::string_view text) = 0;
 
   /// What kind of file this is and what is in it. Counts the rows, so it may take a while.
   virtual StoreDescription Describe() = 0;

@@ -1,5 +1,6 @@
 #include "data/access/access_store.h"
 
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -13,6 +14,7 @@
 #include "data/access/read/snapshot.h"
 #include "data/access/read/table_rows.h"
 #include "data/access/write/row_changes.h"
+#include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
 #include "data/file_watch.h"
@@ -160,6 +162,11 @@ class AccessStore : public Store {
     });
   }
 
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    return access::FittingCharacters(KnownColumn(table, column), text);
+  }
+
   StoreDescription Describe() override {
     return Reading({}, [&] {
       StoreDescription description = access::DescribeFile(file_.Header());
@@ -226,6 +233,22 @@ class AccessStore : public Store {
                  patience_);
   }
 
+  /// A column as it was when first asked for: its kind and its length never change.
+  access::ColumnLayout KnownColumn(const std::string& table, const std::string& column) {
+    const auto known = known_columns_.find({table, column});
+    if (known != known_columns_.end()) {
+      return known->second;
+    }
+    return Reading(table, [&] {
+      const access::TableLayout& layout = snapshot_.Table(table)->Layout();
+      const std::size_t place = layout.FindColumn(column);
+      if (place == layout.Columns.size()) {
+        throw access::StoreProblem(access::Wrong::NoColumn, column);
+      }
+      return known_columns_[{table, column}] = layout.Columns[place];
+    });
+  }
+
   /// Another copy of this program may have broken off in the middle of a change. A file that is
   /// only read shows the change as made, without its being written.
   void FinishBrokenChange() {
@@ -279,6 +302,7 @@ class AccessStore : public Store {
   FileWatch watch_;
   access::PageFile file_;
   access::Snapshot snapshot_;
+  std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
 };

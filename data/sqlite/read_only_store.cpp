@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "data/names.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/file_reading.h"
 #include "data/store_errors.h"
+#include "data/text.h"
 
 namespace veyra::sqlite {
 
@@ -69,6 +71,12 @@ class ReadOnlyStore : public Store {
     std::vector<std::string> names;
     Ask([&](const auto& reading) { names = reading->reader().catalogue().Find(table).Columns; });
     return names;
+  }
+
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    if (!FindName(ColumnNames(table), column)) throw MissingColumn(file_, table, column);
+    return CharacterCount(text);
   }
 
   StoreDescription Describe() override {

@@ -15,6 +15,7 @@
 #include "data/sqlite/reader.h"
 #include "data/sqlite/sql_text.h"
 #include "data/store_errors.h"
+#include "data/text.h"
 
 namespace veyra::sqlite {
 
@@ -58,6 +59,12 @@ class SqliteStore : public Store {
   std::vector<std::string> TableNames() override { return Watched().catalogue().TableNames(); }
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return Watched().catalogue().Find(table).Columns;
+  }
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    ColumnIndex(FileName(), Watched().catalogue().Find(table), column);
+    // SQLite takes texts of any length, whatever length is declared.
+    return CharacterCount(text);
   }
   StoreDescription Describe() override { return sqlite::Describe(Watched()); }
   std::unique_ptr<RowSource> Select(const Query& query) override { return Watched().Select(query); }

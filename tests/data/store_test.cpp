@@ -11,11 +11,19 @@
 #include "data/errors.h"
 #include "data/open_store.h"
 #include "data/schema.h"
+#include "data/text.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"
 
 namespace veyra {
 namespace {
+
+/// Characters of two UTF-16 code units each.
+std::string Balls(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += "\U0001F3BE";
+  return text;
+}
 
 /// What every kind of store must do, over a real file with tables Rooms and Reserv.
 class StoreTest : public testing::TestWithParam<StoreKind> {
@@ -94,6 +102,41 @@ TEST_P(StoreTest, NamesTheColumnsOfATableInTheirOrder) {
 
 TEST_P(StoreTest, FindsATableInAnyLetterCase) {
   EXPECT_EQ((std::vector<std::string>{"ID", "Name", "Active"}), store_->ColumnNames("rOOMS"));
+}
+
+TEST_P(StoreTest, TellsHowManyCharactersOfATextAColumnHolds) {
+  const bool is_access = GetParam() == StoreKind::Access;
+  EXPECT_EQ(50U, store_->FittingCharacters("Reserv", "Event", std::string(50, 'x')));
+  EXPECT_EQ(is_access ? 50U : 53U,
+            store_->FittingCharacters("rESERV", "eVENT", std::string(53, 'x')));
+  EXPECT_EQ(is_access ? 25U : 50U, store_->FittingCharacters("Reserv", "Event", Balls(50)));
+  EXPECT_EQ(is_access ? 49U : 51U,
+            store_->FittingCharacters("Reserv", "Event", std::string(49, 'x') + Balls(2)));
+  EXPECT_EQ(0U, store_->FittingCharacters("Reserv", "Event", ""));
+  EXPECT_EQ(60U, store_->FittingCharacters("Reserv", "DateOfRes", std::string(60, 'x')));
+}
+
+TEST_P(StoreTest, TakesAsManyCharactersAsItTellsAndNoMore) {
+  for (const std::string& text : {std::string(300, 'x'), Balls(300), "\xFF" + Balls(300)}) {
+    const std::size_t fitting = store_->FittingCharacters("Rooms", "Name", text);
+    EXPECT_NO_THROW(AddRoom(FirstCharacters(text, fitting)));
+    if (fitting < CharacterCount(text)) {
+      EXPECT_THROW(AddRoom(FirstCharacters(text, fitting + 1)), DatabaseError);
+    }
+  }
+}
+
+TEST_P(StoreTest, ReportsTheMissingColumnThatATextIsMeantFor) {
+  EXPECT_THROW(store_->FittingCharacters("Reserv", "Name", "x"), DatabaseError);
+  EXPECT_THROW(store_->FittingCharacters("Settings", "Name", "x"), DatabaseError);
+}
+
+TEST_P(StoreTest, AFileThatIsOnlyReadTellsItToo) {
+  store_.reset();
+  const auto reader = OpenStore(File(), StoreAccess::ReadOnly);
+  EXPECT_EQ(GetParam() == StoreKind::Access ? 50U : 53U,
+            reader->FittingCharacters("Reserv", "Event", std::string(53, 'x')));
+  EXPECT_THROW(reader->FittingCharacters("Reserv", "Name", "x"), DatabaseError);
 }
 
 TEST_P(StoreTest, ReportsAMissingTable) {

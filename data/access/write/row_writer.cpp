@@ -8,6 +8,7 @@
 #include "data/access/format/code_page.h"
 #include "data/access/format/data_page.h"
 #include "data/access/read/cell.h"
+#include "data/text.h"
 
 namespace veyra::access {
 
@@ -64,9 +65,13 @@ Bytes DateTime(const Value& value, const ColumnLayout& column) {
   return BytesOf(static_cast<double>(DaysFromDate(*date)));
 }
 
+bool Fits(std::string_view text, const ColumnLayout& column) {
+  return column.Length == 0 || Utf16FromUtf8(text).size() * 2 <= column.Length;
+}
+
 Bytes Text(const Value& value, const ColumnLayout& column) {
   const std::string text = ToText(value);
-  if (column.Length > 0 && Utf16FromUtf8(text).size() * 2 > column.Length) {
+  if (!Fits(text, column)) {
     RefuseValue(column, "it is longer than " + std::to_string(column.Length / 2) + " characters");
   }
   return EncodeText(text, column.MayCompress);
@@ -202,6 +207,19 @@ std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column)
       break;
   }
   RefuseValue(column, "this program does not write columns of its kind");
+}
+
+std::size_t FittingCharacters(const ColumnLayout& column, std::string_view text) {
+  std::size_t fitting = 0;
+  std::size_t too_many = CharacterCount(text) + 1;
+  if (column.Kind != ColumnKind::Text || Fits(text, column)) {
+    return too_many - 1;
+  }
+  while (too_many - fitting > 1) {
+    const std::size_t middle = fitting + (too_many - fitting) / 2;
+    (Fits(FirstCharacters(text, middle), column) ? fitting : too_many) = middle;
+  }
+  return fitting;
 }
 
 Bytes EncodeText(std::string_view text, bool may_compress) {

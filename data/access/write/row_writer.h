@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "data/access/format/bytes.h"
@@ -25,6 +27,11 @@ Bytes EncodeRow(const RawRow& row, const TableLayout& table);
 /// with StoreLong. Throws FileProblem when the column cannot hold the value: a text longer than it
 /// allows, a number outside its range, a text for a number.
 std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column);
+
+/// How many characters of a text, from its first one on, the column holds; all of them when it
+/// holds the text or is not for texts of limited length. The limit is one of UTF-16 code units, of
+/// which a character has one or two.
+std::size_t FittingCharacters(const ColumnLayout& column, std::string_view text);
 
 /// A text as the file has it: compressed where the column allows and all of it can be.
 Bytes EncodeText(std::string_view text, bool may_compress);

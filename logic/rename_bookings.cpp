@@ -9,6 +9,7 @@
 #include "data/connection.h"
 #include "data/text.h"
 #include "logic/booking_report.h"
+#include "logic/name_length.h"
 #include "logic/picked_booking.h"
 #include "logic/row_action.h"
 
@@ -100,6 +101,7 @@ bool WantsGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
 
 BookingChange RenameGroup(Session& session, const Value& group_key, const std::string& name,
                           Dialogs& dialogs) {
+  RequireBookingNameFits(session, name);
   RenameRows action(session, FindGroup(session, group_key), name);
   const RowActionResult result = CarryOut(action, kWords, dialogs);
   const std::string text = std::to_string(result.Done) + " Bookings Name Changed.";
@@ -129,6 +131,7 @@ BookingChange RenamePicked(Session& session, std::string& name, Dialogs& dialogs
   }
   // Only a single booking's name is cut; a group keeps the name as typed. This is meant.
   CutNewName(name, dialogs);
+  RequireBookingNameFits(session, name);
   picked->SetField("Event", name);
   picked->Update();
   return {"Booking Name Changed.", true, false};

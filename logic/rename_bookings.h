@@ -17,7 +17,8 @@ inline constexpr std::size_t kLongestNewName = 50;
 /// single row is cut, in place, to kLongestNewName characters; that of a group is not: this
 /// asymmetry is meant. The grid's rows AnchorRow to SelEndRow take the name, found or not. Returns
 /// whether a booking was found. Shows, reports, asks and throws as DeleteBookings does.
-/// REQUIRES: name is not empty.
+/// REQUIRES: name is not empty. Throws NameTooLongError, too, having written nothing, when the
+/// calendar cannot hold the name.
 bool RenameBookings(Session& session, std::string& name, ShownGrid grid, const Listings& listings,
                     Dialogs& dialogs);
 

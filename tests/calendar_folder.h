@@ -106,4 +106,14 @@ class CalendarFolder {
   TempFolder folder_;
 };
 
+/// Gives the session another calendar, without rows, whose facilities have names of at most 20
+/// characters where the kind of file has such a limit.
+inline void UseShortFacilityNames(Session& session, const TempFolder& folder) {
+  auto calendar = CreateStoreOfKind(TestedStoreKind(), folder.File("Short.mdb").string());
+  TableDefinition rooms = RoomsTable();
+  rooms.Columns.at(1).Size = 20;
+  calendar->CreateTable(rooms);
+  session.ResCon = std::make_unique<Connection>(std::move(calendar));
+}
+
 }  // namespace veyra

@@ -16,6 +16,9 @@ class DayView : public DayGridScreen {
   /// Combo1: shows the text; the list stays.
   virtual void ShowName(const std::string& text) = 0;
 
+  /// Combo1: shows beside the box what is wrong with its text; nothing when the hint is empty.
+  virtual void ShowNameHint(const std::string& hint) = 0;
+
   /// Scrolls so that `row` is the topmost one to be seen.
   virtual void ScrollToRow(int row) = 0;
 

@@ -8,6 +8,7 @@
 #include "logic/delete_bookings.h"
 #include "logic/guests.h"
 #include "logic/help_viewer.h"
+#include "logic/name_length.h"
 #include "logic/picked_booking.h"
 #include "logic/rename_bookings.h"
 
@@ -72,6 +73,7 @@ void frmDay::MSFlexGrid1_Click(int row, int column) {
 
 void frmDay::Combo1_Change(const std::string& text) {
   Combo1_.Text = text;
+  view_.ShowNameHint(modRes::BookingNameHint(session_, Combo1_.Text));
 }
 
 void frmDay::Combo1_GotFocus() {
@@ -83,6 +85,7 @@ void frmDay::Combo1_GotFocus() {
 void frmDay::Combo1_LostFocus() {
   Combo1_.Text = CapitalizeWords(Combo1_.Text);
   view_.ShowName(Combo1_.Text);
+  view_.ShowNameHint(modRes::BookingNameHint(session_, Combo1_.Text));
 }
 
 void frmDay::Book_Click(int index) {
@@ -170,7 +173,7 @@ void frmDay::RenameSelectedBooking(const std::string& name) {
 }
 
 void frmDay::BookSelection() {
-  if (!(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
+  if (!NameFits() || !(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
     return;
   }
   const bool grid_is_right = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_},
@@ -179,6 +182,15 @@ void frmDay::BookSelection() {
     FillGrid();
   }
   modRes::RefreshListings(session_, listings_);
+}
+
+/// A name that is too long cannot be booked until it is shortened.
+bool frmDay::NameFits() {
+  const std::string too_long = modRes::BookingNameTooLong(session_, Combo1_.Text);
+  if (!too_long.empty()) {
+    dialogs_.MsgBox({.Text = too_long, .Sign = Icon::Exclamation});
+  }
+  return too_long.empty();
 }
 
 bool frmDay::ConfirmSingle() {

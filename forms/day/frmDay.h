@@ -56,6 +56,7 @@ class frmDay {
   void DeleteSelectedBooking();
   void RenameSelectedBooking(const std::string& name);
   void BookSelection();
+  bool NameFits();
   bool ConfirmSingle();
   bool ConfirmMultiple();
   std::string Question() const;

@@ -159,6 +159,10 @@ void QtDayWindow::ShowName(const std::string& text) {
   Combo1_->ShowText(text);
 }
 
+void QtDayWindow::ShowNameHint(const std::string& hint) {
+  Combo1_->ShowHint(hint);
+}
+
 void QtDayWindow::ScrollToRow(int row) {
   MSFlexGrid1_->ScrollToRow(row);
 }

@@ -35,6 +35,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   void ShowGrid(const DayGrid& grid) override;
   void ShowNameBox(const NameBox& box) override;
   void ShowName(const std::string& text) override;
+  void ShowNameHint(const std::string& hint) override;
   void ScrollToRow(int row) override;
   void SetCurrentRow(int row) override;
   void ShowMode(bool multiple) override;

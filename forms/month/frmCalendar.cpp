@@ -9,6 +9,7 @@
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"
 #include "logic/help_viewer.h"
+#include "logic/name_length.h"
 
 namespace veyra {
 namespace {
@@ -146,6 +147,7 @@ void frmCalendar::lblRoom_Click() {
 
 void frmCalendar::Combo1_Change(const std::string& text) {
   Combo1_.Text = text;
+  view_.ShowFacilityHint(modRes::FacilityNameHint(session_, Combo1_.Text));
 }
 
 void frmCalendar::Combo1_Click(const std::string& text) {
@@ -171,6 +173,12 @@ void frmCalendar::Combo1_KeyPress(int key) {
   }
   Combo1_.Text = ProperCase(Combo1_.Text);
   view_.ShowFacilityBox(Combo1_);
+  const std::string too_long = modRes::FacilityNameTooLong(session_, Combo1_.Text);
+  view_.ShowFacilityHint(too_long);
+  if (!too_long.empty()) {
+    dialogs_.MsgBox({.Text = too_long, .Sign = Icon::Exclamation});
+    return;
+  }
   const Answer answer =
       dialogs_.MsgBox({.Text = "Do you want to add a new Facility called " + Combo1_.Text + "?",
                        .Choice = Buttons::YesNo,

@@ -14,6 +14,9 @@ class MonthView : public modRes::MonthScreen {
   /// Combo1: shows the list and the text.
   virtual void ShowFacilityBox(const NameBox& Combo1) = 0;
 
+  /// Combo1: shows beside the box what is wrong with its text; nothing when the hint is empty.
+  virtual void ShowFacilityHint(const std::string& hint) = 0;
+
   /// lblRoom: shows the facility's name.
   virtual void ShowRoom(const std::string& lblRoom) = 0;
 

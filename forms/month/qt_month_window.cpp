@@ -232,6 +232,10 @@ void QtMonthWindow::ShowFacilityBox(const NameBox& box) {
   Combo1_->ShowNames(box);
 }
 
+void QtMonthWindow::ShowFacilityHint(const std::string& hint) {
+  Combo1_->ShowHint(hint);
+}
+
 void QtMonthWindow::ShowRoom(const std::string& room) {
   lblRoom_->setText(OneLine(room));
 }

@@ -37,6 +37,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void ShowMonth(const modRes::MonthPicture& picture) override;
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override;
   void ShowFacilityBox(const NameBox& box) override;
+  void ShowFacilityHint(const std::string& hint) override;
   void ShowRoom(const std::string& room) override;
   void ShowColors(std::int32_t background, std::int32_t header) override;
   void ShowControls(bool visible) override;

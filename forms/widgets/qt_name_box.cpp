@@ -11,6 +11,7 @@
 #include <iterator>
 #include <utility>
 
+#include "forms/widgets/qt_hint.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -26,7 +27,8 @@ bool IsPause(Qt::FocusReason reason) {
 
 }  // namespace
 
-QtNameBox::QtNameBox(QWidget* parent) : QComboBox(parent), list_(new QStringListModel(this)) {
+QtNameBox::QtNameBox(QWidget* parent)
+    : QComboBox(parent), list_(new QStringListModel(this)), hint_(new QtHint(*this)) {
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMaxVisibleItems(kMostNamesSeen);
   setModel(list_);
@@ -44,6 +46,7 @@ QtNameBox::QtNameBox(QWidget* parent) : QComboBox(parent), list_(new QStringList
   connect(lineEdit(), &QLineEdit::returnPressed, this, &QtNameBox::EnterPressed);
   connect(this, &QComboBox::activated, this, [this](int index) {
     lineEdit()->home(false);
+    ShowHint({});
     emit Picked(names_.at(static_cast<std::size_t>(index)));
   });
 }
@@ -68,9 +71,15 @@ void QtNameBox::ShowText(const std::string& text) {
     return;
   }
   const QScopedValueRollback silence(silent_, true);
+  ShowHint({});
   setCurrentIndex(index);
   setEditText(shown);
   lineEdit()->home(false);
+}
+
+void QtNameBox::ShowHint(const std::string& hint) {
+  hint_->ShowText(ToQString(hint));
+  lineEdit()->setAccessibleDescription(hint_->text());
 }
 
 void QtNameBox::SelectAllText() {

@@ -10,6 +10,8 @@ class QStringListModel;
 
 namespace veyra {
 
+class QtHint;
+
 /// An editable drop-down box of names, made for very long lists. What is put into it by the program
 /// is never reported; the gestures of the operator are, each once, and so is what an assistive
 /// program writes for him. Only the entry shown last, picked again over another text, is reported
@@ -29,6 +31,10 @@ class QtNameBox : public QComboBox {
 
   /// Shows the text; the list stays.
   void ShowText(const std::string& text);
+
+  /// Shows below the box what is wrong with its text, until the hint is empty or the program shows
+  /// another text. What lies there is covered meanwhile.
+  void ShowHint(const std::string& hint);
 
   /// Selects the whole text. When it is a mouse click that has brought the focus, the selection
   /// outlasts this click.
@@ -54,6 +60,7 @@ class QtNameBox : public QComboBox {
 
   std::vector<std::string> names_;
   QStringListModel* list_;
+  QtHint* hint_;
   int index_ = -1;  ///< Of the entry shown last.
   bool silent_ = false;
   bool has_focus_ = false;

@@ -43,6 +43,31 @@ class AccessFolderTest(DeskTest):
         rows = [line.split(",") for line in exported.splitlines()]
         return [",".join(row[2:5]) for row in rows if row[1] == name]
 
+    def test_a_name_that_the_file_cannot_hold_is_refused_while_it_is_typed(self):
+        hint = "This name is 53 characters long; the calendar holds 50."
+        self.desk.open_day(self.day)
+        self.desk.write_name("X" * 53)
+        self.desk.find(hint, "label")
+        self.desk.drag_slots(19, 21)
+        self.assertEqual(hint, self.desk.message())
+        self.desk.press("OK")
+        self.desk.write_name("X" * 50)
+        self.desk.wait(lambda: not self.desk.has(hint), "the hint to go")
+        self.desk.drag_slots(19, 21)
+        self.assertTrue(self.desk.message().startswith(f"Reservation for {'X' * 50} From"))
+        self.desk.press("OK")
+        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.desk.press("OK")
+
+    def test_a_new_facility_that_it_cannot_hold_is_refused(self):
+        hint = "This name is 260 characters long; the calendar holds 255."
+        self.desk.click_on(self.desk.name_field())
+        self.desk.name_field().set_text("X" * 260)
+        self.desk.find(hint, "label")
+        self.desk.key("Return")
+        self.assertEqual(hint, self.desk.message())
+        self.desk.press("OK")
+
 
 if __name__ == "__main__":
     main()

@@ -11,6 +11,7 @@ class FakeDayView : public DayView {
  public:
   DayGrid MSFlexGrid1;
   NameBox Combo1;
+  std::string NameHint;
   int TopRow = 0;
   int CurrentRow = 0;
   int TextsSelected = 0;
@@ -21,6 +22,7 @@ class FakeDayView : public DayView {
   void ShowGrid(const DayGrid& grid) override { MSFlexGrid1 = grid; }
   void ShowNameBox(const NameBox& box) override { Combo1 = box; }
   void ShowName(const std::string& text) override { Combo1.Text = text; }
+  void ShowNameHint(const std::string& hint) override { NameHint = hint; }
   void ScrollToRow(int row) override { TopRow = row; }
   void SetCurrentRow(int row) override { CurrentRow = row; }
   void SelectAllText() override { ++TextsSelected; }

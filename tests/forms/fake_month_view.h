@@ -16,6 +16,7 @@ class FakeMonthView : public MonthView {
   std::array<std::optional<std::int32_t>, 43> ListBackground;
   int MonthsShown = 0;
   NameBox Combo1;
+  std::string FacilityHint;
   std::string lblRoom;
   std::int32_t Background = -1;
   std::int32_t Header = -1;
@@ -37,6 +38,7 @@ class FakeMonthView : public MonthView {
     Picture.Cells.at(static_cast<std::size_t>(cell_index)).Lines = lines;
   }
   void ShowFacilityBox(const NameBox& box) override { Combo1 = box; }
+  void ShowFacilityHint(const std::string& hint) override { FacilityHint = hint; }
   void ShowRoom(const std::string& name) override { lblRoom = name; }
   void ShowColors(std::int32_t background, std::int32_t header) override {
     Background = background;

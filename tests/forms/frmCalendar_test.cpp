@@ -174,5 +174,20 @@ TEST_F(FrmCalendarTest, RepaintingTakesTheColorsInUse) {
   EXPECT_EQ(5, view_.ListBackground[21]);
 }
 
+TEST_F(FrmCalendarTest, AFacilityNameThatTheCalendarCannotHoldIsRefusedWhileItIsTyped) {
+  Start();
+  UseShortFacilityNames(*session_, folder_.Folder());
+  const bool is_limited = TestedStoreKind() == StoreKind::Access;
+  const std::string too_long = "This name is 21 characters long; the calendar holds 20.";
+  Type(std::string(21, 'X'));
+  EXPECT_EQ(is_limited ? too_long : "", view_.FacilityHint);
+  if (is_limited) {
+    calendar_->Combo1_KeyPress(kEnter);
+    EXPECT_EQ("[OK Exclamation] " + too_long, dialogs_.OnlyBox());
+  }
+  Type(std::string(20, 'X'));
+  EXPECT_EQ("", view_.FacilityHint);
+}
+
 }  // namespace
 }  // namespace veyra

@@ -46,6 +46,7 @@ class FrmDayTest : public testing::Test {
   }
   void Click(int row) { Drag(row, row); }
 
+  static bool IsLimited() { return TestedStoreKind() == StoreKind::Access; }
   void AnswerNext(Answer answer) { dialogs_.AnswerNext(answer); }
   std::string Question() const { return dialogs_.Boxes().empty() ? "" : dialogs_.Boxes().front(); }
   std::string Bookings() { return folder_.Bookings(); }
@@ -500,6 +501,47 @@ TEST_F(FrmDayTest, ClosingBringsTheViewerBackThatOpenedIt) {
   session_->DayOpener = 2;
   day_->Form_Unload();
   EXPECT_EQ("show viewer\n", windows_.Log);
+}
+
+// Names that the calendar cannot hold
+
+constexpr const char* kTooLong = "This name is 53 characters long; the calendar holds 50.";
+
+TEST_F(FrmDayTest, ANameIsMeasuredWhileItIsTyped) {
+  OpenDay();
+  day_->Combo1_Change(std::string(53, 'X'));
+  EXPECT_EQ(IsLimited() ? kTooLong : "", view_.NameHint);
+  day_->Combo1_LostFocus();
+  EXPECT_EQ(IsLimited() ? kTooLong : "", view_.NameHint);
+  day_->Combo1_Change(std::string(50, 'X'));
+  EXPECT_EQ("", view_.NameHint);
+}
+
+TEST_F(FrmDayTest, ANameThatIsTooLongBooksNothingUntilItIsShortened) {
+  OpenDay();
+  if (!IsLimited()) {
+    return;
+  }
+  day_->Combo1_Change(std::string(53, 'X'));
+  Click(19);
+  EXPECT_EQ("[OK Exclamation] " + std::string(kTooLong), dialogs_.OnlyBox());
+  EXPECT_EQ("", Bookings());
+  day_->Combo1_Change("Xavier");
+  AnswerNext(Answer::Ok);
+  Click(19);
+  EXPECT_EQ("1 2014-04-06 19-19 Xavier\n", Bookings());
+}
+
+TEST_F(FrmDayTest, ItBooksNoSeriesEither) {
+  OpenDay();
+  if (!IsLimited()) {
+    return;
+  }
+  Plan("4/6/2014", "4/20/2014", {1});
+  day_->Combo1_Change(std::string(53, 'X'));
+  Click(19);
+  EXPECT_EQ("[OK Exclamation] " + std::string(kTooLong), dialogs_.OnlyBox());
+  EXPECT_EQ("", Bookings());
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "logic/rename_bookings.h"
 
-#include "data/errors.h"
+#include "logic/name_length.h"
 #include "tests/logic/bookings_fixture.h"
 
 namespace veyra::modRes {
@@ -59,12 +59,30 @@ TEST_F(RenameBookingsTest, CharactersNotBytesAreCounted) {
   EXPECT_EQ("[OK Exclamation] Booking Name Changed.", dialogs_.OnlyBox());
 }
 
+TEST_F(RenameBookingsTest, ANameThatTheFileCannotHoldIsRefusedBeforeAnythingIsWritten) {
+  folder_.AddBooking(pool_, "2014-04-06", 19, 21, "Smith");
+  std::string balls;
+  for (int i = 0; i < 50; ++i) {
+    balls += "\U0001F3BE";
+  }
+  if (TestedStoreKind() == StoreKind::Access) {
+    EXPECT_THROW(Rename(20, 20, balls), NameTooLongError) << "each is two to this kind of file";
+    EXPECT_EQ("1 2014-04-06 19-21 Smith\n", folder_.Bookings());
+    return;
+  }
+  Rename(20, 20, balls);
+  EXPECT_EQ("1 2014-04-06 19-21 " + balls + "\n", folder_.Bookings());
+}
+
 TEST_F(RenameBookingsTest, AGroupKeepsANameOf51Characters) {
   AddGroup();
   dialogs_.AnswerNext(Answer::Yes);
   const std::string name(51, 'x');
   if (TestedStoreKind() == StoreKind::Access) {
-    EXPECT_THROW(Rename(20, 20, name), DatabaseError) << "this kind of file holds 50 characters";
+    const std::string before = folder_.Bookings();
+    EXPECT_THROW(Rename(20, 20, name), NameTooLongError) << "this kind of file holds 50 characters";
+    EXPECT_EQ(before, folder_.Bookings());
+    EXPECT_EQ(kRenameAll, dialogs_.OnlyBox());
     return;
   }
   EXPECT_EQ(name, Rename(20, 20, name));

@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -234,6 +235,29 @@ TEST_F(NameBoxTest, FiftyThousandNamesAreThereAtOnce) {
   QCoreApplication::processEvents();
   EXPECT_LT(time.elapsed(), 1000);
   EXPECT_EQ(50'000, box_.count());
+}
+
+TEST_F(NameBoxTest, AHintStandsBelowTheBoxWithinItsWindow) {
+  box_.ShowHint("This name is 53 characters long; the calendar holds 50.");
+  const QLabel& hint = *window_.findChild<QLabel*>(QStringLiteral("hint"));
+  EXPECT_TRUE(hint.isVisible());
+  EXPECT_GE(hint.y(), box_.geometry().bottom());
+  EXPECT_GE(hint.x(), 0);
+  EXPECT_LE(hint.geometry().right(), window_.width());
+  EXPECT_GE(hint.height(), hint.heightForWidth(hint.width()));
+  EXPECT_EQ(hint.text(), box_.lineEdit()->accessibleDescription());
+}
+
+TEST_F(NameBoxTest, AHintGoesWhenThereIsNothingToSayAndWithItsText) {
+  box_.ShowHint("too long");
+  const QLabel& hint = *window_.findChild<QLabel*>(QStringLiteral("hint"));
+  box_.ShowHint("");
+  EXPECT_FALSE(hint.isVisible());
+  box_.ShowHint("too long");
+  EXPECT_TRUE(hint.isVisible());
+  box_.ShowText("another");
+  EXPECT_FALSE(hint.isVisible());
+  EXPECT_EQ("", box_.lineEdit()->accessibleDescription().toStdString());
 }
 
 }  // namespace

@@ -1,0 +1,67 @@
+#include "forms/widgets/qt_hint.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QToolTip>
+#include <algorithm>
+
+namespace veyra {
+namespace {
+
+constexpr int kGap = 2;
+constexpr int kPadding = 4;
+
+}  // namespace
+
+QtHint::QtHint(QWidget& control) : QLabel(&control), control_(control) {
+  setObjectName(QStringLiteral("hint"));
+  setTextFormat(Qt::PlainText);
+  setWordWrap(true);
+  setMargin(kPadding);
+  setFrameShape(QFrame::Box);
+  setAutoFillBackground(true);
+  QPalette colors = QToolTip::palette();
+  colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
+  colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
+  setPalette(colors);
+  hide();
+}
+
+void QtHint::ShowText(const QString& text) {
+  if (text == this->text()) {
+    return;
+  }
+  setText(text);
+  if (text.isEmpty()) {
+    hide();
+    return;
+  }
+  if (parentWidget() != control_.window()) {
+    setParent(control_.window());
+    parentWidget()->installEventFilter(this);
+  }
+  Place();
+  show();
+  raise();
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void QtHint::Place() {
+  const QWidget& window = *parentWidget();
+  const QPoint below = control_.mapTo(&window, QPoint(0, control_.height() + kGap));
+  const int one_line = fontMetrics().horizontalAdvance(text()) + 2 * (kPadding + frameWidth()) + 2;
+  const int width = std::min(one_line, window.width() - 2 * kGap);
+  const int left = std::clamp(below.x(), kGap, window.width() - kGap - width);
+  setGeometry(left, below.y(), width, heightForWidth(width));
+}
+
+/// The control takes its new place only after its window has taken its size.
+bool QtHint::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize && isVisible()) {
+    QMetaObject::invokeMethod(this, &QtHint::Place, Qt::QueuedConnection);
+  }
+  return QLabel::eventFilter(watched, event);
+}
+
+}  // namespace veyra

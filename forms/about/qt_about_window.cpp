@@ -54,6 +54,7 @@ void QtAboutWindow::AddLabels() {
     label->setObjectName(QStringLiteral("labAbout(%1)").arg(index));
     connect(label, &QtAboutLabel::Clicked, this,
             [this, index] { guard_.Run([&] { handler_->labAbout_Click(index); }); });
+    label->setVisible(!label->text().isEmpty());
     labAbout_.at(index) = label;
   }
   labAbout_.at(kTitle)->setFont(TitleFont());

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/text.h"
 #include "forms/about/maker.h"
 #include "tests/fake_dialogs.h"
 #include "tests/forms/fake_windows.h"
@@ -48,17 +49,16 @@ TEST_F(FrmAboutTest, ClosingEnablesTheMonth) {
 
 TEST_F(FrmAboutTest, TheLinkOpensTheMakersSite) {
   about_.labAbout_Click(4);
-  EXPECT_EQ("https://www.example.com/", browser_.Opened);
+  EXPECT_EQ(kAboutLabels[kLinkLabel], browser_.Opened);
   EXPECT_TRUE(dialogs_.Boxes().empty());
 }
 
 TEST_F(FrmAboutTest, WithoutABrowserTheOperatorIsTold) {
   browser_.Works = false;
   about_.labAbout_Click(4);
-  EXPECT_EQ(
-      "[OK Exclamation] There is no web browser on this machine that can open "
-      "https://www.example.com/",
-      dialogs_.OnlyBox());
+  EXPECT_EQ("[OK Exclamation] There is no web browser on this machine that can open " +
+                std::string(kAboutLabels[kLinkLabel]),
+            dialogs_.OnlyBox());
 }
 
 TEST_F(FrmAboutTest, AnyOtherLabelDoesNothing) {
@@ -73,6 +73,21 @@ TEST_F(FrmAboutTest, AnyOtherLabelDoesNothing) {
 TEST_F(FrmAboutTest, TheHelpKeyOpensTheHelpFile) {
   about_.HelpKey();
   EXPECT_EQ("help 0\n", windows_.Log);
+}
+
+/// What stands in an about box until somebody fills it in.
+TEST_F(FrmAboutTest, NoLabelIsAPlaceholder) {
+  for (const std::string label : kAboutLabels) {
+    for (const char* word : {"STREET AND NUMBER", "NAME OF", "NUMBER OF", "TELEPHONE NUMBER",
+                             "TOWN, COUNTRY", "PLACEHOLDER", "TO DO", "TODO", "XXX", "@"}) {
+      EXPECT_EQ(std::string::npos, UpperCase(label).find(word)) << label;
+    }
+  }
+}
+
+TEST_F(FrmAboutTest, TheMakerHasANameAndASite) {
+  EXPECT_STRNE("", kAboutLabels[1]);
+  EXPECT_TRUE(std::string(kAboutLabels[kLinkLabel]).starts_with("https://"));
 }
 
 TEST_F(FrmAboutTest, TheBoxTellsTitleAndVersion) {

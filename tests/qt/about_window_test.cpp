@@ -9,9 +9,9 @@
 namespace veyra {
 namespace {
 
-constexpr const char* kNoBrowser =
-    "[OK Exclamation] There is no web browser on this machine that can open "
-    "https://www.example.com/";
+const std::string kNoBrowser =
+    "[OK Exclamation] There is no web browser on this machine that can open " +
+    std::string(kAboutLabels[kLinkLabel]);
 
 class AboutWindowTest : public ProgramFixture {
  protected:
@@ -37,6 +37,14 @@ TEST_F(AboutWindowTest, ItsTextsAreTheMakers) {
   EXPECT_EQ("Exit", In<QPushButton>(About(), "Command1").text().toStdString());
   EXPECT_EQ("Palatino Linotype", Label(0).font().family().toStdString());
   EXPECT_EQ("MS Sans Serif", Label(5).font().family().toStdString());
+}
+
+TEST_F(AboutWindowTest, AnEmptyLineIsLeftOut) {
+  Open();
+  for (int index = 0; index < static_cast<int>(kAboutLabels.size()); ++index) {
+    const bool is_empty = Label(index).text().isEmpty();
+    EXPECT_NE(is_empty, Label(index).isVisible()) << index;
+  }
 }
 
 TEST_F(AboutWindowTest, ItHasItsPictureInItsFrame) {

@@ -13,6 +13,9 @@ class LostStore : public Store {
   const std::string& FileName() const override { return file_; }
   std::vector<std::string> TableNames() override { Fail(); }
   std::vector<std::string> ColumnNames(const std::string&) override { Fail(); }
+  std::size_t FittingCharacters(const std::string&, const std::string&, std::string_view) override {
+    Fail();
+  }
   StoreDescription Describe() override { Fail(); }
   std::unique_ptr<RowSource> Select(const Query&) override { Fail(); }
   Row Insert(const std::string&, const FieldValues&) override { Fail(); }

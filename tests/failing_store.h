@@ -81,6 +81,10 @@ class FailingStore : public Store {
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return store_->ColumnNames(table);
   }
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    return store_->FittingCharacters(table, column, text);
+  }
   StoreDescription Describe() override { return store_->Describe(); }
 
   std::unique_ptr<RowSource> Select(const Query& query) override {

@@ -182,7 +182,7 @@ TEST_F(FrmCalendarTest, AFacilityNameThatTheCalendarCannotHoldIsRefusedWhileItIs
   Type(std::string(21, 'X'));
   EXPECT_EQ(is_limited ? too_long : "", view_.FacilityHint);
   if (is_limited) {
-    calendar_->Combo1_KeyPress(kEnter);
+    TypeAndEnter(std::string(21, 'X'));
     EXPECT_EQ("[OK Exclamation] " + too_long, dialogs_.OnlyBox());
   }
   Type(std::string(20, 'X'));

@@ -88,4 +88,9 @@ OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& c
        "shows is what is saved."});
 }
 
+RowChangedError RowsChanged(const std::string& file, const std::string& table) {
+  return RowChangedError(
+      {file, "Another program has just changed the table " + table + ".", kReadAgain});
+}
+
 }  // namespace veyra

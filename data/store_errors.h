@@ -28,4 +28,7 @@ FileReplacedError FileGone(const std::string& file);
 /// `cause` is the failure that left it open, a whole sentence.
 OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& cause);
 
+/// The table no longer holds the rows that a change rests on.
+RowChangedError RowsChanged(const std::string& file, const std::string& table);
+
 }  // namespace veyra

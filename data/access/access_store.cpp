@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/access/format/file_header.h"
+#include "data/access/pages/copy_file.h"
 #include "data/access/pages/file_lock.h"
 #include "data/access/pages/journal.h"
 #include "data/access/pages/other_program.h"
@@ -17,7 +18,9 @@
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
+#include "data/file_store.h"
 #include "data/file_watch.h"
+#include "data/same_rows.h"
 #include "data/store_errors.h"
 
 namespace veyra {
@@ -80,7 +83,7 @@ class AccessRows : public RowSource {
   access::TableRows rows_;
 };
 
-class AccessStore : public Store {
+class AccessStore : public FileStore {
   template <typename Work>
   auto Reading(const std::string& table, const Work& work) {
     return Reporting(file_name_, table, [&] {
@@ -220,7 +223,80 @@ class AccessStore : public Store {
     });
   }
 
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override {
+    Writing({}, [&](access::PageChanges& pages) {
+      for (const QueryResult& result : seen) {
+        CheckStillGiven(result);
+      }
+      for (const RowChange& change : changes) {
+        Reporting(file_name_, change.Table, [&] { Make(pages, change); });
+      }
+      return 0;
+    });
+  }
+
+  void CopyTo(const std::string& new_file) override {
+    Reading({}, [&] {
+      access::CopyFile(file_, new_file);
+      return 0;
+    });
+  }
+
+  std::vector<std::string> Verify() override {
+    std::vector<std::string> problems;
+    const auto noting = [&](const std::string& where, const auto& read) {
+      try {
+        read();
+      } catch (const DatabaseBusyError&) {
+        throw;
+      } catch (const DatabaseError& error) {
+        problems.push_back(where + error.report().Cause);
+      }
+    };
+    std::vector<std::string> tables;
+    noting({}, [&] { tables = TableNames(); });
+    for (const std::string& table : tables) {
+      noting("Table " + table + ": ", [&] { ReadThrough(table); });
+    }
+    return problems;
+  }
+
  private:
+  void CheckStillGiven(const QueryResult& result) {
+    Reporting(file_name_, result.Asked.Table, [&] {
+      AccessRows rows(file_name_, result.Asked.Table,
+                      access::TableRows(file_, snapshot_.Table(result.Asked.Table), result.Asked));
+      if (!GivesTheSame(rows, result.Rows)) {
+        throw RowsChanged(file_name_, result.Asked.Table);
+      }
+    });
+  }
+
+  void Make(access::PageChanges& pages, const RowChange& change) {
+    access::TableWriter writer(pages, snapshot_.DefinitionOf(change.Table));
+    access::CheckMayWrite(writer.Layout());
+    switch (change.What) {
+      case RowChange::Kind::Add:
+        access::InsertRow(pages, writer, change.Fields);
+        return;
+      case RowChange::Kind::Set:
+        access::UpdateRow(pages, writer, change.Before, change.Fields);
+        return;
+      case RowChange::Kind::Remove:
+        access::DeleteRow(pages, writer, change.Before);
+        return;
+    }
+  }
+
+  void ReadThrough(const std::string& table) {
+    Query query;
+    query.Table = table;
+    const auto rows = Select(query);
+    for (Row row; rows->Next(row);) {
+    }
+  }
+
   void TakeFile(StoreAccess access) {
     if (access == StoreAccess::ReadOnly) {
       return;

@@ -1,14 +1,18 @@
 #include "data/sqlite/read_only_store.h"
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <utility>
 #include <vector>
 
 #include "data/errors.h"
+#include "data/file_store.h"
 #include "data/names.h"
+#include "data/sqlite/copy.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/file_reading.h"
+#include "data/sqlite/verify.h"
 #include "data/store_errors.h"
 #include "data/text.h"
 
@@ -49,7 +53,7 @@ class HeldRows : public RowSource {
   std::size_t next_ = 0;
 };
 
-class ReadOnlyStore : public Store {
+class ReadOnlyStore : public FileStore {
  public:
   ReadOnlyStore(std::string file, Patience patience)
       : file_(std::move(file)), patience_(std::move(patience)) {}
@@ -98,11 +102,37 @@ class ReadOnlyStore : public Store {
     return source;
   }
 
+  void CopyTo(const std::string& new_file) override {
+    bool is_made = false;
+    const auto drop = [&] {
+      if (std::exchange(is_made, false)) std::filesystem::remove(new_file);
+    };
+    try {
+      Ask([&](const auto& reading) {
+        drop();
+        CopyDatabase(reading->reader().database(), new_file);
+        is_made = true;
+      });
+    } catch (const Error&) {
+      drop();
+      throw;
+    }
+  }
+
+  std::vector<std::string> Verify() override {
+    std::vector<std::string> problems;
+    Ask([&](const auto& reading) { problems = sqlite::Verify(reading->reader()); });
+    return problems;
+  }
+
   Row Insert(const std::string&, const FieldValues&) override { Refuse(); }
   Row Update(const std::string&, const Row&, const FieldValues&) override { Refuse(); }
   void Delete(const std::string&, const Row&) override { Refuse(); }
   void CreateTable(const TableDefinition&) override { Refuse(); }
   void AddColumn(const std::string&, const ColumnDefinition&) override { Refuse(); }
+  void ChangeAll(const std::vector<RowChange>&, const std::vector<QueryResult>&) override {
+    Refuse();
+  }
 
  private:
   using Question = std::function<void(const std::shared_ptr<FileReading>&)>;

@@ -6,14 +6,18 @@
 #include <functional>
 #include <utility>
 
+#include "data/file_store.h"
 #include "data/file_watch.h"
 #include "data/names.h"
 #include "data/open_note.h"
+#include "data/same_rows.h"
+#include "data/sqlite/copy.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/file_keeper.h"
 #include "data/sqlite/left_log.h"
 #include "data/sqlite/reader.h"
 #include "data/sqlite/sql_text.h"
+#include "data/sqlite/verify.h"
 #include "data/store_errors.h"
 #include "data/text.h"
 
@@ -40,7 +44,7 @@ Table NewTable(const TableDefinition& definition) {
 }
 
 /// A SQLite file that this program reads and writes.
-class SqliteStore : public Store {
+class SqliteStore : public FileStore {
  public:
   /// Without a `keeper` nobody else knows of the file.
   SqliteStore(std::unique_ptr<Database> database, std::unique_ptr<FileKeeper> keeper,
@@ -74,6 +78,12 @@ class SqliteStore : public Store {
   void Delete(const std::string& table, const Row& before) override;
   void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override;
+  void CopyTo(const std::string& new_file) override {
+    CopyDatabase(Watched().database(), new_file);
+  }
+  std::vector<std::string> Verify() override { return sqlite::Verify(Watched()); }
 
  private:
   /// The reader, once it is sure that it reads the file that is meant.
@@ -97,6 +107,10 @@ class SqliteStore : public Store {
 
   const Table& FindForWriting(const std::string& name);
   void InsertRow(const Table& table, const FieldValues& fields);
+  Row ReadNewRow(const Table& table);
+  Row ChangeRow(const Table& table, const Row& before, const FieldValues& fields);
+  void RemoveRow(const Table& table, const Row& before);
+  Look Make(const RowChange& change);
   void Run(std::string sql, const std::vector<Value>& parameters);
   bool ReadRow(const Table& table, RowKey key, Row& row);
   void CheckUnchanged(const Table& table, const Row& before);
@@ -180,22 +194,13 @@ void SqliteStore::InsertRow(const Table& table, const FieldValues& fields) {
   Run(InsertSql(table), stored);
 }
 
-Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
-  Transaction transaction(ForChange());
-  const Table& table = FindForWriting(table_name);
-  InsertRow(table, fields);
+Row SqliteStore::ReadNewRow(const Table& table) {
   Row row;
   ReadRow(table, sqlite3_last_insert_rowid(reader_.database().handle()), row);
-  Commit(transaction, [&] { return IsStored(table_name, row); });
   return row;
 }
 
-Row SqliteStore::Update(const std::string& table_name, const Row& before,
-                        const FieldValues& fields) {
-  Transaction transaction(ForChange());
-  const Table& table = FindForWriting(table_name);
-  CheckUnchanged(table, before);
-  if (fields.empty()) return before;
+Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldValues& fields) {
   std::vector<std::string> columns;
   std::vector<Value> parameters;
   for (const auto& [name, value] : fields) {
@@ -203,19 +208,73 @@ Row SqliteStore::Update(const std::string& table_name, const Row& before,
     parameters.push_back(value);
   }
   parameters.emplace_back(before.Key);
+  CheckUnchanged(table, before);
+  if (fields.empty()) return before;
   Run(UpdateSql(table, columns), parameters);
   Row after;
   if (!ReadRow(table, before.Key, after)) throw RowRemoved(FileName(), table.Name);
+  return after;
+}
+
+void SqliteStore::RemoveRow(const Table& table, const Row& before) {
+  CheckUnchanged(table, before);
+  Run(DeleteSql(table), {before.Key});
+}
+
+Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
+  Transaction transaction(ForChange());
+  const Table& table = FindForWriting(table_name);
+  InsertRow(table, fields);
+  Row row = ReadNewRow(table);
+  Commit(transaction, [&] { return IsStored(table_name, row); });
+  return row;
+}
+
+Row SqliteStore::Update(const std::string& table_name, const Row& before,
+                        const FieldValues& fields) {
+  Transaction transaction(ForChange());
+  Row after = ChangeRow(FindForWriting(table_name), before, fields);
+  if (fields.empty()) return after;
   Commit(transaction, [&] { return IsStored(table_name, after); });
   return after;
 }
 
 void SqliteStore::Delete(const std::string& table_name, const Row& before) {
   Transaction transaction(ForChange());
-  const Table& table = FindForWriting(table_name);
-  CheckUnchanged(table, before);
-  Run(DeleteSql(table), {before.Key});
+  RemoveRow(FindForWriting(table_name), before);
   Commit(transaction, [&] { return !IsStored(table_name, before); });
+}
+
+/// Returns what looks whether the change is made.
+SqliteStore::Look SqliteStore::Make(const RowChange& change) {
+  const Table& table = FindForWriting(change.Table);
+  if (change.What == RowChange::Kind::Remove) {
+    RemoveRow(table, change.Before);
+    return [this, &change] { return !IsStored(change.Table, change.Before); };
+  }
+  Row after;
+  if (change.What == RowChange::Kind::Set) {
+    after = ChangeRow(table, change.Before, change.Fields);
+  } else {
+    InsertRow(table, change.Fields);
+    after = ReadNewRow(table);
+  }
+  return [this, &change, after] { return IsStored(change.Table, after); };
+}
+
+void SqliteStore::ChangeAll(const std::vector<RowChange>& changes,
+                            const std::vector<QueryResult>& seen) {
+  Transaction transaction(ForChange());
+  for (const QueryResult& result : seen) {
+    if (!GivesTheSame(*reader_.Select(result.Asked), result.Rows)) {
+      throw RowsChanged(FileName(), result.Asked.Table);
+    }
+  }
+  Look is_made = [] { return true; };
+  for (const RowChange& change : changes) {
+    is_made = Make(change);
+  }
+  Commit(transaction, is_made);
 }
 
 void SqliteStore::CreateTable(const TableDefinition& definition) {

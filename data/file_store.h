@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/store.h"
+#include "data/store_access.h"
+#include "data/waiting.h"
+
+namespace veyra {
+
+/// One of several changes that are made together.
+struct RowChange {
+  enum class Kind { Add, Set, Remove };
+
+  Kind What = Kind::Add;
+  std::string Table;
+  Row Before = {};          ///< Set, Remove: the row as it was read.
+  FieldValues Fields = {};  ///< Add, Set: as for Insert and Update.
+};
+
+/// A query, and the rows that it gave.
+struct QueryResult {
+  Query Asked;
+  std::vector<Row> Rows;
+};
+
+/// What whoever looks after a database file needs beyond a Store: every kind of file provides it.
+/// Throws as Store does.
+class FileStore : public Store {
+ public:
+  /// Makes these changes in their order, all or none of them, provided that every query of `seen`
+  /// still gives the rows that it gave: they are compared while nobody else can write. Throws
+  /// RowChangedError when one gives others, or a row is no longer equal to its `Before`.
+  virtual void ChangeAll(const std::vector<RowChange>& changes,
+                         const std::vector<QueryResult>& seen) = 0;
+
+  /// Makes a new file that holds what this one does at one moment, while others may have it open.
+  /// Whoever needs it to survive a loss of power flushes it. `new_file` is written as this platform
+  /// writes it. Throws DatabaseError when something bears that name, or when the copy cannot be
+  /// made; then no part of it is left behind.
+  virtual void CopyTo(const std::string& new_file) = 0;
+
+  /// What is wrong with the file's own structure, one sentence each, whatever its tables mean;
+  /// nothing when it is sound. Reads the whole file.
+  virtual std::vector<std::string> Verify() = 0;
+};
+
+/// Opens an existing database file as OpenStore does.
+std::unique_ptr<FileStore> OpenFileStore(const std::string& file_name, StoreAccess access,
+                                         Patience patience = {});
+
+}  // namespace veyra

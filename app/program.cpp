@@ -5,6 +5,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "app/daily_backup.h"
 #include "app/startup.h"
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
@@ -118,6 +119,8 @@ bool Program::Start(const std::string& app_folder) {
     dialogs_.MsgBox(StandardReport(failure));
     return false;
   }
+  new FirstPaint(month_window_,
+                 [this] { StartDailyBackup(session_.AppFolder, session_.DataFolder); });
   ShowMonthWindow();
   return true;
 }

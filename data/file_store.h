@@ -1,12 +1,9 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "data/store.h"
-#include "data/store_access.h"
-#include "data/waiting.h"
 
 namespace veyra {
 
@@ -46,9 +43,5 @@ class FileStore : public Store {
   /// nothing when it is sound. Reads the whole file.
   virtual std::vector<std::string> Verify() = 0;
 };
-
-/// Opens an existing database file as OpenStore does.
-std::unique_ptr<FileStore> OpenFileStore(const std::string& file_name, StoreAccess access,
-                                         Patience patience = {});
 
 }  // namespace veyra

@@ -1,5 +1,6 @@
 #include "tools/file_moves.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,12 +16,6 @@ namespace {
 
 constexpr const char* kKeepAdvice =
     "Nothing was changed. Check that the disk has room and that you may make files in the folder.";
-
-fs::path KeptName(const fs::path& file, Date day, int number) {
-  const std::string count = number == 1 ? "" : "-" + std::to_string(number);
-  return file.parent_path() /
-         (file.stem().string() + "-before-" + IsoText(day) + count + file.extension().string());
-}
 
 /// Returns 0, or EEXIST when the name is taken.
 int Keep(const fs::path& file, const fs::path& kept, const fs::path& workshop) {
@@ -45,6 +40,12 @@ void Replace(const fs::path& fresh, const fs::path& file) {
 }
 
 }  // namespace
+
+fs::path KeptName(const fs::path& file, Date day, int number) {
+  const std::string count = number == 1 ? "" : "-" + std::to_string(number);
+  return file.parent_path() /
+         (file.stem().string() + "-before-" + IsoText(day) + count + file.extension().string());
+}
 
 void Flush(const fs::path& path) {
   try {
@@ -87,6 +88,17 @@ fs::path ReplaceAndKeep(const fs::path& fresh, const fs::path& file, Date day) {
     throw;
   }
   return kept;
+}
+
+void TakeOverRights(const fs::path& file, const fs::path& fresh) {
+  struct stat status {};
+  if (::stat(file.c_str(), &status) != 0) return;
+  // Only an administrator may give files away; the group, its members may.
+  if (::chown(fresh.c_str(), status.st_uid, status.st_gid) != 0 &&
+      ::chown(fresh.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0) {
+    // Then the new file is this user's, as any other that he makes.
+  }
+  fs::permissions(fresh, fs::status(file).permissions());
 }
 
 }  // namespace veyra

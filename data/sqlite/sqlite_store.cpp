@@ -201,6 +201,8 @@ Row SqliteStore::ReadNewRow(const Table& table) {
 }
 
 Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldValues& fields) {
+  CheckUnchanged(table, before);
+  if (fields.empty()) return before;
   std::vector<std::string> columns;
   std::vector<Value> parameters;
   for (const auto& [name, value] : fields) {
@@ -208,8 +210,6 @@ Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldVal
     parameters.push_back(value);
   }
   parameters.emplace_back(before.Key);
-  CheckUnchanged(table, before);
-  if (fields.empty()) return before;
   Run(UpdateSql(table, columns), parameters);
   Row after;
   if (!ReadRow(table, before.Key, after)) throw RowRemoved(FileName(), table.Name);

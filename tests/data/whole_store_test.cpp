@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "data/errors.h"
-#include "data/file_store.h"
+#include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"

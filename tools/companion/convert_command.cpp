@@ -1,8 +1,5 @@
 #include "tools/companion/convert_command.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <filesystem>
@@ -73,18 +70,6 @@ void RequireUnchanged(const fs::path& file, const FileState& before) {
     throw DatabaseBusyError(
         {file.string(), "Somebody used the calendar while it was converted.", kCloseAdvice});
   }
-}
-
-/// Whoever could use the old file can use the new one.
-void TakeOverRights(const fs::path& file, const fs::path& fresh) {
-  struct stat status {};
-  if (::stat(file.c_str(), &status) != 0) return;
-  // Only an administrator may give files away; the group, its members may.
-  if (::chown(fresh.c_str(), status.st_uid, status.st_gid) != 0 &&
-      ::chown(fresh.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0) {
-    // Then the new file is this user's, as any other that he makes.
-  }
-  fs::permissions(fresh, fs::status(file).permissions());
 }
 
 /// Makes the new file, whole and compared, and returns how many tables and rows it has.

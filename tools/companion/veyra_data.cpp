@@ -1,33 +1,74 @@
 #include <unistd.h>
 
 #include <ctime>
+#include <filesystem>
 #include <iostream>
+#include <vector>
 
+#include "logic/clock.h"
+#include "tools/companion/backup_command.h"
+#include "tools/companion/check_command.h"
 #include "tools/companion/command_line.h"
 #include "tools/companion/convert_command.h"
+#include "tools/companion/export_command.h"
+#include "tools/companion/import_command.h"
+#include "tools/companion/list_command.h"
 #include "tools/companion/new_command.h"
+#include "tools/companion/restore_command.h"
 #include "tools/companion/show_command.h"
+#include "tools/exchange/load_ical.h"
 #include "tools/progress_lines.h"
 
 namespace {
 
-veyra::Date Today() {
+std::string AppFolder() {
+  std::error_code unknown;
+  return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().string();
+}
+
+veyra::DateTime UtcNow() {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return veyra::MakeDate(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday).value();
+  std::tm utc{};
+  gmtime_r(&now, &utc);
+  return {veyra::MakeDate(utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday).value(), utc.tm_hour,
+          utc.tm_min, utc.tm_sec};
+}
+
+std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
+  const veyra::Date today = here.Now.Day;
+  const auto ical = [folder = here.AppFolder]() -> const veyra::IcalCodec& {
+    return veyra::LoadIcal(folder);
+  };
+  return {veyra::NewCommand(today),
+          veyra::ConvertCommand(today, here.Watch),
+          veyra::ShowCommand(),
+          veyra::ListCommand(here),
+          veyra::CheckCommand(here),
+          veyra::ExportCommand(here, UtcNow(), ical),
+          veyra::ImportCommand(here, ical),
+          veyra::BackupCommand(here),
+          veyra::RestoreBackupCommand(here)};
+}
+
+veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserver& watch) {
+  veyra::Streams streams{std::cin, std::cout, std::cerr};
+  return veyra::RunCommandLine(Commands({veyra::SystemClock().Now(), AppFolder(), watch}),
+                               arguments, streams);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
   veyra::ProgressLines progress(std::cerr);
   const bool is_watched = isatty(STDERR_FILENO) == 1;
   const auto show = [&](const veyra::CopyStep& step) {
     if (is_watched) progress.Show(step);
   };
-  veyra::Streams streams{std::cin, std::cout, std::cerr};
-  return static_cast<int>(veyra::RunCommandLine(
-      {veyra::NewCommand(Today()), veyra::ConvertCommand(Today(), show), veyra::ShowCommand()},
-      {argv + 1, argv + argc}, streams));
+  const veyra::ExitStatus status = Run({argv + 1, argv + argc}, show);
+  if (!std::cout.flush()) {
+    std::cerr << "veyra-data: The output could not be written. Check that the disk has room.\n";
+    return static_cast<int>(veyra::ExitStatus::Failed);
+  }
+  return static_cast<int>(status);
 }

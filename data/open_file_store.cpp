@@ -1,4 +1,4 @@
-#include "data/file_store.h"
+#include "data/open_file_store.h"
 
 #include <utility>
 

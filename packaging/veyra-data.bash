@@ -1,0 +1,44 @@
+# Bash completion for veyra-data.
+
+_veyra_data_options() {
+  case $1 in
+    new) echo "--access --sample" ;;
+    convert) echo "--to" ;;
+    list) echo "--on --week --month --from --to --facility --guest --free --json" ;;
+    check) echo "--mend --yes --json" ;;
+    export) echo "--facility --from --to --format --replace" ;;
+    import) echo "--facility --from --to --format --skip-clashes --dry-run --json" ;;
+    backup) echo "--rolling --once" ;;
+  esac
+}
+
+_veyra_data() {
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+  local commands="new convert show list check export import backup restore-backup"
+  COMPREPLY=()
+  if [ "$COMP_CWORD" -eq 1 ]; then
+    mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current")
+    return
+  fi
+  case $previous in
+    --to)
+      if [ "${COMP_WORDS[1]}" = convert ]; then
+        mapfile -t COMPREPLY < <(compgen -W "sqlite access" -- "$current")
+      fi
+      return
+      ;;
+    --format)
+      mapfile -t COMPREPLY < <(compgen -W "ics csv" -- "$current")
+      return
+      ;;
+    --on | --from | --facility | --guest | --free) return ;;
+  esac
+  if [[ $current == -* ]]; then
+    mapfile -t COMPREPLY < <(
+      compgen -W "$(_veyra_data_options "${COMP_WORDS[1]}") --help --version" -- "$current")
+  else
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+  fi
+}
+
+complete -o filenames -F _veyra_data veyra-data

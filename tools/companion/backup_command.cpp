@@ -1,0 +1,99 @@
+#include "tools/companion/backup_command.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+#include "data/errors.h"
+#include "data/file_name.h"
+#include "data/open_file_store.h"
+#include "tools/care/keep_copy.h"
+#include "tools/care/rolling_backups.h"
+#include "tools/companion/data_folder.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+struct Options {
+  std::string First;   ///< FILE; with --rolling, FOLDER.
+  std::string Second;  ///< FOLDER.
+  bool Rolling = false;
+  bool Once = false;
+};
+
+std::unique_ptr<FileStore> OpenCalendar(const std::string& folder,
+                                        const Surroundings& surroundings) {
+  return OpenFileStore(CalendarFile(folder, surroundings.AppFolder).string(),
+                       StoreAccess::ReadOnly);
+}
+
+ExitStatus MakeOne(const Options& options, const Surroundings& surroundings, std::ostream& out) {
+  if (options.First.empty()) {
+    throw ValueError({{},
+                      "The file to make is not named.",
+                      "Name it, or say --rolling for a copy in the folder backups."});
+  }
+  const fs::path copy = fs::absolute(NativePath(options.First));
+  MakeCheckedCopy(*OpenCalendar(options.Second, surroundings), copy, false);
+  out << "Made and checked " << copy.string() << ".\n";
+  return ExitStatus::Fine;
+}
+
+std::size_t DropOld(const fs::path& backups) {
+  std::size_t dropped = 0;
+  for (const Date day : BackupsToDrop(BackupDays(backups))) {
+    std::error_code failure;
+    dropped += fs::remove(BackupOf(backups, day), failure) ? 1U : 0U;
+  }
+  return dropped;
+}
+
+ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings,
+                       std::ostream& out) {
+  const auto store = OpenCalendar(options.First, surroundings);
+  const fs::path backups = fs::path(store->FileName()).parent_path() / kBackupFolder;
+  const fs::path copy = BackupOf(backups, surroundings.Now.Day);
+  if (options.Once && fs::exists(copy)) {
+    out << copy.string() << " is there already; nothing was made.\n";
+    return ExitStatus::Found;
+  }
+  std::error_code failure;
+  fs::create_directory(backups, failure);
+  MakeCheckedCopy(*store, copy, true);
+  const std::size_t dropped = DropOld(backups);
+  out << "Made and checked " << copy.string() << "; " << dropped << " old copies removed.\n";
+  return ExitStatus::Fine;
+}
+
+Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
+  const auto options = std::make_shared<Options>();
+  app.add_option("FILE", options->First, "the copy to make; not given with --rolling")
+      ->type_name("");
+  AddDataFolder(app, options->Second);
+  app.add_flag("--rolling", options->Rolling,
+               "today's copy, in the folder backups: seven days, four weeks, twelve months stay");
+  app.add_flag("--once", options->Once, "with --rolling: nothing when today's copy is there");
+  return [options, surroundings](Streams& streams) {
+    return options->Rolling ? MakeRolling(*options, surroundings, streams.Out)
+                            : MakeOne(*options, surroundings, streams.Out);
+  };
+}
+
+}  // namespace
+
+Command BackupCommand(Surroundings surroundings) {
+  return {"backup", "Make a checked copy of the calendar, also while it is open",
+          "The copy is checked, and appears under its name only when it is whole. A file that is\n"
+          "there already is never written over; with --rolling, today's copy is made anew.\n"
+          "Once there is a folder backups the calendar makes the day's first copy by itself.\n"
+          "Examples: veyra-data backup /media/stick/Calendar.mdb\n"
+          "          veyra-data backup --rolling ~/our-calendar",
+          [surroundings = std::move(surroundings)](CLI::App& app) {
+            return Declare(app, surroundings);
+          }};
+}
+
+}  // namespace veyra

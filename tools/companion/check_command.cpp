@@ -1,0 +1,165 @@
+#include "tools/companion/check_command.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "data/names.h"
+#include "data/open_file_store.h"
+#include "tools/care/check_bookings.h"
+#include "tools/care/check_files.h"
+#include "tools/care/check_tables.h"
+#include "tools/care/keep_copy.h"
+#include "tools/care/mend.h"
+#include "tools/companion/consent.h"
+#include "tools/companion/data_folder.h"
+#include "tools/companion/json_text.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+struct Options {
+  std::string Folder;
+  bool Mend = false;
+  bool Yes = false;
+  bool Json = false;
+};
+
+void Append(Findings& findings, Findings more) {
+  findings.insert(findings.end(), std::make_move_iterator(more.begin()),
+                  std::make_move_iterator(more.end()));
+}
+
+Findings DamageOf(FileStore& store) {
+  Findings findings;
+  for (const std::string& problem : store.Verify()) {
+    findings.push_back({.Kind = "damaged",
+                        .What = "The file is damaged: " + problem,
+                        .Advice = "Restore a backup with \"veyra-data restore-backup\"."});
+  }
+  return findings;
+}
+
+/// Those of the column of names, which is the file's limit whether the file itself holds to it or
+/// not; and how many bookings there are.
+struct ReservFacts {
+  std::size_t LongestName = 0;
+  std::int64_t Rows = 0;
+};
+
+ReservFacts FactsOf(const StoreDescription& description) {
+  ReservFacts facts;
+  for (const TableDescription& table : description.Tables) {
+    if (!SameName(table.Name, "Reserv")) continue;
+    facts.Rows = table.RowCount;
+    for (const ColumnDescription& column : table.Columns) {
+      if (SameName(column.Name, "Event")) facts.LongestName = static_cast<std::size_t>(column.Size);
+    }
+  }
+  return facts;
+}
+
+Findings CheckContents(FileStore& store, const Surroundings& surroundings) {
+  Findings findings = DamageOf(store);
+  if (!findings.empty()) return findings;
+  const std::vector<Facility> facilities = ReadFacilities(store);
+  Append(findings, CheckFacilities(facilities));
+  Append(findings, CheckSettings(store));
+  const ReservFacts facts = FactsOf(store.Describe());
+  Append(findings, CheckBookings(store, facilities, facts.LongestName, [&](std::int64_t read) {
+           surroundings.Watch({.Verb = "Checked", .Rows = read, .Of = facts.Rows});
+         }));
+  return findings;
+}
+
+void PrintForPeople(const Findings& findings, std::ostream& out) {
+  for (const Finding& finding : findings) {
+    out << finding.Kind << ": " << finding.What << ' ' << finding.Advice << '\n';
+  }
+}
+
+void PrintForPrograms(const Findings& findings, std::ostream& out) {
+  Json list = Json::array();
+  for (const Finding& finding : findings) {
+    list.push_back({{"kind", finding.Kind},
+                    {"what", finding.What},
+                    {"advice", finding.Advice},
+                    {"mendable", !finding.Mending.empty()}});
+  }
+  PrintJson(list, out);
+}
+
+ExitStatus Mend(FileStore& store, const Findings& findings, const Options& options, Date today,
+                Streams& streams) {
+  const auto count = std::count_if(findings.begin(), findings.end(),
+                                   [](const Finding& each) { return !each.Mending.empty(); });
+  if (count == 0) {
+    streams.Err << "There is nothing that --mend could do.\n";
+    return ExitStatus::Found;
+  }
+  const std::string question = "Mend " + std::to_string(count) + " of these " +
+                               std::to_string(findings.size()) + ", and keep a copy?";
+  if (!options.Yes && !IsConsented(question, streams)) {
+    streams.Err << "Nothing was changed.\n";
+    return ExitStatus::Found;
+  }
+  const fs::path kept = KeepCopy(store, today);
+  store.ChangeAll(MendingOf(findings), {});
+  for (const Finding& finding : findings) {
+    if (!finding.Mending.empty()) streams.Err << finding.Mended << '\n';
+  }
+  streams.Err << "The calendar as it was is kept as " << kept.filename().string() << ".\n";
+  return count == static_cast<std::ptrdiff_t>(findings.size()) ? ExitStatus::Fine
+                                                               : ExitStatus::Found;
+}
+
+ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, Streams& streams) {
+  const fs::path file = CalendarFile(options.Folder, surroundings.AppFolder);
+  // Before the file is opened here: to look whether others have it open lets go of every lock that
+  // this process holds on it.
+  Findings findings = CheckFolder(file, surroundings.Now.Day);
+  const auto store =
+      OpenFileStore(file.string(), options.Mend ? StoreAccess::ReadWrite : StoreAccess::ReadOnly);
+  Append(findings, CheckContents(*store, surroundings));
+  if (options.Json) {
+    PrintForPrograms(findings, streams.Out);
+  } else {
+    PrintForPeople(findings, streams.Out);
+  }
+  if (findings.empty()) {
+    if (!options.Json) streams.Out << store->FileName() << ": nothing is wrong.\n";
+    return ExitStatus::Fine;
+  }
+  streams.Out.flush();
+  return options.Mend ? Mend(*store, findings, options, surroundings.Now.Day, streams)
+                      : ExitStatus::Found;
+}
+
+Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
+  const auto options = std::make_shared<Options>();
+  AddDataFolder(app, options->Folder);
+  app.add_flag("--mend", options->Mend, "put right what can be put right without losing anything");
+  app.add_flag("--yes", options->Yes, "do not ask before mending");
+  app.add_flag("--json", options->Json, "print for programs");
+  return [options, surroundings](Streams& streams) {
+    return RunCheck(*options, surroundings, streams);
+  };
+}
+
+}  // namespace
+
+Command CheckCommand(Surroundings surroundings) {
+  return {
+      "check", "Print everything that is wrong with a calendar",
+      "A line for each thing, with what to do; status 1 when there is any. The calendar may be\n"
+      "open. --mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.\n"
+      "Example: veyra-data check ~/our-calendar --mend",
+      [surroundings = std::move(surroundings)](CLI::App& app) {
+        return Declare(app, surroundings);
+      }};
+}
+
+}  // namespace veyra

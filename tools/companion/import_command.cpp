@@ -159,8 +159,8 @@ Command ImportCommand(Surroundings surroundings, IcalSource ical) {
       "line names the columns Facility, Date, From, To, Name and Series. Times are rounded\n"
       "outwards to half hours; repetitions are booked one by one inside --from and --to.\n"
       "Example: veyra-data import courses.ics --facility Studio --to 12/31/2026 --dry-run",
-      [surroundings = std::move(surroundings)](CLI::App& app) {
-        return Declare(app, surroundings);
+      [surroundings = std::move(surroundings), ical = std::move(ical)](CLI::App& app) {
+        return Declare(app, surroundings, ical);
       }};
 }
 

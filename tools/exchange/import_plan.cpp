@@ -7,6 +7,7 @@
 #include "data/errors.h"
 #include "data/text.h"
 #include "logic/bookings.h"
+#include "logic/rename_bookings.h"
 #include "tools/booking_words.h"
 #include "tools/plain_text.h"
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "logic/dialogs.h"
+#include "logic/row_words.h"
 
 namespace veyra::modRes {
 
@@ -30,16 +31,6 @@ class RowAction {
 
   /// Whether the file holds the row as Do leaves it. Asked where Do or Undo could not say.
   virtual bool IsDone(std::size_t row) = 0;
-};
-
-/// The words in which the operator is told of an action; whole sentences, but for the first three.
-struct RowActionWords {
-  std::string Progress;    ///< "Booking ..."
-  std::string Done;        ///< After "8 of 30 ": "dates are booked."
-  std::string PassedOver;  ///< Before a number: "Left out because of other bookings: ".
-  std::string Continue;    ///< What "Continue" does.
-  std::string Undo;        ///< What "Undo" does.
-  std::string Undone;      ///< That it was done.
 };
 
 /// What has become of an action.

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "logic/dialogs.h"
-#include "logic/row_action.h"
+#include "logic/row_words.h"
 
 namespace veyra::modRes {
 

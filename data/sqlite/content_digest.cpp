@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <string>
+
+#include "data/sqlite/page_digest.h"
 
 namespace veyra::sqlite {
 
@@ -22,12 +23,6 @@ std::int64_t PageSize(Database& database) {
   return size == 1 ? 65536 : std::max(size, kSmallestPage);
 }
 
-void Add(std::uint64_t& digest, std::uint64_t word) {
-  constexpr std::uint64_t kPrime = 0x100000001B3;
-  digest = (digest ^ word) * kPrime;
-  digest ^= digest >> 29U;
-}
-
 std::uint64_t DigestOfPage(Database& database, std::int64_t at, std::int64_t page_size) {
   const std::string page = database.ReadBytes(at, static_cast<std::size_t>(page_size));
   return PageDigest({reinterpret_cast<const unsigned char*>(page.data()),  // NOLINT: bytes
@@ -36,16 +31,6 @@ std::uint64_t DigestOfPage(Database& database, std::int64_t at, std::int64_t pag
 
 }  // namespace
 
-std::uint64_t PageDigest(std::span<const unsigned char> page) {
-  std::uint64_t digest = 0xCBF29CE484222325;
-  for (std::size_t at = 0; at + sizeof digest <= page.size(); at += sizeof digest) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, page.data() + at, sizeof word);
-    Add(digest, word);
-  }
-  return digest;
-}
-
 std::uint64_t ContentDigest(Database& database, std::int64_t size, const WalContents& log) {
   const std::int64_t page_size = PageSize(database);
   std::uint64_t digest = 0;
@@ -53,8 +38,8 @@ std::uint64_t ContentDigest(Database& database, std::int64_t size, const WalCont
     const bool is_in_the_middle = at >= kMegabyte && at + kMegabyte < size;
     const auto number = static_cast<std::uint32_t>(at / page_size + 1);
     if (!is_in_the_middle && !log.Pages.contains(number)) {
-      Add(digest, number);
-      Add(digest, DigestOfPage(database, at, page_size));
+      AddToDigest(digest, number);
+      AddToDigest(digest, DigestOfPage(database, at, page_size));
     }
   }
   return digest;

@@ -3,14 +3,11 @@
 #include <cstdint>
 #include <map>
 #include <set>
-#include <span>
 
 #include "data/sqlite/database.h"
 #include "data/sqlite/wal_file.h"
 
 namespace veyra::sqlite {
-
-std::uint64_t PageDigest(std::span<const unsigned char> page);
 
 /// A digest of the first and the last megabyte of a database file as it was when it had `size`
 /// bytes, but for the pages that are in a log. What the log has them to be is not looked at.

@@ -4,6 +4,7 @@
 
 #include "data/errors.h"
 #include "data/sqlite/sql_text.h"
+#include "data/sqlite/sqlite_errors.h"
 #include "data/sqlite/trouble.h"
 
 namespace veyra::sqlite {

@@ -2,9 +2,6 @@
 
 #include <sqlite3.h>
 
-#include "data/errors.h"
-#include "data/sqlite/trouble.h"
-
 namespace veyra::sqlite {
 
 namespace {
@@ -56,6 +53,11 @@ Words WordsFor(int code, const std::string& detail) {
 }
 
 }  // namespace
+
+bool LooksDamaged(int code) {
+  const int primary = code & 0xFF;
+  return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB;
+}
 
 bool IsBusy(int code) {
   const int primary = code & 0xFF;

@@ -2,7 +2,19 @@
 
 #include <string>
 
+#include "data/errors.h"
+
 namespace veyra::sqlite {
+
+/// The disk failed, not the file: the same may go well the next time.
+class PassingTrouble : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
+/// Whether a result code of SQLite says that what was read is damaged. A single failure of the disk
+/// comes out as this too.
+bool LooksDamaged(int code);
 
 /// Whether a result code of SQLite says that another program holds the file.
 bool IsBusy(int code);

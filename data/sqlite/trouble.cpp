@@ -80,11 +80,6 @@ bool HasNoRoom(const std::string& file) {
 
 }  // namespace
 
-bool LooksDamaged(int code) {
-  const int primary = code & 0xFF;
-  return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB;
-}
-
 void ThrowForDamage(const std::string& location, const std::string& file, int code,
                     sqlite3_file* open_file) {
   if (open_file == nullptr || open_file->pMethods == nullptr) {

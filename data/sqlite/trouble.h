@@ -2,22 +2,10 @@
 
 #include <string>
 
-#include "data/errors.h"
-
 struct sqlite3;
 struct sqlite3_file;
 
 namespace veyra::sqlite {
-
-/// The disk failed, not the file: the same may go well the next time.
-class PassingTrouble : public DatabaseError {
- public:
-  using DatabaseError::DatabaseError;
-};
-
-/// Whether a result code of SQLite says that what was read is damaged. A single failure of the disk
-/// comes out as this too.
-bool LooksDamaged(int code);
 
 /// Throws what is true of a file of which a result code says that it is damaged: reads it from its
 /// beginning to its end and has its structure checked. Only when that finds it damaged the advice

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "data/sqlite/content_digest.h"
+#include "data/sqlite/page_digest.h"
 
 namespace veyra::sqlite {
 

@@ -119,8 +119,10 @@ bool Program::Start(const std::string& app_folder) {
     dialogs_.MsgBox(StandardReport(failure));
     return false;
   }
-  new FirstPaint(month_window_,
-                 [this] { StartDailyBackup(session_.AppFolder, session_.DataFolder); });
+  // By value: the call may come when the program has ended.
+  new FirstPaint(month_window_, [app = session_.AppFolder, data = session_.DataFolder] {
+    StartDailyBackup(app, data);
+  });
   ShowMonthWindow();
   return true;
 }

@@ -46,7 +46,6 @@ TEST_F(ReplacedCalendarTest, IsReportedAndOpenedAnewWhenTheOperatorSaysYes) {
 TEST_F(ReplacedCalendarTest, TakesTheNextBookingOnceItIsOpenedAnew) {
   StartAndOpenDay();
   Replace();
-  dialogs_.AnswerNext(Answer::Ok);
   dialogs_.AnswerNext(Answer::Yes);
   DragRows(23, 24);
   EXPECT_EQ("", data_.Bookings());
@@ -73,7 +72,6 @@ TEST_F(ReplacedCalendarTest, IsOfferedAgainUntilAFileIsThere) {
   DragRows(23, 24);
   EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("There is no such file."));
   Replace();
-  dialogs_.AnswerNext(Answer::Ok);
   dialogs_.AnswerNext(Answer::Yes);
   DragRows(23, 24);
   EXPECT_EQ("", Grid().item(18, 1)->text().toStdString());

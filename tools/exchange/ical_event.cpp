@@ -39,6 +39,13 @@ Date DayOfTime(const icaltimetype& time) {
               std::chrono::day(static_cast<unsigned>(time.day)));
 }
 
+/// The library takes the 32nd of February for the fourth of March.
+bool IsReadable(const icaltimetype& time) {
+  const bool has_day =
+      icaltime_is_null_time(time) == 0 && MakeDate(time.year, time.month, time.day).has_value();
+  return has_day && (time.is_date != 0 || (time.hour < 24 && time.minute < 60));
+}
+
 }  // namespace
 
 IcalMoment MomentOf(const icaltimetype& time) {
@@ -154,7 +161,7 @@ std::vector<std::time_t> IcalEvent::Excluded() const {
 std::vector<IcalOccurrence> IcalEvent::Occurrences(const DayRange& days,
                                                    const std::vector<std::time_t>& replaced) const {
   const icaltimetype first = icalcomponent_get_dtstart(component_);
-  if (icaltime_is_null_time(first) != 0 || icaltime_is_valid_time(first) == 0) {
+  if (!IsReadable(first)) {
     throw Unreadable("has no date that can be read.");
   }
   const std::time_t length = Length(first);

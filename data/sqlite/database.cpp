@@ -93,6 +93,11 @@ std::string Database::LogIndexHead(std::size_t count) {
   return bytes;
 }
 
+void Database::HoldShared() {
+  sqlite3_file* file = MainFile();
+  Check(file->pMethods->xLock(file, SQLITE_LOCK_SHARED));
+}
+
 bool Database::IsBeingChanged() {
   sqlite3_file* file = MainFile();
   int is_reserved = 0;

@@ -44,6 +44,10 @@ class Database {
   /// The beginning of the log's index. REQUIRES: the file is kept with a log, and has been read.
   std::string LogIndexHead(std::size_t count);
 
+  /// Lets nobody take the file for itself, and so nobody end the use of its log, until this is
+  /// dropped. REQUIRES: nothing is read through this object afterwards but ReadBytes.
+  void HoldShared();
+
   /// Whether a program, this one included, is in the middle of a change of the file.
   bool IsBeingChanged();
 

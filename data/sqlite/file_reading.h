@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -9,36 +8,45 @@
 
 namespace veyra::sqlite {
 
-/// Another program's file, open for one question.
-class FileReading {
- public:
-  virtual ~FileReading() = default;
+/// Whether a log and its index lie beside a database file.
+struct FilesBeside {
+  explicit FilesBeside(const std::string& file);
 
-  /// What the question is put to.
-  virtual Reader& reader() = 0;
+  bool operator==(const FilesBeside&) const = default;
 
-  /// Whether another program can change the file under the reader. Then all rows must be read, and
-  /// HasChanged asked, before any of them is used.
-  virtual bool IsUnlocked() const = 0;
-
-  /// Whether the files may have been changed, made or removed since they were opened, so that a
-  /// failure, and what was read without a lock, counts for nothing.
-  virtual bool HasChanged() const = 0;
+  bool HasLog;
+  bool HasIndex;
 };
 
-/// Opens a SQLite file for reading in the way that leaves no trace, whatever state the file is in:
+/// Another program's file, open for one question, in the way that leaves no trace:
 ///
-///   no write-ahead log in use          locked against changes for as long as it is read
-///   a log, and its index               read with the other program through the index, which is
-///                                      only looked at
-///   a log that is empty or not there   read without locks, since a lock would make a log
-///   a log without its index            read from a private copy
-///
-/// Throws as ThrowError does, DatabaseBusyError when the files are changed so often that they
-/// cannot be read without locks until `deadline` or the end of `wait`. REQUIRES: the name is
-/// absolute.
-std::unique_ptr<FileReading> OpenForReading(const std::string& file, const Patience& patience,
-                                            std::chrono::steady_clock::time_point deadline,
-                                            Wait& wait);
+///   locked     where the file is kept without a log, or its log and the log's index are there,
+///              which is only looked at. What is read is of one moment.
+///   unlocked   where a log is kept but the index, or both are missing, since a lock on a log would
+///              make them. The file is held so that a program that begins to write to it meanwhile
+///              cannot take its log away again before the question is answered: HasChanged tells.
+class FileReading {
+ public:
+  /// Throws as ThrowError does. REQUIRES: the name is absolute.
+  FileReading(const std::string& file, const Patience& patience);
+
+  /// What the question is put to.
+  Reader& reader() { return *reader_; }
+
+  /// Then all rows must be read, and HasChanged asked, before any of them is used.
+  bool IsUnlocked() const { return hold_ != nullptr; }
+
+  /// Whether another program may have changed the file while it was read without a lock.
+  bool HasChanged() const;
+
+ private:
+  void Open(const std::string& location, const Patience& patience);
+  void OpenUnlocked(const Patience& patience);
+
+  std::string file_;
+  FilesBeside beside_;
+  std::unique_ptr<Database> hold_;  ///< Keeps the log from being taken away; else nothing.
+  std::unique_ptr<Reader> reader_;
+};
 
 }  // namespace veyra::sqlite

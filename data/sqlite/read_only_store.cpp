@@ -146,9 +146,11 @@ class ReadOnlyStore : public FileStore {
   }
 
   bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait) {
-    const std::shared_ptr<FileReading> reading = OpenForReading(file_, patience_, deadline, wait);
+    const FilesBeside before(file_);
     try {
+      const auto reading = std::make_shared<FileReading>(file_, patience_);
       question(reading);
+      return !reading->HasChanged() || !GoesOn(wait);
     } catch (const WaitCancelledError&) {
       throw;
     } catch (const DatabaseBusyError&) {
@@ -156,13 +158,22 @@ class ReadOnlyStore : public FileStore {
       if (steady_clock::now() >= deadline || !wait.GoOn()) {
         throw;
       }
-      return false;
     } catch (const DatabaseError&) {
       // What was read while the file changed need not make sense: then it is asked again.
-      if (steady_clock::now() >= deadline || !reading->HasChanged()) throw;
-      return false;
+      if (steady_clock::now() >= deadline || FilesBeside(file_) == before) {
+        throw;
+      }
     }
-    return !reading->IsUnlocked() || !reading->HasChanged();
+    return false;
+  }
+
+  /// Throws when it does not.
+  bool GoesOn(Wait& wait) const {
+    if (!wait.GoOn()) {
+      throw DatabaseBusyError({file_, "Another program is writing to the file all the time.",
+                               "Wait until the other program has finished, and try again."});
+    }
+    return true;
   }
 
   [[noreturn]] void Refuse() const { throw OpenedForReadingOnly(file_); }

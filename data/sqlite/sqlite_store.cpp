@@ -43,6 +43,21 @@ Table NewTable(const TableDefinition& definition) {
   return table;
 }
 
+/// Removes the note that a program which ended without closing has left, when the file has been
+/// closed by the only one that had it open. A log that is still there goes on needing the note.
+class NoteRemover {
+ public:
+  explicit NoteRemover(std::string file) : file_(std::move(file)) {}
+  ~NoteRemover() {
+    if (!HasLeftLog(file_)) RemoveOpenNote(file_);
+  }
+  NoteRemover(const NoteRemover&) = delete;
+  NoteRemover& operator=(const NoteRemover&) = delete;
+
+ private:
+  std::string file_;
+};
+
 /// A SQLite file that this program reads and writes.
 class SqliteStore : public FileStore {
  public:
@@ -50,6 +65,14 @@ class SqliteStore : public FileStore {
   SqliteStore(std::unique_ptr<Database> database, std::unique_ptr<FileKeeper> keeper,
               std::optional<Report> notice)
       : keeper_(std::move(keeper)),
+        reader_(std::move(database)),
+        watch_(reader_.file()),
+        notice_(std::move(notice)) {}
+
+  /// The file is taken by this program alone, and kept with no note.
+  SqliteStore(std::unique_ptr<Database> database, std::unique_ptr<NoteRemover> remover,
+              std::optional<Report> notice)
+      : remover_(std::move(remover)),
         reader_(std::move(database)),
         watch_(reader_.file()),
         notice_(std::move(notice)) {}
@@ -116,7 +139,8 @@ class SqliteStore : public FileStore {
   void CheckUnchanged(const Table& table, const Row& before);
   bool IsStored(const std::string& table, const Row& row);
 
-  std::unique_ptr<FileKeeper> keeper_;  ///< Goes when the file is closed.
+  std::unique_ptr<FileKeeper> keeper_;    ///< Goes when the file is closed.
+  std::unique_ptr<NoteRemover> remover_;  ///< Likewise.
   Reader reader_;
   FileWatch watch_;
   std::optional<Report> notice_;
@@ -350,7 +374,8 @@ std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patien
   database->Execute("BEGIN EXCLUSIVE");
   database->Execute("COMMIT");
   database->CheckWhole();
-  return std::make_unique<SqliteStore>(std::move(database), nullptr, std::move(notice));
+  return std::make_unique<SqliteStore>(std::move(database),
+                                       std::make_unique<NoteRemover>(real_name), std::move(notice));
 }
 
 std::unique_ptr<Store> OpenNew(const std::string& file, const Patience& patience, bool durable) {
@@ -359,7 +384,8 @@ std::unique_ptr<Store> OpenNew(const std::string& file, const Patience& patience
   auto database = OpenDurable(file, patience);
   if (!durable) {
     database->Execute("PRAGMA synchronous = OFF");
-    return std::make_unique<SqliteStore>(std::move(database), nullptr, std::nullopt);
+    return std::make_unique<SqliteStore>(std::move(database), std::unique_ptr<FileKeeper>(),
+                                         std::nullopt);
   }
   const std::string real_name = NameWithoutLinks(file);
   const OpenNoteLock lock(real_name);

@@ -139,6 +139,28 @@ TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeThatTheHostIsMaking) {
   }
 }
 
+/// Each guest fills a page of his own, and the host changes both at once, starting and ending anew
+/// each time.
+TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeOfAHostThatStartsAndEnds) {
+  MakeGuests("WAL");
+  HostAdds("Ann");
+  host_->Run("UPDATE Guest SET Name = Name || substr(hex(zeroblob(2000)), 1, 3500)");
+  host_.reset();
+  store_ = sqlite::OpenReadOnly(File(), std::chrono::seconds(30));
+  const pid_t host = fork();
+  if (host == 0) {
+    for (int i = 0; i < 60; ++i) {
+      ForeignProgram(File()).Run("PRAGMA busy_timeout = 5000; UPDATE Guest SET Name = Name || 'a'");
+    }
+    _exit(0);
+  }
+  for (int status = 0; waitpid(host, &status, WNOHANG) == 0;) {
+    const std::string guests = Guests();
+    const std::size_t half = guests.size() / 2;
+    ASSERT_TRUE(guests.substr(0, half) == guests.substr(half)) << guests.size();
+  }
+}
+
 TEST_F(ReadOnlyStoreTest, LetsTheHostCloseItsLogWhileItStaysOpen) {
   MakeGuests("WAL");
   HostAdds("Bob");

@@ -394,9 +394,16 @@ TEST_F(LeftLogTest, OfAFileThatIsDamagedEitherWayLeavesAllAsItIs) {
   EXPECT_TRUE(log == folder_.Read("data/Calendar.mdb-wal"));
 }
 
-TEST_F(LeftLogTest, DoesNotReachAConversion) {
+TEST_F(LeftLogTest, IsPutIntoTheFileByAConversion) {
+  OpenStore(File().string(), StoreAccess::Alone).reset();
+  ExpectOnlyTheCalendar(Folder());
+  EXPECT_EQ(UpTo(kFacilities), Facilities(File()));
+}
+
+TEST_F(LeftLogTest, OfAnotherFileDoesNotReachAConversion) {
   RestoreByCopying("older");
   OpenStore(File().string(), StoreAccess::Alone).reset();
+  ExpectOnlyTheCalendar(Folder());
   EXPECT_EQ("", Facilities(File()));
 }
 

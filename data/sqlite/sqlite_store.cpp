@@ -1,6 +1,7 @@
 #include "data/sqlite/sqlite_store.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <functional>
@@ -373,6 +374,8 @@ std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patien
   // In that mode the lock that a change takes is kept when the change is done.
   database->Execute("BEGIN EXCLUSIVE");
   database->Execute("COMMIT");
+  // Who has the file alone keeps the index of its log in memory: one on the disk is nobody's.
+  unlink((real_name + "-shm").c_str());
   database->CheckWhole();
   return std::make_unique<SqliteStore>(std::move(database),
                                        std::make_unique<NoteRemover>(real_name), std::move(notice));

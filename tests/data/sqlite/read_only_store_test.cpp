@@ -146,7 +146,7 @@ TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeOfAHostThatStartsAndEnds) {
   HostAdds("Ann");
   host_->Run("UPDATE Guest SET Name = Name || substr(hex(zeroblob(2000)), 1, 3500)");
   host_.reset();
-  store_ = sqlite::OpenReadOnly(File(), std::chrono::seconds(30));
+  store_ = sqlite::OpenReadOnly(File(), std::chrono::milliseconds(30000));
   const pid_t host = fork();
   if (host == 0) {
     for (int i = 0; i < 60; ++i) {

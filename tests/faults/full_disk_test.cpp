@@ -15,12 +15,6 @@ constexpr int kMostBlocks = 2'000;
 /// A disk that fills up at every point of an action.
 class FullDiskTest : public testing::TestWithParam<Case> {
  protected:
-  void SetUp() override {
-    if (IsForLater(Done().Calendar != Before::InUse)) {
-      GTEST_SKIP();
-    }
-  }
-
   const Action& Done() const { return std::get<Action>(GetParam()); }
 
   /// Whether the action came to its end with so much room.

@@ -14,12 +14,6 @@ constexpr int kPart = 12;
 /// Kills the program at points spread over everything it writes, from its start to its end.
 class KilledTest : public testing::TestWithParam<Case> {
  protected:
-  void SetUp() override {
-    if (IsForLater(Done().Calendar != Before::InUse)) {
-      GTEST_SKIP();
-    }
-  }
-
   const Action& Done() const { return std::get<Action>(GetParam()); }
 
   Outcome RunIn(const TempFolder& folder, std::optional<int> kill_at) const {

@@ -17,12 +17,6 @@ constexpr int kMostShown = 3;
 /// A power cut at every change, in every way that PowerCut knows or a part of them.
 class PowerCutTest : public testing::TestWithParam<Case> {
  protected:
-  void SetUp() override {
-    if (IsForLater(Done().Calendar != Before::InUse)) {
-      GTEST_SKIP();
-    }
-  }
-
   PowerCutTest() { ready_.CopyTo(folder_.path().string()); }
 
   const Action& Done() const { return std::get<Action>(GetParam()); }

@@ -42,6 +42,14 @@ class Connection {
   /// What kind of file it is and what is in it. Counts the rows, so it may take a while.
   StoreDescription Describe() { return store_->Describe(); }
 
+  /// Whether a text fits, several rows at once: see Store.
+  TextFit FitOf(const std::string& table, const std::string& column, std::string_view text) {
+    return store_->FitOf(table, column, text);
+  }
+  std::vector<Row> InsertAll(const std::string& table, const std::vector<FieldValues>& rows) {
+    return store_->InsertAll(table, rows);
+  }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,7 @@ struct ColumnDefinition {
   bool AutoIncrement = false;  ///< WholeNumber: the key, given by the store to each new row.
   Value Default = Null{};      ///< What rows that stood before the column came read as.
   std::optional<CopiedField> Copied = {};  ///< Only for a column that is added to a table.
+  bool AllowsEmpty = true;                 ///< Text: other programs, too, may store an empty one.
 };
 
 /// An index that is to be made with its table. Its name is unique in the file.
@@ -66,6 +68,15 @@ class RowSource {
 
   /// Reads the next row into `row` and returns true; returns false after the last.
   virtual bool Next(Row& row) = 0;
+};
+
+/// How a text stands against what a column holds, counted as the file counts: most of them by
+/// character, some by UTF-16 code unit, of which an emoji takes two.
+struct TextFit {
+  std::size_t Length = 0;           ///< Of the text.
+  std::optional<std::size_t> Most;  ///< That the column holds; nothing where there is no limit.
+
+  bool Fits() const { return !Most || Length <= *Most; }
 };
 
 /// What a kind of database file must provide to serve as a store. Used from one thread. Table and
@@ -122,6 +133,16 @@ class Store {
 
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
+
+  /// How a text stands against what a text column holds. Throws DatabaseError when the table lacks
+  /// the column.
+  virtual TextFit FitOf(const std::string& table, const std::string& column, std::string_view text);
+
+  /// Adds rows in their order and returns them as stored. A kind of file that can adds all of them
+  /// in one change, for a little more than one of them costs; any other adds them one by one, and
+  /// then a member that throws may have added the first of them.
+  virtual std::vector<Row> InsertAll(const std::string& table,
+                                     const std::vector<FieldValues>& rows);
 };
 
 }  // namespace veyra

@@ -21,8 +21,10 @@ ROOMS = {
     "data/access/pages": ["data", "data/access/format"],
     "data/access/read": ["data", "data/access/format", "data/access/pages"],
     "data/access/write": ["data", "data/access/format", "data/access/pages", "data/access/read"],
+    "data/access/check": ["data", "data/access/format", "data/access/pages", "data/access/read",
+                          "data/access/write"],
     "data/access": ["data", "data/access/format", "data/access/pages", "data/access/read",
-                    "data/access/write"],
+                    "data/access/write", "data/access/check"],
     "logic": ["data"],
     "help": ["data", "logic"],
     "tools": ["data", "logic"],
@@ -40,6 +42,7 @@ ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]
 
 # The doors of the engines, which stores are opened and made by.
 DOORS = {
+    "data/check_store.cpp": ["data/access"],
     "data/open_store.cpp": ["data/sqlite", "data/access"],
     "data/create_store.cpp": ["data/sqlite", "data/access", "data/access/write"],
 }

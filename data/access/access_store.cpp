@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "data/access/check/check_file.h"
 #include "data/access/format/file_header.h"
 #include "data/access/pages/file_lock.h"
 #include "data/access/pages/journal.h"
@@ -12,6 +13,7 @@
 #include "data/access/read/describe.h"
 #include "data/access/read/snapshot.h"
 #include "data/access/read/table_rows.h"
+#include "data/access/write/change_words.h"
 #include "data/access/write/row_changes.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
@@ -58,6 +60,10 @@ auto Reporting(const std::string& file, const std::string& table, const Work& wo
       throw WaitCancelledError({file, problem.what(), problem.advice()});
     }
     throw DatabaseBusyError({file, problem.what(), problem.advice()});
+  } catch (const access::ValueRefused& problem) {
+    throw ValueRefusedError({file, problem.what(), problem.advice()});
+  } catch (const access::OutcomeUnknown& problem) {
+    throw veyra::OutcomeUnknown(file, problem.what());
   } catch (const FileProblem& problem) {
     throw DatabaseError({file, problem.what(), problem.advice()});
   }
@@ -90,9 +96,10 @@ class AccessStore : public Store {
     });
   }
 
-  /// `work` changes pages, which are then written, all or none.
+  /// `work` changes pages, which are then written, all or none. `what` then says in words what it
+  /// does.
   template <typename Work>
-  auto Writing(const std::string& table, const Work& work) {
+  auto Writing(const std::string& table, const std::string& what, const Work& work) {
     return Reporting(file_name_, table, [&] {
       CheckMayWrite();
       watch_.CheckBeforeChange();
@@ -105,7 +112,7 @@ class AccessStore : public Store {
       const access::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
-        Commit(pages);
+        Commit(pages, what);
       }
       return result;
     });
@@ -113,8 +120,8 @@ class AccessStore : public Store {
 
   /// The same in the rows of one table.
   template <typename Work>
-  auto WritingRows(const std::string& table, const Work& work) {
-    return Writing(table, [&](access::PageChanges& changes) {
+  auto WritingRows(const std::string& table, const std::string& what, const Work& work) {
+    return Writing(table, what, [&](access::PageChanges& changes) {
       access::TableWriter writer(changes, snapshot_.DefinitionOf(table));
       access::CheckMayWrite(writer.Layout());
       return work(changes, writer);
@@ -164,6 +171,7 @@ class AccessStore : public Store {
     return Reading({}, [&] {
       StoreDescription description = access::DescribeFile(file_.Header());
       const std::vector<access::CatalogueEntry> tables = snapshot_.Tables();
+      description.OtherObjects = access::CountOtherObjects(file_);
       for (const access::CatalogueEntry& entry : tables) {
         const auto image = snapshot_.Table(entry.Name);
         description.Tables.push_back(
@@ -181,37 +189,62 @@ class AccessStore : public Store {
   }
 
   Row Insert(const std::string& table, const FieldValues& fields) override {
-    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    const std::string what = access::WordsForInsert(table, fields);
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       return access::InsertRow(changes, writer, fields);
     });
   }
 
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override {
+    const std::string what = access::WordsForInsertAll(table, rows);
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      return access::InsertRows(changes, writer, rows);
+    });
+  }
+
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
-    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    std::string what;
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForUpdate(table, writer.Layout(), before);
       return access::UpdateRow(changes, writer, before, fields);
     });
   }
 
   void Delete(const std::string& table, const Row& before) override {
-    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    std::string what;
+    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForDelete(table, writer.Layout(), before);
       access::DeleteRow(changes, writer, before);
       return 0;
     });
   }
 
   void CreateTable(const TableDefinition& definition) override {
-    Writing(definition.Name, [&](access::PageChanges& changes) {
+    Writing(definition.Name, "the new table " + definition.Name, [&](access::PageChanges& changes) {
       access::CreateTable(changes, definition);
       return 0;
     });
   }
 
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    const std::string what = "the new column " + column.Name + " of the table " + table;
+    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       access::AddColumn(changes, writer.Layout().Page, column);
       return 0;
     });
   }
+
+  TextFit FitOf(const std::string& table, const std::string& column,
+                std::string_view text) override {
+    return Reading(table, [&] {
+      const auto image = snapshot_.Table(table);
+      const std::size_t place = access::PlaceOfColumn(image->Layout(), column);
+      return access::FitIn(image->Layout().Columns[place], file_.Header().Version, text);
+    });
+  }
+
+  std::optional<Report> TakeNotice() override { return std::exchange(notice_, std::nullopt); }
 
  private:
   void TakeFile(StoreAccess access) {
@@ -220,45 +253,64 @@ class AccessStore : public Store {
     }
     const bool alone = access == StoreAccess::Alone;
     if (alone) {
-      access::CheckNobodyElse(file_.Path());
+      CheckNobodyElse();
     }
     use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
                  patience_);
   }
 
   /// Another copy of this program may have broken off in the middle of a change. A file that is
-  /// only read shows the change as made, without its being written.
+  /// only read, or cannot be written just now, shows the change as made.
   void FinishBrokenChange() {
-    if (!file_.IsWritable()) {
+    const bool has_journal = access::HasJournal(file_.Path());
+    if (has_journal && file_.IsWritable() && RecoverNow()) {
+      return;
+    }
+    if (has_journal || shows_broken_change_) {
       ShowBrokenChange();
-    } else if (access::HasJournal(file_.Path())) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+    }
+  }
+
+  /// Returns false when the file cannot be written.
+  bool RecoverNow() {
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+    try {
       RecoverUnderLock();
+      return true;
+    } catch (const access::FileProblem&) {
+      return false;
     }
   }
 
   void RecoverUnderLock() {
-    if (access::HasJournal(file_.Path())) {
-      access::Recover(file_);
-      snapshot_.Forget();
+    if (!access::HasJournal(file_.Path())) {
+      return;
+    }
+    const auto unfinished = access::Recover(file_);
+    shows_broken_change_ = false;
+    snapshot_.Forget();
+    if (unfinished) {
+      notice_ = Report{
+          file_name_,
+          "The program broke off while it was writing " + unfinished->What +
+              ", and another program has changed the file since. This change was not finished.",
+          "Look whether it is there, and make it again if it is not. What was to be written is "
+          "kept as " +
+              unfinished->KeptAs.filename().string() + "."};
     }
   }
 
   void ShowBrokenChange() {
-    const bool has_journal = access::HasJournal(file_.Path());
-    if (has_journal || shows_broken_change_) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
-      file_.SetOverlay({});
-      file_.SetOverlay(access::HasJournal(file_.Path()) ? access::PendingPages(file_)
-                                                        : access::PageImages());
-      snapshot_.Forget();
-      shows_broken_change_ = has_journal;
-    }
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
+    shows_broken_change_ = access::HasJournal(file_.Path());
+    file_.SetOverlay({});
+    file_.SetOverlay(shows_broken_change_ ? access::PendingPages(file_) : access::PageImages());
+    snapshot_.Forget();
   }
 
-  void Commit(const access::PageImages& pages) {
+  void Commit(const access::PageImages& pages, const std::string& what) {
     if (durability_ == Durability::AtOnce) {
-      access::CommitPages(file_, pages, observer_);
+      access::CommitPages(file_, pages, what, observer_);
     } else {
       file_.Write(pages);
     }
@@ -269,7 +321,13 @@ class AccessStore : public Store {
       throw access::StoreProblem(access::Wrong::ReadingOnly);
     }
     access::CheckMayWrite(file_.Header());
+    CheckNobodyElse();
+  }
+
+  /// Other programs may know the file by the name of a link to it.
+  void CheckNobodyElse() const {
     access::CheckNobodyElse(file_.Path());
+    access::CheckNobodyElse(file_name_);
   }
 
   std::string file_name_;
@@ -281,6 +339,7 @@ class AccessStore : public Store {
   access::Snapshot snapshot_;
   std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
+  std::optional<Report> notice_;
 };
 
 }  // namespace
@@ -295,6 +354,16 @@ std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
     return std::make_unique<AccessStore>(file_name, access, patience, std::move(observer),
                                          Durability::AtOnce);
+  });
+}
+
+std::vector<std::string> CheckAccessFile(const std::string& file_name) {
+  return Reporting(file_name, {}, [&] {
+    access::PageFile file(file_name, false);
+    const FileLock lock(file.Descriptor(), FileLock::Kind::Reading, kStoreTimeout);
+    file.SetOverlay(access::HasJournal(file.Path()) ? access::PendingPages(file)
+                                                    : access::PageImages());
+    return access::CheckFile(file);
   });
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/access/pages/commit_step.h"
 #include "data/durability.h"
@@ -22,13 +23,13 @@ bool LooksLikeAccess(std::string_view first_bytes);
 /// Any of these files is read, encoded ones too, also while another program has it open. Dates are
 /// given as dates, without their time of day; yes and no as 1 and 0; money, decimals and GUIDs as
 /// text; pictures and other long binary data as null. Rows come in the order of their places in
-/// the file, which is the order they were added in as long as no other program filled gaps.
+/// the file. In a table with an auto number that is the order they were added in as long as no
+/// other program filled gaps; in one without, added rows take the room of deleted ones.
 ///
 /// Files of Access 2000 to 2003 are also written, by way of a journal beside the file (journal.h)
 /// that the next opening finishes if this program breaks off. Before anything is written, refused
 /// are: files of Access 97, encoded files, tables with an index on texts or on other columns whose
 /// order is not known here, and any file that a lock file beside it says another program has open.
-/// Added rows come after all others.
 ///
 /// `observer` is told each step of writing a change.
 /// Throws DatabaseError when the file is missing, no Access database, of a newer version, protected
@@ -36,6 +37,10 @@ bool LooksLikeAccess(std::string_view first_bytes);
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
                                        const Patience& patience = {},
                                        access::CommitObserver observer = {});
+
+/// What is wrong with an Access database, a sentence each; empty when nothing is. It is only read,
+/// and may be in use. Throws DatabaseError when it cannot be read at all.
+std::vector<std::string> CheckAccessFile(const std::string& file_name);
 
 /// Opens for reading and writing a database that CreateAccessFile has just made and nobody else
 /// knows of yet. With Durability::WhenAsked each change goes straight into the file, without a

@@ -3,7 +3,9 @@
 #include <ctime>
 #include <iostream>
 
+#include "tools/companion/check_command.h"
 #include "tools/companion/command_line.h"
+#include "tools/companion/compact_command.h"
 #include "tools/companion/convert_command.h"
 #include "tools/companion/new_command.h"
 #include "tools/companion/show_command.h"
@@ -28,6 +30,7 @@ int main(int argc, char** argv) {
   };
   veyra::Streams streams{std::cin, std::cout, std::cerr};
   return static_cast<int>(veyra::RunCommandLine(
-      {veyra::NewCommand(Today()), veyra::ConvertCommand(Today(), show), veyra::ShowCommand()},
+      {veyra::NewCommand(Today()), veyra::ConvertCommand(Today(), show),
+       veyra::CompactCommand(Today(), show), veyra::CheckCommand(), veyra::ShowCommand()},
       {argv + 1, argv + argc}, streams));
 }

@@ -14,10 +14,11 @@ namespace veyra::access {
 namespace {
 
 constexpr std::size_t kMostCompressed = 1024;
+constexpr char16_t kCompressedMark = 0xFEFF;
 
 [[noreturn]] void RefuseValue(const ColumnLayout& column, const std::string& why) {
-  throw FileProblem("The column " + column.Name + " cannot hold the value: " + why + ".",
-                    "Change the value and try again.");
+  throw ValueRefused("The column " + column.Name + " cannot hold the value: " + why + ".",
+                     "Change the value and try again.");
 }
 
 template <typename Number>
@@ -62,6 +63,32 @@ Bytes DateTime(const Value& value, const ColumnLayout& column) {
     RefuseValue(column, "it is no date");
   }
   return BytesOf(static_cast<double>(DaysFromDate(*date)));
+}
+
+/// A text that begins with U+FEFF looks like a compressed one: so it is made one, switched to
+/// UTF-16 and back as its characters need it.
+Bytes EncodeAsCompressed(const std::u16string& units) {
+  Bytes bytes;
+  Append<std::uint16_t>(bytes, kCompressedMark);
+  bool compressed = true;
+  for (const char16_t unit : units) {
+    const bool as_byte = unit <= 0xFF;
+    if ((unit & 0xFFU) == 0) {
+      throw ValueRefused(
+          "The text begins with the invisible sign U+FEFF, which an Access file cannot hold "
+          "together with some of the others.",
+          "Delete the beginning of the text, and type it anew.");
+    }
+    if (as_byte != compressed) {
+      bytes.push_back(0);
+      compressed = as_byte;
+    }
+    bytes.push_back(static_cast<Byte>(unit));
+    if (!compressed) {
+      bytes.push_back(static_cast<Byte>(unit >> 8U));
+    }
+  }
+  return bytes;
 }
 
 Bytes Text(const Value& value, const ColumnLayout& column) {
@@ -165,7 +192,7 @@ Bytes EncodeRow(const RawRow& row, const TableLayout& table) {
   }
   AppendNullBits(bytes, row, table);
   if (bytes.size() > kLongestRow) {
-    throw FileProblem("The row is longer than an Access file allows.", "Shorten its texts.");
+    throw ValueRefused("The row is longer than an Access file allows.", "Shorten its texts.");
   }
   return bytes;
 }
@@ -204,11 +231,22 @@ std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column)
   RefuseValue(column, "this program does not write columns of its kind");
 }
 
+TextFit FitIn(const ColumnLayout& column, Format version, std::string_view text) {
+  TextFit fit{Utf16FromUtf8(text).size(), std::nullopt};
+  if (column.Kind == ColumnKind::Text && column.Length > 0) {
+    fit.Most = version == Format::Jet3 ? column.Length : column.Length / 2U;
+  }
+  return fit;
+}
+
 Bytes EncodeText(std::string_view text, bool may_compress) {
   const std::u16string units = Utf16FromUtf8(text);
+  if (!units.empty() && units.front() == kCompressedMark) {
+    return EncodeAsCompressed(units);
+  }
   Bytes bytes;
   if (may_compress && CanCompress(units)) {
-    Append<std::uint16_t>(bytes, 0xFEFF);
+    Append<std::uint16_t>(bytes, kCompressedMark);
     for (const char16_t unit : units) {
       bytes.push_back(static_cast<Byte>(unit));
     }

@@ -6,6 +6,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/row_view.h"
 #include "data/access/read/table_layout.h"
+#include "data/store.h"
 #include "data/value.h"
 
 namespace veyra::access {
@@ -25,6 +26,9 @@ Bytes EncodeRow(const RawRow& row, const TableLayout& table);
 /// with StoreLong. Throws FileProblem when the column cannot hold the value: a text longer than it
 /// allows, a number outside its range, a text for a number.
 std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column);
+
+/// How a text stands against what a column holds, in UTF-16 code units.
+TextFit FitIn(const ColumnLayout& column, Format version, std::string_view text);
 
 /// A text as the file has it: compressed where the column allows and all of it can be.
 Bytes EncodeText(std::string_view text, bool may_compress);

@@ -118,10 +118,11 @@ TEST_P(StoreTest, TellsHowManyCharactersOfATextAColumnHolds) {
 
 TEST_P(StoreTest, TakesAsManyCharactersAsItTellsAndNoMore) {
   for (const std::string& text : {std::string(300, 'x'), Balls(300), "\xFF" + Balls(300)}) {
-    const std::size_t fitting = store_->FittingCharacters("Rooms", "Name", text);
-    EXPECT_NO_THROW(AddRoom(FirstCharacters(text, fitting)));
+    const std::size_t fitting = store_->FittingCharacters("Reserv", "Event", text);
+    EXPECT_NO_THROW(store_->Insert("Reserv", {{"Event", FirstCharacters(text, fitting)}}));
     if (fitting < CharacterCount(text)) {
-      EXPECT_THROW(AddRoom(FirstCharacters(text, fitting + 1)), DatabaseError);
+      const std::string too_long = FirstCharacters(text, fitting + 1);
+      EXPECT_THROW(store_->Insert("Reserv", {{"Event", too_long}}), DatabaseError);
     }
   }
 }

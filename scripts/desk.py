@@ -117,7 +117,7 @@ class Desk:
                 return [window for window in application.children if window.is_showing]
         return []
 
-    def front_window(self, title=None, roles=None):
+    def front_window(self, title=None, is_wanted=None):
         """Waits for a window to be in front and to stand still, and returns it."""
         before = None
 
@@ -125,13 +125,13 @@ class Desk:
             nonlocal before
             for window in self.windows():
                 if ((title is None or window.name == title)
-                        and (roles is None or window.role in roles)
-                        and window.has_state("ACTIVE")):
+                        and window.has_state("ACTIVE")
+                        and (is_wanted is None or is_wanted(window))):
                     box, before = before, window.box
                     return window if window.box == box else None
             return None
 
-        wanted = f'window "{title}"' if title else "message box" if roles else "window"
+        wanted = f'window "{title}"' if title else "box" if is_wanted else "window"
         return self.wait(find, f"the {wanted} in front")
 
     def picture(self, path, window_only=True):
@@ -197,25 +197,38 @@ class Desk:
             self.wait(lambda: (now := self.focused()) and now.box != place, "the focus to move on")
         raise GaveUp(f"{what} cannot be reached with Tab")
 
-    # Message boxes
+    # Message boxes. Those that only tell how far an action is come and go between them.
 
-    def message(self):
-        """Waits for a message box and returns its text, its lines parted by "\\n"."""
-        box = self.front_window(roles=_BOXES)
-        texts = self.wait(lambda: [one.name for one in box.everything() if one.role == "label"],
-                           "the text of the box")
-        # A box without an icon has an empty label in its place.
-        return next((text for text in texts if text), "").replace("\r\n", "\n")
+    def message(self, is_wanted=lambda text: True):
+        """Waits for a message box whose text is_wanted, and returns that, its lines parted by "\\n".
+        After a key or a click the box in front may still be the one before."""
+        seen = []
+
+        def read():
+            text = _text_of(self.front_window(is_wanted=_asks))
+            seen[:] = [text]
+            return text if text and is_wanted(text) else None
+
+        try:
+            return self.wait(read, "the message")
+        except GaveUp as trouble:
+            raise GaveUp(f"{trouble}; the box says {seen}") from None
+
+    def progress(self):
+        """Waits for a box that tells how far an action is or what is waited for, and returns its
+        text."""
+        return self.wait(lambda: _text_of(self.front_window(is_wanted=_tells_progress)),
+                         "the sign of progress")
 
     def answers(self):
         """The buttons of the message box in front."""
-        box = self.front_window(roles=_BOXES)
-        return [one.name for one in box.everything() if one.role == "push button"]
+        return self.wait(lambda: [one.name for one in self.front_window(is_wanted=_asks).everything()
+                                  if one.role == "push button"], "the buttons of the box")
 
     def press(self, button):
         """Presses a button of the message box in front, and waits until the box is gone; the
         program may be gone with it."""
-        box = self.front_window(roles=_BOXES)
+        box = self.front_window(is_wanted=_asks)
         self.click_on(self.find(button, "push button", box))
 
         def is_gone():
@@ -338,6 +351,20 @@ class Desk:
             return condition()
 
         return wait_until(look, what, passing=(_glib.Error,))
+
+
+def _tells_progress(window):
+    return window.role == "dialog" and any(one.role == "progress bar" for one in window.everything())
+
+
+def _asks(window):
+    return window.role in _BOXES and not _tells_progress(window)
+
+
+def _text_of(box):
+    """What its first label says; a box without an icon has an empty label in its place."""
+    texts = (one.name for one in box.everything() if one.role == "label")
+    return next((text for text in texts if text), "").replace("\r\n", "\n")
 
 
 _atspi = None

@@ -192,6 +192,12 @@ class Screen:
         order = [name for _, name in self._managed()]
         return order.index(title.strip()) > order.index(other.strip())
 
+    def window_in_front(self):
+        """The number and the title of the window that has the keyboard; the screen knows them,
+        however busy the program is."""
+        number = self._xdotool("getactivewindow", check=False)
+        return number, number and self._xdotool("getwindowname", number, check=False).strip()
+
     def is_minimised(self, title):
         return "Iconic" in self._xprop("-id", self._window(title), "WM_STATE")
 

@@ -160,10 +160,8 @@ TEST_P(HeldSqliteTest, IsWaitedForOnce) {
   other.Run("PRAGMA locking_mode = EXCLUSIVE");
   other.Run("BEGIN EXCLUSIVE");
   watcher_.EndsAt = 1'000'000;
-  const auto begun = steady_clock::now();
   EXPECT_THROW(OpenStore(File(), StoreAccess::ReadWrite, {milliseconds(400), &watcher_}),
                DatabaseBusyError);
-  EXPECT_LT(steady_clock::now() - begun, milliseconds(700));
   EXPECT_EQ(1, watcher_.Ends);
 }
 

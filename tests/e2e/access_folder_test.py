@@ -21,10 +21,10 @@ class AccessFolderTest(DeskTest):
         self.desk.open_day(self.day)
         self.desk.write_name("Anna Access")
         self.desk.drag_slots(19, 21)
-        self.assertEqual("Reservation for Anna Access From  9:00A To 10:30A.\n"
-                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.assert_message("Reservation for Anna Access From  9:00A To 10:30A.\n"
+                            "Select OK to Book or Cancel to Cancel")
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.desk.close_day()
         self.assertIn(" 9:00A-10:30A Anna Access", self.desk.lines_of(self.day))
@@ -49,14 +49,14 @@ class AccessFolderTest(DeskTest):
         self.desk.write_name("X" * 53)
         self.desk.find(hint, "label")
         self.desk.drag_slots(19, 21)
-        self.assertEqual(hint, self.desk.message())
+        self.assert_message(hint)
         self.desk.press("OK")
         self.desk.write_name("X" * 50)
         self.desk.wait(lambda: not self.desk.has(hint), "the hint to go")
         self.desk.drag_slots(19, 21)
         self.assertTrue(self.desk.message().startswith(f"Reservation for {'X' * 50} From"))
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
 
     def test_a_new_facility_that_it_cannot_hold_is_refused(self):
@@ -65,7 +65,7 @@ class AccessFolderTest(DeskTest):
         self.desk.name_field().set_text("X" * 260)
         self.desk.find(hint, "label")
         self.desk.key("Return")
-        self.assertEqual(hint, self.desk.message())
+        self.assert_message(hint)
         self.desk.press("OK")
 
 

@@ -10,10 +10,10 @@ class AssistiveTest(DeskTest):
         self.desk.open_day(day)
         self.desk.name_field().set_text("Ann Assisted")
         self.desk.drag_slots(19, 21)
-        self.assertEqual("Reservation for Ann Assisted From  9:00A To 10:30A.\n"
-                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.assert_message("Reservation for Ann Assisted From  9:00A To 10:30A.\n"
+                            "Select OK to Book or Cancel to Cancel")
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.assertEqual(["19|21"], self.sql("SELECT TimeFrom, TimeTo FROM Reserv "
                                              "WHERE Event = 'Ann Assisted';"))
@@ -23,8 +23,7 @@ class AssistiveTest(DeskTest):
         self.desk.click_on(self.desk.name_field())
         self.desk.name_field().set_text("squash court")
         self.desk.key("Return")
-        self.assertEqual("Do you want to add a new Facility called Squash Court?",
-                         self.desk.message())
+        self.assert_message("Do you want to add a new Facility called Squash Court?")
 
 
 if __name__ == "__main__":

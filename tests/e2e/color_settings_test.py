@@ -12,20 +12,20 @@ DARK_BLUE, RED = "#0000C0", "#FF0000"
 class ColorSettingsTest(DeskTest):
     def test_colors_in_use_for_now_are_gone_after_a_restart(self):
         self.start()
-        self.assertEqual({DARK_BLUE}, self.header_colors())
+        self.wait_for_header(DARK_BLUE)
         self.pick_red_header("Tempory Use Colors")
-        self.assertEqual({RED}, self.header_colors())
+        self.wait_for_header(RED)
         self.assertEqual(["12582912"], self.stored_header())
         self.restart()
-        self.assertEqual({DARK_BLUE}, self.header_colors())
+        self.wait_for_header(DARK_BLUE)
 
     def test_saved_colors_are_there_after_a_restart(self):
         self.start()
         self.pick_red_header("Save New Colors")
-        self.assertEqual({RED}, self.header_colors())
+        self.wait_for_header(RED)
         self.assertEqual(["255"], self.stored_header())
         self.restart()
-        self.assertEqual({RED}, self.header_colors())
+        self.wait_for_header(RED)
 
     def test_the_palette_works_from_the_keyboard(self):
         self.start()
@@ -61,6 +61,9 @@ class ColorSettingsTest(DeskTest):
 
     def stored_header(self):
         return self.sql("SELECT HeaderTxt FROM Settings WHERE ID = 1;")
+
+    def wait_for_header(self, color):
+        self.desk.wait(lambda: self.header_colors() == {color}, f"the title in {color}")
 
     def header_colors(self):
         """Which of the two colours the title of the month has on the screen."""

@@ -17,7 +17,7 @@ class DayViewerTest(DeskTest):
         self.desk.write_name("Vera View")
         self.desk.drag_slots(19, 21)
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.desk.click("Close")
 
@@ -39,12 +39,12 @@ class DayViewerTest(DeskTest):
         self.open_viewer()
         first, second = self.items()[:2]
         self.desk.click_on(first)
-        self.assertEqual("12:00A-12:30A First of all", self.desk.message())
+        self.assert_message("12:00A-12:30A First of all")
         self.desk.press("OK")
         self.wait_for_viewer()
         self.desk.screen.click_with("shift", *second.centre)
         for line in ("12:00A-12:30A First of all", "12:30A- 1:00A Second"):
-            self.assertEqual(line, self.desk.message())
+            self.assert_message(line)
             self.desk.press("OK")
         self.wait_for_viewer()
 

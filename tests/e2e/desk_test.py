@@ -53,6 +53,16 @@ class DeskTest(unittest.TestCase):
         self.desk.start()
         self.desk.wait_for_month_window()
 
+    # Messages
+
+    def assert_message(self, text):
+        """Waits for a message box that says exactly this."""
+        self.desk.message(lambda said: said == text)
+
+    def assert_message_has(self, part):
+        """Waits for a message box that says this among other things, and returns all of it."""
+        return self.desk.message(lambda said: part in said)
+
     # Files
 
     def file(self, *names):

@@ -65,10 +65,9 @@ class DoubleClickTest(DeskTest):
         self.assertTrue(places, answers)
         for place in places:
             screen().double_click(*place)
-            self.assertEqual("Do You wand to Delete this Booking for Wedding?", self.desk.message())
+            self.assert_message("Do You wand to Delete this Booking for Wedding?")
             self.desk.key("Escape")
-            self.assertEqual("Do You wand to Edit the Booking Name of Wedding?",
-                             self.desk.message())
+            self.assert_message("Do You wand to Edit the Booking Name of Wedding?")
             self.desk.key("Escape")
             self.wait_for_day(self.in_the_middle)
         self.assertEqual(self.before, self.rows())
@@ -91,7 +90,7 @@ class DoubleClickTest(DeskTest):
     def test_a_second_click_that_is_none_of_a_double_click_counts(self):
         self.desk.open_day(self.in_the_middle)
         self.desk.click_on(self.desk.first("table").cell(20, 1))
-        self.assertEqual("Do You wand to Delete this Booking for Wedding?", self.desk.message())
+        self.assert_message("Do You wand to Delete this Booking for Wedding?")
 
     def rows(self):
         return self.sql("SELECT * FROM Reserv ORDER BY DateOfRes, TimeFrom;")

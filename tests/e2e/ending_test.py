@@ -35,7 +35,7 @@ class EndingTest(ClosedFiles):
         day = self.free_day("Studio")
         self.desk.open_day(day)
         self.desk.drag_slots(19, 21)
-        self.assertIn("Reservation for", self.desk.message())
+        self.assert_message_has("Reservation for")
         return day
 
     def bookings_on(self, day):
@@ -50,11 +50,9 @@ class EndingTest(ClosedFiles):
         return other
 
     def wait_for_sign(self):
-        def look():
-            text = self.desk.message()
-            return text.startswith("Waiting for another program …") and text
-
-        return wait_until(look, "the sign")
+        text = self.desk.progress()
+        self.assertTrue(text.startswith("Waiting for another program …"), text)
+        return text
 
     def test_each_signal_closes_the_calendar(self):
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
@@ -68,7 +66,7 @@ class EndingTest(ClosedFiles):
         self.start()
         day = self.ask_for_a_booking()
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.process.terminate()
         self.assert_ends_properly()
         self.assertEqual(["19"], self.bookings_on(day))
@@ -106,10 +104,8 @@ class EndingTest(ClosedFiles):
         self.desk.press("OK")
         self.assertIn(self.calendar(), self.wait_for_sign())
         self.leave_picture_of("waiting")
-        self.desk.press("Cancel")
-        report = wait_until(lambda: "Waiting" not in self.desk.message() and self.desk.message(),
-                            "the report")
-        self.assertIn("You did not want to wait", report)
+        self.desk.click("Cancel")
+        self.assert_message_has("You did not want to wait")
         self.assertEqual([], self.bookings_on(day))
 
     def test_the_wait_ends_by_itself_when_the_file_is_free(self):
@@ -119,7 +115,7 @@ class EndingTest(ClosedFiles):
         self.desk.press("OK")
         self.wait_for_sign()
         other.execute("ROLLBACK")
-        wait_until(lambda: self.desk.message() == "1 Booking(s) Made.", "the booking")
+        self.assert_message("1 Booking(s) Made.")
         self.assertEqual(["19"], self.bookings_on(day))
 
     def test_a_wait_is_no_obstacle(self):
@@ -145,8 +141,8 @@ class EndingTest(ClosedFiles):
         other.execute("BEGIN EXCLUSIVE")
         self.desk.start()
         self.wait_for_sign()
-        self.desk.press("Cancel")
-        self.assertIn("You did not want to wait", self.desk.message())
+        self.desk.click("Cancel")
+        self.assert_message_has("You did not want to wait")
         self.desk.press("OK")
         self.assertEqual(1, self.desk.exit_status())
 

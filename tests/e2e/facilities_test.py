@@ -24,8 +24,7 @@ class FacilitiesTest(DeskTest):
     def test_a_new_name_and_enter_adds_a_facility(self):
         before = self.facilities()
         self.add("squash court")
-        self.assertEqual("Do you want to add a new Facility called Squash Court?",
-                         self.desk.message())
+        self.assert_message("Do you want to add a new Facility called Squash Court?")
         self.assertEqual(["Yes", "No"], self.desk.answers())
         self.desk.press("Yes")
         self.wait_for_facility("Squash Court")
@@ -42,8 +41,8 @@ class FacilitiesTest(DeskTest):
     def test_a_deleted_facility_takes_its_bookings_with_it(self):
         self.desk.choose("Kitchen")
         self.desk.click("Delete Facility")
-        self.assertEqual("Are you Sure you want to Delete Kitchen and All Events associated with "
-                         "it?", self.desk.message())
+        self.assert_message("Are you Sure you want to Delete Kitchen and All Events associated "
+                            "with it?")
         kitchen = self.sql("SELECT ID FROM Rooms WHERE Name = 'Kitchen';")[0]
         self.assertNotEqual([], self.sql(f"SELECT * FROM Reserv WHERE RmID = {kitchen};"))
         self.desk.press("Yes")
@@ -58,7 +57,7 @@ class FacilitiesTest(DeskTest):
         self.desk.drag_slots(19, 19)
         self.desk.message()
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.assertEqual(["Main Hall"], self.sql("SELECT Name FROM Rooms JOIN Reserv ON ID = RmID;"))
         self.desk.close_day()
@@ -68,7 +67,7 @@ class FacilitiesTest(DeskTest):
         self.desk.choose("Kitchen")
         self.desk.write_name("kit")
         self.desk.click("Delete Facility")
-        self.assertIn("Delete Kitchen", self.desk.message())
+        self.assert_message_has("Delete Kitchen")
         self.assertEqual("Kitchen", self.text_behind())
         self.desk.press("Yes")
         self.wait_for_facility("Main Hall")

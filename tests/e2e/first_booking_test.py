@@ -12,11 +12,11 @@ class FirstBookingTest(DeskTest):
         self.desk.write_name("Ann Example")
 
         self.desk.drag_slots(19, 21)
-        self.assertEqual("Reservation for Ann Example From  9:00A To 10:30A.\n"
-                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.assert_message("Reservation for Ann Example From  9:00A To 10:30A.\n"
+                            "Select OK to Book or Cancel to Cancel")
         self.assertEqual(["OK", "Cancel"], self.desk.answers())
         self.desk.press("OK")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
 
         self.assertEqual(["Ann Example"] * 3, self.desk.slots()[19:22])
@@ -46,8 +46,7 @@ class FirstBookingTest(DeskTest):
         self.start()
         self.desk.open_day(day)
         self.desk.drag_slots(19, 21)
-        self.assertEqual("There is already a Booking on 2 of the Time Slot(s).",
-                         self.desk.message())
+        self.assert_message("There is already a Booking on 2 of the Time Slot(s).")
         self.desk.press("OK")
 
 

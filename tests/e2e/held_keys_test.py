@@ -31,7 +31,7 @@ class HeldKeysTest(DeskTest):
                                    "Select OK to Book or Cancel to Cancel")):
             self.desk.key("Home", *["Down"] * (slot - 1))
             self.hold("Return")
-            self.assertEqual(question, self.desk.message())
+            self.assert_message(question)
             self.desk.press("No" if "Delete" in question else "Cancel")
             if "Delete" in question:
                 self.desk.press("No")
@@ -41,10 +41,10 @@ class HeldKeysTest(DeskTest):
     def test_on_the_first_of_two_questions(self):
         self.open_grid()
         self.desk.key("Home", "Down", "Return")
-        self.assertEqual(DELETE.format("Single"), self.desk.message())
+        self.assert_message(DELETE.format("Single"))
         self.desk.tab_to(lambda one: one.name == "No", "the button No")
         self.hold("Return")
-        self.assertEqual(EDIT.format("Single"), self.desk.message())
+        self.assert_message(EDIT.format("Single"))
         self.assertEqual(["Yes", "No"], sorted(self.desk.answers(), reverse=True))
         self.assertEqual(self.before, self.rows())
 
@@ -54,7 +54,7 @@ class HeldKeysTest(DeskTest):
         self.hold("Return")
         self.desk.message()
         self.hold("Return")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.key("Return")
         self.wait_for_day()
         self.assertEqual(len(self.before) + 1, len(self.rows()))
@@ -69,7 +69,7 @@ class HeldKeysTest(DeskTest):
         self.desk.key("Tab", "Tab")
         for key in ("Return", "space"):
             self.hold(key)
-            self.assertIn("Are you Sure you want to Delete Main Hall", self.desk.message())
+            self.assert_message_has("Are you Sure you want to Delete Main Hall")
             self.assertEqual(self.before, self.rows())
             self.desk.press("No")
             self.desk.wait_for_month_window()
@@ -78,7 +78,7 @@ class HeldKeysTest(DeskTest):
         rooms = self.sql("SELECT Name FROM Rooms ORDER BY ID;")
         self.desk.write_name("Zed")
         self.hold("Return")
-        self.assertEqual("Do you want to add a new Facility called Zed?", self.desk.message())
+        self.assert_message("Do you want to add a new Facility called Zed?")
         self.assertEqual(rooms, self.sql("SELECT Name FROM Rooms ORDER BY ID;"))
 
     def test_on_close_of_the_day_window(self):
@@ -97,7 +97,7 @@ class HeldKeysTest(DeskTest):
         self.wait_for_viewer()
         self.desk.key("Home")
         self.hold("Return")
-        self.assertIn("Single", self.desk.message())
+        self.assert_message_has("Single")
         self.desk.key("Return")
         self.wait_for_viewer()
         self.hold("Escape")

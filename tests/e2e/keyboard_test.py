@@ -15,10 +15,10 @@ class KeyboardTest(DeskTest):
         self.desk.type("Kay Board")
         self.book_by_keys(19, 21)
 
-        self.assertEqual("Reservation for Kay Board From  9:00A To 10:30A.\n"
-                         "Select OK to Book or Cancel to Cancel", self.desk.message())
+        self.assert_message("Reservation for Kay Board From  9:00A To 10:30A.\n"
+                            "Select OK to Book or Cancel to Cancel")
         self.desk.key("Return")
-        self.desk.wait(lambda: self.desk.message() == "1 Booking(s) Made.", "the answer")
+        self.assert_message("1 Booking(s) Made.")
         self.desk.key("Return")
 
         self.desk.front_window(f"  {date_text(day)} Bookings")

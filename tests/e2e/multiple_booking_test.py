@@ -43,24 +43,23 @@ class MultipleBookingTest(DeskTest):
         self.desk.open_day(self.first)
         self.desk.write_name(NAME)
         self.plan()
-        self.assertEqual("10 Days will be Scheduled for the Times Selected.", self.desk.message())
+        self.assert_message("10 Days will be Scheduled for the Times Selected.")
         self.desk.press("OK")
         self.wait_for_day()
 
         self.desk.drag_slots(19, 21)
-        self.assertEqual(
+        self.assert_message(
             "There are 2 Conflicts.\n"
             f"Monday - {date_text(self.taken[0])}\n"
             f"Wednesday - {date_text(self.taken[1])}\n"
-            "All that will be set are the remaining 8 Bookings without Conflicts.",
-            self.desk.message())
+            "All that will be set are the remaining 8 Bookings without Conflicts.")
         self.desk.press("OK")
-        self.assertEqual(
+        self.assert_message(
             f"Reservation for {NAME} From  9:00A To 10:30A\n"
             f"for 8 Booking(s) between {date_text(self.first)} and {date_text(self.last)}\n"
-            "Select OK to Book or Cancel to Cancel", self.desk.message())
+            "Select OK to Book or Cancel to Cancel")
         self.desk.press("OK")
-        self.assertEqual("8 Booking(s) Made.", self.desk.message())
+        self.assert_message("8 Booking(s) Made.")
         self.desk.press("OK")
         self.wait_for_day()
         self.desk.close_day()
@@ -78,19 +77,18 @@ class MultipleBookingTest(DeskTest):
     def rename_all(self):
         self.desk.open_day(self.first)
         self.desk.click_slot(20)
-        self.assertEqual(f"Do You wand to Delete this Booking for {NAME}?", self.desk.message())
+        self.assert_message(f"Do You wand to Delete this Booking for {NAME}?")
         self.desk.press("No")
-        self.assertEqual(f"Do You wand to Edit the Booking Name of {NAME}?", self.desk.message())
+        self.assert_message(f"Do You wand to Edit the Booking Name of {NAME}?")
         self.desk.press("Yes")
-        self.assertEqual("Enter a New Booking Name (Limited to 50 Characters)",
-                         self.desk.message())
+        self.assert_message("Enter a New Booking Name (Limited to 50 Characters)")
         self.desk.key("ctrl+a")
         self.desk.type(NEW_NAME)
         self.desk.key("Return")
-        self.assertEqual("This has Multiple Bookings. Do you want to Change the Name on All of "
-                         "them?", self.desk.message())
+        self.assert_message("This has Multiple Bookings. Do you want to Change the Name on All of "
+                            "them?")
         self.desk.press("Yes")
-        self.assertEqual("8 Bookings Name Changed.", self.desk.message())
+        self.assert_message("8 Bookings Name Changed.")
         self.desk.press("OK")
         self.wait_for_day()
         self.assertEqual([day.isoformat() for day in self.free], self.dates_of(NEW_NAME))
@@ -98,7 +96,7 @@ class MultipleBookingTest(DeskTest):
     def delete_the_first_only(self):
         self.ask_to_delete()
         self.desk.press("No")
-        self.assertEqual("Booking Deleted.", self.desk.message())
+        self.assert_message("Booking Deleted.")
         self.desk.press("OK")
         self.wait_for_day()
         self.assertEqual([day.isoformat() for day in self.free[1:]], self.dates_of(NEW_NAME))
@@ -108,18 +106,16 @@ class MultipleBookingTest(DeskTest):
         self.desk.open_day(self.free[1])
         self.ask_to_delete()
         self.desk.press("Yes")
-        self.assertEqual("7 Bookings Deleted.", self.desk.message())
+        self.assert_message("7 Bookings Deleted.")
         self.desk.press("OK")
         self.assertEqual([], self.dates_of(NEW_NAME))
         self.assertEqual([day.isoformat() for day in self.taken], self.dates_of("Taken"))
 
     def ask_to_delete(self):
         self.desk.click_slot(20)
-        self.assertEqual(f"Do You wand to Delete this Booking for {NEW_NAME}?",
-                         self.desk.message())
+        self.assert_message(f"Do You wand to Delete this Booking for {NEW_NAME}?")
         self.desk.press("Yes")
-        self.assertEqual("This has Multiple Bookings. Do you want to Delete All of them?",
-                         self.desk.message())
+        self.assert_message("This has Multiple Bookings. Do you want to Delete All of them?")
 
     def wait_for_day(self):
         self.desk.front_window(f"  {date_text(self.first)} Bookings")

@@ -73,7 +73,7 @@ class PrintingTest(DeskTest):
     def test_cancelling_prints_nothing(self):
         self.open_dialog()
         self.desk.key("Escape")
-        self.assertEqual("Calendar Printing Canceled", self.desk.message())
+        self.assert_message("Calendar Printing Canceled")
         self.desk.press("OK")
         self.assertEqual([True] * 4, [self.desk.has(name) for name in CONTROLS])
         self.assertEqual(self.jobs_before, len(_queue.jobs()))
@@ -82,14 +82,15 @@ class PrintingTest(DeskTest):
         self.open_dialog()
         _queue.remove_printer()
         self.confirm()
-        self.assertEqual(GONE, self.desk.message())
+        self.assert_message(GONE)
         self.the_controls_come_back()
 
     def test_a_printer_that_takes_nothing_is_reported(self):
         self.open_dialog()
         _queue.refuse_jobs()
         self.confirm()
-        self.assertRegex(self.desk.message(), 'The printer "FrontDesk" has not taken the page: .+')
+        said = self.assert_message_has("has not taken the page: ")
+        self.assertRegex(said, '^The printer "FrontDesk" has not taken the page: .+')
         self.the_controls_come_back()
 
     def test_a_job_that_cannot_be_written_is_reported(self):
@@ -100,7 +101,7 @@ class PrintingTest(DeskTest):
         self.start()
         self.open_dialog()
         self.confirm()
-        self.assertIn("has not taken the page", self.desk.message())
+        self.assert_message_has("has not taken the page")
         self.the_controls_come_back()
 
     def test_without_a_printer_a_file_is_offered(self):
@@ -114,7 +115,7 @@ class PrintingTest(DeskTest):
         self.desk.type(path)
         self.desk.wait(lambda: field.text == path, "the name of the file")
         self.confirm()
-        self.assertEqual(COMPLETE, self.desk.message())
+        self.assert_message(COMPLETE)
         self.assertEqual(1, text_of(path).count(self.title))
 
     def open_dialog(self):
@@ -128,7 +129,7 @@ class PrintingTest(DeskTest):
     def print_month(self):
         self.open_dialog()
         self.confirm()
-        self.assertEqual(COMPLETE, self.desk.message())
+        self.assert_message(COMPLETE)
         self.desk.press("OK")
 
     def new_job(self):

@@ -20,13 +20,13 @@ class RestoreTest(DeskTest):
     def book(self, name):
         self.desk.write_name(name)
         self.desk.drag_slots(19, 21)
-        self.assertIn(f"Reservation for {name}", self.desk.message())
+        self.assert_message_has(f"Reservation for {name}")
         self.desk.press("OK")
 
     def book_and_close(self, name):
         self.desk.open_day(self.day)
         self.book(name)
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.desk.close_day()
 
@@ -35,7 +35,7 @@ class RestoreTest(DeskTest):
         report."""
         report = self.desk.message()
         self.desk.press("OK")
-        self.assertEqual("Open the calendar file anew now?", self.desk.message())
+        self.assert_message("Open the calendar file anew now?")
         self.desk.press(answer)
         return report
 
@@ -54,11 +54,11 @@ class RestoreTest(DeskTest):
         os.replace(self.backup, self.calendar)
         self.desk.drag_slots(23, 24)
         self.assertIn("replaced by another one", self.report_then("Yes"))
-        self.assertIn(SET_ASIDE, self.desk.message())
+        self.assert_message_has(SET_ASIDE)
         self.desk.press("OK")
         self.desk.wait(lambda: "Anna Restore" not in self.desk.slots(), "the rows of the backup")
         self.book("Ben Restore")
-        self.assertEqual("1 Booking(s) Made.", self.desk.message())
+        self.assert_message("1 Booking(s) Made.")
         self.desk.press("OK")
         self.desk.close_day()
         self.assertEqual(["Ben Restore"], self.names())
@@ -68,10 +68,10 @@ class RestoreTest(DeskTest):
         self.book_and_close("Anna Restore")
         shutil.copyfile(self.backup, self.calendar)
         self.desk.click("Next =>")
-        self.assertIn("overwritten", self.desk.message())
+        self.assert_message_has("overwritten")
         self.desk.press("OK")
         self.desk.press("Yes")
-        self.assertIn(SET_ASIDE, self.desk.message())
+        self.assert_message_has(SET_ASIDE)
         self.desk.press("OK")
         self.desk.wait_for_month_window()
         self.assertEqual([], self.names())
@@ -90,7 +90,7 @@ class RestoreTest(DeskTest):
         self.desk.process.wait()
         restore(self.backup, self.calendar)
         self.desk.start()
-        self.assertIn(SET_ASIDE, self.desk.message())
+        self.assert_message_has(SET_ASIDE)
         self.desk.press("OK")
         self.desk.wait_for_month_window()
         self.assertEqual([], self.names())

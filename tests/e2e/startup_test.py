@@ -4,7 +4,6 @@ import os
 import sqlite3
 
 from desk_test import DeskTest, main
-from screen import wait_until
 
 
 class StartUpTest(DeskTest):
@@ -14,15 +13,10 @@ class StartUpTest(DeskTest):
     def report_of_failed_start(self):
         """Starts the program, reads the report and sees it end as failed."""
         self.desk.start()
-        report = wait_until(self.report, "the report")
+        report = self.desk.message()
         self.desk.press("OK")
         self.assertEqual(1, self.desk.exit_status())
         return report
-
-    def report(self):
-        """The message in front, unless it is the sign that another program is waited for."""
-        message = self.desk.message()
-        return None if message.startswith("Waiting for") else message
 
     def overwrite(self, name, content):
         with open(self.file(name), "wb") as file:
@@ -55,9 +49,9 @@ class StartUpTest(DeskTest):
         os.remove(self.file("path.txt"))
         os.mkfifo(self.file("path.txt"))
         self.desk.start()
-        self.assertEqual("FileOpener: Error: 75", self.desk.message())
+        self.assert_message("FileOpener: Error: 75")
         self.desk.press("OK")
-        self.assertIn("/Calendar.mdb", self.desk.message())
+        self.assert_message_has("/Calendar.mdb")
 
     def test_a_path_file_that_is_no_text(self):
         self.overwrite("path.txt", bytes(range(256)) * 40)

@@ -3,7 +3,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QIdentityProxyModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -14,6 +14,25 @@
 
 namespace veyra {
 namespace {
+
+/// Stands between a list and the box that shows it, and counts what goes to and fro.
+class CountedList : public QIdentityProxyModel {
+ public:
+  explicit CountedList(QAbstractItemModel& list) {
+    setSourceModel(&list);
+    connect(this, &QAbstractItemModel::rowsInserted, this, [this] { ++Told; });
+    connect(this, &QAbstractItemModel::rowsRemoved, this, [this] { ++Told; });
+    connect(this, &QAbstractItemModel::dataChanged, this, [this] { ++Told; });
+  }
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    ++Asked;
+    return QIdentityProxyModel::data(index, role);
+  }
+
+  mutable int Asked = 0;  ///< A property of an entry.
+  int Told = 0;           ///< A change of entries.
+};
 
 /// A box beside another control, and what it reports, an event a line.
 class NameBoxTest : public testing::Test {
@@ -225,16 +244,24 @@ TEST_F(NameBoxTest, ShowingTheSameTextKeepsTheCursor) {
   EXPECT_EQ(2, box_.lineEdit()->cursorPosition());
 }
 
+/// What is asked of the list and what it tells grow with the names in sight, not with all of them.
 TEST_F(NameBoxTest, FiftyThousandNamesAreThereAtOnce) {
+  constexpr int kGuests = 50'000;
   NameBox guests;
-  for (int i = 0; i < 50'000; ++i) guests.Items.push_back("Guest number " + std::to_string(i));
-  QElapsedTimer time;
-  time.start();
+  for (int i = 0; i < kGuests; ++i) {
+    guests.Items.push_back("Guest number " + std::to_string(i));
+  }
+  QAbstractItemModel& names = *box_.model();
+  names.setParent(&window_);  // A box drops its own list when it is given another.
+  CountedList list(names);
+  box_.setModel(&list);
   box_.ShowNames(guests);
   box_.showPopup();
   QCoreApplication::processEvents();
-  EXPECT_LT(time.elapsed(), 1000);
-  EXPECT_EQ(50'000, box_.count());
+  EXPECT_EQ(kGuests, box_.count());
+  EXPECT_GT(list.Asked, 0);
+  EXPECT_LT(list.Asked, kGuests / 10);
+  EXPECT_LT(list.Told, 10);
 }
 
 TEST_F(NameBoxTest, AHintStandsBelowTheBoxWithinItsWindow) {

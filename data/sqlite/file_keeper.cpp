@@ -84,9 +84,11 @@ FileKeeper::LogState FileKeeper::StateOfLog(Database& database) const {
 
 /// The log's state first: what is put into the file after that is noticed by its stamp.
 void FileKeeper::Remember(Database& database) {
-  log_ = StateOfLog(database);
-  stamp_ = watch_.Stamp().value_or(FileStamp());
+  const LogState log = StateOfLog(database);
+  const FileStamp stamp = watch_.Stamp().value_or(FileStamp());
   head_ = database.FirstBytes(kHeadBytes);
+  log_ = log;
+  stamp_ = stamp;
 }
 
 /// A log begins anew only when all of it is in the file.
@@ -142,30 +144,29 @@ void FileKeeper::CheckBeforeChange(Database& database) {
 }
 
 void FileKeeper::AfterChange(Database& database) {
-  if (!has_log_) {
-    Remember(database);
-    return;
-  }
-  Look(database);
-  if (log_.Frames - log_.PutAway > kLongLog) {
-    PutLogAway(database);
+  try {
+    if (!has_log_) {
+      Remember(database);
+      return;
+    }
+    Look(database);
+    if (log_.Frames - log_.PutAway > kLongLog) {
+      PutLogAway(database);
+    }
+  } catch (const Error&) {
+    // The change is made. What failed here is done before the next change, or that one says why it
+    // cannot be.
   }
 }
 
-/// The change that made the log so long is made. Whatever fails here, the log keeps it.
 void FileKeeper::PutLogAway(Database& database) {
-  try {
-    const OpenNoteLock lock(FileNow());
-    PutNote(MarkTakingLog(database));
-    is_note_current_ = false;
-    sqlite3_wal_checkpoint_v2(database.handle(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr,
-                              nullptr);
-    Remember(database);
-    mark_ = MarkAtRest(database);
-    PutNote(mark_);
-  } catch (const Error&) {
-    // The note is brought up to date before the next change, or that one says why it cannot be.
-  }
+  const OpenNoteLock lock(FileNow());
+  PutNote(MarkTakingLog(database));
+  is_note_current_ = false;
+  sqlite3_wal_checkpoint_v2(database.handle(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+  Remember(database);
+  mark_ = MarkAtRest(database);
+  PutNote(mark_);
 }
 
 void FileKeeper::BeforeClosing(Database& database) {
@@ -221,8 +222,14 @@ void FileKeeper::PutNote(const FileMark& mark) {
   is_note_current_ = true;
 }
 
-/// A log that is still there is used by another program, or belongs to a file that was replaced;
-/// then what the note tells of it must stay.
+bool FileKeeper::IsAsMarked(const std::string& file) const {
+  const auto now = StampOf(file);
+  return now && now->Number == mark_.Number && now->Size == mark_.Size &&
+         now->Written == mark_.Written;
+}
+
+/// A log that is still there is used by another program, or belongs to a file that was replaced, or
+/// only a part of it could be put into the file; then what the note tells of it must stay.
 void FileKeeper::LeaveNote() {
   const std::string file = FileNow();
   auto note = ReadOpenNote(file);
@@ -239,7 +246,7 @@ void FileKeeper::LeaveNote() {
     RemoveOpenNote(file);
     return;
   }
-  if (has_log && note->Mark.IsTakingLog) {
+  if (has_log && note->Mark.IsTakingLog && IsAsMarked(file)) {
     note->Mark = mark_;
   }
   WriteOpenNote(file, *note);

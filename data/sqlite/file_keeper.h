@@ -37,7 +37,8 @@ class FileKeeper {
   /// The same, and brings the note up to date; throws DatabaseError when it cannot be written.
   void CheckBeforeChange(Database& database);
 
-  /// To be called after each change: puts the log into the file when it has become long.
+  /// To be called after each change: puts the log into the file when it has become long. Throws
+  /// nothing: the change is made, whatever fails here.
   void AfterChange(Database& database);
 
   /// To be called before the file is closed. Sees to it that a log that does not belong to the file
@@ -73,6 +74,7 @@ class FileKeeper {
   void PutNote(const FileMark& mark);
   void PutLogAway(Database& database);
   void LeaveNote();
+  bool IsAsMarked(const std::string& file) const;
 
   std::string file_;
   FileWatch watch_;

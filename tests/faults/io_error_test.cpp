@@ -40,7 +40,7 @@ const std::vector<Kind> kKinds{
 class IoErrorTest : public testing::TestWithParam<Case> {
  protected:
   void SetUp() override {
-    if (IsForLater(true)) {
+    if (IsForLater(std::get<StoreKind>(GetParam()) == StoreKind::Access)) {
       GTEST_SKIP();
     }
   }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "data/create_store.h"
 #include "data/errors.h"
@@ -126,6 +127,8 @@ class FailingDiskTest : public testing::TestWithParam<Fault> {
 INSTANTIATE_TEST_SUITE_P(
     Faults, FailingDiskTest,
     testing::Values(
+        Fault{"OneRead", FaultyDisk::Call::Read, SQLITE_IOERR_READ, Failing::Once},
+        Fault{"EveryRead", FaultyDisk::Call::Read, SQLITE_IOERR_READ, Failing::FromThenOn},
         Fault{"OneWrite", FaultyDisk::Call::Write, SQLITE_IOERR_WRITE, Failing::Once},
         Fault{"EveryWrite", FaultyDisk::Call::Write, SQLITE_IOERR_WRITE, Failing::FromThenOn},
         Fault{"FullDisk", FaultyDisk::Call::Write, SQLITE_FULL, Failing::FromThenOn},
@@ -176,6 +179,64 @@ TEST_P(LastingFailureTest, IsReportedAsUncertain) {
                                            "look before you try again"));
   }
   first_ = 0;
+}
+
+/// A disk that fails while the calendar is closed and its log is put into the file.
+class FailingCloseTest : public testing::Test {
+ protected:
+  static constexpr int kFacilities = 12;
+
+  FailingCloseTest() {
+    const auto store = CreateStore(File());
+    store->CreateTable(RoomsTable());
+    for (int number = 0; number < kFacilities; ++number) {
+      store->Insert("Rooms", {{"Name", Name('0')}});
+    }
+  }
+
+  std::string File() const { return folder_.File("Calendar.mdb").string(); }
+
+  /// So long that there are a few facilities on each page of the file.
+  static std::string Name(char letter) { return std::string(900, letter); }
+
+  /// Gives all facilities another name of the same length, so that the file makes sense with any of
+  /// its pages changed; and closes it, when the `failing`th write into the file itself fails.
+  void RenameAndClose(char letter, int failing) {
+    writes_ = 0;
+    const FaultyDisk disk([&](const std::string& file, FaultyDisk::Call call) {
+      const bool is_counted = call == FaultyDisk::Call::Write && file == File();
+      return is_counted && ++writes_ == failing ? SQLITE_IOERR_WRITE : SQLITE_OK;
+    });
+    const auto store = OpenStore(File(), StoreAccess::ReadWrite);
+    std::vector<Row> before;
+    const auto rows = store->Select(ParseQuery("SELECT * FROM Rooms"));
+    for (Row row; rows->Next(row);) {
+      before.push_back(row);
+    }
+    for (const Row& row : before) {
+      store->Update("Rooms", row, {{"Name", Name(letter)}});
+    }
+  }
+
+  std::string NamesAfterAStart() const {
+    const auto store = OpenStore(File(), StoreAccess::ReadWrite);
+    EXPECT_FALSE(store->TakeNotice().has_value());
+    return ForeignProgram(File()).Rows("SELECT DISTINCT substr(Name, 1, 1) FROM Rooms");
+  }
+
+  TempFolder folder_;
+  int writes_ = 0;
+};
+
+TEST_F(FailingCloseTest, LosesNothingThoughOnlyAPartIsInTheFile) {
+  int failing = 0;
+  do {
+    const auto letter = static_cast<char>('a' + failing);
+    RenameAndClose(letter, ++failing);
+    SCOPED_TRACE("write " + std::to_string(failing));
+    EXPECT_EQ(std::string(1, letter) + "\n", NamesAfterAStart());
+  } while (writes_ >= failing && !HasFailure());
+  EXPECT_LT(3, failing);
 }
 
 }  // namespace

@@ -36,7 +36,8 @@ int Close(sqlite3_file* file) {
 }
 
 int Read(sqlite3_file* file, void* bytes, int count, sqlite3_int64 at) {
-  return VEYRA_REAL(file, xRead, bytes, count, at);
+  const int code = Ask(file, FaultyDisk::Call::Read);
+  return code != SQLITE_OK ? code : VEYRA_REAL(file, xRead, bytes, count, at);
 }
 
 int Write(sqlite3_file* file, const void* bytes, int count, sqlite3_int64 at) {

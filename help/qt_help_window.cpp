@@ -36,6 +36,11 @@ QString WithoutAnchor(const QString& reference) {
   return reference.section('#', 0, 0);
 }
 
+/// Shows the text as it stands, whatever marks are in it.
+QString PlainToolTip(const QString& text) {
+  return QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
+}
+
 void Name(QWidget* widget, const char* object_name, const QString& accessible_name) {
   widget->setObjectName(object_name);
   widget->setAccessibleName(accessible_name);
@@ -147,7 +152,7 @@ void QtHelpWindow::FillContents() {
         std::min<std::size_t>(static_cast<std::size_t>(std::max(entry.Level, 0)), deepest_parent);
     auto* item = new QTreeWidgetItem(parents[level], {QString::fromStdString(entry.Title)});
     item->setData(0, kPageRole, QString::fromStdString(PlainReference(entry.Page)));
-    item->setToolTip(0, item->text(0));
+    item->setToolTip(0, PlainToolTip(item->text(0)));
     parents[level + 1] = item;
     deepest_parent = level + 1;
   }

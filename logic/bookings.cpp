@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "logic/name_length.h"
 #include "logic/row_action.h"
 #include "logic/stored_row.h"
 
@@ -116,6 +117,7 @@ Made BookPlan(Session& session, const std::string& name, const MultiDayPlan& pla
 bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
                   const Clock& clock, Dialogs& dialogs) {
   const std::string name = request.TypedName.empty() ? kNoTitle : request.TypedName;
+  RequireBookingNameFits(session, name);
   // A multiple booking leaves the grid as it is, even for the day it shows. This is meant.
   const Made made = request.Multiple ? BookPlan(session, name, request.Plan, clock, dialogs)
                                      : BookDay(session, name, grid);

@@ -21,8 +21,7 @@ struct BookingRequest {
 };
 
 /// Books facility CurRmID for SelFirstSlot to SelLastSlot and reports how many rows were written.
-/// Asks nothing: the caller has the operator's consent. Names are stored as typed, whatever their
-/// length.
+/// Asks nothing: the caller has the operator's consent. Names are stored as typed, or refused.
 ///
 /// A single booking writes one row for DayDate, puts the name into the grid's rows and shows them.
 /// It looks for no clash: the caller has seen to it that the rows are free.
@@ -31,10 +30,11 @@ struct BookingRequest {
 /// with one group key: the time at which it began. It leaves the grid as it is, by design. One that
 /// halts half-way asks as CarryOut does.
 ///
-/// Returns whether the grid shows what was done, or by design does not; false after a halt, when the
-/// caller is to fill it anew.
+/// Returns whether the grid shows what was done, or by design does not; false after a halt, when
+/// the caller is to fill it anew.
 ///
-/// Throws DatabaseError when nothing was written, ValueError when a text of the plan is no date.
+/// Throws, nothing having been written: DatabaseError, NameTooLongError when the calendar cannot
+/// hold the name, ValueError when a text of the plan is no date.
 bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
                   const Clock& clock, Dialogs& dialogs);
 

@@ -15,10 +15,10 @@ void frmAbout::Command1_Click() {
 }
 
 void frmAbout::labAbout_Click(std::size_t index) {
-  if (index != kLinkLabel) {
+  const std::string address = kAboutLabels.at(kLinkLabel);
+  if (index != kLinkLabel || address.empty()) {
     return;
   }
-  const std::string address = kAboutLabels.at(kLinkLabel);
   if (!browser_.Open(address)) {
     dialogs_.MsgBox({.Text = "There is no web browser on this machine that can open " + address,
                      .Sign = Icon::Exclamation});

@@ -1,4 +1,4 @@
-# Writes forms/about/maker.h into the build folder, with the maker's lines of packaging/maker.
+# Writes what the maker's lines of packaging/maker go into: forms/about/maker.h and the metainfo file.
 set(maker_file ${PROJECT_SOURCE_DIR}/packaging/maker)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${maker_file})
 foreach(line name address telephone web)
@@ -13,3 +13,13 @@ foreach(line name address telephone web)
   set(${variable} "${found}")
 endforeach()
 configure_file(about/maker.h.in ${PROJECT_BINARY_DIR}/generated/forms/about/maker.h @ONLY)
+
+set(VEYRA_METAINFO_URL "")
+if(VEYRA_MAKER_WEB)
+  string(REPLACE "&" "&amp;" site "${VEYRA_MAKER_WEB}")
+  string(REPLACE "<" "&lt;" site "${site}")
+  set(VEYRA_METAINFO_URL "<url type=\"homepage\">${site}</url>")
+endif()
+set(metainfo com.example.VeyraCalendar.metainfo.xml)
+configure_file(${PROJECT_SOURCE_DIR}/packaging/${metainfo}.in
+  ${PROJECT_BINARY_DIR}/generated/packaging/${metainfo} @ONLY)

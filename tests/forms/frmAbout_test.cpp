@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+
 #include "data/text.h"
 #include "forms/about/maker.h"
 #include "tests/fake_dialogs.h"
@@ -79,7 +84,8 @@ TEST_F(FrmAboutTest, TheHelpKeyOpensTheHelpFile) {
 TEST_F(FrmAboutTest, NoLabelIsAPlaceholder) {
   for (const std::string label : kAboutLabels) {
     for (const char* word : {"STREET AND NUMBER", "NAME OF", "NUMBER OF", "TELEPHONE NUMBER",
-                             "TOWN, COUNTRY", "PLACEHOLDER", "TO DO", "TODO", "XXX", "@"}) {
+                             "TOWN, COUNTRY", "PLACEHOLDER", "TO DO", "TODO", "XXX", "@",
+                             "EXAMPLE.COM", "EXAMPLE.ORG", "EXAMPLE.NET"}) {
       EXPECT_EQ(std::string::npos, UpperCase(label).find(word)) << label;
     }
   }
@@ -88,6 +94,16 @@ TEST_F(FrmAboutTest, NoLabelIsAPlaceholder) {
 TEST_F(FrmAboutTest, TheMakerHasANameAndASite) {
   EXPECT_STRNE("", kAboutLabels[1]);
   EXPECT_TRUE(std::string(kAboutLabels[kLinkLabel]).starts_with("https://"));
+}
+
+TEST_F(FrmAboutTest, TheMetainfoFileNamesTheSameSite) {
+  std::ifstream file(VEYRA_METAINFO);
+  const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::regex url("<url type=\"homepage\">(.*)</url>");
+  std::smatch found;
+  ASSERT_TRUE(std::regex_search(text, found, url)) << text;
+  EXPECT_EQ(kAboutLabels[kLinkLabel], found[1]);
+  EXPECT_EQ(std::string::npos, text.find('@')) << text;
 }
 
 TEST_F(FrmAboutTest, TheBoxTellsTitleAndVersion) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "data/errors.h"
+#include "logic/name_length.h"
 #include "tests/logic/bookings_fixture.h"
 
 namespace veyra::modRes {
@@ -46,12 +47,33 @@ TEST_F(BookingsTest, ANameIsStoredAsTypedWhateverItIs) {
 TEST_F(BookingsTest, ASingleBookingOfTenThousandCharactersIsNotCut) {
   const std::string name(10000, 'x');
   if (TestedStoreKind() == StoreKind::Access) {
-    EXPECT_THROW(Book(name, 1, 1), DatabaseError) << "this kind of file holds 50 characters";
+    EXPECT_THROW(Book(name, 1, 1), NameTooLongError) << "this kind of file holds 50 characters";
     EXPECT_EQ("", folder_.Bookings());
     return;
   }
   Book(name, 1, 1);
   EXPECT_EQ("1 2014-04-06 1-1 " + name + "\n", folder_.Bookings());
+}
+
+TEST_F(BookingsTest, ANameThatTheCalendarCannotHoldIsRefusedWithItsCount) {
+  if (TestedStoreKind() != StoreKind::Access) {
+    GTEST_SKIP() << "this kind of file holds any name";
+  }
+  const std::string name(53, 'x');
+  const auto report_of = [](const auto& book) -> std::string {
+    try {
+      book();
+      return "booked";
+    } catch (const NameTooLongError& error) {
+      return error.what();
+    }
+  };
+  const std::string expected =
+      "This name is 53 characters long; the calendar holds 50.\n"
+      "Nothing was changed. Choose a shorter name.";
+  EXPECT_EQ(expected, report_of([&] { Book(name, 1, 1); }));
+  EXPECT_EQ(expected, report_of([&] { BookSeveral(name, 1, 1, "4/6/2014", "4/14/2014", {1}); }));
+  EXPECT_EQ("", folder_.Bookings());
 }
 
 TEST_F(BookingsTest, ASingleBookingLooksForNoClash) {

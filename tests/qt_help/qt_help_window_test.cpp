@@ -15,6 +15,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <memory>
@@ -187,6 +188,19 @@ TEST_F(QtHelpWindowTest, BackIsOfferedOnlyWhenThereIsAWayBack) {
 TEST_F(QtHelpWindowTest, ALineOfTheContentsLeadsToItsPage) {
   ClickContents("Two");
   EXPECT_EQ("Page two", Text());
+}
+
+TEST_F(QtHelpWindowTest, TheTipOverALineOfTheContentsIsItsTitleToTheLetter) {
+  window_.ShowFile(std::make_shared<const ChmArchive>(std::vector<HelpObject>{
+      {"/toc.hhc",
+       "<UL><LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"&lt;b&gt;Rooms "
+       "&amp;amp; halls&lt;/b&gt;\"><param name=\"Local\" value=\"one.htm\"></OBJECT></UL>"},
+      {"/one.htm", "<h1>Page one</h1>"},
+  }));
+  const QTreeWidgetItem& line = *window_.findChild<QTreeWidget*>("helpContents")->topLevelItem(0);
+  EXPECT_EQ("<b>Rooms &amp; halls</b>", line.text(0).toStdString());
+  EXPECT_TRUE(Qt::mightBeRichText(line.toolTip(0)));
+  EXPECT_EQ(line.text(0), QTextDocumentFragment::fromHtml(line.toolTip(0)).toPlainText());
 }
 
 TEST_F(QtHelpWindowTest, TheContentsFollowThePageShown) {

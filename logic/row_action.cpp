@@ -54,7 +54,11 @@ RowActionResult Run::CarryOut() {
     halted_ = true;
     LookAtUncertain();
     halt->Passed = states_[halt->Row] == (undoing_ ? RowState::Open : RowState::Done);
-    if (IsOver(*halt) || !Ask(*halt)) {
+    if (IsOver(*halt)) {
+      return Result();
+    }
+    RequireSameFile(words_, Counts(), *halt);
+    if (!Ask(*halt)) {
       return Result();
     }
   }

@@ -45,7 +45,8 @@ struct RowActionResult {
 /// the operator stops it, the operator is told how far it came and is asked for one of three ways:
 /// to go on with the rows that are left, to take back what was done, or to keep it. Going on and
 /// taking back may fail or be stopped in their turn; that leads to the same question.
-/// Throws what the action threw when nothing was done by then.
+/// Throws what the action threw when nothing was done by then, and FileReplacedError, with how far
+/// it came, when the file was replaced under it.
 RowActionResult CarryOut(RowAction& action, const RowActionWords& words, Dialogs& dialogs);
 
 /// What to tell the operator in the end: `text`, or that it was taken back, and the remark.

@@ -57,6 +57,22 @@ Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const
           .Default = Answer::Keep};
 }
 
+void RequireSameFile(const RowActionWords& words, const RowCounts& counts, const Halt& halt) {
+  if (!halt.Failure) {
+    return;
+  }
+  try {
+    std::rethrow_exception(halt.Failure);
+  } catch (const FileReplacedError& error) {
+    Report report = error.report();
+    report.Effect = "In the file that was open until now " + HowFar(words, counts);
+    AddLine(report.Effect, Remarks(counts));
+    throw FileReplacedError(report);
+  } catch (const std::exception&) {
+    return;  // Of this the operator is asked.
+  }
+}
+
 std::string Remarks(const RowCounts& counts) {
   std::string text;
   if (counts.Foreign > 0) {

@@ -30,6 +30,10 @@ struct Halt {
 /// The question that a halted action leads to.
 Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const Halt& halt);
 
+/// Throws FileReplacedError, with how far the action came, when that is why it halted: such a file
+/// takes nothing more and gives nothing back, and there is nothing to be asked.
+void RequireSameFile(const RowActionWords& words, const RowCounts& counts, const Halt& halt);
+
 /// What the number of rows done does not say: which rows were left, and of which it is not known.
 /// Empty when there is none.
 std::string Remarks(const RowCounts& counts);

@@ -38,6 +38,10 @@ QFont FixedPitchFont() {
   return font;
 }
 
+bool IsEnter(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 bool IsMoveKey(int key) {
   return (key >= Qt::Key_Left && key <= Qt::Key_Down) || key == Qt::Key_Home || key == Qt::Key_End;
 }
@@ -166,10 +170,11 @@ void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
 
 void QtDayList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    emit Pressed(MouseButton::Left);
-  } else if (IsMenuKey(*event)) {
-    emit Pressed(MouseButton::Right);
+  if (IsEnter(key) || IsMenuKey(*event)) {
+    // Held down, it is one click still: the first may only have ended the printed layout.
+    if (!event->isAutoRepeat()) {
+      emit Pressed(IsEnter(key) ? MouseButton::Left : MouseButton::Right);
+    }
   } else if (IsMoveKey(key) && event->modifiers().testFlag(Qt::ControlModifier)) {
     ScrollBy(key);
   } else if (IsMoveKey(key)) {

@@ -11,6 +11,7 @@ import sys
 import unittest
 
 import print_queue
+from desk import MONTH_WINDOW
 from desk_test import DeskTest, main, screen
 from screen import wait_until
 
@@ -69,6 +70,14 @@ class PrintingTest(DeskTest):
         self.assertEqual([False] * 4, [self.desk.has(name) for name in CONTROLS])
         self.desk.key("Escape")
         self.desk.wait(lambda: all(self.desk.has(name) for name in CONTROLS), "the controls")
+
+    def test_a_key_held_on_a_day_is_the_click_that_ends_the_printed_layout(self):
+        self.print_month()
+        self.desk.tab_to(lambda one: one.name.startswith("Bookings on "), "a day")
+        self.desk.screen.hold_key("Return", 1.5)
+        self.assertEqual([MONTH_WINDOW], [window.name for window in self.desk.windows()])
+        self.desk.key("Return")
+        self.desk.wait(lambda: self.desk.front_window().name.endswith(" Bookings"), "the day")
 
     def test_cancelling_prints_nothing(self):
         self.open_dialog()

@@ -192,6 +192,24 @@ TEST_F(HaltedSeriesTest, ALookForAClashThatFailsHaltsToo) {
   EXPECT_EQ(kAllSundays, Booked());
 }
 
+/// Nothing can be continued or taken back then: the program is to offer to open the file anew.
+TEST_F(HaltedSeriesTest, AFileThatIsReplacedMeanwhileEndsTheSeriesAtOnce) {
+  Desk();
+  faults_.Fail(Statement::Insert, 3, 1, [] {
+    throw FileReplacedError({"/desk/Calendar.mdb", "The file was replaced by another one.",
+                             "Open it anew.", "Nothing was saved."});
+  });
+  try {
+    BookSundays();
+    FAIL() << "the series went on";
+  } catch (const FileReplacedError& error) {
+    EXPECT_EQ("The file was replaced by another one.", error.report().Cause);
+    EXPECT_EQ("In the file that was open until now 2 of 5 dates are booked.",
+              error.report().Effect);
+  }
+  EXPECT_TRUE(dialogs_.Boxes().empty());
+}
+
 TEST_F(HaltedSeriesTest, StopLeadsToTheQuestion) {
   dialogs_.EndEarlyAfter(2);
   dialogs_.AnswerNext(Answer::Undo);

@@ -1,52 +1,16 @@
 #include <QAction>
-#include <QContextMenuEvent>
 #include <QFontInfo>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 
-#include "forms/month/qt_day_list.h"
-#include "forms/month/qt_month_window.h"
-#include "tests/qt/program_fixture.h"
+#include "tests/qt/month_window_fixture.h"
 
 namespace veyra {
 namespace {
 
-class MonthWindowTest : public ProgramFixture {
- protected:
-  template <typename Control>
-  static Control& Find(const QString& name) {
-    return In<Control>(Month(), name);
-  }
-  static QLabel& Label(const QString& name) { return Find<QLabel>(name); }
-  static QLabel& Number(int cell) { return Label(QStringLiteral("lblDate(%1)").arg(cell)); }
-  static QComboBox& Facility() { return Names(Month()); }
-
-  static std::string Title() { return Label("lblMonth").text().toStdString(); }
-
-  static std::string Lines(int cell) {
-    std::string lines;
-    for (int i = 0; i < List(cell).count(); ++i) {
-      lines += List(cell).item(i)->text().toStdString() + "\n";
-    }
-    return lines;
-  }
-
-  static std::string FocusName() {
-    const QWidget* focus = Month()->focusWidget();
-    return focus == nullptr ? "" : focus->objectName().toStdString();
-  }
-
-  static void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(Month()->focusWidget(), static_cast<Qt::Key>(key), modifiers);
-  }
-
-  static QColor Background(int cell) {
-    return List(cell).viewport()->palette().color(QPalette::Base);
-  }
-};
+class MonthWindowTest : public MonthWindowFixture {};
 
 struct Caption {
   const char* Name;
@@ -230,123 +194,6 @@ TEST_F(MonthWindowTest, AMonthIsPaintedOnce) {
   EXPECT_EQ(1, list.Paints);
 }
 
-TEST_F(MonthWindowTest, TheButtonsPage) {
-  Start();
-  QTest::mouseClick(&Find<QPushButton>("Command1"), Qt::LeftButton);
-  EXPECT_EQ("April 2014", Title());
-  QTest::mouseClick(&Find<QPushButton>("Command2"), Qt::LeftButton);
-  QTest::mouseClick(&Find<QPushButton>("Command2"), Qt::LeftButton);
-  EXPECT_EQ("February 2014", Title());
-}
-
-TEST_F(MonthWindowTest, AButtonHeldDownGoesOnPaging) {
-  Start();
-  QTest::mousePress(&Find<QPushButton>("Command1"), Qt::LeftButton);
-  EXPECT_TRUE(QTest::qWaitFor([] { return Title() == "June 2014"; }));
-  QTest::mouseRelease(&Find<QPushButton>("Command1"), Qt::LeftButton);
-}
-
-TEST_F(MonthWindowTest, ThePageKeysPageFromAnywhere) {
-  Start();
-  Key(Qt::Key_PageDown);
-  EXPECT_EQ("April 2014", Title());
-  Facility().setFocus();
-  Key(Qt::Key_PageUp);
-  Key(Qt::Key_PageUp);
-  EXPECT_EQ("February 2014", Title());
-  EXPECT_EQ("Hall", Facility().currentText().toStdString());
-}
-
-TEST_F(MonthWindowTest, TheFocusBeginsOnToday) {
-  Start();
-  EXPECT_EQ("lstDay(21)", FocusName());
-}
-
-TEST_F(MonthWindowTest, TheArrowKeysMoveBetweenDaysAndAcrossWeeks) {
-  Start();
-  Key(Qt::Key_Right);
-  EXPECT_EQ("lstDay(22)", FocusName());
-  Key(Qt::Key_Left);
-  EXPECT_EQ("lstDay(21)", FocusName());
-  Key(Qt::Key_Up);
-  EXPECT_EQ("lstDay(14)", FocusName());
-  Key(Qt::Key_Down);
-  EXPECT_EQ("lstDay(21)", FocusName());
-}
-
-TEST_F(MonthWindowTest, TheArrowKeysStopAtTheEndsOfTheMonth) {
-  Start();
-  Key(Qt::Key_Home);
-  EXPECT_EQ("lstDay(7)", FocusName());
-  Key(Qt::Key_Left);
-  Key(Qt::Key_Up);
-  EXPECT_EQ("lstDay(7)", FocusName());
-  Key(Qt::Key_End);
-  EXPECT_EQ("lstDay(37)", FocusName());
-  Key(Qt::Key_Right);
-  Key(Qt::Key_Down);
-  EXPECT_EQ("lstDay(37)", FocusName());
-}
-
-TEST_F(MonthWindowTest, ADayThatPagingHidesPassesTheFocusToTheNearestOne) {
-  Start();
-  Key(Qt::Key_End);
-  Key(Qt::Key_PageDown);
-  EXPECT_EQ("lstDay(32)", FocusName());
-}
-
-TEST_F(MonthWindowTest, TheTabKeyGoesRoundTheControlsAndOneDay) {
-  Start();
-  std::string order;
-  for (int i = 0; i < 6; ++i) {
-    Key(Qt::Key_Tab);
-    order += FocusName() + " ";
-  }
-  EXPECT_EQ("Combo1 Command4 Command2 Command1 Command3 lstDay(21) ", order);
-}
-
-TEST_F(MonthWindowTest, EnterOpensTheDay) {
-  Start();
-  Key(Qt::Key_Right);
-  Key(Qt::Key_Return);
-  ASSERT_NE(nullptr, Day());
-  EXPECT_EQ("  3/16/2014 Bookings", Day()->windowTitle().toStdString());
-  EXPECT_EQ(nullptr, Month());
-}
-
-TEST_F(MonthWindowTest, TheLeftButtonOpensTheDayAsItGoesDown) {
-  Start();
-  QWidget* list = List(22).viewport();
-  QTest::mousePress(list, Qt::LeftButton, {}, QPoint(10, 5));
-  ASSERT_NE(nullptr, Day());
-  EXPECT_EQ("  3/16/2014 Bookings", Day()->windowTitle().toStdString());
-  QTest::mouseRelease(list, Qt::LeftButton, {}, QPoint(10, 5));
-}
-
-TEST_F(MonthWindowTest, AnotherButtonOpensNothing) {
-  Start();
-  PressDay(22, Qt::MiddleButton);
-  EXPECT_EQ(nullptr, Day());
-}
-
-TEST_F(MonthWindowTest, ScrollingALongLineOpensNothing) {
-  data_.AddBooking(hall_, "2014-03-16", 19, 21, std::string(200, 'x'));
-  Start();
-  QScrollBar* bar = List(22).horizontalScrollBar();
-  ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->isVisible() && bar->maximum() > 0; }));
-  QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(bar->width() - 2, 3));
-  EXPECT_EQ(nullptr, Day());
-  EXPECT_GT(bar->value(), 0);
-}
-
-TEST_F(MonthWindowTest, ControlWithAnArrowKeyScrollsTheList) {
-  data_.AddBooking(hall_, "2014-03-15", 19, 21, std::string(200, 'x'));
-  Start();
-  Key(Qt::Key_Right, Qt::ControlModifier);
-  EXPECT_EQ("lstDay(21)", FocusName());
-  EXPECT_GT(List(21).horizontalScrollBar()->value(), 0);
-}
-
 TEST_F(MonthWindowTest, WithoutAFacilityADayIsRefused) {
   Start();
   Facility().setFocus();
@@ -400,108 +247,6 @@ TEST_F(MonthWindowTest, DeletingTheFacilityShowsTheFirstOneLeft) {
   QTest::mouseClick(&Find<QPushButton>("Command4"), Qt::LeftButton);
   EXPECT_EQ("Pool", Label("lblRoom").text().toStdString());
   EXPECT_EQ("1 Pool active\n", data_.Rooms());
-}
-
-TEST_F(MonthWindowTest, HiddenControlsKeepTheirPlace) {
-  FakeDialogs dialogs;
-  const HandlerGuard guard(dialogs);
-  QtMonthWindow window(guard);
-  window.PlaceAtTopCentre();
-  window.show();
-  const QRect place = In<QPushButton>(&window, "Command2").geometry();
-  const QRect title = In<QLabel>(&window, "lblMonth").geometry();
-  window.ShowControls(false);
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(In<QPushButton>(&window, "Command2").isVisible());
-  EXPECT_FALSE(In<QComboBox>(&window, "Combo1").isVisible());
-  EXPECT_FALSE(In<QLabel>(&window, "Label1").isVisible());
-  EXPECT_EQ(title, In<QLabel>(&window, "lblMonth").geometry());
-  window.ShowControls(true);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(place, In<QPushButton>(&window, "Command2").geometry());
-}
-
-TEST_F(MonthWindowTest, AnyKeyButAModifierBringsTheHiddenControlsBack) {
-  Start();
-  auto* window = static_cast<QtMonthWindow*>(Month());
-  for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_X, Qt::Key_PageDown}) {
-    window->ShowControls(false);
-    for (const Qt::Key modifier : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_CapsLock}) {
-      QTest::keyClick(&List(21), modifier);
-    }
-    EXPECT_FALSE(Find<QPushButton>("Command3").isVisible());
-    QTest::keyClick(&List(21), key);
-    EXPECT_TRUE(Find<QPushButton>("Command3").isVisible()) << key;
-    EXPECT_TRUE(Find<QComboBox>("Combo1").isVisible()) << key;
-  }
-}
-
-/// Keeps the names of the controls that go, in their order.
-class GoneControls : public QObject {
- public:
-  std::vector<std::string> Names;
-
- protected:
-  bool eventFilter(QObject* control, QEvent* event) override {
-    if (event->type() == QEvent::Hide) {
-      Names.push_back(control->objectName().toStdString());
-    }
-    return false;
-  }
-};
-
-TEST_F(MonthWindowTest, TheControlsGoInTheirOrder) {
-  Start();
-  GoneControls gone;
-  for (const char* name : {"Combo1", "Command1", "Command2", "Command3", "Command4"}) {
-    Find<QWidget>(QLatin1String(name)).installEventFilter(&gone);
-  }
-  static_cast<QtMonthWindow*>(Month())->ShowControls(false);
-  EXPECT_EQ((std::vector<std::string>{"Command1", "Command2", "Command4", "Command3", "Combo1"}),
-            gone.Names);
-}
-
-/// What a list reports.
-class DayListGestures : public testing::Test {
- protected:
-  DayListGestures() {
-    QObject::connect(&list_, &QtDayList::Pressed, [this](MouseButton button) {
-      log_ += button == MouseButton::Right ? "right " : "left ";
-    });
-  }
-
-  QtDayList list_;
-  std::string log_;
-};
-
-TEST_F(DayListGestures, TheRightButtonIsReportedOnce) {
-  list_.show();
-  QTest::mousePress(list_.viewport(), Qt::RightButton, {}, QPoint(5, 5));
-  QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
-  QApplication::sendEvent(list_.viewport(), &menu);
-  QTest::mouseRelease(list_.viewport(), Qt::RightButton, {}, QPoint(5, 5));
-  EXPECT_EQ("right ", log_);
-}
-
-TEST_F(DayListGestures, TheMenuKeyMeansTheRightButton) {
-  QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
-  QApplication::sendEvent(&list_, &menu);
-  QTest::keyClick(&list_, Qt::Key_Menu);
-  EXPECT_EQ("right ", log_);
-}
-
-TEST_F(DayListGestures, ShiftF10MeansTheRightButton) {
-  QTest::keyClick(&list_, Qt::Key_F10, Qt::ShiftModifier);
-  EXPECT_EQ("right ", log_);
-}
-
-TEST_F(DayListGestures, AListThatItsOwnPressHidesSurvives) {
-  list_.show();
-  QObject::connect(&list_, &QtDayList::Pressed, [this] { list_.hide(); });
-  QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, QPoint(5, 5));
-  QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, QPoint(5, 5));
-  EXPECT_EQ("left ", log_);
-  EXPECT_FALSE(list_.isVisible());
 }
 
 }  // namespace

@@ -1,40 +1,47 @@
 #include "help/chm_objects.h"
 
 #include <chm_lib.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <system_error>
+#include <optional>
 
 namespace veyra {
 namespace {
 
-constexpr std::streamoff kPlaceOfFirstSection = 0x38;
-constexpr std::streamoff kFileSizeInFirstSection = 8;
+constexpr off_t kPlaceOfFirstSection = 0x38;
+constexpr off_t kFileSizeInFirstSection = 8;
 
-std::uint64_t NumberAt(std::ifstream& file, std::streamoff place) {
+/// The archive that is being read. The library opens it by a name, and hands nothing on to `open`
+/// that could tell of it.
+int g_archive = -1;
+
+std::optional<std::uint64_t> NumberAt(int archive, off_t place) {
   std::array<unsigned char, 8> bytes{};
-  file.seekg(place);
-  file.read(reinterpret_cast<char*>(bytes.data()), bytes.size());
+  if (pread(archive, bytes.data(), bytes.size(), place) != ssize_t{bytes.size()}) {
+    return std::nullopt;
+  }
   std::uint64_t number = 0;
-  for (std::size_t i = bytes.size(); i > 0; --i) number = number << 8U | bytes[i - 1];
+  for (std::size_t i = bytes.size(); i > 0; --i) {
+    number = number << 8U | bytes[i - 1];
+  }
   return number;
 }
 
 /// Whether the file is as long as its header says. The library does not look: of a file cut short
 /// it delivers wrong bytes as good ones.
-bool IsWhole(const std::string& file_name) {
-  std::ifstream file(file_name, std::ios::binary);
-  std::error_code failure;
-  const std::uintmax_t size = std::filesystem::file_size(file_name, failure);
-  const std::uint64_t section = NumberAt(file, kPlaceOfFirstSection);
-  if (failure || !file || section > size) return false;
-  const std::uint64_t stated =
-      NumberAt(file, static_cast<std::streamoff>(section) + kFileSizeInFirstSection);
-  return file && stated <= size;
+bool IsWhole(int archive) {
+  const off_t end = lseek(archive, 0, SEEK_END);
+  const auto size = static_cast<std::uint64_t>(std::max<off_t>(end, 0));
+  const auto section = NumberAt(archive, kPlaceOfFirstSection);
+  if (!section || *section > size) {
+    return false;
+  }
+  const auto stated = NumberAt(archive, static_cast<off_t>(*section) + kFileSizeInFirstSection);
+  return stated && *stated <= size;
 }
 
 struct Reading {
@@ -58,15 +65,32 @@ int ReadObject(chmFile* archive, chmUnitInfo* unit, void* context) {
 
 }  // namespace
 
-bool ForEachObject(const std::string& file_name,
-                   const std::function<void(const HelpObject&)>& take) {
-  if (!IsWhole(file_name)) return false;
-  const std::unique_ptr<chmFile, decltype(&chm_close)> archive(chm_open(file_name.c_str()),
-                                                               &chm_close);
-  if (!archive) return false;
+bool ForEachObject(int archive, const std::function<void(const HelpObject&)>& take) {
+  if (!IsWhole(archive)) {
+    return false;
+  }
+  g_archive = archive;
+  const std::unique_ptr<chmFile, decltype(&chm_close)> file(chm_open(""), &chm_close);
+  if (!file) {
+    return false;
+  }
   Reading reading{take};
   const int what = CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_SPECIAL | CHM_ENUMERATE_FILES;
-  return chm_enumerate(archive.get(), what, &ReadObject, &reading) != 0;
+  return chm_enumerate(file.get(), what, &ReadObject, &reading) != 0;
 }
 
 }  // namespace veyra
+
+// In place of the C library's: whatever the library behind an archive opens, it is given the
+// archive that is open already, for no other can be opened any more.
+extern "C" {
+
+int open(const char*, int, ...) {
+  return veyra::g_archive;
+}
+
+int open64(const char*, int, ...) {
+  return veyra::g_archive;
+}
+
+}  // extern "C"

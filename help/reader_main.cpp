@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/resource.h>
 
 #include <cstdio>
@@ -5,20 +6,22 @@
 
 #include "help/archive_stream.h"
 #include "help/chm_objects.h"
+#include "help/confinement.h"
 
 namespace {
 
-// The address sanitizer reserves far more address space than any limit leaves it.
+// The address sanitizer reserves far more address space than any limit leaves it, and looks at
+// files and processes when it reports.
 #if defined(__SANITIZE_ADDRESS__)
-constexpr bool kLimitMemory = false;
+constexpr bool kIsConfined = false;
 #elif defined(__has_feature)
 #if __has_feature(address_sanitizer)
-constexpr bool kLimitMemory = false;
+constexpr bool kIsConfined = false;
 #else
-constexpr bool kLimitMemory = true;
+constexpr bool kIsConfined = true;
 #endif
 #else
-constexpr bool kLimitMemory = true;
+constexpr bool kIsConfined = true;
 #endif
 
 constexpr rlim_t kMostSeconds = 5;
@@ -32,7 +35,10 @@ void Limit(auto resource, rlim_t most) {
 void LimitThisProcess() {
   Limit(RLIMIT_CORE, 0);
   Limit(RLIMIT_CPU, kMostSeconds);
-  if (kLimitMemory) Limit(RLIMIT_AS, kMostMemory);
+  if (kIsConfined) {
+    Limit(RLIMIT_AS, kMostMemory);
+    veyra::ConfineThisProcess();
+  }
 }
 
 void Write(const std::string& bytes) {
@@ -42,16 +48,23 @@ void Write(const std::string& bytes) {
 }  // namespace
 
 /// Writes the objects of the help archive named by the one argument to standard output, as
-/// archive_stream.h describes. Ends with 0 when all of them were read.
+/// archive_stream.h describes. Ends with 0 when all of them were read. Before the first byte of it
+/// is looked at, this process can do little else than that.
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::fputs("usage: veyra-help-reader FILE.chm > objects\n", stderr);
     return 2;
   }
+  const int archive = openat(AT_FDCWD, argv[1], O_RDONLY | O_CLOEXEC);
+  if (archive < 0) {
+    return 1;
+  }
   LimitThisProcess();
   const bool whole = veyra::ForEachObject(
-      argv[1], [](const veyra::HelpObject& object) { Write(veyra::StreamedObject(object)); });
-  if (!whole) return 1;
+      archive, [](const veyra::HelpObject& object) { Write(veyra::StreamedObject(object)); });
+  if (!whole) {
+    return 1;
+  }
   Write(veyra::StreamEnd());
   return std::fflush(stdout) == 0 ? 0 : 1;
 }

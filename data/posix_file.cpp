@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -70,27 +71,25 @@ mode_t UsualRights() {
   return kRights & ~mask;
 }
 
-/// A file beside the one that it is to become. It goes unless it was moved.
+constexpr std::string_view kUnfinished = ".unfinished-";
+constexpr std::string_view kPattern = "XXXXXX";
+
+/// A file beside the one that it is to become. It goes unless it was moved; one that was left by a
+/// program that was killed goes with the next of the same name. Its lock tells the two apart.
 class Unfinished {
  public:
-  Unfinished(const fs::path& path, std::string_view contents, mode_t rights)
-      : name_((path.parent_path() / ("." + path.filename().string() + ".unfinished-XXXXXX"))
-                  .string()) {
-    const int descriptor = Repeated([this] { return mkostemp(name_.data(), O_CLOEXEC); });
+  Unfinished(const fs::path& path, std::string_view contents, mode_t rights) {
+    const std::string start = "." + path.filename().string() + std::string(kUnfinished);
+    RemoveAbandoned(path.parent_path(), start);
+    Make((path.parent_path() / start).string() + std::string(kPattern));
     try {
-      Fill(descriptor, contents, rights);
+      Fill(contents, rights);
     } catch (...) {
-      close(descriptor);
-      unlink(name_.c_str());
+      Remove();
       throw;
     }
-    close(descriptor);
   }
-  ~Unfinished() {
-    if (!name_.empty()) {
-      unlink(name_.c_str());
-    }
-  }
+  ~Unfinished() { Remove(); }
   Unfinished(const Unfinished&) = delete;
   Unfinished& operator=(const Unfinished&) = delete;
 
@@ -98,17 +97,59 @@ class Unfinished {
   void Moved() { name_.clear(); }
 
  private:
-  static void Fill(int descriptor, std::string_view contents, mode_t rights) {
+  static void RemoveAbandoned(const fs::path& folder, const std::string& start) {
+    std::error_code unreachable;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, unreachable), end;
+         !unreachable && entry != end; entry.increment(unreachable)) {
+      const std::string name = entry->path().filename().string();
+      if (name.starts_with(start) && name.size() == start.size() + kPattern.size()) {
+        RemoveIfAbandoned(entry->path());
+      }
+    }
+  }
+
+  static void RemoveIfAbandoned(const fs::path& file) {
+    const int descriptor = open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    struct stat status {};
+    if (descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
+        status.st_uid == geteuid() && flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+      unlink(file.c_str());
+    }
+    close(descriptor);
+  }
+
+  /// Another program may take it for abandoned before it is locked; then it is made again.
+  void Make(const std::string& pattern) {
+    struct stat status {};
+    do {
+      if (descriptor_ >= 0) {
+        close(descriptor_);
+      }
+      name_ = pattern;
+      descriptor_ = Repeated([this] { return mkostemp(name_.data(), O_CLOEXEC); });
+      flock(descriptor_, LOCK_EX);
+    } while (fstat(descriptor_, &status) == 0 && status.st_nlink == 0);
+  }
+
+  void Fill(std::string_view contents, mode_t rights) const {
     while (!contents.empty()) {
       const ssize_t written =
-          Repeated([&] { return write(descriptor, contents.data(), contents.size()); });
+          Repeated([&] { return write(descriptor_, contents.data(), contents.size()); });
       contents.remove_prefix(static_cast<std::size_t>(written));
     }
-    Repeated([&] { return fchmod(descriptor, rights); });
-    Repeated([&] { return fsync(descriptor); });
+    Repeated([&] { return fchmod(descriptor_, rights); });
+    Repeated([this] { return fsync(descriptor_); });
+  }
+
+  void Remove() {
+    if (!name_.empty()) {
+      unlink(name_.c_str());
+    }
+    close(descriptor_);
   }
 
   std::string name_;
+  int descriptor_ = -1;
 };
 
 }  // namespace

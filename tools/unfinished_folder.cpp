@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <system_error>
@@ -61,6 +62,33 @@ bool HasUnfinishedName(const fs::path& path) {
   return name.starts_with(kStart) && name.size() == kStart.size() + kPattern.size();
 }
 
+bool IsSameFile(const fs::path& one, const fs::path& other) {
+  struct stat first {};
+  struct stat second {};
+  return lstat(one.c_str(), &first) == 0 && lstat(other.c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+/// Takes out of the target what stands in both, when it is only a part of what was to be moved.
+void TakeBackAPart(const fs::path& folder) {
+  std::vector<fs::path> moved;
+  std::size_t count = 0;
+  std::error_code unreachable;
+  for (fs::directory_iterator entry(folder, unreachable), end; !unreachable && entry != end;
+       entry.increment(unreachable)) {
+    ++count;
+    const fs::path there = folder.parent_path() / entry->path().filename();
+    if (IsSameFile(entry->path(), there)) {
+      moved.push_back(there);
+    }
+  }
+  if (moved.size() < count) {
+    for (const fs::path& file : moved) {
+      fs::remove(file, unreachable);
+    }
+  }
+}
+
 /// Removes an unfinished folder of this user whose program is no longer there.
 void RemoveIfAbandoned(const fs::path& folder) {
   const int descriptor = OpenFolder(folder);
@@ -70,13 +98,14 @@ void RemoveIfAbandoned(const fs::path& folder) {
   struct stat status {};
   if (fstat(descriptor, &status) == 0 && status.st_uid == geteuid() &&
       flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+    TakeBackAPart(folder);
     std::error_code ignored;
     fs::remove_all(folder, ignored);
   }
   close(descriptor);
 }
 
-void RemoveAbandoned(const fs::path& parent) {
+void RemoveAllAbandoned(const fs::path& parent) {
   std::vector<fs::path> found;
   std::error_code unreachable;
   for (fs::directory_iterator entry(parent, unreachable), end; !unreachable && entry != end;
@@ -105,6 +134,25 @@ int Own(const fs::path& folder) {
   return descriptor;
 }
 
+/// Gives a file its name in the target, where it keeps the old one as well if it can: by that it is
+/// known when the others did not follow.
+void GiveName(const fs::path& from, const fs::path& to) {
+  const bool has_both = ::link(from.c_str(), to.c_str()) == 0;
+  if (!has_both && errno == EEXIST) {
+    throw FileError({to.string(),
+                     "The new file could not be put there: " + SystemErrorText(EEXIST) + ".",
+                     "Nothing was made. Move the file that is there away, or choose another "
+                     "folder."});
+  }
+  if (!has_both) {
+    MoveWithoutReplacing(from, to);
+  }
+}
+
+fs::path WholePath(const fs::path& folder) {
+  return fs::absolute(folder / "").lexically_normal().parent_path();
+}
+
 mode_t UsualFolderRights() {
   const mode_t mask = umask(0);
   umask(mask);
@@ -113,13 +161,17 @@ mode_t UsualFolderRights() {
 
 }  // namespace
 
+void UnfinishedFolder::RemoveAbandoned(const fs::path& target) {
+  const fs::path folder = WholePath(target);
+  RemoveAllAbandoned(TopmostMissing(folder).empty() ? folder : folder.parent_path());
+}
+
 UnfinishedFolder::UnfinishedFolder(const fs::path& target)
-    : target_(fs::absolute(target / "").lexically_normal().parent_path()),
-      topmost_made_(TopmostMissing(target_)) {
+    : target_(WholePath(target)), topmost_made_(TopmostMissing(target_)) {
   parent_ = topmost_made_.empty() ? target_ : target_.parent_path();
   std::error_code failure;
   fs::create_directories(parent_, failure);
-  RemoveAbandoned(parent_);
+  RemoveAllAbandoned(parent_);
   while (!failure && owned_ < 0) {
     std::string name = (parent_ / kStart).string() + std::string(kPattern);
     if (mkdtemp(name.data()) == nullptr) {
@@ -173,11 +225,32 @@ void UnfinishedFolder::MoveAsWhole() {
   Flush(parent_);
 }
 
+/// So that whoever finds this folder can tell by what is in it whether all was moved.
+void UnfinishedFolder::KeepOnly(const std::vector<std::string>& names) const {
+  std::vector<fs::path> others;
+  for (const auto& entry : fs::directory_iterator(path_)) {
+    if (std::find(names.begin(), names.end(), entry.path().filename().string()) == names.end()) {
+      others.push_back(entry.path());
+    }
+  }
+  for (const fs::path& other : others) {
+    std::error_code failure;
+    fs::remove_all(other, failure);
+    if (failure) {
+      throw FileError({other.string(),
+                       "It could not be removed: " + SystemErrorText(failure.value()) + ".",
+                       "Nothing was made. Check that the disk works, and try again."});
+    }
+  }
+}
+
 void UnfinishedFolder::MoveEach(const std::vector<std::string>& names) {
+  KeepOnly(names);
+  Flush(path_);
   std::vector<fs::path> moved;
   try {
     for (const std::string& name : names) {
-      MoveWithoutReplacing(path_ / name, target_ / name);
+      GiveName(path_ / name, target_ / name);
       moved.push_back(target_ / name);
     }
     Flush(target_);

@@ -10,9 +10,13 @@ namespace veyra {
 /// when this object does, and with it whatever was not moved out.
 ///
 /// One that a program left when it was killed, ".unfinished-XXXXXX", is removed by the next program
-/// that makes one in the same place; one whose program is still alive is let be.
+/// that makes one in the same place, and with it what only a part of had been moved out; one whose
+/// program is still alive is let be.
 class UnfinishedFolder {
  public:
+  /// Removes what programs that were killed have left of a folder for `target`.
+  static void RemoveAbandoned(const std::filesystem::path& target);
+
   /// A folder for files that are to appear in `target`. Where that is missing it is made by
   /// MoveOut, and the folders above it here; such folders go again with this object unless MoveOut
   /// has succeeded. Throws FileError when a folder cannot be made.
@@ -26,11 +30,14 @@ class UnfinishedFolder {
   /// Moves these files of path(), which nobody has open, into the target. When it returns they are
   /// on the disk, safe from a loss of power. Never replaces a file there: throws FileError when
   /// that would be needed or a file cannot be moved, and then none of them has been. A target that
-  /// was missing appears with all of them in it; in another they appear one after the other.
+  /// was missing appears with all of them in it; in another they appear one after the other, and
+  /// when this is broken off between two, RemoveAbandoned takes back those that are there, except
+  /// on a file system that cannot give a file two names.
   void MoveOut(const std::vector<std::string>& names);
 
  private:
   void MoveAsWhole();
+  void KeepOnly(const std::vector<std::string>& names) const;
   void MoveEach(const std::vector<std::string>& names);
 
   std::filesystem::path target_;

@@ -130,6 +130,33 @@ TEST_F(UnfinishedFolderTest, WhatAKilledProgramLeftInTheTargetGoesToo) {
   EXPECT_TRUE(NamesIn(Target()).empty());
 }
 
+TEST_F(UnfinishedFolderTest, WhatAKilledProgramMovedOnlyAPartOfIsTakenBack) {
+  fs::create_directory(Target());
+  LeaveOneBehind(Target());
+  const fs::path left = Target() / NamesIn(Target()).at(0);
+  fs::create_hard_link(left / "one", Target() / "one");
+  UnfinishedFolder::RemoveAbandoned(Target());
+  EXPECT_TRUE(NamesIn(Target()).empty());
+}
+
+TEST_F(UnfinishedFolderTest, WhatAKilledProgramMovedAllOfStays) {
+  fs::create_directory(Target());
+  LeaveOneBehind(Target());
+  const fs::path left = Target() / NamesIn(Target()).at(0);
+  fs::create_hard_link(left / "one", Target() / "one");
+  fs::create_hard_link(left / "two", Target() / "two");
+  UnfinishedFolder::RemoveAbandoned(Target());
+  EXPECT_EQ((Names{"one", "two"}), NamesIn(Target()));
+}
+
+TEST_F(UnfinishedFolderTest, AFileThatOnlyBearsTheNameIsNotTakenBack) {
+  fs::create_directory(Target());
+  LeaveOneBehind(Target());
+  std::ofstream(Target() / "one") << "mine";
+  UnfinishedFolder::RemoveAbandoned(Target());
+  EXPECT_EQ((Names{"one"}), NamesIn(Target()));
+}
+
 TEST_F(UnfinishedFolderTest, WhatALivingProgramMakesIsLetBe) {
   UnfinishedFolder first(Target());
   Fill(first);
@@ -144,8 +171,9 @@ TEST_F(UnfinishedFolderTest, WhatOnlyLooksAlikeIsLetBe) {
   fs::create_directory(folder_.File("elsewhere"));
   fs::create_directory_symlink("elsewhere", folder_.File(".unfinished-ghijkl"));
   { const UnfinishedFolder unfinished(Target()); }
-  EXPECT_EQ((Names{".unfinished-abcdef", ".unfinished-business", ".unfinished-ghijkl", "elsewhere"}),
-            folder_.Names());
+  EXPECT_EQ(
+      (Names{".unfinished-abcdef", ".unfinished-business", ".unfinished-ghijkl", "elsewhere"}),
+      folder_.Names());
 }
 
 }  // namespace

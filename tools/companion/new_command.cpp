@@ -102,11 +102,12 @@ void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& samp
 }
 
 void MakeDataFolder(const fs::path& folder, FileKind kind, const SampleData& sample) {
+  UnfinishedFolder::RemoveAbandoned(folder);
   RefuseIfThere(folder / kCalendarFile);
   RefuseIfThere(folder / kGuestFile);
   UnfinishedFolder unfinished(folder);
   MakeDatabases(unfinished.path(), kind, sample);
-  unfinished.MoveOut({kCalendarFile, kGuestFile});
+  unfinished.MoveOut({kGuestFile, kCalendarFile});
 }
 
 std::string Contents(const SampleData& sample) {

@@ -48,6 +48,11 @@ class Connection {
     return store_->FittingCharacters(table, column, text);
   }
 
+  /// Several rows at once: see Store.
+  std::vector<Row> InsertAll(const std::string& table, const std::vector<FieldValues>& rows) {
+    return store_->InsertAll(table, rows);
+  }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {

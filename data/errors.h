@@ -81,6 +81,12 @@ class MissingItemError : public DatabaseError {
   std::string column_;
 };
 
+/// A column cannot hold a value: a text too long, a number out of range. Nothing was changed.
+class ValueRefusedError : public DatabaseError {
+ public:
+  using DatabaseError::DatabaseError;
+};
+
 /// There is no database file of the name that was asked for.
 class MissingFileError : public DatabaseError {
  public:

@@ -85,6 +85,11 @@ void ExplainingStore::AddColumn(const std::string& table, const ColumnDefinition
   Explaining([&] { store_->AddColumn(table, column); });
 }
 
+std::vector<Row> ExplainingStore::InsertAll(const std::string& table,
+                                            const std::vector<FieldValues>& rows) {
+  return Explaining([&] { return store_->InsertAll(table, rows); });
+}
+
 MissingItemError ExplainingStore::NoSuchColumn(const std::string& table,
                                                const std::string& column) const {
   return Explained(store_->NoSuchColumn(table, column));

@@ -34,6 +34,8 @@ class ExplainingStore : public Store {
   void Delete(const std::string& table, const Row& before) override;
   void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override;
   MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const override;
 
  private:

@@ -45,6 +45,7 @@ ColumnDefinition MultKeyColumn() {
 ColumnDefinition TodayBColorColumn() {
   ColumnDefinition column = ColorColumn("TodayBColor");
   column.Default = std::string("0");
+  column.AllowsEmpty = false;
   return column;
 }
 

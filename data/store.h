@@ -36,6 +36,7 @@ struct ColumnDefinition {
   bool AutoIncrement = false;  ///< WholeNumber: the key, given by the store to each new row.
   Value Default = Null{};      ///< What rows that stood before the column came read as.
   std::optional<CopiedField> Copied = {};  ///< Only for a column that is added to a table.
+  bool AllowsEmpty = true;                 ///< Text: other programs, too, may store an empty one.
 };
 
 /// An index that is to be made with its table. Its name is unique in the file.
@@ -130,6 +131,12 @@ class Store {
 
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
+
+  /// Adds rows in their order and returns them as stored. A kind of file that can adds all of them
+  /// in one change, for a little more than one of them costs; any other adds them one by one, and
+  /// then a member that throws may have added the first of them.
+  virtual std::vector<Row> InsertAll(const std::string& table,
+                                     const std::vector<FieldValues>& rows);
 };
 
 }  // namespace veyra

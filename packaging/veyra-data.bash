@@ -14,7 +14,7 @@ _veyra_data_options() {
 
 _veyra_data() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-  local commands="new convert show list check export import backup restore-backup"
+  local commands="new convert compact show list check export import backup restore-backup"
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current")

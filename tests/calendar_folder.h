@@ -1,8 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <numeric>
 #include <optional>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "data/connection.h"
 #include "data/create_store.h"
@@ -74,6 +78,18 @@ class CalendarFolder {
              " " + ToText(row.Field("TimeFrom")) + "-" + ToText(row.Field("TimeTo")) + " " +
              ToText(row.Field("Event")) + (IsNull(key) ? "" : " " + ToText(key));
     });
+  }
+
+  /// The same lines in the order of the alphabet: an Access file gives rows that come back the room
+  /// of the deleted ones, in any order.
+  std::string SortedBookings() {
+    std::istringstream text(Bookings());
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) {
+      lines.push_back(line + "\n");
+    }
+    std::sort(lines.begin(), lines.end());
+    return std::accumulate(lines.begin(), lines.end(), std::string());
   }
 
   /// A session with both connections open and its slot labels filled.

@@ -60,9 +60,14 @@ class SourceTable {
 
   const std::vector<Value>& Values() const { return row_.Values; }
 
-  [[noreturn]] void Fail(const std::string& cause) const {
+  /// How many rows have been gone through.
+  std::int64_t Number() const { return number_; }
+
+  [[noreturn]] void Fail(const std::string& cause) const { FailAt(number_, cause); }
+
+  [[noreturn]] void FailAt(std::int64_t number, const std::string& cause) const {
     throw DatabaseError({file_,
-                         "Row " + std::to_string(number_) + " of the table " + table_.Name +
+                         "Row " + std::to_string(number) + " of the table " + table_.Name +
                              " cannot be converted. " + cause,
                          kAdvice});
   }
@@ -83,17 +88,61 @@ class SourceTable {
   std::int64_t number_ = 0;
 };
 
-void CopyRow(const SourceTable& from, Store& target, const TableDefinition& table) {
-  FieldValues fields;
-  for (std::size_t i = 0; i < table.Columns.size(); ++i) {
-    fields.emplace_back(table.Columns[i].Name, from.Values()[i]);
+/// Rows that are added to the target many at a time.
+class RowBatch {
+ public:
+  RowBatch(Store& target, const TableDefinition& table) : target_(target), table_(table) {}
+
+  void Add(const SourceTable& from) {
+    FieldValues fields;
+    for (std::size_t i = 0; i < table_.Columns.size(); ++i) {
+      fields.emplace_back(table_.Columns[i].Name, from.Values()[i]);
+      const auto* text = std::get_if<std::string>(&from.Values()[i]);
+      bytes_ += text == nullptr ? sizeof(Value) : text->size();
+    }
+    rows_.push_back(std::move(fields));
+    if (rows_.size() >= kMostRows || bytes_ >= kMostBytes) {
+      Write(from);
+    }
   }
-  try {
-    target.Insert(table.Name, fields);
-  } catch (const DatabaseError& error) {
-    from.Fail(error.report().Cause);
+
+  /// Adds the rows to the target.
+  void Write(const SourceTable& from) {
+    try {
+      target_.InsertAll(table_.Name, rows_);
+    } catch (const ValueRefusedError&) {
+      FailForOneOf(from);
+    } catch (const DatabaseError& error) {
+      throw DatabaseError({target_.FileName(), error.report().Cause,
+                           "Nothing was changed. " + error.report().Advice});
+    }
+    rows_.clear();
+    bytes_ = 0;
   }
-}
+
+ private:
+  static constexpr std::size_t kMostRows = 20'000;
+  static constexpr std::size_t kMostBytes = 16'000'000;
+
+  /// Finds the row that the target cannot hold. REQUIRES: it has added none of them.
+  [[noreturn]] void FailForOneOf(const SourceTable& from) {
+    std::int64_t number = from.Number() - static_cast<std::int64_t>(rows_.size());
+    for (const FieldValues& fields : rows_) {
+      ++number;
+      try {
+        target_.Insert(table_.Name, fields);
+      } catch (const ValueRefusedError& error) {
+        from.FailAt(number, error.report().Cause);
+      }
+    }
+    from.Fail("The new file cannot hold it together with the rows before it.");
+  }
+
+  Store& target_;
+  const TableDefinition& table_;
+  std::vector<FieldValues> rows_;
+  std::size_t bytes_ = 0;
+};
 
 void MakeTable(const Store& source, Store& target, const TableDefinition& table) {
   try {
@@ -138,11 +187,14 @@ void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyOb
   CopyStep step{.Verb = "Copied", .Rows = 0, .Of = plan.RowCount};
   for (const TablePlan& table : plan.Tables) {
     MakeTable(source, target, table.Table);
-    for (SourceTable from(source, table); from.Next();) {
-      CopyRow(from, target, table.Table);
+    SourceTable from(source, table);
+    RowBatch batch(target, table.Table);
+    while (from.Next()) {
+      batch.Add(from);
       ++step.Rows;
       observer(step);
     }
+    batch.Write(from);
   }
 }
 

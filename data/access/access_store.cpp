@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "data/access/check/check_file.h"
 #include "data/access/format/file_header.h"
 #include "data/access/pages/copy_file.h"
 #include "data/access/pages/file_lock.h"
@@ -14,6 +15,7 @@
 #include "data/access/read/describe.h"
 #include "data/access/read/snapshot.h"
 #include "data/access/read/table_rows.h"
+#include "data/access/write/change_words.h"
 #include "data/access/write/row_changes.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
@@ -63,6 +65,10 @@ auto Reporting(const std::string& file, const std::string& table, const Work& wo
       throw WaitCancelledError({file, problem.what(), problem.advice()});
     }
     throw DatabaseBusyError({file, problem.what(), problem.advice()});
+  } catch (const access::ValueRefused& problem) {
+    throw ValueRefusedError({file, problem.what(), problem.advice()});
+  } catch (const access::OutcomeUnknown& problem) {
+    throw veyra::OutcomeUnknown(file, problem.what());
   } catch (const FileProblem& problem) {
     throw DatabaseError({file, problem.what(), problem.advice()});
   }
@@ -95,9 +101,10 @@ class AccessStore : public FileStore {
     });
   }
 
-  /// `work` changes pages, which are then written, all or none.
+  /// `work` changes pages, which are then written, all or none. `what` then says in words what it
+  /// does.
   template <typename Work>
-  auto Writing(const std::string& table, const Work& work) {
+  auto Writing(const std::string& table, const std::string& what, const Work& work) {
     return Reporting(file_name_, table, [&] {
       CheckMayWrite();
       watch_.CheckBeforeChange();
@@ -110,7 +117,7 @@ class AccessStore : public FileStore {
       const access::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
-        Commit(pages);
+        Commit(pages, what);
       }
       return result;
     });
@@ -118,8 +125,8 @@ class AccessStore : public FileStore {
 
   /// The same in the rows of one table.
   template <typename Work>
-  auto WritingRows(const std::string& table, const Work& work) {
-    return Writing(table, [&](access::PageChanges& changes) {
+  auto WritingRows(const std::string& table, const std::string& what, const Work& work) {
+    return Writing(table, what, [&](access::PageChanges& changes) {
       access::TableWriter writer(changes, snapshot_.DefinitionOf(table));
       access::CheckMayWrite(writer.Layout());
       return work(changes, writer);
@@ -174,6 +181,7 @@ class AccessStore : public FileStore {
     return Reading({}, [&] {
       StoreDescription description = access::DescribeFile(file_.Header());
       const std::vector<access::CatalogueEntry> tables = snapshot_.Tables();
+      description.OtherObjects = access::CountOtherObjects(file_);
       for (const access::CatalogueEntry& entry : tables) {
         const auto image = snapshot_.Table(entry.Name);
         description.Tables.push_back(
@@ -191,33 +199,47 @@ class AccessStore : public FileStore {
   }
 
   Row Insert(const std::string& table, const FieldValues& fields) override {
-    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    const std::string what = access::WordsForInsert(table, fields);
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       return access::InsertRow(changes, writer, fields);
     });
   }
 
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override {
+    const std::string what = access::WordsForInsertAll(table, rows);
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      return access::InsertRows(changes, writer, rows);
+    });
+  }
+
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
-    return WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    std::string what;
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForUpdate(table, writer.Layout(), before);
       return access::UpdateRow(changes, writer, before, fields);
     });
   }
 
   void Delete(const std::string& table, const Row& before) override {
-    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    std::string what;
+    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForDelete(table, writer.Layout(), before);
       access::DeleteRow(changes, writer, before);
       return 0;
     });
   }
 
   void CreateTable(const TableDefinition& definition) override {
-    Writing(definition.Name, [&](access::PageChanges& changes) {
+    Writing(definition.Name, "the new table " + definition.Name, [&](access::PageChanges& changes) {
       access::CreateTable(changes, definition);
       return 0;
     });
   }
 
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    WritingRows(table, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    const std::string what = "the new column " + column.Name + " of the table " + table;
+    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       access::AddColumn(changes, writer.Layout().Page, column);
       return 0;
     });
@@ -225,7 +247,7 @@ class AccessStore : public FileStore {
 
   void ChangeAll(const std::vector<RowChange>& changes,
                  const std::vector<QueryResult>& seen) override {
-    Writing({}, [&](access::PageChanges& pages) {
+    Writing({}, access::WordsForChangeAll(changes), [&](access::PageChanges& pages) {
       for (const QueryResult& result : seen) {
         CheckStillGiven(result);
       }
@@ -244,23 +266,10 @@ class AccessStore : public FileStore {
   }
 
   std::vector<std::string> Verify() override {
-    std::vector<std::string> problems;
-    const auto noting = [&](const std::string& where, const auto& read) {
-      try {
-        read();
-      } catch (const DatabaseBusyError&) {
-        throw;
-      } catch (const DatabaseError& error) {
-        problems.push_back(where + error.report().Cause);
-      }
-    };
-    std::vector<std::string> tables;
-    noting({}, [&] { tables = TableNames(); });
-    for (const std::string& table : tables) {
-      noting("Table " + table + ": ", [&] { ReadThrough(table); });
-    }
-    return problems;
+    return Reading({}, [&] { return access::CheckFile(file_); });
   }
+
+  std::optional<Report> TakeNotice() override { return std::exchange(notice_, std::nullopt); }
 
  private:
   void CheckStillGiven(const QueryResult& result) {
@@ -289,21 +298,13 @@ class AccessStore : public FileStore {
     }
   }
 
-  void ReadThrough(const std::string& table) {
-    Query query;
-    query.Table = table;
-    const auto rows = Select(query);
-    for (Row row; rows->Next(row);) {
-    }
-  }
-
   void TakeFile(StoreAccess access) {
     if (access == StoreAccess::ReadOnly) {
       return;
     }
     const bool alone = access == StoreAccess::Alone;
     if (alone) {
-      access::CheckNobodyElse(file_.Path());
+      CheckNobodyElse();
     }
     use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
                  patience_);
@@ -326,38 +327,57 @@ class AccessStore : public FileStore {
   }
 
   /// Another copy of this program may have broken off in the middle of a change. A file that is
-  /// only read shows the change as made, without its being written.
+  /// only read, or cannot be written just now, shows the change as made.
   void FinishBrokenChange() {
-    if (!file_.IsWritable()) {
+    const bool has_journal = access::HasJournal(file_.Path());
+    if (has_journal && file_.IsWritable() && RecoverNow()) {
+      return;
+    }
+    if (has_journal || shows_broken_change_) {
       ShowBrokenChange();
-    } else if (access::HasJournal(file_.Path())) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+    }
+  }
+
+  /// Returns false when the file cannot be written.
+  bool RecoverNow() {
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+    try {
       RecoverUnderLock();
+      return true;
+    } catch (const access::FileProblem&) {
+      return false;
     }
   }
 
   void RecoverUnderLock() {
-    if (access::HasJournal(file_.Path())) {
-      access::Recover(file_);
-      snapshot_.Forget();
+    if (!access::HasJournal(file_.Path())) {
+      return;
+    }
+    const auto unfinished = access::Recover(file_);
+    shows_broken_change_ = false;
+    snapshot_.Forget();
+    if (unfinished) {
+      notice_ = Report{
+          file_name_,
+          "The program broke off while it was writing " + unfinished->What +
+              ", and another program has changed the file since. This change was not finished.",
+          "Look whether it is there, and make it again if it is not. What was to be written is "
+          "kept as " +
+              unfinished->KeptAs.filename().string() + "."};
     }
   }
 
   void ShowBrokenChange() {
-    const bool has_journal = access::HasJournal(file_.Path());
-    if (has_journal || shows_broken_change_) {
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
-      file_.SetOverlay({});
-      file_.SetOverlay(access::HasJournal(file_.Path()) ? access::PendingPages(file_)
-                                                        : access::PageImages());
-      snapshot_.Forget();
-      shows_broken_change_ = has_journal;
-    }
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
+    shows_broken_change_ = access::HasJournal(file_.Path());
+    file_.SetOverlay({});
+    file_.SetOverlay(shows_broken_change_ ? access::PendingPages(file_) : access::PageImages());
+    snapshot_.Forget();
   }
 
-  void Commit(const access::PageImages& pages) {
+  void Commit(const access::PageImages& pages, const std::string& what) {
     if (durability_ == Durability::AtOnce) {
-      access::CommitPages(file_, pages, observer_);
+      access::CommitPages(file_, pages, what, observer_);
     } else {
       file_.Write(pages);
     }
@@ -368,7 +388,13 @@ class AccessStore : public FileStore {
       throw access::StoreProblem(access::Wrong::ReadingOnly);
     }
     access::CheckMayWrite(file_.Header());
+    CheckNobodyElse();
+  }
+
+  /// Other programs may know the file by the name of a link to it.
+  void CheckNobodyElse() const {
     access::CheckNobodyElse(file_.Path());
+    access::CheckNobodyElse(file_name_);
   }
 
   std::string file_name_;
@@ -381,6 +407,7 @@ class AccessStore : public FileStore {
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::optional<FileLock> use_;
   bool shows_broken_change_ = false;
+  std::optional<Report> notice_;
 };
 
 }  // namespace

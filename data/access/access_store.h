@@ -22,13 +22,13 @@ bool LooksLikeAccess(std::string_view first_bytes);
 /// Any of these files is read, encoded ones too, also while another program has it open. Dates are
 /// given as dates, without their time of day; yes and no as 1 and 0; money, decimals and GUIDs as
 /// text; pictures and other long binary data as null. Rows come in the order of their places in
-/// the file, which is the order they were added in as long as no other program filled gaps.
+/// the file. In a table with an auto number that is the order they were added in as long as no
+/// other program filled gaps; in one without, added rows take the room of deleted ones.
 ///
 /// Files of Access 2000 to 2003 are also written, by way of a journal beside the file (journal.h)
 /// that the next opening finishes if this program breaks off. Before anything is written, refused
 /// are: files of Access 97, encoded files, tables with an index on texts or on other columns whose
 /// order is not known here, and any file that a lock file beside it says another program has open.
-/// Added rows come after all others.
 ///
 /// `observer` is told each step of writing a change.
 /// Throws DatabaseError when the file is missing, no Access database, of a newer version, protected

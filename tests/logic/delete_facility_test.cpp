@@ -140,9 +140,9 @@ TEST_F(DeleteFacilityTest, UndoPutsTheBookingsBackAsTheyWere) {
   dialogs_.AnswerNext(Answer::Undo);
   Delete();
   EXPECT_EQ(
-      "2 2014-04-06 1-2 dance\n1 2014-04-08 5-6 float\n1 2014-04-06 1-2 swim 20140401120000\n"
-      "1 2014-04-07 3-4 dive\n",
-      folder_.Bookings());
+      "1 2014-04-06 1-2 swim 20140401120000\n1 2014-04-07 3-4 dive\n1 2014-04-08 5-6 float\n"
+      "2 2014-04-06 1-2 dance\n",
+      folder_.SortedBookings());
   EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
   EXPECT_EQ("[OK Exclamation] The deleted bookings have been put back.", dialogs_.Boxes().back());
 }

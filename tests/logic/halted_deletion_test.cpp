@@ -59,9 +59,10 @@ TEST_F(HaltedDeletionTest, UndoPutsTheRowsBackWithAllTheyHeld) {
   dialogs_.AnswerNext(Answer::Undo);
   Delete(20, 20);
   EXPECT_EQ(
-      "1 2014-04-20 19-21 Choir 20140401120000\n" + std::string(kOtherPlace) +
-          "1 2014-04-06 19-21 Choir 20140401120000\n1 2014-04-13 19-21 Choir 20140401120000\n",
-      folder_.Bookings());
+      "1 2014-04-06 19-21 Choir 20140401120000\n1 2014-04-13 19-21 Choir 20140401120000\n"
+      "1 2014-04-20 19-21 Choir 20140401120000\n" +
+          std::string(kOtherPlace),
+      folder_.SortedBookings());
   EXPECT_EQ("[OK Exclamation] The deleted bookings have been put back.", dialogs_.Boxes().back());
   EXPECT_EQ("19 Choir\n20 Choir\n21 Choir\n", Rendered(screens_.Grid));
 }
@@ -105,9 +106,10 @@ TEST_F(HaltedDeletionTest, AnUncertainRowThatWentIsCountedAndPutBack) {
   Delete(20, 20);
   EXPECT_EQ(0U, dialogs_.Boxes().at(1).find("[Continue/Undo/Keep Critical] 2 of 3 bookings"));
   EXPECT_EQ(
-      "1 2014-04-20 19-21 Choir 20140401120000\n" + std::string(kOtherPlace) +
-          "1 2014-04-06 19-21 Choir 20140401120000\n1 2014-04-13 19-21 Choir 20140401120000\n",
-      folder_.Bookings());
+      "1 2014-04-06 19-21 Choir 20140401120000\n1 2014-04-13 19-21 Choir 20140401120000\n"
+      "1 2014-04-20 19-21 Choir 20140401120000\n" +
+          std::string(kOtherPlace),
+      folder_.SortedBookings());
 }
 
 TEST_F(HaltedDeletionTest, ARowThatWasPutBackForCertainOrNotIsDeletedByContinue) {

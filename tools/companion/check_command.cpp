@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "data/file_name.h"
 #include "data/names.h"
 #include "data/open_file_store.h"
 #include "tools/care/check_bookings.h"
@@ -62,9 +63,18 @@ ReservFacts FactsOf(const StoreDescription& description) {
   return facts;
 }
 
+bool HasTable(const std::vector<std::string>& tables, const char* name) {
+  return std::any_of(tables.begin(), tables.end(),
+                     [name](const std::string& table) { return SameName(table, name); });
+}
+
+bool IsCalendar(FileStore& store) {
+  const std::vector<std::string> tables = store.TableNames();
+  return HasTable(tables, "Rooms") && HasTable(tables, "Reserv");
+}
+
 Findings CheckContents(FileStore& store, const Surroundings& surroundings) {
-  Findings findings = DamageOf(store);
-  if (!findings.empty()) return findings;
+  Findings findings;
   const std::vector<Facility> facilities = ReadFacilities(store);
   Append(findings, CheckFacilities(facilities));
   Append(findings, CheckSettings(store));
@@ -116,14 +126,26 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
                                                                : ExitStatus::Found;
 }
 
+/// Whether it is a file that was named, which is then looked at by itself.
+bool NamesAFile(const Options& options) {
+  std::error_code unreachable;
+  return !options.Folder.empty() && fs::is_regular_file(NativePath(options.Folder), unreachable);
+}
+
 ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, Streams& streams) {
-  const fs::path file = CalendarFile(options.Folder, surroundings.AppFolder);
+  const bool alone = NamesAFile(options);
+  const fs::path file = alone ? fs::absolute(NativePath(options.Folder))
+                              : CalendarFile(options.Folder, surroundings.AppFolder);
   // Before the file is opened here: to look whether others have it open lets go of every lock that
   // this process holds on it.
-  Findings findings = CheckFolder(file, surroundings.Now.Day);
+  Findings findings = alone ? Findings() : CheckFolder(file, surroundings.Now.Day);
   const auto store =
       OpenFileStore(file.string(), options.Mend ? StoreAccess::ReadWrite : StoreAccess::ReadOnly);
-  Append(findings, CheckContents(*store, surroundings));
+  Findings damage = DamageOf(*store);
+  if (damage.empty() && (!alone || IsCalendar(*store))) {
+    Append(findings, CheckContents(*store, surroundings));
+  }
+  Append(findings, std::move(damage));
   if (options.Json) {
     PrintForPrograms(findings, streams.Out);
   } else {
@@ -140,7 +162,10 @@ ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, St
 
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
-  AddDataFolder(app, options->Folder);
+  app.add_option("FOLDER", options->Folder,
+                 "the data folder, or one database file of any contents; else the folder that\n"
+                 "path.txt beside the program names")
+      ->type_name("");
   app.add_flag("--mend", options->Mend, "put right what can be put right without losing anything");
   app.add_flag("--yes", options->Yes, "do not ask before mending");
   app.add_flag("--json", options->Json, "print for programs");
@@ -152,14 +177,14 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
 }  // namespace
 
 Command CheckCommand(Surroundings surroundings) {
-  return {
-      "check", "Print everything that is wrong with a calendar",
-      "A line for each thing, with what to do; status 1 when there is any. The calendar may be\n"
-      "open. --mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.\n"
-      "Example: veyra-data check ~/our-calendar --mend",
-      [surroundings = std::move(surroundings)](CLI::App& app) {
-        return Declare(app, surroundings);
-      }};
+  return {"check", "Print everything that is wrong with a calendar",
+          "A line for each thing, with what to do; status 1 when there is any. The file is gone\n"
+          "through page by page, and then what the bookings say. The calendar may be open.\n"
+          " --mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.\n"
+          "Example: veyra-data check ~/our-calendar --mend",
+          [surroundings = std::move(surroundings)](CLI::App& app) {
+            return Declare(app, surroundings);
+          }};
 }
 
 }  // namespace veyra

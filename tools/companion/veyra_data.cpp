@@ -9,6 +9,7 @@
 #include "tools/companion/backup_command.h"
 #include "tools/companion/check_command.h"
 #include "tools/companion/command_line.h"
+#include "tools/companion/compact_command.h"
 #include "tools/companion/convert_command.h"
 #include "tools/companion/export_command.h"
 #include "tools/companion/import_command.h"
@@ -41,6 +42,7 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
   };
   return {veyra::NewCommand(today),
           veyra::ConvertCommand(today, here.Watch),
+          veyra::CompactCommand(today, here.Watch),
           veyra::ShowCommand(),
           veyra::ListCommand(here),
           veyra::CheckCommand(here),

@@ -67,12 +67,12 @@ std::size_t DecodeUtf8(std::string_view text, std::size_t at, char32_t& characte
 
 }  // namespace
 
-CodePage::CodePage(std::uint16_t number)
-    : converter_(OpenConverter(number), [](void* converter) { iconv_close(converter); }) {}
-
 std::string CodePage::ToUtf8(ByteView text) const {
   if (IsAscii(text)) {
     return {reinterpret_cast<const char*>(text.data()), text.size()};
+  }
+  if (!converter_) {
+    converter_.reset(OpenConverter(number_), [](void* converter) { iconv_close(converter); });
   }
   std::string result;
   auto* from = reinterpret_cast<char*>(const_cast<Byte*>(text.data()));  // NOLINT: iconv's type

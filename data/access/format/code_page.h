@@ -14,13 +14,14 @@ class CodePage {
  public:
   /// A Windows code page by its number: 874, 932, 936, 949, 950, 1250 to 1258, and any other that
   /// the platform converts from; 1252 where it knows none of that number.
-  explicit CodePage(std::uint16_t number);
+  explicit CodePage(std::uint16_t number) : number_(number) {}
 
   /// The text in UTF-8; each byte that stands for no character becomes U+FFFD.
   std::string ToUtf8(ByteView text) const;
 
  private:
-  std::shared_ptr<void> converter_;
+  std::uint16_t number_;
+  mutable std::shared_ptr<void> converter_;  ///< Opened when it is needed first.
 };
 
 /// A little-endian UTF-16 text in UTF-8; half a surrogate pair becomes U+FFFD, and so does half a

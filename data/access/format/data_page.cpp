@@ -61,6 +61,49 @@ void WriteSlots(Bytes& page, const std::vector<Slot>& slots) {
   SetFreeBytes(page);
 }
 
+std::size_t FirstEmptied(const std::vector<Slot>& slots) {
+  const auto emptied = std::find_if(slots.begin(), slots.end(),
+                                    [](const Slot& slot) { return slot.Flags == kEmptied; });
+  return static_cast<std::size_t>(emptied - slots.begin());
+}
+
+/// Whether a slot can be used again.
+bool HasEmptied(const Bytes& page) {
+  const DataPage rows(page, Format::Jet4);
+  for (std::uint16_t row = 0; row < rows.RowCount(); ++row) {
+    if ((rows.Slot(row) & kEmptied) == kEmptied) {
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Where the rows begin: at the last one, for a row ends where the one before it begins.
+std::size_t BeginOfRows(const Bytes& page) {
+  const DataPage rows(page, Format::Jet4);
+  const std::uint16_t count = rows.RowCount();
+  return count == 0 ? page.size() : rows.Slot(static_cast<std::uint16_t>(count - 1)) & kRowOffset;
+}
+
+/// Whether a row and its slot fit between the slots and the rows as they stand.
+bool HasGapFor(const Bytes& page, std::size_t length) {
+  const std::uint16_t count = DataPage(page, Format::Jet4).RowCount();
+  const std::size_t slots_end = SlotsAt(Format::Jet4) + (std::size_t{count} + 1) * 2;
+  return count < kMostRows && slots_end + length <= BeginOfRows(page);
+}
+
+/// Puts a row into that gap.
+std::uint16_t AppendRow(Bytes& page, const Bytes& row, std::uint16_t flags) {
+  const std::uint16_t place = DataPage(page, Format::Jet4).RowCount();
+  const std::size_t begin = BeginOfRows(page) - row.size();
+  std::copy(row.begin(), row.end(), page.begin() + static_cast<std::ptrdiff_t>(begin));
+  Put(page, SlotsAt(Format::Jet4) + std::size_t{place} * 2,
+      static_cast<std::uint16_t>(begin | flags));
+  Put(page, kCountAt, static_cast<std::uint16_t>(place + 1));
+  SetFreeBytes(page);
+  return place;
+}
+
 }  // namespace
 
 DataPage::DataPage(ByteView page, Format version)
@@ -96,9 +139,14 @@ Bytes EmptyDataPage(std::uint32_t owner) {
   return page;
 }
 
-bool HasRoomFor(const Bytes& page, std::size_t length) {
+bool HasRoomFor(const Bytes& page, std::size_t length, SlotUse use) {
+  if (HasGapFor(page, length)) {
+    return true;
+  }
   const std::vector<Slot> slots = SlotsOf(page);
-  return slots.size() < kMostRows && BytesNeeded(slots) + length + 2 <= page.size();
+  const bool reuses = use == SlotUse::Any && FirstEmptied(slots) < slots.size();
+  return (reuses || slots.size() < kMostRows) &&
+         BytesNeeded(slots) + length + (reuses ? 0 : 2) <= page.size();
 }
 
 bool HasRoomToReplace(const Bytes& page, std::uint16_t row, std::size_t length) {
@@ -106,11 +154,18 @@ bool HasRoomToReplace(const Bytes& page, std::uint16_t row, std::size_t length) 
   return row < slots.size() && BytesNeeded(slots) - slots[row].Row.size() + length <= page.size();
 }
 
-std::uint16_t AddRow(Bytes& page, const Bytes& row, std::uint16_t flags) {
+std::uint16_t AddRow(Bytes& page, const Bytes& row, std::uint16_t flags, SlotUse use) {
+  if (HasGapFor(page, row.size()) && (use == SlotUse::New || !HasEmptied(page))) {
+    return AppendRow(page, row, flags);
+  }
   std::vector<Slot> slots = SlotsOf(page);
-  slots.push_back({row, flags});
+  const std::size_t place = use == SlotUse::Any ? FirstEmptied(slots) : slots.size();
+  if (place == slots.size()) {
+    slots.emplace_back();
+  }
+  slots[place] = {row, flags};
   WriteSlots(page, slots);
-  return static_cast<std::uint16_t>(slots.size() - 1);
+  return static_cast<std::uint16_t>(place);
 }
 
 void ReplaceRow(Bytes& page, std::uint16_t row, const Bytes& bytes, std::uint16_t flags) {

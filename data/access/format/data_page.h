@@ -53,14 +53,22 @@ inline constexpr std::size_t kLongestRow = 4096 - 14 - 2;
 /// A Jet 4 data page without rows.
 Bytes EmptyDataPage(std::uint32_t owner);
 
+/// Which slot a row is given.
+enum class SlotUse {
+  New,  ///< One after all others, so that rows stay in the order in which they came,
+  Any,  ///< or one that was emptied.
+};
+
 /// Whether a row of that length can be added to a Jet 4 data page.
-bool HasRoomFor(const Bytes& page, std::size_t length);
+bool HasRoomFor(const Bytes& page, std::size_t length, SlotUse use = SlotUse::New);
 
 /// Whether the bytes of a row can be replaced by that many.
 bool HasRoomToReplace(const Bytes& page, std::uint16_t row, std::size_t length);
 
-/// Adds a row with those flag bits and returns its number. REQUIRES: HasRoomFor(page, row.size()).
-std::uint16_t AddRow(Bytes& page, const Bytes& row, std::uint16_t flags = 0);
+/// Adds a row with those flag bits and returns its number. REQUIRES: HasRoomFor(page, row.size(),
+/// use).
+std::uint16_t AddRow(Bytes& page, const Bytes& row, std::uint16_t flags = 0,
+                     SlotUse use = SlotUse::New);
 
 /// Replaces a row's bytes and flag bits. REQUIRES: HasRoomToReplace(page, row, bytes.size()).
 void ReplaceRow(Bytes& page, std::uint16_t row, const Bytes& bytes, std::uint16_t flags);

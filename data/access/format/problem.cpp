@@ -13,6 +13,9 @@ DamagedFile::DamagedFile() : DamagedFile("The database file is damaged.") {}
 
 DamagedFile::DamagedFile(const std::string& cause) : FileProblem(cause, kRepairAdvice) {}
 
+OutcomeUnknown::OutcomeUnknown(const FileProblem& cause)
+    : FileProblem(cause.what(), cause.advice()) {}
+
 StoreProblem::StoreProblem(Wrong what, std::string name)
     : FileProblem("The change cannot be made.", ""), what_(what), name_(std::move(name)) {}
 

@@ -39,6 +39,18 @@ class FileBusy : public FileProblem {
   bool is_cancelled_;
 };
 
+/// A column cannot hold a value.
+class ValueRefused : public FileProblem {
+ public:
+  using FileProblem::FileProblem;
+};
+
+/// A change could neither be made nor be taken back, for that cause.
+class OutcomeUnknown : public FileProblem {
+ public:
+  explicit OutcomeUnknown(const FileProblem& cause);
+};
+
 /// What every kind of store reports in the same words.
 enum class Wrong {
   NoTable,

@@ -1,36 +1,25 @@
 #include "data/access/pages/journal.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <optional>
-#include <string>
-#include <string_view>
+#include <set>
+
+#include "data/access/pages/journal_text.h"
 
 namespace veyra::access {
 
 namespace {
 
-constexpr std::string_view kMagic = "VeyraJ01";
-constexpr std::size_t kHeadBytes = 20;
-constexpr std::size_t kChecksumBytes = 8;
 constexpr std::size_t kSector = 512;
-
-struct JournalPage {
-  PageNumber Number = 0;
-  Bytes Before;
-  Bytes After;
-};
-
-struct Journal {
-  PageNumber PageCount = 0;
-  std::vector<JournalPage> Pages;
-};
+constexpr PageNumber kFreeMapPage = 1;
 
 [[noreturn]] void FailFor(const std::string& what) {
   throw FileProblem(what + ": " + std::strerror(errno) + ".",
@@ -75,85 +64,67 @@ class OpenFile {
 void FlushFolder(const std::filesystem::path& database) {
   const std::filesystem::path folder = database.parent_path();
   const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor >= 0) {
-    fsync(descriptor);
-    close(descriptor);
+  if (descriptor < 0) {
+    return;
+  }
+  const int error = fsync(descriptor) == 0 ? 0 : errno;
+  close(descriptor);
+  if (error == EIO || error == ENOSPC || error == EDQUOT) {
+    errno = error;
+    FailFor("The journal of the database cannot be written");
   }
 }
 
-std::uint64_t Checksum(ByteView bytes) {
-  constexpr std::uint64_t kPrime = 0x100000001B3;
-  std::uint64_t sum = 0xCBF29CE484222325;
-  std::size_t at = 0;
-  for (; at + 8 <= bytes.size(); at += 8) {
-    sum = (sum ^ static_cast<std::uint64_t>(bytes.I64(at))) * kPrime;
-    sum ^= sum >> 29U;
-  }
-  for (; at < bytes.size(); ++at) {
-    sum = (sum ^ bytes.U8(at)) * kPrime;
-  }
-  return sum;
-}
-
-/// What a change does away with.
-struct Before {
-  PageNumber PageCount = 0;
-  PageImages Pages;
-};
-
-Before PagesBefore(PageFile& file, const PageImages& pages) {
-  Before before{file.PageCount(), {}};
+/// Pages that other programs change whenever they write: the header, the map of free pages, and
+/// the definitions of the tables that are written to.
+std::set<PageNumber> PagesToCheck(PageFile& file, const PageImages& pages) {
+  std::set<PageNumber> watched{0, kFreeMapPage};
   for (const auto& [number, page] : pages) {
-    if (number < before.PageCount) {
-      before.Pages[number] = *file.ReadPage(number);
+    const auto kind = static_cast<PageKind>(page.front());
+    const bool names_its_table =
+        kind == PageKind::Data || kind == PageKind::IndexLeaf || kind == PageKind::IndexNode;
+    if (names_its_table && ByteView(page).U32(4) < file.PageCount()) {
+      watched.insert(ByteView(page).U32(4));
     }
   }
-  return before;
+  for (const auto& [number, page] : pages) {
+    watched.erase(number);
+  }
+  return watched;
 }
 
-Bytes EncodeJournal(const PageFile& file, const Before& old, const PageImages& pages) {
-  Bytes bytes(kMagic.begin(), kMagic.end());
-  bytes.reserve(kHeadBytes + pages.size() * (4 + 2 * file.PageSize()) + kChecksumBytes);
-  Append(bytes, static_cast<std::uint32_t>(file.PageSize()));
-  Append(bytes, old.PageCount);
-  Append(bytes, static_cast<std::uint32_t>(pages.size()));
+Journal JournalOf(PageFile& file, const PageImages& pages, const std::string& what) {
+  Journal journal{what, file.Size(), {}, {}};
+  for (const PageNumber number : PagesToCheck(file, pages)) {
+    if (number < file.PageCount()) {
+      journal.Checks.push_back({number, Checksum(*file.ReadPage(number))});
+    }
+  }
   for (const auto& [number, after] : pages) {
-    const auto known = old.Pages.find(number);
-    const Bytes before = known == old.Pages.end() ? Bytes(file.PageSize()) : known->second;
-    Append(bytes, number);
-    bytes.insert(bytes.end(), before.begin(), before.end());
-    bytes.insert(bytes.end(), after.begin(), after.end());
-  }
-  Append(bytes, Checksum(bytes));
-  return bytes;
-}
-
-Bytes ReadWhole(const std::filesystem::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
-
-/// The journal in these bytes, or nothing when it is not complete.
-std::optional<Journal> DecodeJournal(const Bytes& bytes, std::size_t page_size) {
-  const ByteView view(bytes);
-  if (bytes.size() < kHeadBytes + kChecksumBytes ||
-      !std::equal(kMagic.begin(), kMagic.end(), bytes.begin()) || view.U32(8) != page_size) {
-    return std::nullopt;
-  }
-  const std::size_t entry = 4 + 2 * page_size;
-  const std::size_t size = kHeadBytes + view.U32(16) * entry;
-  if (bytes.size() != size + kChecksumBytes ||
-      static_cast<std::uint64_t>(view.I64(size)) != Checksum(view.Slice(0, size))) {
-    return std::nullopt;
-  }
-  Journal journal{view.U32(12), {}};
-  for (std::size_t at = kHeadBytes; at < size; at += entry) {
-    journal.Pages.push_back({view.U32(at), view.Slice(at + 4, page_size).Copy(),
-                             view.Slice(at + 4 + page_size, page_size).Copy()});
+    const Bytes before =
+        number < file.PageCount() ? *file.ReadPage(number) : Bytes(file.PageSize());
+    journal.Pages.push_back({number, before, after});
   }
   return journal;
 }
 
+PageImages PagesBefore(const Journal& journal, std::size_t page_size) {
+  PageImages pages;
+  for (const JournalPage& page : journal.Pages) {
+    if (page.Number < journal.FileSize / page_size) {
+      pages[page.Number] = page.Before;
+    }
+  }
+  return pages;
+}
+
+std::optional<Journal> ReadJournal(const PageFile& file) {
+  std::ifstream stream(JournalPath(file.Path()), std::ios::binary);
+  const Bytes bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  return DecodeJournal(bytes, file.PageSize());
+}
+
+/// Pages may have been written in part: each sector is the one from before or the new one.
 bool SectorsAreEither(const Bytes& page, const JournalPage& journal) {
   for (std::size_t at = 0; at < page.size(); at += kSector) {
     if (std::memcmp(&page[at], &journal.Before[at], kSector) != 0 &&
@@ -164,35 +135,92 @@ bool SectorsAreEither(const Bytes& page, const JournalPage& journal) {
   return true;
 }
 
-/// Pages may have been written in part: each sector is the one from before or the new one. A page
-/// with another was written by somebody else since, who knew nothing of the journal.
-void CheckFits(PageFile& file, const Journal& journal) {
-  for (const JournalPage& page : journal.Pages) {
-    if (page.Number < std::min(file.PageCount(), journal.PageCount) &&
-        !SectorsAreEither(*file.ReadPage(page.Number), page)) {
-      throw FileProblem(
-          "A change of the database broke off, and another program has changed the file since.",
-          "Look through the last bookings, then remove " +
-              JournalPath(file.Path()).filename().string() + ".");
+bool SizeIsEither(const PageFile& file, const Journal& journal) {
+  const std::uint64_t pages =
+      journal.Pages.empty() ? 0 : std::uint64_t{1} + journal.Pages.back().Number;
+  return file.Size() >= journal.FileSize &&
+         file.Size() <= std::max(journal.FileSize, pages * file.PageSize());
+}
+
+/// Whether the file is the one that the journal was made for, the change made in it wholly, in part
+/// or not at all: what is neither was written by somebody else since, who knew nothing of the
+/// journal. That may be in the very pages that the change adds to the file.
+bool Fits(PageFile& file, const Journal& journal) {
+  return SizeIsEither(file, journal) &&
+         std::all_of(journal.Checks.begin(), journal.Checks.end(),
+                     [&](const JournalCheck& check) {
+                       return check.Number < file.PageCount() &&
+                              Checksum(*file.ReadPage(check.Number)) == check.Sum;
+                     }) &&
+         std::all_of(journal.Pages.begin(), journal.Pages.end(), [&](const JournalPage& page) {
+           return page.Number >= file.PageCount() ||
+                  SectorsAreEither(*file.ReadPage(page.Number), page);
+         });
+}
+
+/// Whether the file holds the pages as they are here, and no others.
+bool Holds(PageFile& file, const PageImages& pages, std::uint64_t size) {
+  file.Refresh(true);
+  return file.Size() == size && std::all_of(pages.begin(), pages.end(), [&](const auto& page) {
+           return *file.ReadPage(page.first) == page.second;
+         });
+}
+
+/// Makes sure that nobody carries the journal out, by removing or at least emptying it. Returns
+/// whether it could. A loss of power may bring it back until the next change flushes the folder: to
+/// carry it out once more changes nothing.
+bool DropJournal(const std::filesystem::path& database) {
+  const std::filesystem::path path = JournalPath(database);
+  return unlink(path.c_str()) == 0 || errno == ENOENT || truncate(path.c_str(), 0) == 0;
+}
+
+/// Takes back a change whose pages could not all be written. Returns whether that succeeded.
+bool TakeBack(PageFile& file, const Journal& journal) {
+  const PageImages before = PagesBefore(journal, file.PageSize());
+  try {
+    if (!Holds(file, before, journal.FileSize)) {
+      file.Write(before);
+      file.CutTo(journal.FileSize);
+      file.Flush();
     }
+  } catch (const FileProblem&) {
+    return false;
+  }
+  return DropJournal(file.Path());
+}
+
+void WriteJournal(const PageFile& file, const Bytes& bytes, const CommitObserver& tell) {
+  bool is_complete = false;
+  try {
+    const OpenFile journal(JournalPath(file.Path()), O_WRONLY | O_CREAT | O_TRUNC);
+    journal.Write(bytes);
+    is_complete = true;
+    tell(CommitStep::JournalWritten);
+    journal.Flush();
+    FlushFolder(file.Path());
+  } catch (const FileProblem& problem) {
+    if (!DropJournal(file.Path()) && is_complete) {
+      throw OutcomeUnknown(problem);
+    }
+    throw;
   }
 }
 
-/// A loss of power may bring the journal back, until the next change flushes the folder; to carry
-/// it out once more changes nothing.
-void RemoveJournal(const std::filesystem::path& database) {
-  if (unlink(JournalPath(database).c_str()) != 0 && errno != ENOENT) {
-    FailFor("The journal of the database cannot be removed");
+/// Gives the journal the first name that is free of "NAME.mdb-unfinished-change",
+/// "NAME.mdb-unfinished-change-2" ...
+UnfinishedChange SetAside(const PageFile& file, const Journal& journal) {
+  const std::string name = file.Path().string() + "-unfinished-change";
+  std::string kept = name;
+  for (int i = 2; ::access(kept.c_str(), F_OK) == 0; ++i) {
+    kept = name + "-" + std::to_string(i);
   }
-}
-
-/// Takes a change back whose pages could not all be written. Where even that fails the journal
-/// stays, and the next opening completes the change.
-void Undo(PageFile& file, const Before& before) {
-  file.Write(before.Pages);
-  file.CutTo(before.PageCount);
-  file.Flush();
-  RemoveJournal(file.Path());
+  if (std::rename(JournalPath(file.Path()).c_str(), kept.c_str()) == 0) {
+    return {journal.What, kept};
+  }
+  throw FileProblem("The program broke off while it was writing " + journal.What +
+                        ", and another program has changed the file since.",
+                    "Look through the last bookings, then remove " +
+                        JournalPath(file.Path()).filename().string() + ".");
 }
 
 }  // namespace
@@ -202,45 +230,37 @@ std::filesystem::path JournalPath(const std::filesystem::path& database) {
 }
 
 bool HasJournal(const std::filesystem::path& database) {
-  return ::access(JournalPath(database).c_str(), F_OK) == 0;
+  struct stat status {};
+  return stat(JournalPath(database).c_str(), &status) == 0 && status.st_size > 0;
 }
 
-void CommitPages(PageFile& file, const PageImages& pages, const CommitObserver& observer) {
-  const auto tell = [&](CommitStep step) {
-    if (observer) {
-      observer(step);
-    }
-  };
-  const Before before = PagesBefore(file, pages);
-  const Bytes bytes = EncodeJournal(file, before, pages);
-  try {
-    const OpenFile journal(JournalPath(file.Path()), O_WRONLY | O_CREAT | O_TRUNC);
-    journal.Write(bytes);
-    tell(CommitStep::JournalWritten);
-    journal.Flush();
-    FlushFolder(file.Path());
-  } catch (const FileProblem&) {
-    unlink(JournalPath(file.Path()).c_str());
-    throw;
-  }
+void CommitPages(PageFile& file, const PageImages& pages, const std::string& what,
+                 const CommitObserver& observer) {
+  const CommitObserver tell = observer ? observer : [](CommitStep) {};
+  const Journal journal = JournalOf(file, pages, what);
+  WriteJournal(file, EncodeJournal(journal, file.PageSize()), tell);
   tell(CommitStep::JournalFlushed);
   try {
     file.Write(pages);
     tell(CommitStep::PagesWritten);
     file.Flush();
-  } catch (const FileProblem&) {
-    Undo(file, before);
+  } catch (const FileProblem& problem) {
+    if (!TakeBack(file, journal)) {
+      throw OutcomeUnknown(problem);
+    }
     throw;
   }
   tell(CommitStep::PagesFlushed);
-  RemoveJournal(file.Path());
+  // The change is made. A journal that cannot be dropped says the same as the file, and the next
+  // change writes its own over it.
+  DropJournal(file.Path());
   tell(CommitStep::Done);
 }
 
 PageImages PendingPages(PageFile& file) {
   PageImages pages;
-  if (const auto journal = DecodeJournal(ReadWhole(JournalPath(file.Path())), file.PageSize())) {
-    CheckFits(file, *journal);
+  const auto journal = ReadJournal(file);
+  if (journal && Fits(file, *journal)) {
     for (const JournalPage& page : journal->Pages) {
       pages[page.Number] = page.After;
     }
@@ -248,15 +268,19 @@ PageImages PendingPages(PageFile& file) {
   return pages;
 }
 
-void Recover(PageFile& file) {
-  file.Refresh(true);
-  const PageImages pages = PendingPages(file);
-  if (!pages.empty()) {
-    file.Write(pages);
+std::optional<UnfinishedChange> Recover(PageFile& file) {
+  file.SetOverlay({});
+  const auto journal = ReadJournal(file);
+  if (journal && !Fits(file, *journal)) {
+    return SetAside(file, *journal);
+  }
+  if (journal) {
+    file.Write(PendingPages(file));
     file.Flush();
   }
-  RemoveJournal(file.Path());
+  DropJournal(file.Path());
   file.Refresh(true);
+  return std::nullopt;
 }
 
 }  // namespace veyra::access

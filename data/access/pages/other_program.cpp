@@ -6,6 +6,7 @@
 
 #include "data/access/format/bytes.h"
 #include "data/access/format/code_page.h"
+#include "data/names.h"
 
 namespace veyra::access {
 
@@ -14,17 +15,18 @@ namespace {
 constexpr std::size_t kNameBytes = 32;
 constexpr int kMostUsers = 255;
 
-/// The text up to the first zero byte, blanks and signs that cannot be shown left out.
+/// The text up to the first zero byte, without blanks around it and signs that cannot be shown.
 std::string NameIn(const std::array<char, kNameBytes>& bytes) {
   std::string name;
   for (const char c : bytes) {
     if (c == '\0') {
       break;
     }
-    if (static_cast<unsigned char>(c) > ' ') {
+    if (static_cast<unsigned char>(c) >= ' ' && (c != ' ' || !name.empty())) {
       name.push_back(c);
     }
   }
+  name.erase(name.find_last_not_of(' ') + 1);
   return CodePage(1252).ToUtf8(
       ByteView(reinterpret_cast<const Byte*>(name.data()), name.size()));  // NOLINT: bytes
 }
@@ -45,16 +47,22 @@ std::string UsersIn(const std::filesystem::path& lock_file) {
   return users;
 }
 
+bool IsLockFileOf(const std::filesystem::path& database, const std::filesystem::path& file) {
+  const std::string extension = file.extension().string();
+  return (SameName(extension, ".ldb") || SameName(extension, ".laccdb")) &&
+         SameName(file.stem().string(), database.stem().string());
+}
+
 }  // namespace
 
 void CheckNobodyElse(const std::filesystem::path& database) {
-  for (const char* extension : {".ldb", ".laccdb"}) {
-    std::filesystem::path lock_file = database;
-    lock_file.replace_extension(extension);
-    std::error_code ignored;
-    if (std::filesystem::exists(lock_file, ignored)) {
-      const std::string users = UsersIn(lock_file);
-      const std::string name = lock_file.filename().string();
+  std::error_code unreadable;
+  const std::filesystem::path folder = database.parent_path();
+  for (const auto& entry :
+       std::filesystem::directory_iterator(folder.empty() ? "." : folder, unreadable)) {
+    if (IsLockFileOf(database, entry.path())) {
+      const std::string users = UsersIn(entry.path());
+      const std::string name = entry.path().filename().string();
       throw FileProblem(
           "Another program has the database open" + (users.empty() ? "" : ": " + users) + ".",
           "Close it there. When nobody has it open, delete the file " + name + ".");

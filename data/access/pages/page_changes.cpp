@@ -2,6 +2,12 @@
 
 namespace veyra::access {
 
+namespace {
+
+constexpr std::uint64_t kTwoGigabytes = std::uint64_t{1} << 31U;
+
+}  // namespace
+
 PagePtr PageChanges::ReadPage(PageNumber number) {
   const auto changed = changed_.find(number);
   return changed != changed_.end() ? changed->second : base_.ReadPage(number);
@@ -17,6 +23,11 @@ Bytes& PageChanges::Edit(PageNumber number) {
 }
 
 PageNumber PageChanges::Grow() {
+  if ((std::uint64_t{count_} + 2) * PageSize() > kTwoGigabytes) {
+    throw FileProblem("The database has grown to 2 GB, the largest size of an Access file.",
+                      "Make room in it with veyra-data compact, or convert it to the other kind of "
+                      "file with veyra-data convert.");
+  }
   const PageNumber number = count_++;
   changed_[number] = std::make_shared<Bytes>(PageSize());
   return number;

@@ -22,7 +22,8 @@ class PageChanges : public PageSource {
   /// they held; those read later change along. Throws DamagedFile when there is no such page.
   Bytes& Edit(PageNumber number);
 
-  /// Adds a page of zeros after the last one.
+  /// Adds a page of zeros after the last one. Throws FileProblem when the file is as large as its
+  /// format allows.
   PageNumber Grow();
 
   /// All pages that were changed or added, as they are now.

@@ -84,6 +84,13 @@ TimePoint TimeOfChange(int descriptor) {
          std::chrono::nanoseconds(status.st_mtim.tv_nsec);
 }
 
+/// The file's own name, whatever links lead to it.
+std::filesystem::path RealPath(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(path, error);
+  return error ? path : real;
+}
+
 FileHeader HeaderOf(int descriptor) {
   std::array<Byte, kHeaderBytes> bytes;
   const std::size_t size = ReadAt(descriptor, bytes, 0);
@@ -98,7 +105,7 @@ FileHeader HeaderOf(int descriptor) {
 FileClock::FileClock() : Changed(TimeOfChange) {}
 
 PageFile::PageFile(const std::filesystem::path& path, bool writable, FileClock clock)
-    : path_(path),
+    : path_(RealPath(path)),
       writable_(writable),
       descriptor_(OpenFile(path, writable)),
       clock_(std::move(clock)) {
@@ -109,6 +116,10 @@ PageFile::PageFile(const std::filesystem::path& path, bool writable, FileClock c
     close(descriptor_);
     throw;
   }
+}
+
+void PageFile::SetPath(const std::filesystem::path& path) {
+  path_ = RealPath(path);
 }
 
 PageFile::~PageFile() {
@@ -215,8 +226,8 @@ void PageFile::Write(const PageImages& pages) {
   SeeStamp();
 }
 
-void PageFile::CutTo(PageNumber page_count) {
-  if (ftruncate(descriptor_, static_cast<off_t>(std::uint64_t{page_count} * PageSize())) != 0) {
+void PageFile::CutTo(std::uint64_t size) {
+  if (ftruncate(descriptor_, static_cast<off_t>(size)) != 0) {
     FailFor("The database cannot be written");
   }
   Refresh(true);

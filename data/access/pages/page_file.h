@@ -48,10 +48,10 @@ class PageFile : public PageSource {
   PageFile(const PageFile&) = delete;
   PageFile& operator=(const PageFile&) = delete;
 
-  /// The name by which the file, and what lies beside it, is reached; another one is to be set when
-  /// its folder was renamed.
+  /// The file's own name, whatever links lead to it: by it the file, and what lies beside it, is
+  /// reached. Another one is to be set when its folder was renamed.
   const std::filesystem::path& Path() const { return path_; }
-  void SetPath(const std::filesystem::path& path) { path_ = path; }
+  void SetPath(const std::filesystem::path& path);
 
   const FileHeader& Header() const override { return header_; }
   bool IsWritable() const { return writable_; }
@@ -59,6 +59,9 @@ class PageFile : public PageSource {
 
   /// How many whole pages the file had at the last Refresh.
   PageNumber PageCount() const override { return static_cast<PageNumber>(pages_.size()); }
+
+  /// In bytes, at the last Refresh.
+  std::uint64_t Size() const { return static_cast<std::uint64_t>(stamp_.Size); }
 
   PagePtr ReadPage(PageNumber number) override;
   using PageSource::ReadPage;
@@ -83,7 +86,7 @@ class PageFile : public PageSource {
   /// Writes whole pages, in a file that is not encoded; those past the end make it longer. Durable
   /// after Flush only. REQUIRES: IsWritable().
   void Write(const PageImages& pages);
-  void CutTo(PageNumber page_count);
+  void CutTo(std::uint64_t size);
   void Flush();
 
  private:

@@ -1,6 +1,7 @@
 #include "data/access/read/catalogue.h"
 
 #include <algorithm>
+#include <array>
 
 #include "data/access/read/cell.h"
 #include "data/access/read/table_image.h"
@@ -42,9 +43,8 @@ std::int64_t Number(const CellReader& reader, const RowView& row, const ColumnLa
   return number == nullptr ? 0 : *number;
 }
 
-}  // namespace
-
-std::vector<CatalogueEntry> ReadCatalogue(PageSource& file) {
+/// The tables that have none of those flags.
+std::vector<CatalogueEntry> ReadTables(PageSource& file, std::uint32_t left_out) {
   const TableImage objects(file, kCataloguePage);
   const Columns columns(objects.Layout());
   const CellReader reader(file);
@@ -52,7 +52,7 @@ std::vector<CatalogueEntry> ReadCatalogue(PageSource& file) {
   for (std::size_t i = 0; i < objects.RowCount(); ++i) {
     const RowView row = objects.View(i);
     const auto flags = static_cast<std::uint32_t>(Number(reader, row, columns.Flags));
-    if (Number(reader, row, columns.Type) != kTypeTable || (flags & kNotTheUsers) != 0) {
+    if (Number(reader, row, columns.Type) != kTypeTable || (flags & left_out) != 0) {
       continue;
     }
     const Cell name = reader.Read(row, columns.Name);
@@ -62,6 +62,29 @@ std::vector<CatalogueEntry> ReadCatalogue(PageSource& file) {
     }
   }
   return catalogue;
+}
+
+}  // namespace
+
+std::vector<CatalogueEntry> ReadCatalogue(PageSource& file) {
+  return ReadTables(file, kNotTheUsers);
+}
+
+int CountOtherObjects(PageSource& file) {
+  constexpr std::array<std::int64_t, 8> kTypes = {4, 5, 6, 8, -32761, -32764, -32766, -32768};
+  const TableImage objects(file, kCataloguePage);
+  const Columns columns(objects.Layout());
+  const CellReader reader(file);
+  int count = 0;
+  for (std::size_t i = 0; i < objects.RowCount(); ++i) {
+    const std::int64_t type = Number(reader, objects.View(i), columns.Type);
+    count += std::find(kTypes.begin(), kTypes.end(), type) == kTypes.end() ? 0 : 1;
+  }
+  return count;
+}
+
+std::vector<CatalogueEntry> ReadAllTables(PageSource& file) {
+  return ReadTables(file, 0);
 }
 
 const CatalogueEntry* FindTable(const std::vector<CatalogueEntry>& catalogue,

@@ -21,6 +21,12 @@ struct CatalogueEntry {
 /// be read.
 std::vector<CatalogueEntry> ReadCatalogue(PageSource& file);
 
+/// The same, and the tables of the system itself.
+std::vector<CatalogueEntry> ReadAllTables(PageSource& file);
+
+/// How many queries, forms, reports, macros, modules and links to tables elsewhere there are.
+int CountOtherObjects(PageSource& file);
+
 /// The entry of that name, found without regard to ASCII letter case, or nullptr.
 const CatalogueEntry* FindTable(const std::vector<CatalogueEntry>& catalogue,
                                 std::string_view name);

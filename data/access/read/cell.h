@@ -39,10 +39,12 @@ class CellReader {
   /// long binary column, which is not read.
   Value ReadValue(const RowView& row, const ColumnLayout& column) const;
 
+  /// The long value that these bytes of a row stand for.
+  Bytes ReadLong(ByteView descriptor) const;
+
  private:
   Cell ReadFixed(ByteView bytes, ColumnKind kind) const;
   std::string ReadText(ByteView bytes) const;
-  Bytes ReadLong(ByteView descriptor) const;
   Bytes ReadLongChain(RowPointer first, std::size_t length) const;
 
   PageSource& file_;

@@ -65,6 +65,9 @@ class Reader {
         index_count_ > bytes_.size() || name_count_ > bytes_.size()) {
       throw DamagedFile();
     }
+    if (column_count_ == 0) {
+      throw DamagedFile("A table of the database has no columns: it is damaged.");
+    }
     at_ = places_.FirstIndex + index_count_ * places_.IndexCountSize;
   }
 

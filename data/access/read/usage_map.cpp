@@ -40,6 +40,18 @@ void AddMapPages(PageSource& file, ByteView numbers, std::vector<PageNumber>& pa
 
 }  // namespace
 
+std::vector<PageNumber> MapPages(PageSource& file, RowPointer map) {
+  const PagePtr page = file.ReadPage(map.Page, PageKind::Data);
+  const ByteView row = DataPage(*page, file.Header().Version).RowBytes(map.Row);
+  std::vector<PageNumber> pages;
+  for (std::size_t at = 1; row.U8(0) == 1 && at + 4 <= row.size(); at += 4) {
+    if (row.U32(at) != 0) {
+      pages.push_back(row.U32(at));
+    }
+  }
+  return pages;
+}
+
 std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map) {
   const PagePtr page = file.ReadPage(map.Page, PageKind::Data);
   const ByteView row = DataPage(*page, file.Header().Version).RowBytes(map.Row);

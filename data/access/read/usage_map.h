@@ -15,6 +15,9 @@ namespace veyra::access {
 //
 // A map page holds its bits from byte 4 on; the n-th stands for the n-th run of that many pages.
 
+/// The map pages that a map is kept on; none where it is kept in place.
+std::vector<PageNumber> MapPages(PageSource& file, RowPointer map);
+
 /// The pages of a map, rising. Those past the file's end are left out.
 std::vector<PageNumber> ReadUsageMap(PageSource& file, RowPointer map);
 

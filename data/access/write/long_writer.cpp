@@ -41,8 +41,8 @@ bool IsLongPage(const Bytes& page) {
 RowPointer PlaceRow(PageChanges& pages, const LongColumnMaps& maps, const Bytes& row) {
   for (const PageNumber number : ReadUsageMap(pages, maps.Free)) {
     const PagePtr page = pages.ReadPage(number);
-    if (IsLongPage(*page) && HasRoomFor(*page, row.size())) {
-      return {number, AddRow(pages.Edit(number), row)};
+    if (IsLongPage(*page) && HasRoomFor(*page, row.size(), SlotUse::Any)) {
+      return {number, AddRow(pages.Edit(number), row, 0, SlotUse::Any)};
     }
     RemoveFromMap(pages, maps.Free, number);
   }
@@ -93,7 +93,7 @@ RowPointer DropRow(PageChanges& pages, const LongColumnMaps& maps, RowPointer ro
 Bytes StoreLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
                 const Bytes& value) {
   if (value.size() > kMostLength) {
-    throw FileProblem("The text is longer than an Access file allows.", "Shorten it.");
+    throw ValueRefused("The text is longer than an Access file allows.", "Shorten it.");
   }
   const auto length = static_cast<std::uint32_t>(value.size());
   if (value.size() <= kMostInRow) {
@@ -106,6 +106,11 @@ Bytes StoreLong(PageChanges& pages, const TableLayout& table, const ColumnLayout
     return InRow(length | kOneRow, PlaceRow(pages, maps, value));
   }
   return InRow(length, PlaceChain(pages, maps, value));
+}
+
+bool HasRoomForLong(const TableLayout& table, const ColumnLayout& column) {
+  return std::any_of(table.LongColumns.begin(), table.LongColumns.end(),
+                     [&](const LongColumnMaps& maps) { return maps.Number == column.Number; });
 }
 
 void DropLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,

@@ -20,6 +20,9 @@ namespace veyra::access {
 Bytes StoreLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
                 const Bytes& value);
 
+/// Whether a column of any length can be stored: the definition names the pages for it.
+bool HasRoomForLong(const TableLayout& table, const ColumnLayout& column);
+
 /// Gives back the pages of a value that no row holds any more.
 void DropLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
               const Bytes& in_row);

@@ -74,6 +74,20 @@ Row InsertRow(PageChanges& pages, TableWriter& writer, const FieldValues& fields
   return ReadRow(pages, writer.Layout(), home);
 }
 
+std::vector<Row> InsertRows(PageChanges& pages, TableWriter& writer,
+                            const std::vector<FieldValues>& rows) {
+  std::vector<RawRow> raw;
+  for (const FieldValues& fields : rows) {
+    raw.emplace_back(writer.Layout().Columns.size());
+    SetFields(pages, raw.back(), writer.Layout(), fields);
+  }
+  std::vector<Row> added;
+  for (const RowPointer home : writer.InsertAll(raw)) {
+    added.push_back(ReadRow(pages, writer.Layout(), home));
+  }
+  return added;
+}
+
 /// A field that is set to what it holds stays as it is, so that a date keeps its time of day.
 Row UpdateRow(PageChanges& pages, TableWriter& writer, const Row& before,
               const FieldValues& fields) {

@@ -15,10 +15,11 @@ namespace veyra::access {
 namespace {
 
 constexpr std::size_t kMostCompressed = 1024;
+constexpr char16_t kCompressedMark = 0xFEFF;
 
 [[noreturn]] void RefuseValue(const ColumnLayout& column, const std::string& why) {
-  throw FileProblem("The column " + column.Name + " cannot hold the value: " + why + ".",
-                    "Change the value and try again.");
+  throw ValueRefused("The column " + column.Name + " cannot hold the value: " + why + ".",
+                     "Change the value and try again.");
 }
 
 template <typename Number>
@@ -67,6 +68,32 @@ Bytes DateTime(const Value& value, const ColumnLayout& column) {
 
 bool Fits(std::string_view text, const ColumnLayout& column) {
   return column.Length == 0 || Utf16FromUtf8(text).size() * 2 <= column.Length;
+}
+
+/// A text that begins with U+FEFF looks like a compressed one: so it is made one, switched to
+/// UTF-16 and back as its characters need it.
+Bytes EncodeAsCompressed(const std::u16string& units) {
+  Bytes bytes;
+  Append<std::uint16_t>(bytes, kCompressedMark);
+  bool compressed = true;
+  for (const char16_t unit : units) {
+    const bool as_byte = unit <= 0xFF;
+    if ((unit & 0xFFU) == 0) {
+      throw ValueRefused(
+          "The text begins with the invisible sign U+FEFF, which an Access file cannot hold "
+          "together with some of the others.",
+          "Delete the beginning of the text, and type it anew.");
+    }
+    if (as_byte != compressed) {
+      bytes.push_back(0);
+      compressed = as_byte;
+    }
+    bytes.push_back(static_cast<Byte>(unit));
+    if (!compressed) {
+      bytes.push_back(static_cast<Byte>(unit >> 8U));
+    }
+  }
+  return bytes;
 }
 
 Bytes Text(const Value& value, const ColumnLayout& column) {
@@ -170,7 +197,7 @@ Bytes EncodeRow(const RawRow& row, const TableLayout& table) {
   }
   AppendNullBits(bytes, row, table);
   if (bytes.size() > kLongestRow) {
-    throw FileProblem("The row is longer than an Access file allows.", "Shorten its texts.");
+    throw ValueRefused("The row is longer than an Access file allows.", "Shorten its texts.");
   }
   return bytes;
 }
@@ -224,9 +251,12 @@ std::size_t FittingCharacters(const ColumnLayout& column, std::string_view text)
 
 Bytes EncodeText(std::string_view text, bool may_compress) {
   const std::u16string units = Utf16FromUtf8(text);
+  if (!units.empty() && units.front() == kCompressedMark) {
+    return EncodeAsCompressed(units);
+  }
   Bytes bytes;
   if (may_compress && CanCompress(units)) {
-    Append<std::uint16_t>(bytes, 0xFEFF);
+    Append<std::uint16_t>(bytes, kCompressedMark);
     for (const char16_t unit : units) {
       bytes.push_back(static_cast<Byte>(unit));
     }

@@ -8,6 +8,7 @@
 #include "data/access/format/bytes.h"
 #include "data/access/format/row_view.h"
 #include "data/access/read/table_layout.h"
+#include "data/store.h"
 #include "data/value.h"
 
 namespace veyra::access {

@@ -8,6 +8,7 @@
 #include "data/access/read/condition.h"
 #include "data/access/read/table_image.h"
 #include "data/access/read/table_rows.h"
+#include "data/access/write/column_properties.h"
 #include "data/access/write/definition_writer.h"
 #include "data/access/write/index_key.h"
 #include "data/access/write/long_writer.h"
@@ -15,6 +16,7 @@
 #include "data/access/write/row_changes.h"
 #include "data/access/write/system_tables.h"
 #include "data/access/write/table_writer.h"
+#include "data/access/write/text_key.h"
 #include "data/access/write/usage_map_writer.h"
 
 namespace veyra::access {
@@ -47,6 +49,14 @@ void AddIndexes(TableLayout& table, const TableDefinition& definition) {
       table.Indexes.push_back(std::move(index));
     }
   }
+}
+
+/// The format has no names with these signs, with blanks around them, or longer than that.
+bool IsTableName(const std::string& name) {
+  constexpr std::size_t kMostUnits = 64;
+  return !name.empty() && name.find_first_of(".!`[]\"") == std::string::npos &&
+         name.front() != ' ' && name.back() != ' ' && Utf16FromUtf8(name).size() <= kMostUnits &&
+         HasTextKey(name);
 }
 
 /// The places of a column that comes after all others.
@@ -103,9 +113,10 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   if (FindTable(ReadCatalogue(pages), definition.Name) != nullptr) {
     throw StoreProblem(Wrong::TableExists, definition.Name);
   }
-  if (!IsIndexableName(definition.Name)) {
-    throw FileProblem("The name " + definition.Name + " is none that this program gives a table.",
-                      "Use letters and digits only.");
+  if (!IsTableName(definition.Name)) {
+    throw FileProblem(
+        "An Access file of this program cannot have a table of the name " + definition.Name + ".",
+        "Use western letters, digits and signs like _ and - only, with no blank at either end.");
   }
   TableLayout table;
   for (const ColumnDefinition& column : definition.Columns) {
@@ -115,7 +126,8 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   AddIndexes(table, definition);
   table.Page = TakePage(pages);
   WriteTable(pages, table);
-  EnterInCatalogue(pages, definition.Name, table.Page);
+  EnterInCatalogue(pages, definition.Name, table.Page,
+                   WithColumnProperties({}, definition.Columns));
   AddFirstRows(pages, table.Page, definition.FirstRows);
 }
 
@@ -138,6 +150,7 @@ void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition
   } else {
     AppendColumn(pages, table, layout, nullptr);
   }
+  AddPropertiesToCatalogue(pages, definition, column);
   if (!IsNull(column.Default) || column.Copied) {
     FillColumn(pages, definition, layout, column);
   }

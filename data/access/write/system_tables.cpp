@@ -7,6 +7,7 @@
 
 #include "data/access/read/table_image.h"
 #include "data/access/write/definition_writer.h"
+#include "data/access/write/long_writer.h"
 #include "data/access/write/new_table.h"
 #include "data/access/write/table_writer.h"
 
@@ -148,7 +149,16 @@ struct Object {
   std::int64_t Type;
   Bytes Owner;
   std::int64_t Flags;
+  Bytes Properties = {};
 };
+
+void SetProperties(PageChanges& pages, RawRow& row, const TableLayout& table,
+                   const Bytes& properties) {
+  const std::size_t place = table.FindColumn("LvProp");
+  if (!properties.empty() && place < row.size() && HasRoomForLong(table, table.Columns[place])) {
+    row[place] = StoreLong(pages, table, table.Columns[place], properties);
+  }
+}
 
 void AddObject(PageChanges& pages, const Object& object, double stamp) {
   TableWriter writer(pages, kObjectsPage);
@@ -162,6 +172,7 @@ void AddObject(PageChanges& pages, const Object& object, double stamp) {
   Set(row, table, "DateUpdate", stamp);
   row.at(table.FindColumn("Owner")) = object.Owner;
   Set(row, table, "Flags", object.Flags);
+  SetProperties(pages, row, table, object.Properties);
   writer.Insert(row);
 }
 
@@ -256,8 +267,10 @@ std::vector<Permission> FirstPermissions() {
 
 }  // namespace
 
-void EnterInCatalogue(PageChanges& pages, const std::string& name, PageNumber definition) {
-  AddObject(pages, {definition, kTablesId, name, kTable, OwnerOfDatabase(pages), 0}, NowSerial());
+void EnterInCatalogue(PageChanges& pages, const std::string& name, PageNumber definition,
+                      const Bytes& properties) {
+  AddObject(pages, {definition, kTablesId, name, kTable, OwnerOfDatabase(pages), 0, properties},
+            NowSerial());
   for (const Bytes& user : UsersOfTables(pages)) {
     AddPermission(pages, {definition, user, kEverything, true});
   }

@@ -12,8 +12,9 @@ inline constexpr PageNumber kPermissionsPage = 3;
 inline constexpr PageNumber kQueriesPage = 4;
 inline constexpr PageNumber kRelationshipsPage = 5;
 
-/// Enters a table in MSysObjects, and in MSysACEs that everybody may use it.
-void EnterInCatalogue(PageChanges& pages, const std::string& name, PageNumber definition);
+/// Enters a table in MSysObjects with its properties, and in MSysACEs that everybody may use it.
+void EnterInCatalogue(PageChanges& pages, const std::string& name, PageNumber definition,
+                      const Bytes& properties);
 
 /// Writes the four system tables of a new database, with the rows that describe themselves.
 /// REQUIRES: the pages before kObjectsPage are there, and those from it on are not.

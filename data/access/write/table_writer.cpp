@@ -1,6 +1,7 @@
 #include "data/access/write/table_writer.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "data/access/format/data_page.h"
 #include "data/access/read/table_image.h"
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t kRowCountAt = 16;
 constexpr std::size_t kAutoNumberAt = 20;
-constexpr std::size_t kPagesTried = 8;
+constexpr std::size_t kManyRows = 200;
 constexpr const char* kConvertAdvice =
     "Convert the calendar with veyra-data convert, then start again.";
 
@@ -26,6 +27,20 @@ Bytes PointerBytes(RowPointer pointer) {
 
 bool IsOwnedBy(const Bytes& page, PageNumber table) {
   return page.front() == static_cast<Byte>(PageKind::Data) && ByteView(page).U32(4) == table;
+}
+
+/// Whether two entries of an index have the same key, which is not null in all of its columns: a
+/// null is a single byte, a value has more.
+bool HaveSameKey(const IndexLayout& index, const Bytes& one, const Bytes& other) {
+  constexpr std::size_t kRowBytes = 4;
+  return one.size() == other.size() && one.size() > kRowBytes + index.Columns.size() &&
+         std::equal(one.begin(), one.end() - kRowBytes, other.begin());
+}
+
+[[noreturn]] void RefuseSecond(const IndexLayout& index) {
+  throw FileProblem("There is a row already with the same value in the index " + index.Name +
+                        ", which allows each value once.",
+                    "Change the value and try again.");
 }
 
 }  // namespace
@@ -78,18 +93,58 @@ RawRow TableWriter::Read(RowPointer home) {
 
 RowPointer TableWriter::Insert(RawRow& row) {
   GiveAutoNumber(row);
-  CheckUnique(row, {});
-  const std::vector<PageNumber> owned = ReadUsageMap(pages_, table_.Owned);
-  const PageNumber last = owned.empty() ? 0 : owned.back();
-  const RowPointer home = Place(EncodeRow(row, table_), 0, last);
+  CheckUnique(row, {}, nullptr);
+  const RowPointer home = PlaceNew(EncodeRow(row, table_));
   SetRowCount(table_.RowCount + 1);
   ChangeIndexes(home, nullptr, &row);
   return home;
 }
 
+/// Many rows are entered in an index at once, by building it anew.
+std::vector<RowPointer> TableWriter::InsertAll(std::vector<RawRow>& rows) {
+  std::vector<RowPointer> homes;
+  if (rows.size() < kManyRows || rows.size() < table_.RowCount / kManyRows) {
+    for (RawRow& row : rows) {
+      homes.push_back(Insert(row));
+    }
+    return homes;
+  }
+  for (RawRow& row : rows) {
+    GiveAutoNumber(row);
+    homes.push_back(PlaceNew(EncodeRow(row, table_)));
+  }
+  SetRowCount(table_.RowCount + static_cast<std::uint32_t>(rows.size()));
+  for (const IndexLayout& index : table_.Indexes) {
+    AddToIndex(index, rows, homes);
+  }
+  return homes;
+}
+
+void TableWriter::AddToIndex(const IndexLayout& index, const std::vector<RawRow>& rows,
+                             const std::vector<RowPointer>& homes) {
+  std::vector<Bytes> keys;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (HasEntry(index, &rows[i])) {
+      keys.push_back(EntryKey(IndexKey(index, table_, rows[i]), homes[i]));
+    }
+  }
+  std::sort(keys.begin(), keys.end());
+  IndexTree tree(pages_, table_.Page, index);
+  const std::vector<Bytes> before = tree.Keys();
+  std::vector<Bytes> all;
+  std::merge(before.begin(), before.end(), keys.begin(), keys.end(), std::back_inserter(all));
+  const auto same = std::adjacent_find(
+      all.begin(), all.end(),
+      [&](const Bytes& one, const Bytes& other) { return HaveSameKey(index, one, other); });
+  if (index.IsUnique() && same != all.end()) {
+    RefuseSecond(index);
+  }
+  tree.Rebuild(all);
+}
+
 void TableWriter::Update(RowPointer home, const RawRow& row) {
   const RawRow before = Read(home);
-  CheckUnique(row, home);
+  CheckUnique(row, home, &before);
   const Bytes bytes = EncodeRow(row, table_);
   const RowPointer place = Resolve(home);
   if (HasRoomToReplace(*pages_.ReadPage(place.Page), place.Row, bytes.size())) {
@@ -106,7 +161,7 @@ void TableWriter::Move(RowPointer home, RowPointer place, const Bytes& row) {
   if (place != home) {
     Empty(place);
   }
-  const RowPointer target = Place(row, kRowDeleted, 0);
+  const RowPointer target = Place(row, kRowDeleted);
   const Bytes pointer = PointerBytes(target);
   if (!HasRoomToReplace(*pages_.ReadPage(home.Page), home.Row, pointer.size())) {
     throw DamagedFile();
@@ -138,27 +193,49 @@ void TableWriter::Empty(RowPointer place) {
   FreePage(pages_, place.Page);
 }
 
-/// Puts a row on one of the table's pages and returns where. With `not_before` 0 any page will do;
-/// else it is that page, which is the table's last, or a later one: so rows stay in the order in
-/// which they came.
-RowPointer TableWriter::Place(const Bytes& row, std::uint16_t flags, PageNumber not_before) {
-  std::vector<PageNumber> pages =
-      ReadUsageMap(pages_, not_before == 0 ? table_.Free : table_.Owned);
-  std::reverse(pages.begin(), pages.end());
-  const std::size_t tries = std::min(pages.size(), not_before == 0 ? kPagesTried : 1);
-  for (std::size_t i = 0; i < tries; ++i) {
-    const PagePtr page = pages_.ReadPage(pages[i]);
-    if (!IsOwnedBy(*page, table_.Page)) {
-      continue;
-    }
-    if (HasRoomFor(*page, row.size())) {
-      return {pages[i], AddRow(pages_.Edit(pages[i]), row, flags)};
-    }
-    RemoveFromMap(pages_, table_.Free, pages[i]);
+/// Programs take rows in the order of their places for the order of their numbers.
+bool TableWriter::KeepsOrder() const {
+  return std::any_of(table_.Columns.begin(), table_.Columns.end(),
+                     [](const ColumnLayout& column) { return column.IsAutoNumber(); });
+}
+
+RowPointer TableWriter::PlaceNew(const Bytes& row) {
+  const SlotUse use = KeepsOrder() ? SlotUse::New : SlotUse::Any;
+  if (filling_ != 0 && HasRoomFor(*pages_.ReadPage(filling_), row.size(), use)) {
+    return {filling_, AddRow(pages_.Edit(filling_), row, 0, use)};
   }
-  const std::vector<PageNumber> owned = ReadUsageMap(pages_, table_.Owned);
-  const PageNumber added = AddPage(owned.empty() ? 0 : owned.back());
+  const RowPointer place = KeepsOrder() ? PlaceLast(row) : Place(row, 0);
+  filling_ = place.Page;
+  return place;
+}
+
+/// Puts a row on the first of the table's pages that has room, and returns where. Pages that have
+/// none are taken out of the map of those with room.
+RowPointer TableWriter::Place(const Bytes& row, std::uint16_t flags) {
+  for (const PageNumber number : ReadUsageMap(pages_, table_.Free)) {
+    const PagePtr page = pages_.ReadPage(number);
+    if (IsOwnedBy(*page, table_.Page) && HasRoomFor(*page, row.size(), SlotUse::Any)) {
+      return {number, AddRow(pages_.Edit(number), row, flags, SlotUse::Any)};
+    }
+    RemoveFromMap(pages_, table_.Free, number);
+  }
+  const PageNumber added = AddPage(0);
   return {added, AddRow(pages_.Edit(added), row, flags)};
+}
+
+/// Puts a row after all others.
+RowPointer TableWriter::PlaceLast(const Bytes& row) {
+  const std::vector<PageNumber> owned = ReadUsageMap(pages_, table_.Owned);
+  const PageNumber last = owned.empty() ? 0 : owned.back();
+  if (last != 0) {
+    const PagePtr page = pages_.ReadPage(last);
+    if (IsOwnedBy(*page, table_.Page) && HasRoomFor(*page, row.size())) {
+      return {last, AddRow(pages_.Edit(last), row)};
+    }
+    RemoveFromMap(pages_, table_.Free, last);
+  }
+  const PageNumber added = AddPage(last);
+  return {added, AddRow(pages_.Edit(added), row)};
 }
 
 PageNumber TableWriter::AddPage(PageNumber above) {
@@ -191,13 +268,11 @@ void TableWriter::GiveAutoNumber(RawRow& row) {
   }
 }
 
-void TableWriter::CheckUnique(const RawRow& row, RowPointer home) {
+void TableWriter::CheckUnique(const RawRow& row, RowPointer home, const RawRow* before) {
   for (const IndexLayout& index : table_.Indexes) {
-    if (index.IsUnique() && !IsNullKey(index, table_, row) &&
+    if (index.IsUnique() && !HasSameKey(index, before, &row) && !IsNullKey(index, table_, row) &&
         IndexTree(pages_, table_.Page, index).HasKey(IndexKey(index, table_, row), home)) {
-      throw FileProblem("There is a row already with the same value in the index " + index.Name +
-                            ", which allows each value once.",
-                        "Change the value and try again.");
+      RefuseSecond(index);
     }
   }
 }
@@ -220,9 +295,21 @@ void TableWriter::ChangeIndexes(RowPointer home, const RawRow* before, const Raw
   }
 }
 
+/// Whether both rows have the same values in the index's columns.
+bool TableWriter::HasSameKey(const IndexLayout& index, const RawRow* one,
+                             const RawRow* other) const {
+  return one != nullptr && other != nullptr &&
+         std::all_of(index.Columns.begin(), index.Columns.end(), [&](const IndexColumn& column) {
+           return ColumnOf(column, table_, *one) == ColumnOf(column, table_, *other);
+         });
+}
+
 /// Returns false when the index lacks the entry that is to go.
 bool TableWriter::ChangeIndex(const IndexLayout& index, RowPointer home, const RawRow* before,
                               const RawRow* after) {
+  if (HasSameKey(index, before, after)) {
+    return true;
+  }
   IndexTree tree(pages_, table_.Page, index);
   const bool had = HasEntry(index, before);
   const bool has = HasEntry(index, after);

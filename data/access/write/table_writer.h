@@ -15,8 +15,8 @@ void CheckMayWrite(const FileHeader& header);
 void CheckMayWrite(const TableLayout& table);
 
 /// Changes the rows of one table of a Jet 4 file, with its row count, auto number, indexes and maps
-/// of pages. Added rows come after all others. Throws FileProblem; the changes are then to be
-/// thrown away.
+/// of pages. In a table with an auto number added rows come after all others; in one without they
+/// take the first room that there is. Throws FileProblem; the changes are then to be thrown away.
 class TableWriter {
  public:
   TableWriter(PageChanges& pages, PageNumber definition);
@@ -28,6 +28,9 @@ class TableWriter {
 
   /// Adds a row, an auto number that is null in it given first. Returns its home slot.
   RowPointer Insert(RawRow& row);
+
+  /// Adds rows in their order, as Insert does. Returns their home slots.
+  std::vector<RowPointer> InsertAll(std::vector<RawRow>& rows);
 
   /// Replaces the row of that home slot, which it keeps. Throws StoreProblem when there is none.
   void Update(RowPointer home, const RawRow& row);
@@ -41,8 +44,13 @@ class TableWriter {
  private:
   RowPointer Resolve(RowPointer home);
   void GiveAutoNumber(RawRow& row);
-  void CheckUnique(const RawRow& row, RowPointer home);
-  RowPointer Place(const Bytes& row, std::uint16_t flags, PageNumber not_before);
+  void CheckUnique(const RawRow& row, RowPointer home, const RawRow* before);
+  bool KeepsOrder() const;
+  RowPointer PlaceNew(const Bytes& row);
+  RowPointer Place(const Bytes& row, std::uint16_t flags);
+  RowPointer PlaceLast(const Bytes& row);
+  void AddToIndex(const IndexLayout& index, const std::vector<RawRow>& rows,
+                  const std::vector<RowPointer>& homes);
   PageNumber AddPage(PageNumber above);
   void Move(RowPointer home, RowPointer place, const Bytes& row);
   void Empty(RowPointer place);
@@ -50,11 +58,13 @@ class TableWriter {
   void ChangeIndexes(RowPointer home, const RawRow* before, const RawRow* after);
   bool ChangeIndex(const IndexLayout& index, RowPointer home, const RawRow* before,
                    const RawRow* after);
+  bool HasSameKey(const IndexLayout& index, const RawRow* one, const RawRow* other) const;
   bool HasEntry(const IndexLayout& index, const RawRow* row) const;
   void RebuildIndex(const IndexLayout& index);
 
   PageChanges& pages_;
   TableLayout table_;
+  PageNumber filling_ = 0;  ///< The page that took the last added row, 0 for none yet.
 };
 
 }  // namespace veyra::access

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kInlineBits = 5;
 constexpr std::size_t kMapPageBits = 4;
-constexpr std::size_t kFreePagesTried = 64;
+constexpr std::size_t kFreePagesTried = 1024;
 
 enum MapKind : Byte { kInPlace = 0, kOnMapPages = 1 };
 
@@ -68,7 +68,8 @@ PageNumber MapPageFor(const PageSource& pages, ByteView row, PageNumber page) {
 void SetOnMapPage(PageChanges& pages, RowPointer map, PageNumber page) {
   PageNumber map_page = MapPageFor(pages, MapRow(pages, map), page);
   if (map_page == 0) {
-    map_page = TakePage(pages);
+    // A page that is free by a map which is being made anew may be about to be entered in it.
+    map_page = map == kFreePages ? pages.Grow() : TakePage(pages);
     Bytes& fresh = pages.Edit(map_page);
     fresh[0] = static_cast<Byte>(PageKind::UsageMap);
     fresh[1] = 1;
@@ -109,15 +110,11 @@ bool SetInReach(PageChanges& pages, RowPointer map, PageNumber page, bool value)
 }
 
 /// Programs may take a bit past the file's end as a page to use: those of the file's own pages are
-/// cleared one by one as the file grows, and the window is moved along with its end.
+/// cleared one by one as the file grows. A map that no longer reaches the end moves to map pages.
 PageNumber GrowFile(PageChanges& pages) {
   const PageNumber page = pages.Grow();
-  if (!SetInReach(pages, kFreePages, page, false)) {
-    const std::span<Byte> row = EditMapRow(pages, kFreePages);
-    if (row[0] == kInPlace) {
-      std::fill(row.begin(), row.end(), Byte{0});
-      Put<std::uint32_t>(row, 1, page);
-    }
+  if (!SetInReach(pages, kFreePages, page, false) && IsInPlace(MapRow(pages, kFreePages))) {
+    MoveToMapPages(pages, kFreePages);
   }
   return page;
 }
@@ -130,7 +127,7 @@ void AddToMap(PageChanges& pages, RowPointer map, PageNumber page) {
   }
   const PagePtr kept = pages.ReadPage(map.Page, PageKind::Data);
   const ByteView row = MapRow(pages, map);
-  if (IsInPlace(row) && IsEmpty(row)) {
+  if (IsInPlace(row) && IsEmpty(row) && map != kFreePages) {
     const std::span<Byte> edited = EditMapRow(pages, map);
     Put<std::uint32_t>(edited, 1, page);
     SetBit(edited.subspan(kInlineBits), 0, true);
@@ -162,7 +159,7 @@ PageNumber TakePage(PageChanges& pages, PageNumber above) {
 
 void FreePage(PageChanges& pages, PageNumber page) {
   pages.Edit(page).assign(pages.PageSize(), 0);
-  SetInReach(pages, kFreePages, page, true);
+  AddToMap(pages, kFreePages, page);
 }
 
 }  // namespace veyra::access

@@ -11,27 +11,6 @@ namespace veyra {
 
 namespace {
 
-/// The lines that a command writes.
-std::vector<std::string> LinesOf(const std::string& command) {
-  std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-  std::string output;
-  std::array<char, 4096> buffer;
-  while (pipe != nullptr) {
-    const std::size_t read = fread(buffer.data(), 1, buffer.size(), pipe.get());
-    if (read == 0) {
-      break;
-    }
-    output.append(buffer.data(), read);
-  }
-  std::vector<std::string> lines;
-  for (std::size_t at = 0; at < output.size();) {
-    const std::size_t end = std::min(output.find('\n', at), output.size());
-    lines.push_back(output.substr(at, end - at));
-    at = end + 1;
-  }
-  return lines;
-}
-
 ColumnDefinition Column(const std::string& name, ColumnType type, int size = 0,
                         bool auto_increment = false) {
   ColumnDefinition column;
@@ -88,9 +67,30 @@ bool AccessFolder::HasOtherReader() {
   return has;
 }
 
+std::vector<std::string> AccessFolder::LinesOfCommand(const std::string& command) {
+  std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  std::string output;
+  std::array<char, 4096> buffer;
+  while (pipe != nullptr) {
+    const std::size_t read = fread(buffer.data(), 1, buffer.size(), pipe.get());
+    if (read == 0) {
+      break;
+    }
+    output.append(buffer.data(), read);
+  }
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < output.size();) {
+    const std::size_t end = std::min(output.find('\n', at), output.size());
+    lines.push_back(output.substr(at, end - at));
+    at = end + 1;
+  }
+  return lines;
+}
+
 std::vector<std::string> AccessFolder::OtherReader(const std::string& file,
                                                    const std::string& table) {
-  auto lines = LinesOf("mdb-export -H -Q -d '|' -T '%Y-%m-%d' '" + file + "' '" + table + "'");
+  auto lines =
+      LinesOfCommand("mdb-export -H -Q -d '|' -T '%Y-%m-%d' '" + file + "' '" + table + "'");
   for (std::string& line : lines) {
     const std::size_t last = line.rfind('|');
     const std::string number = line.substr(last + 1);

@@ -25,6 +25,9 @@ class AccessFolder {
   static std::vector<std::string> OtherReader(const std::string& file, const std::string& table);
   static bool HasOtherReader();
 
+  /// The lines that a command writes.
+  static std::vector<std::string> LinesOfCommand(const std::string& command);
+
  private:
   TempFolder folder_;
 };

@@ -78,49 +78,10 @@ TEST(Journal, ThatIsCutShortIsDroppedAndTheFileStaysAsItWas) {
   EXPECT_TRUE(AllRows(*folder.Open(), "Reserv").empty());
 }
 
-TEST(Journal, OfAFileThatAnotherProgramHasChangedSinceIsNotCarriedOut) {
-  const AccessFolder folder;
-  AddBookingAndDie(folder.Calendar(), CommitStep::JournalFlushed);
-  std::string bytes = folder.Folder().Read("Calendar.mdb");
-  for (std::size_t page = 2; page < bytes.size() / 4096; ++page) {
-    bytes[page * 4096 + 4095] = static_cast<char>(bytes[page * 4096 + 4095] ^ 0x55);
-  }
-  folder.Folder().Write("Calendar.mdb", bytes);
-  EXPECT_THROW(folder.Open(), DatabaseError);
-  EXPECT_EQ(bytes, folder.Folder().Read("Calendar.mdb"));
-}
-
 TEST(Journal, LeavesNothingBesideTheFile) {
   const AccessFolder folder;
   AddBooking(*folder.Open());
   EXPECT_FALSE(access::HasJournal(folder.Calendar()));
-}
-
-/// The cause of the report that adding a booking ends with.
-std::string RefusalOfABooking(const AccessFolder& folder) {
-  try {
-    AddBooking(*folder.Open());
-  } catch (const DatabaseError& error) {
-    return error.report().Cause;
-  }
-  return "";
-}
-
-TEST(LockFile, SaysWhoHasTheDatabaseOpen) {
-  const AccessFolder folder;
-  std::string entry("FRONTDESK");
-  entry.resize(32, '\0');
-  entry += "Admin";
-  entry.resize(64, '\0');
-  folder.Folder().Write("Calendar.ldb", entry);
-  EXPECT_EQ("Another program has the database open: Admin on FRONTDESK.",
-            RefusalOfABooking(folder));
-}
-
-TEST(LockFile, WithoutNamesStillKeepsFromWriting) {
-  const AccessFolder folder;
-  folder.Folder().Write("Calendar.laccdb", "");
-  EXPECT_EQ("Another program has the database open.", RefusalOfABooking(folder));
 }
 
 TEST(LockFile, DoesNotKeepFromReading) {

@@ -229,6 +229,34 @@ TEST_P(CheckCommandTest, ADamagedFileIsFoundToBeSo) {
   EXPECT_NE("", ended.Out + ended.Err);
 }
 
+TEST_P(CheckCommandTest, OneFileIsCheckedByItself) {
+  temp_.Write("data/Calendar.mdb-journal", "x");
+  EXPECT_EQ(CalendarName() + ": nothing is wrong.\n", Check({CalendarName()}).Out);
+  Book(pool_, "2026-03-02", 12, 10, "Turned");
+  EXPECT_EQ(0U, Check({CalendarName()}).Out.find("slots-reversed: "));
+  const std::string guests = Folder() + "/Veyra.mdb";
+  EXPECT_EQ(guests + ": nothing is wrong.\n", Check({guests}).Out);
+}
+
+TEST_P(CheckCommandTest, AnAccessIndexThatDiffersFromItsTableIsFound) {
+  if (GetParam() != StoreKind::Access) {
+    GTEST_SKIP() << "SQLite's own check has its own tests";
+  }
+  const std::string columns_and_id{"\3\0\2\0\0\0", 6};
+  std::string bytes = temp_.Read("data/Calendar.mdb");
+  const std::size_t row = bytes.rfind(columns_and_id, bytes.find("Main Hall"));
+  ASSERT_NE(std::string::npos, row);
+  bytes[row + 2] = 9;
+  temp_.Write("data/Calendar.mdb", bytes);
+  for (const std::string& named : {Folder(), CalendarName()}) {
+    const Ended ended = Check({named});
+    EXPECT_EQ(1, ended.Status);
+    EXPECT_EQ(0U, ended.Out.find("damaged: The file is damaged: Index PrimaryKey of the table "
+                                 "Rooms is wrong: 1 rows are missing in it"))
+        << ended.Out;
+  }
+}
+
 TEST_P(CheckCommandTest, WhatIsNoCalendarIsAClearError) {
   for (const char* bytes : {"", "Dear diary", "SQLite format 3"}) {
     temp_.Write("data/Calendar.mdb", bytes);

@@ -1,0 +1,80 @@
+#include "tools/companion/compact_command.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "data/errors.h"
+#include "data/file_name.h"
+#include "data/open_store.h"
+#include "tools/companion/folder_argument.h"
+#include "tools/rewritten_file.h"
+
+namespace fs = std::filesystem;
+
+namespace veyra {
+namespace {
+
+constexpr const char* kCalendarFile = "Calendar.mdb";
+
+std::string Kilobytes(std::uintmax_t bytes) {
+  return std::to_string((bytes + 1023) / 1024) + " KB";
+}
+
+void RequireTablesOnly(const std::string& file, const StoreDescription& found) {
+  if (found.OtherObjects > 0) {
+    throw DatabaseError({file,
+                         "It has " + std::to_string(found.OtherObjects) +
+                             " queries, forms, reports or other objects, which would be lost.",
+                         "Nothing was changed. Open it in Access and choose Compact and Repair."});
+  }
+  if (!found.IsWritable) {
+    throw DatabaseError({file, "It is of a kind that is only read.",
+                         "Nothing was changed. Convert it with veyra-data convert."});
+  }
+}
+
+ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver& observer,
+                      std::ostream& out) {
+  const fs::path named = fs::absolute(NativePath(folder)) / kCalendarFile;
+  const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
+  if (found.Kind != FileKind::Access) {
+    out << named.string() << " is a SQLite file, which needs no compacting; nothing was changed.\n";
+    return ExitStatus::Found;
+  }
+  RequireTablesOnly(named.string(), found);
+  const fs::path file = fs::canonical(named);
+  const std::uintmax_t before = fs::file_size(file);
+  const RewrittenFile made = RewriteFile(file, found.Kind, today, observer);
+  fs::remove(made.Kept);
+  const std::uintmax_t after = fs::file_size(file);
+  out << file.string() << " had " << Kilobytes(before) << " and has " << Kilobytes(after)
+      << " now, " << Kilobytes(before > after ? before - after : 0)
+      << " less: " << made.Plan.Tables.size() << " tables, " << made.Plan.RowCount
+      << " rows, all compared.\n";
+  return ExitStatus::Fine;
+}
+
+Command::Action Declare(CLI::App& app, Date today, const CopyObserver& observer) {
+  const auto folder = std::make_shared<std::string>();
+  AddRequiredName(app, "FOLDER", *folder, "the data folder");
+  return [folder, today, observer](Streams& streams) {
+    return RunCompact(*folder, today, observer, streams.Out);
+  };
+}
+
+}  // namespace
+
+Command CompactCommand(Date today, CopyObserver observer) {
+  return {"compact", "Make Calendar.mdb anew without its holes",
+          "All its tables, columns and rows are copied into a new file, where every row is\n"
+          "compared; the old file is kept until then. Nobody may have the calendar open.\n"
+          "Example: veyra-data compact ~/our-calendar",
+          [today, observer = std::move(observer)](CLI::App& app) {
+            return Declare(app, today, observer);
+          }};
+}
+
+}  // namespace veyra

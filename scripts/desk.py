@@ -31,8 +31,10 @@ class Control:
     """A control on the screen, as the accessibility bus describes it. Nothing is remembered: each
     question goes to the program, and raises GLib.Error when the control is gone."""
 
-    def __init__(self, accessible):
+    def __init__(self, accessible, scale=1):
+        """`scale`: pixels of the screen for each that the bus tells of."""
         self._accessible = accessible
+        self._scale = scale
 
     name = property(lambda self: self._accessible.get_name())
     role = property(lambda self: self._accessible.get_role_name())
@@ -41,7 +43,8 @@ class Control:
     def box(self):
         """Left, top, width and height in pixels of the screen."""
         extents = self._accessible.get_extents(_atspi.CoordType.SCREEN)
-        return extents.x, extents.y, extents.width, extents.height
+        return tuple(self._scale * length for length in
+                     (extents.x, extents.y, extents.width, extents.height))
 
     @property
     def centre(self):
@@ -52,7 +55,7 @@ class Control:
     def children(self):
         count = self._accessible.get_child_count()
         found = (self._accessible.get_child_at_index(i) for i in range(count))
-        return [Control(child) for child in found if child]
+        return [Control(child, self._scale) for child in found if child]
 
     @property
     def text(self):
@@ -79,7 +82,8 @@ class Control:
 
     def cell(self, row, column):
         """Of a table; both counted from 0."""
-        return Control(_atspi.Table.get_accessible_at(self._accessible, row, column))
+        cell = _atspi.Table.get_accessible_at(self._accessible, row, column)
+        return Control(cell, self._scale)
 
 
 class Desk:
@@ -112,7 +116,7 @@ class Desk:
 
     def windows(self):
         """The program's windows that are on the screen."""
-        for application in Control(_atspi.get_desktop(0)).children:
+        for application in Control(_atspi.get_desktop(0), self.screen.scale).children:
             if application._accessible.get_process_id() == self.process.pid:
                 return [window for window in application.children if window.is_showing]
         return []
@@ -267,7 +271,7 @@ class Desk:
         """Opens the list of the front window's combo by mouse and clicks an item."""
         combo = self.first("combo box")
         x, y, width, height = combo.box
-        self.screen.click(x + width - 8, y + height // 2)
+        self.screen.click(x + width - 8 * self.screen.scale, y + height // 2)
         entry = self.wait(
             lambda: next((one for one in combo.everything()
                           if one.role == "list item" and one.name == item
@@ -292,7 +296,7 @@ class Desk:
     def open_day(self, day):
         """Clicks a day cell and waits for its day window."""
         x, y, width, _ = self.day_cell(day).box
-        self.screen.click(x + width // 2, y + 10)
+        self.screen.click(x + width // 2, y + 10 * self.screen.scale)
         return self.front_window(f"  {date_text(day)} Bookings")
 
     def close_day(self):

@@ -41,10 +41,11 @@ def wait_until(condition, what, patience=PATIENCE, passing=()):
 
 
 class Screen:
-    """Use as a context manager; what was started on it ends with it."""
+    """Use as a context manager; what was started on it ends with it. `scale`: pixels of the screen,
+    either way, for each pixel of a usual one; its programs draw so much larger."""
 
-    def __init__(self, width=1280, height=800):
-        self.width, self.height = width, height
+    def __init__(self, width=1280, height=800, scale=1):
+        self.width, self.height, self.scale = width * scale, height * scale, scale
         self.environment = {}  # of the programs started on it
         self._started = []
         self._home = None
@@ -78,6 +79,7 @@ class Screen:
             "QT_QPA_PLATFORM": "xcb",
             "QT_ACCESSIBILITY": "1",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "QT_SCALE_FACTOR": str(self.scale),
         }
         size = f"{self.width}x{self.height}x24"
         display = self._start_announced(

@@ -14,6 +14,7 @@
 #include "forms/widgets/qt_long_text.h"
 #include "forms/widgets/qt_progress.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_window_in_use.h"
 
 namespace veyra {
 namespace {
@@ -87,6 +88,21 @@ void MakeSmaller(QLabel& label) {
   label.setFont(font);
 }
 
+int WidestLine(const QLabel& label) {
+  int widest = 0;
+  for (const QString& line : label.text().split(QLatin1Char('\n'))) {
+    widest = std::max(widest, label.fontMetrics().horizontalAdvance(line) + 1);
+  }
+  return widest;
+}
+
+/// Gives the label at least that width; a label that needs more by itself keeps it.
+void Widen(QLabel& label, int least) {
+  if (std::max(label.minimumWidth(), WidestLine(label)) < least) {
+    label.setMinimumWidth(least);
+  }
+}
+
 /// Keeps the box on the screen whatever its texts: together they take at most two thirds of it.
 void LayOutTexts(QMessageBox& box) {
   const QSize screen = box.screen()->availableSize();
@@ -95,17 +111,20 @@ void LayOutTexts(QMessageBox& box) {
   QLabel& text = *TextOf(box);
   text.setWordWrap(true);
   QtLongText::Fit(text, width, most_text_height);
+  const int title_width = box.fontMetrics().horizontalAdvance(box.windowTitle());
+  Widen(text, std::min(2 * title_width, width));
   if (QLabel* details = DetailsOf(box)) {
     const int text_height = std::min(text.heightForWidth(width), most_text_height);
     MakeSmaller(*details);
     QtLongText::Fit(*details, width, screen.height() * 2 / 3 - text_height);
+    Widen(text, std::min(WidestLine(*details), width));
   }
 }
 
 }  // namespace
 
 Answer QtDialogs::MsgBox(const Message& message) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(WindowInUse());
   box.setWindowTitle(ToQString(message.Title));
   box.setIcon(IconOf(message.Sign));
   box.setTextFormat(Qt::PlainText);
@@ -131,7 +150,7 @@ Answer QtDialogs::MsgBox(const Message& message) {
 
 std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title,
                                 const std::string& default_text) {
-  QInputDialog box(QApplication::activeWindow());
+  QInputDialog box(WindowInUse());
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(ToQString(title));
   box.setLabelText(ShownText(prompt));

@@ -5,6 +5,7 @@
 
 #include "forms/widgets/qt_progress_box.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_window_in_use.h"
 
 namespace veyra {
 namespace {
@@ -48,7 +49,7 @@ bool QtProgress::Report(std::int64_t done, std::int64_t total) {
 }
 
 void QtProgress::Show() {
-  box_ = std::make_unique<QtProgressBox>(early_end_, QApplication::activeWindow());
+  box_ = std::make_unique<QtProgressBox>(early_end_, WindowInUse());
   box_->setRange(0, kBarSteps);
   box_->show();
 }

@@ -4,6 +4,7 @@
 
 #include "forms/widgets/qt_progress_box.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_window_in_use.h"
 
 namespace veyra {
 namespace {
@@ -38,7 +39,7 @@ void QtWaitingSign::WaitEnded() {
 
 void QtWaitingSign::Show(const std::string& file) {
   guard_.Hold(true);
-  box_ = std::make_unique<QtProgressBox>(EarlyEnd::Cancel, QApplication::activeWindow());
+  box_ = std::make_unique<QtProgressBox>(EarlyEnd::Cancel, WindowInUse());
   box_->setLabelText(QStringLiteral("Waiting for another program …\n") + ToQString(file));
   // No end can be foreseen: the bar only shows that the program is alive.
   box_->setRange(0, 0);

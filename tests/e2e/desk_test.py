@@ -21,7 +21,7 @@ def screen():
     """The screen of this run, made when first asked for."""
     global _screen
     if _screen is None:
-        _screen = Screen()
+        _screen = Screen(scale=int(os.environ.get("VEYRA_SCALE", "1")))
         _screen.__enter__()
         unittest.addModuleCleanup(_screen.__exit__)
     return _screen

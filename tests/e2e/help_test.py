@@ -76,7 +76,8 @@ class HelpTest(DeskTest):
         self.wait_for_topic("The month window")
         month = next(one for one in self.desk.windows() if one.name != HELP)
         x, y, width, height = month.box
-        self.desk.screen.click(x + width - 4, y + height - 40)
+        self.desk.screen.click(x + width - 4 * self.desk.screen.scale,
+                               y + height - 40 * self.desk.screen.scale)
         self.desk.wait_for_month_window()
         title = self.desk.month_title()
         self.desk.key("Page_Down")

@@ -123,7 +123,8 @@ class StackingTest(DeskTest):
         """Near its lower left corner, which no window covers that stands over its middle."""
         window = next(one for one in self.desk.windows() if one.name == title)
         x, y, _, height = window.box
-        self.desk.screen.click(x + 4, y + height - 4)
+        self.desk.screen.click(x + 4 * self.desk.screen.scale,
+                               y + height - 4 * self.desk.screen.scale)
 
 
 class IconTest(DeskTest):

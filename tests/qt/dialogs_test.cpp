@@ -36,6 +36,12 @@ QLabel& Text(const QMessageBox& box) {
   return *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
 }
 
+/// Whether all that the label says is in sight, be it in several lines.
+bool IsWhole(const QLabel& label) {
+  return label.wordWrap() ? label.height() >= label.heightForWidth(label.width())
+                          : label.width() >= label.fontMetrics().horizontalAdvance(label.text());
+}
+
 Answer AnswerToKey(Qt::Key key, Buttons choice) {
   WhenShown<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
   return QtDialogs().MsgBox({.Text = "Well?", .Choice = choice});
@@ -106,6 +112,39 @@ TEST(MsgBox, ShowsItsDetailsSmallerBelowItsText) {
     box.accept();
   });
   QtDialogs().MsgBox({.Text = "Delete?", .Details = "Main Hall\r\n3/14/2026"});
+}
+
+TEST(MsgBox, BreaksNoLineOfItsDetailsThatFits) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QLabel& details = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    const int text_width = details.fontMetrics().horizontalAdvance(details.text());
+    EXPECT_GE(details.width(), text_width);
+    EXPECT_LT(text_width, box.width());
+    box.accept();
+  });
+  QtDialogs().MsgBox(
+      {.Text = "Stopped.", .Details = "Continue books the other dates, as a part of the group."});
+}
+
+TEST(MsgBox, IsWideEnoughForItsTextWhateverItsTitleAndDetails) {
+  const std::string text = "Do You wand to Delete this Booking for Liam Fairbrother?";
+  for (const char* details : {"", "Main Hall", "Main Hall, Wednesday 11/18/2026, 10:00A-12:00P"}) {
+    WhenShown<QMessageBox>([](QMessageBox& box) {
+      EXPECT_TRUE(IsWhole(Text(box)));
+      box.accept();
+    });
+    QtDialogs().MsgBox({.Text = text, .Sign = Icon::Critical, .Details = details});
+  }
+}
+
+TEST(MsgBox, IsWideEnoughForItsTitleWhateverItSays) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    constexpr int kIconAndButtonsOfTitleBar = 90;
+    EXPECT_GE(box.width(),
+              box.fontMetrics().horizontalAdvance(box.windowTitle()) + kIconAndButtonsOfTitleBar);
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "Done."});
 }
 
 TEST(MsgBox, ShowsTitleIconAndPlainTextWithItsLineBreaks) {

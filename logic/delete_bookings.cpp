@@ -17,13 +17,11 @@ const RowActionWords kWords{
     .Undone = "The deleted bookings have been put back.",
 };
 
-bool WantsGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
-  return IsGroupKey(group_key) &&
-         dialogs.MsgBox({.Text = "This has Multiple Bookings. Do you want to Delete All of them?",
-                         .Choice = Buttons::YesNo,
-                         .Sign = Icon::Critical,
-                         .Details = GroupDetails(session, group_key),
-                         .Default = Answer::No}) == Answer::Yes;
+Message GroupQuestion() {
+  return {.Text = "This has Multiple Bookings. Do you want to Delete All of them?",
+          .Choice = Buttons::YesNo,
+          .Sign = Icon::Critical,
+          .Default = Answer::No};
 }
 
 BookingChange DeleteGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
@@ -39,7 +37,7 @@ BookingChange DeletePicked(Session& session, Dialogs& dialogs) {
     return {};
   }
   const Value group_key = picked->Field("MultKey");
-  if (WantsGroup(session, group_key, dialogs)) {
+  if (IsGroupMeant(session, group_key, GroupQuestion(), dialogs)) {
     picked->Close();
     return DeleteGroup(session, group_key, dialogs);
   }

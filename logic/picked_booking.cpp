@@ -82,6 +82,14 @@ bool IsGroupKey(const Value& key) {
   return ToDouble(key).value_or(0) > 0;
 }
 
+bool IsGroupMeant(Session& session, const Value& group_key, Message question, Dialogs& dialogs) {
+  if (!IsGroupKey(group_key)) {
+    return false;
+  }
+  question.Details = GroupDetails(session, group_key);
+  return dialogs.MsgBox(question) == Answer::Yes;
+}
+
 std::string PickedDetails(Session& session, const std::string& name) {
   const Rows picked = FindPicked(session);
   if (picked->AtEnd()) {

@@ -19,6 +19,10 @@ Rows FindGroup(Session& session, const Value& group_key);
 /// Whether a booking with that MultKey belongs to a group.
 bool IsGroupKey(const Value& key);
 
+/// Whether the operator means all of the group: asks the question, with GroupDetails below it. Asks
+/// nothing, and returns false, for a booking that belongs to no group.
+bool IsGroupMeant(Session& session, const Value& group_key, Message question, Dialogs& dialogs);
+
 /// What a question about the picked booking says below its text: facility, date and times, and of a
 /// group the number of its dates, the first and the last of them. `name` is what the question calls
 /// it; a booking that has another name by now is called by that too.

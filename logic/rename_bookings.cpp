@@ -90,13 +90,10 @@ class RenameRows : public RowAction {
   std::unordered_map<std::size_t, FieldValues> before_;
 };
 
-bool WantsGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
-  return IsGroupKey(group_key) &&
-         dialogs.MsgBox(
-             {.Text = "This has Multiple Bookings. Do you want to Change the Name on All of them?",
-              .Choice = Buttons::YesNo,
-              .Sign = Icon::Exclamation,
-              .Details = GroupDetails(session, group_key)}) == Answer::Yes;
+Message GroupQuestion() {
+  return {.Text = "This has Multiple Bookings. Do you want to Change the Name on All of them?",
+          .Choice = Buttons::YesNo,
+          .Sign = Icon::Exclamation};
 }
 
 BookingChange RenameGroup(Session& session, const Value& group_key, const std::string& name,
@@ -125,7 +122,7 @@ BookingChange RenamePicked(Session& session, std::string& name, Dialogs& dialogs
     return {};
   }
   const Value group_key = picked->Field("MultKey");
-  if (WantsGroup(session, group_key, dialogs)) {
+  if (IsGroupMeant(session, group_key, GroupQuestion(), dialogs)) {
     picked->Close();
     return RenameGroup(session, group_key, name, dialogs);
   }

@@ -12,10 +12,10 @@ from datetime import date, timedelta
 from desk import date_text
 from desk_test import DeskTest, main
 
-DATES = 90
+DATES = 60
 FIRST_SLOT, LAST_SLOT = 19, 21
 NAME, NEW_NAME = "Chess Club", "Chess and Tea Club"
-SLOW = "(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) " \
+SLOW = "(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60000) " \
        "SELECT MAX(i) FROM n)"
 OTHERS = "SELECT * FROM Reserv WHERE Event NOT LIKE 'Chess%' ORDER BY DateOfRes;"
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/errors.h"
 #include "logic/bookings.h"
 #include "logic/delete_bookings.h"
 #include "logic/rename_bookings.h"
@@ -82,6 +83,18 @@ class BookingsFixture : public testing::Test {
     folder_.AddBooking(pool_, "2014-04-13", 19, 21, "Choir", key);
     folder_.AddBooking(pool_, "2014-04-20", 19, 21, "Choir", key);
     folder_.AddBooking(hall_, "2014-04-06", 19, 21, "Choir", key);
+  }
+
+  /// The three dates, of which all are meant when it is asked.
+  void MeanTheGroup() {
+    AddGroup();
+    Desk();
+    dialogs_.AnswerNext(Answer::Yes);
+  }
+
+  /// As a statement fails of which the store cannot say whether it was carried out.
+  static void ThrowUnknown() {
+    throw OutcomeUnknownError({"/desk/Calendar.mdb", "The disk failed in the commit.", "Look."});
   }
 
   CalendarFolder folder_;

@@ -5,30 +5,19 @@ namespace veyra::modRes {
 namespace {
 
 /// The deletion of a group of three, under way.
-class HaltedDeletionTest : public BookingsFixture {
- protected:
-  void DeleteGroup() {
-    AddGroup();
-    Desk();
-    dialogs_.AnswerNext(Answer::Yes);
-  }
-
-  static void ThrowUnknown() {
-    throw OutcomeUnknownError({"/desk/Calendar.mdb", "The disk failed in the commit.", "Look."});
-  }
-};
+class HaltedDeletionTest : public BookingsFixture {};
 
 constexpr const char* kOtherPlace = "2 2014-04-06 19-21 Choir 20140401120000\n";
 
 TEST_F(HaltedDeletionTest, WhatNeverBeganIsReportedAsItIs) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 1);
   EXPECT_THROW(Delete(20, 20), DatabaseBusyError);
   EXPECT_EQ(1U, dialogs_.Boxes().size());
 }
 
 TEST_F(HaltedDeletionTest, KeepLeavesTheRestAndTheGridShowsIt) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 3);
   dialogs_.AnswerNext(Answer::Keep);
   Delete(20, 20);
@@ -44,7 +33,7 @@ TEST_F(HaltedDeletionTest, KeepLeavesTheRestAndTheGridShowsIt) {
 }
 
 TEST_F(HaltedDeletionTest, ContinueDeletesTheRest) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 2, 2);
   dialogs_.AnswerNext(Answer::Continue);
   dialogs_.AnswerNext(Answer::Continue);
@@ -54,7 +43,7 @@ TEST_F(HaltedDeletionTest, ContinueDeletesTheRest) {
 }
 
 TEST_F(HaltedDeletionTest, UndoPutsTheRowsBackWithAllTheyHeld) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 3);
   dialogs_.AnswerNext(Answer::Undo);
   Delete(20, 20);
@@ -68,7 +57,7 @@ TEST_F(HaltedDeletionTest, UndoPutsTheRowsBackWithAllTheyHeld) {
 }
 
 TEST_F(HaltedDeletionTest, AnUndoThatFailsTellsWhatIsStillGone) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 3);
   faults_.Fail(Statement::Insert, 2);
   dialogs_.AnswerNext(Answer::Undo);
@@ -81,7 +70,7 @@ TEST_F(HaltedDeletionTest, AnUndoThatFailsTellsWhatIsStillGone) {
 }
 
 TEST_F(HaltedDeletionTest, ARowThatAnotherProgramChangedIsLeftAlone) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Before(Statement::Delete, 2, [this] {
     Connection other(folder_.Calendar());
     const auto row = other.Open("SELECT * FROM Reserv Where DateOfRes = #4/13/2014#",
@@ -100,7 +89,7 @@ TEST_F(HaltedDeletionTest, ARowThatAnotherProgramChangedIsLeftAlone) {
 }
 
 TEST_F(HaltedDeletionTest, AnUncertainRowThatWentIsCountedAndPutBack) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.FailWhenDone(Statement::Delete, 2, ThrowUnknown);
   dialogs_.AnswerNext(Answer::Undo);
   Delete(20, 20);
@@ -113,7 +102,7 @@ TEST_F(HaltedDeletionTest, AnUncertainRowThatWentIsCountedAndPutBack) {
 }
 
 TEST_F(HaltedDeletionTest, ARowThatWasPutBackForCertainOrNotIsDeletedByContinue) {
-  DeleteGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Delete, 3);
   faults_.FailWhenDone(Statement::Insert, 1, ThrowUnknown);
   dialogs_.AnswerNext(Answer::Undo);
@@ -123,7 +112,7 @@ TEST_F(HaltedDeletionTest, ARowThatWasPutBackForCertainOrNotIsDeletedByContinue)
 }
 
 TEST_F(HaltedDeletionTest, StopLeadsToTheQuestion) {
-  DeleteGroup();
+  MeanTheGroup();
   dialogs_.EndEarlyAfter(1);
   dialogs_.AnswerNext(Answer::Continue);
   Delete(20, 20);

@@ -7,12 +7,6 @@ namespace {
 /// The renaming of a group of three, under way.
 class HaltedRenamingTest : public BookingsFixture {
  protected:
-  void RenameGroup() {
-    AddGroup();
-    Desk();
-    dialogs_.AnswerNext(Answer::Yes);
-  }
-
   /// The names of the group's rows, in the order of their dates.
   std::string Names() {
     const std::string rows = folder_.Bookings();
@@ -22,14 +16,10 @@ class HaltedRenamingTest : public BookingsFixture {
     }
     return names;
   }
-
-  static void ThrowUnknown() {
-    throw OutcomeUnknownError({"/desk/Calendar.mdb", "The disk failed in the commit.", "Look."});
-  }
 };
 
 TEST_F(HaltedRenamingTest, KeepLeavesWhatIsRenamed) {
-  RenameGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Update, 3);
   dialogs_.AnswerNext(Answer::Keep);
   Rename(20, 20, "Band");
@@ -43,7 +33,7 @@ TEST_F(HaltedRenamingTest, KeepLeavesWhatIsRenamed) {
 }
 
 TEST_F(HaltedRenamingTest, ContinueRenamesTheRest) {
-  RenameGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Update, 2);
   dialogs_.AnswerNext(Answer::Continue);
   Rename(20, 20, "Band");
@@ -52,7 +42,7 @@ TEST_F(HaltedRenamingTest, ContinueRenamesTheRest) {
 }
 
 TEST_F(HaltedRenamingTest, UndoGivesEveryRowItsOwnOldName) {
-  RenameGroup();
+  MeanTheGroup();
   {
     Connection other(folder_.Calendar());
     const auto row = other.Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
@@ -69,7 +59,7 @@ TEST_F(HaltedRenamingTest, UndoGivesEveryRowItsOwnOldName) {
 }
 
 TEST_F(HaltedRenamingTest, AnUndoThatFailsTellsWhatIsStillRenamed) {
-  RenameGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Update, 3, 2);
   dialogs_.AnswerNext(Answer::Undo);
   dialogs_.AnswerNext(Answer::Keep);
@@ -79,7 +69,7 @@ TEST_F(HaltedRenamingTest, AnUndoThatFailsTellsWhatIsStillRenamed) {
 }
 
 TEST_F(HaltedRenamingTest, AnUncertainRowThatWasRenamedGetsItsOldNameBack) {
-  RenameGroup();
+  MeanTheGroup();
   faults_.FailWhenDone(Statement::Update, 2, ThrowUnknown);
   dialogs_.AnswerNext(Answer::Undo);
   Rename(20, 20, "Band");
@@ -87,7 +77,7 @@ TEST_F(HaltedRenamingTest, AnUncertainRowThatWasRenamedGetsItsOldNameBack) {
 }
 
 TEST_F(HaltedRenamingTest, AnUncertainRowThatWasNotRenamedIsRenamedByContinue) {
-  RenameGroup();
+  MeanTheGroup();
   faults_.Fail(Statement::Update, 2, 1, ThrowUnknown);
   dialogs_.AnswerNext(Answer::Continue);
   Rename(20, 20, "Band");
@@ -95,7 +85,7 @@ TEST_F(HaltedRenamingTest, AnUncertainRowThatWasNotRenamedIsRenamedByContinue) {
 }
 
 TEST_F(HaltedRenamingTest, StopLeadsToTheQuestion) {
-  RenameGroup();
+  MeanTheGroup();
   dialogs_.EndEarlyAfter(1);
   dialogs_.AnswerNext(Answer::Undo);
   Rename(20, 20, "Band");

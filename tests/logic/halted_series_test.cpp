@@ -33,10 +33,6 @@ class HaltedSeriesTest : public BookingsFixture {
     for (const Row& row : Rows_()) ++keys[ToText(row.Values.at(5))];
     return keys.size();
   }
-
-  static void ThrowUnknown() {
-    throw OutcomeUnknownError({"/desk/Calendar.mdb", "The disk failed in the commit.", "Look."});
-  }
 };
 
 constexpr const char* kAllSundays = "4/6/2014 4/13/2014 4/20/2014 4/27/2014 5/4/2014 ";

@@ -49,13 +49,13 @@ FileState StateOf(const fs::path& file) {
   return {fs::file_size(file), fs::last_write_time(file)};
 }
 
-/// Makes what an interrupted program left undone, and returns what the file is then like.
-FileState Settle(const fs::path& file) {
-  OpenAlone(file);
+/// Makes what an interrupted program left undone, and returns what there is to be told of it.
+std::optional<Report> Settle(const fs::path& file) {
+  std::optional<Report> notice = OpenAlone(file)->TakeNotice();
   if (HasJournal(file)) {
     throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
   }
-  return StateOf(file);
+  return notice;
 }
 
 void RequireUnchanged(const fs::path& file, const FileState& before) {
@@ -91,13 +91,14 @@ CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
 
 RewrittenFile RewriteFile(const fs::path& file, FileKind kind, Date today,
                           const CopyObserver& observer) {
-  const FileState before = Settle(file);
+  std::optional<Report> notice = Settle(file);
+  const FileState before = StateOf(file);
   UnfinishedFolder unfinished(file.parent_path());
   const fs::path fresh = unfinished.path() / file.filename();
   CopyPlan plan = MakeCopy(file, fresh, kind, observer);
   RequireUnchanged(file, before);
   TakeOverRights(file, fresh);
-  return {std::move(plan), ReplaceAndKeep(fresh, file, today)};
+  return {std::move(plan), ReplaceAndKeep(fresh, file, today), std::move(notice)};
 }
 
 }  // namespace veyra

@@ -1,17 +1,20 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "data/create_store.h"
 #include "data/date.h"
+#include "data/errors.h"
 #include "tools/copy_plan.h"
 
 namespace veyra {
 
 /// A database file that was made anew.
 struct RewrittenFile {
-  CopyPlan Plan;               ///< What it holds.
-  std::filesystem::path Kept;  ///< The name that the old file has now.
+  CopyPlan Plan;                      ///< What it holds.
+  std::filesystem::path Kept;         ///< The name that the old file has now.
+  std::optional<Report> Notice = {};  ///< What was set right when the old file was opened.
 };
 
 /// Puts a new file of that kind, with the same tables, columns and rows, in the place of `file`,

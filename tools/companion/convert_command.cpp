@@ -30,6 +30,9 @@ void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver
   out << file.string() << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
       << " tables, " << made.Plan.RowCount << " rows, all compared.\nThe old file is kept as "
       << made.Kept.filename().string() << ".\n";
+  if (made.Notice) {
+    out << Error(*made.Notice).what() << '\n';
+  }
 }
 
 struct Options {

@@ -192,6 +192,25 @@ TEST_F(ConvertCommandTest, SaysWhatItMade) {
             out_.str());
 }
 
+/// An older copy was put in the place of a calendar that had not been closed.
+TEST_F(ConvertCommandTest, TellsOfALogThatWasSetAside) {
+  Fill(*Make(FileKind::Sqlite), 10);
+  fs::copy_file(File(), File() + ".older");
+  AddBooking(*Open(StoreAccess::ReadWrite), 11);
+  {
+    const auto killed = Open(StoreAccess::ReadWrite);
+    AddBooking(*killed, 12);
+    fs::copy_file(File() + "-wal", File() + ".log");
+    fs::copy_file(File() + "-open", File() + ".note");
+  }
+  fs::rename(File() + ".older", File());
+  fs::rename(File() + ".log", File() + "-wal");
+  fs::rename(File() + ".note", File() + "-open");
+  Convert("access");
+  EXPECT_NE(std::string::npos, out_.str().find(" rows, all compared.\n")) << out_.str();
+  EXPECT_NE(std::string::npos, out_.str().find("Calendar.mdb-wal set aside ")) << out_.str();
+}
+
 TEST_F(ConvertCommandTest, AFileOfThatKindIsLeftAlone) {
   Fill(*Make(FileKind::Sqlite), 10);
   const std::string before = temp_.Read("Calendar.mdb");

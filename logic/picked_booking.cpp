@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "data/connection.h"
+#include "data/shown_name.h"
 #include "logic/facilities.h"
 #include "logic/multiday.h"
 
@@ -95,10 +96,11 @@ std::string PickedDetails(Session& session, const std::string& name) {
   if (picked->AtEnd()) {
     return "No booking covers the whole of the selected time: there is nothing to change.";
   }
-  std::string text = CurrentFacility(session).value_or("") + ", " + WeekdayName(session.DayDate) +
-                     " " + DateText(session.DayDate) + ", " + TimesOf(session, *picked);
+  std::string text = ShownName(CurrentFacility(session).value_or("")) + ", " +
+                     WeekdayName(session.DayDate) + " " + DateText(session.DayDate) + ", " +
+                     TimesOf(session, *picked);
   if (const std::string held = ToText(picked->Field("Event")); held != name) {
-    text += kLineBreak + ("By now it is booked for " + held + ".");
+    text += kLineBreak + ("By now it is booked for " + ShownName(held) + ".");
   }
   const Value group_key = picked->Field("MultKey");
   if (IsGroupKey(group_key)) {
@@ -108,7 +110,7 @@ std::string PickedDetails(Session& session, const std::string& name) {
 }
 
 std::string GroupDetails(Session& session, const Value& group_key) {
-  return CurrentFacility(session).value_or("") + ": " + GroupLine(session, group_key);
+  return ShownName(CurrentFacility(session).value_or("")) + ": " + GroupLine(session, group_key);
 }
 
 }  // namespace veyra::modRes

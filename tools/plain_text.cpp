@@ -45,4 +45,11 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
+std::string PlainLines(std::string_view text) {
+  const std::size_t end = text.find('\n');
+  return end == std::string_view::npos
+             ? OneLine(text)
+             : OneLine(text.substr(0, end)) + "\n" + PlainLines(text.substr(end + 1));
+}
+
 }  // namespace veyra

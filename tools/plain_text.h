@@ -10,4 +10,7 @@ namespace veyra {
 /// UTF-8 is replaced.
 std::string OneLine(std::string_view text);
 
+/// The same of each line of a text.
+std::string PlainLines(std::string_view text);
+
 }  // namespace veyra

@@ -45,6 +45,7 @@ struct Seen {
   std::array<int, kCallKinds> Calls{};
   int Steps = 0;  ///< A step ends each changing call, and one lies halfway through each write.
   std::vector<Change> Changes = {};
+  std::vector<std::string> OpenedForWriting = {};  ///< Within the folder, once for each opening.
 
   int CallsOf(Call call) const { return Calls.at(static_cast<std::size_t>(call)); }
 };

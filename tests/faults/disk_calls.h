@@ -30,6 +30,8 @@ class Disk {
   std::optional<std::string> NameOf(std::string_view path) const;
   std::optional<std::string> NameOf(int descriptor) const;
 
+  void NoteOpeningForWriting(const std::string& name) { seen_.OpenedForWriting.push_back(name); }
+
   /// Counts a call. Returns the errno that it fails with, 0 for a short write, or kNoFailure.
   int Fails(Call call);
 

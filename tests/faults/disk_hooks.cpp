@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <string>
 
 #include "tests/faults/disk_calls.h"
@@ -112,13 +113,27 @@ std::uint64_t PlaceOf(int descriptor) {
   return static_cast<std::uint64_t>(std::max<off_t>(lseek(descriptor, 0, SEEK_CUR), 0));
 }
 
-/// What an opening that may create or empty a file changes.
+/// What an opening for writing, or one that may create or empty a file, changes.
+struct Intent {
+  bool Writes = true;
+  bool Creates = false;
+  bool Empties = false;
+};
+
 template <typename Open>
-auto Opening(const char* path, bool creates, bool empties, const Open& open) -> decltype(open()) {
+auto Opening(const char* path, const Intent& intent, const Open& open) -> decltype(open()) {
   Disk& disk = Disk::The();
   const std::lock_guard lock(disk.Mutex);
   const auto name = disk.IsWatching() ? disk.NameOf(Absolute(path)) : std::nullopt;
-  if (!name || name->empty() || !(creates || empties)) {
+  if (!name || name->empty()) {
+    return open();
+  }
+  const bool creates = intent.Creates;
+  const bool empties = intent.Empties;
+  if (intent.Writes) {
+    disk.NoteOpeningForWriting(*name);
+  }
+  if (!creates && !empties) {
     return open();
   }
   const Entry before = EntryOf(path);
@@ -145,9 +160,10 @@ auto Opening(const char* path, bool creates, bool empties, const Open& open) -> 
 }
 
 int Open(const char* path, int flags, mode_t mode, const char* real_name) {
-  const bool creates = (flags & O_CREAT) != 0;
-  const bool empties = (flags & O_TRUNC) != 0;
-  return Opening(path, creates, empties,
+  const Intent intent{.Writes = (flags & O_ACCMODE) != O_RDONLY,
+                      .Creates = (flags & O_CREAT) != 0,
+                      .Empties = (flags & O_TRUNC) != 0};
+  return Opening(path, intent,
                  [&] { return Next<int(const char*, int, ...)>(real_name)(path, flags, mode); });
 }
 
@@ -158,8 +174,9 @@ mode_t ModeOf(int flags, va_list arguments) {
 FILE* OpenStream(const char* path, const char* mode, const char* real_name) {
   const bool empties = mode[0] == 'w';
   const bool creates = empties || mode[0] == 'a';
+  const bool writes = creates || std::strchr(mode, '+') != nullptr;
   FILE* stream = nullptr;
-  const int status = Opening(path, creates, empties, [&] {
+  const int status = Opening(path, {writes, creates, empties}, [&] {
     stream = Next<FILE*(const char*, const char*)>(real_name)(path, mode);
     return stream != nullptr ? 0 : -1;
   });
@@ -293,11 +310,11 @@ FILE* fopen64(const char* path, const char* mode) {
 }
 
 int mkstemp(char* pattern) {
-  return Opening(pattern, true, false, [&] { return Next<int(char*)>("mkstemp")(pattern); });
+  return Opening(pattern, {.Creates = true}, [&] { return Next<int(char*)>("mkstemp")(pattern); });
 }
 
 int mkostemp(char* pattern, int flags) {
-  return Opening(pattern, true, false,
+  return Opening(pattern, {.Creates = true},
                  [&] { return Next<int(char*, int)>("mkostemp")(pattern, flags); });
 }
 

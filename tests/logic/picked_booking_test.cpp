@@ -31,6 +31,16 @@ TEST_F(PickedBookingTest, ANameThatHasChangedMeanwhileIsTold) {
             Details(20, "Smith"));
 }
 
+TEST_F(PickedBookingTest, ANameThatTurnsTheWritingRoundTurnsNothingElse) {
+  folder_.AddBooking(pool_, "2014-04-06", 19, 21,
+                     "\xE2\x80\xAE"
+                     "senoJ");
+  EXPECT_EQ(
+      "Pool, Sunday 4/6/2014, 9:00A-10:30A\r\nBy now it is booked for "
+      "\xE2\x81\xA8\xE2\x80\xAEsenoJ\xE2\x81\xA9.",
+      Details(20, "Smith"));
+}
+
 TEST_F(PickedBookingTest, ThatNothingIsThereIsTold) {
   EXPECT_EQ("No booking covers the whole of the selected time: there is nothing to change.",
             Details(20, ""));

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kWarmUp = 2'000;           ///< Actions after which the memory must stay flat.
+constexpr int kBetweenLooks = 1'000;     ///< Actions after which it is told.
 constexpr long kMostGrowth = 8L << 20U;  ///< Bytes.
 
 long MemoryInUse() {
@@ -20,6 +21,11 @@ long MemoryInUse() {
   long pages = 0;
   std::ifstream("/proc/self/statm") >> pages >> pages;
   return pages * sysconf(_SC_PAGESIZE);
+}
+
+void TellMemory(long actions) {
+  std::printf("after %ld actions: %ld KB\n", actions, MemoryInUse() / 1024);
+  std::fflush(stdout);
 }
 
 void Quieten(QtMsgType, const QMessageLogContext&, const QString&) {}
@@ -32,6 +38,9 @@ int Soak(long seconds, long most_actions, unsigned seed) {
   long actions = 0;
   long memory_then = 0;
   for (; time.elapsed() < seconds * 1000 && actions < most_actions; ++actions) {
+    if (actions % kBetweenLooks == 0) {
+      TellMemory(actions);
+    }
     if (actions == kWarmUp) {
       memory_then = MemoryInUse();
     }

@@ -11,6 +11,7 @@
 #include "tools/care/keep_copy.h"
 #include "tools/care/rolling_backups.h"
 #include "tools/companion/data_folder.h"
+#include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
 
@@ -38,7 +39,7 @@ ExitStatus MakeOne(const Options& options, const Surroundings& surroundings, std
   }
   const fs::path copy = fs::absolute(NativePath(options.First));
   MakeCheckedCopy(*OpenCalendar(options.Second, surroundings), copy, false);
-  out << "Made and checked " << copy.string() << ".\n";
+  out << "Made and checked " << OneLine(copy.string()) << ".\n";
   return ExitStatus::Fine;
 }
 
@@ -57,14 +58,15 @@ ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings,
   const fs::path backups = fs::path(store->FileName()).parent_path() / kBackupFolder;
   const fs::path copy = BackupOf(backups, surroundings.Now.Day);
   if (options.Once && fs::exists(copy)) {
-    out << copy.string() << " is there already; nothing was made.\n";
+    out << OneLine(copy.string()) << " is there already; nothing was made.\n";
     return ExitStatus::Found;
   }
   std::error_code failure;
   fs::create_directory(backups, failure);
   MakeCheckedCopy(*store, copy, true);
   const std::size_t dropped = DropOld(backups);
-  out << "Made and checked " << copy.string() << "; " << dropped << " old copies removed.\n";
+  out << "Made and checked " << OneLine(copy.string()) << "; " << dropped
+      << " old copies removed.\n";
   return ExitStatus::Fine;
 }
 

@@ -16,6 +16,7 @@
 #include "tools/companion/consent.h"
 #include "tools/companion/data_folder.h"
 #include "tools/companion/json_text.h"
+#include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
 
@@ -121,7 +122,7 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
   for (const Finding& finding : findings) {
     if (!finding.Mending.empty()) streams.Err << finding.Mended << '\n';
   }
-  streams.Err << "The calendar as it was is kept as " << kept.filename().string() << ".\n";
+  streams.Err << "The calendar as it was is kept as " << OneLine(kept.filename().string()) << ".\n";
   return count == static_cast<std::ptrdiff_t>(findings.size()) ? ExitStatus::Fine
                                                                : ExitStatus::Found;
 }
@@ -152,7 +153,7 @@ ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, St
     PrintForPeople(findings, streams.Out);
   }
   if (findings.empty()) {
-    if (!options.Json) streams.Out << store->FileName() << ": nothing is wrong.\n";
+    if (!options.Json) streams.Out << OneLine(store->FileName()) << ": nothing is wrong.\n";
     return ExitStatus::Fine;
   }
   streams.Out.flush();

@@ -5,6 +5,8 @@
 #include <exception>
 #include <ostream>
 
+#include "tools/plain_text.h"
+
 namespace veyra {
 namespace {
 
@@ -30,7 +32,7 @@ ExitStatus Answer(const CLI::App& program, const CLI::ParseError& error, Streams
     program.exit(error, streams.Out, streams.Err);
     return ExitStatus::Fine;
   }
-  streams.Err << "veyra-data: " << error.what() << '\n' << kHint;
+  streams.Err << "veyra-data: " << PlainLines(error.what()) << '\n' << kHint;
   return ExitStatus::Failed;
 }
 
@@ -59,7 +61,7 @@ ExitStatus RunCommandLine(const std::vector<Command>& commands, const Arguments&
   } catch (const CLI::ParseError& error) {
     return Answer(program, error, streams);
   } catch (const std::exception& error) {
-    streams.Err << "veyra-data: " << error.what() << '\n';
+    streams.Err << "veyra-data: " << PlainLines(error.what()) << '\n';
     return ExitStatus::Failed;
   }
 }

@@ -10,6 +10,7 @@
 #include "data/file_name.h"
 #include "data/open_store.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/plain_text.h"
 #include "tools/rewritten_file.h"
 
 namespace fs = std::filesystem;
@@ -41,7 +42,8 @@ ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver&
   const fs::path named = fs::absolute(NativePath(folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
   if (found.Kind != FileKind::Access) {
-    out << named.string() << " is a SQLite file, which needs no compacting; nothing was changed.\n";
+    out << OneLine(named.string())
+        << " is a SQLite file, which needs no compacting; nothing was changed.\n";
     return ExitStatus::Found;
   }
   RequireTablesOnly(named.string(), found);
@@ -50,7 +52,7 @@ ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver&
   const RewrittenFile made = RewriteFile(file, found.Kind, today, observer);
   fs::remove(made.Kept);
   const std::uintmax_t after = fs::file_size(file);
-  out << file.string() << " had " << Kilobytes(before) << " and has " << Kilobytes(after)
+  out << OneLine(file.string()) << " had " << Kilobytes(before) << " and has " << Kilobytes(after)
       << " now, " << Kilobytes(before > after ? before - after : 0)
       << " less: " << made.Plan.Tables.size() << " tables, " << made.Plan.RowCount
       << " rows, all compared.\n";

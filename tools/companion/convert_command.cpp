@@ -11,6 +11,7 @@
 #include "data/file_name.h"
 #include "data/open_store.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/plain_text.h"
 #include "tools/rewritten_file.h"
 
 namespace fs = std::filesystem;
@@ -27,11 +28,13 @@ const char* NameOf(FileKind kind) {
 void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver& observer,
              std::ostream& out) {
   const RewrittenFile made = RewriteFile(file, kind, today, observer);
-  out << file.string() << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
+  out << OneLine(file.string()) << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
       << " tables, " << made.Plan.RowCount << " rows, all compared.\nThe old file is kept as "
-      << made.Kept.filename().string() << ".\n";
+      << OneLine(made.Kept.filename().string()) << ".
+";
   if (made.Notice) {
-    out << Error(*made.Notice).what() << '\n';
+    out << PlainLines(Error(*made.Notice).what()) << '
+';
   }
 }
 
@@ -45,7 +48,8 @@ ExitStatus RunConvert(const Options& options, Date today, const CopyObserver& ob
   const fs::path named = fs::absolute(NativePath(options.Folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
   if (found.Kind == options.To && found.IsWritable) {
-    out << named.string() << " is " << NameOf(options.To) << " already; nothing was changed.\n";
+    out << OneLine(named.string()) << " is " << NameOf(options.To)
+        << " already; nothing was changed.\n";
     return ExitStatus::Found;
   }
   Convert(fs::canonical(named), options.To, today, observer, out);

@@ -12,6 +12,7 @@
 #include "data/errors.h"
 #include "data/schema.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/plain_text.h"
 #include "tools/sample_data.h"
 #include "tools/unfinished_folder.h"
 
@@ -126,7 +127,7 @@ void RunNew(const Options& options, Date today, std::ostream& out) {
   const SampleData sample = options.Sample ? MakeSampleData(today) : SampleData{};
   const FileKind kind = options.Access ? FileKind::Access : FileKind::Sqlite;
   MakeDataFolder(options.Folder, kind, sample);
-  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << options.Folder
+  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << OneLine(options.Folder)
       << (options.Sample ? Contents(sample) : "") << ".\n";
 }
 

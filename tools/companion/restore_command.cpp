@@ -8,6 +8,7 @@
 #include "tools/care/restore.h"
 #include "tools/companion/data_folder.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
 
@@ -23,8 +24,10 @@ ExitStatus RunRestore(const Options& options, const Surroundings& surroundings, 
   const fs::path backup = fs::absolute(NativePath(options.File));
   const fs::path calendar = CalendarFile(options.Folder, surroundings.AppFolder);
   const fs::path kept = RestoreBackup(backup, calendar, surroundings.Now.Day);
-  out << calendar.string() << " is " << backup.filename().string() << " now, checked.\n";
-  if (!kept.empty()) out << "The file it replaces is kept as " << kept.filename().string() << ".\n";
+  out << OneLine(calendar.string()) << " is " << OneLine(backup.filename().string())
+      << " now, checked.\n";
+  if (!kept.empty())
+    out << "The file it replaces is kept as " << OneLine(kept.filename().string()) << ".\n";
   return ExitStatus::Fine;
 }
 

@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/open_store.h"
 #include "data/text.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/plain_text.h"
 
 namespace veyra {
 namespace {
@@ -28,7 +30,10 @@ std::string Joined(const std::vector<std::string>& names) {
 }
 
 /// Writes lines so that their cells stand below each other, at least two blanks between them.
-void PrintAligned(const std::vector<Line>& lines, std::ostream& out) {
+void PrintAligned(std::vector<Line> lines, std::ostream& out) {
+  for (Line& line : lines) {
+    std::transform(line.begin(), line.end(), line.begin(), OneLine);
+  }
   std::vector<std::size_t> widths;
   for (const Line& line : lines) {
     widths.resize(std::max(widths.size(), line.size()));
@@ -56,14 +61,14 @@ Line IndexLine(const IndexDescription& index) {
 }
 
 void PrintTable(const TableDescription& table, std::ostream& out) {
-  out << '\n' << (table.IsView ? "view " : "table ") << table.Name << '\n';
+  out << '\n' << (table.IsView ? "view " : "table ") << OneLine(table.Name) << '\n';
   PrintAligned({{"rows", std::to_string(table.RowCount)}}, out);
   std::vector<Line> columns;
   for (const ColumnDescription& column : table.Columns) columns.push_back(ColumnLine(column));
-  PrintAligned(columns, out);
+  PrintAligned(std::move(columns), out);
   std::vector<Line> indexes;
   for (const IndexDescription& index : table.Indexes) indexes.push_back(IndexLine(index));
-  PrintAligned(indexes, out);
+  PrintAligned(std::move(indexes), out);
 }
 
 void Print(const std::string& file, const StoreDescription& store, std::ostream& out) {

@@ -30,11 +30,9 @@ void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver
   const RewrittenFile made = RewriteFile(file, kind, today, observer);
   out << OneLine(file.string()) << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
       << " tables, " << made.Plan.RowCount << " rows, all compared.\nThe old file is kept as "
-      << OneLine(made.Kept.filename().string()) << ".
-";
+      << OneLine(made.Kept.filename().string()) << ".\n";
   if (made.Notice) {
-    out << PlainLines(Error(*made.Notice).what()) << '
-';
+    out << PlainLines(Error(*made.Notice).what()) << '\n';
   }
 }
 

@@ -12,15 +12,22 @@ import shutil
 import subprocess
 import tempfile
 import time
+import unittest
 
 PATIENCE = 20.0  # seconds; a busy machine needs some of them, a broken program all
 _PAUSE = 0.02  # seconds between two looks
 _KEY_PAUSE = 0.12  # seconds in which nobody presses a key that he has let go again
 _CLICK_PAUSE = 0.45  # seconds within which a second click at the same place is a double click
+_DOUBLE_CLICK = 0.4  # seconds within which two clicks surely are one
+_TOO_QUICK_FOR_A_HAND = 0.08  # seconds
 
 
 class GaveUp(AssertionError):
     """What was waited for did not come about."""
+
+
+class TooBusy(unittest.SkipTest):
+    """The machine was too slow just then for what a hand does quickly: nothing can be said."""
 
 
 def wait_until(condition, what, patience=PATIENCE, passing=()):
@@ -131,7 +138,9 @@ class Screen:
 
     def double_click(self, x, y, button=1, delay=40):
         """`delay`: milliseconds from the first release to the second press, less a few."""
-        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", delay, button)
+        self._xdotool("mousemove", x, y)
+        with _Within(_DOUBLE_CLICK + delay / 1000):  # It waits after the second click as well.
+            self._xdotool("click", "--repeat", 2, "--delay", delay, button)
         self._last_click = x, y, button, time.monotonic()
 
     def hold_button_until(self, x, y, button, condition, what):
@@ -168,6 +177,15 @@ class Screen:
         self._wait_for_hand(keys[0])
         self._xdotool("key", "--delay", 10, *keys)
         self._last_key = keys[-1], time.monotonic()
+
+    def key_twice(self, key):
+        """Presses a key twice, quicker than a hand can, but so that a box has time to come up."""
+        delay = 60
+        self._wait_for_hand(key)
+        # Each press and each release is followed by half of the delay.
+        with _Within(_TOO_QUICK_FOR_A_HAND + 1.5 * delay / 1000):
+            self._xdotool("key", "--delay", delay, key, key)
+        self._last_key = key, time.monotonic()
 
     def hold_key_until(self, key, condition, what):
         """Holds a key down, so that it repeats, until condition() is true."""
@@ -261,6 +279,21 @@ class Screen:
         if check and result.returncode != 0:
             raise RuntimeError(f"xdotool {' '.join(map(str, words))}: {result.stderr.strip()}")
         return result.stdout.strip() if result.returncode == 0 else ""
+
+
+class _Within:
+    """What is done in it counts only when it took less than so many seconds."""
+
+    def __init__(self, seconds):
+        self._seconds = seconds
+
+    def __enter__(self):
+        self._begun = time.monotonic()
+
+    def __exit__(self, kind, *_):
+        took = time.monotonic() - self._begun
+        if kind is None and took >= self._seconds:
+            raise TooBusy(f"took {took:.2f} s, which had to be less than {self._seconds} s")
 
 
 def _wait_since(moment, seconds):

@@ -1,10 +1,10 @@
 #include "forms/month/print/qt_month_printer.h"
 
+#include <cups/cups.h>
 #include <langinfo.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLibrary>
 #include <QPageSize>
 #include <QPainter>
 #include <QPrintDialog>
@@ -100,15 +100,10 @@ void NeedRoomForJob(const QPrinter& printer) {
 /// when it has not. The toolkit sends the job by way of this library, and tells nobody its answer.
 QString RefusalOfPrintService() {
   constexpr int kFirstError = 0x0400;  // RFC 8011, 4.1.6: below it, status codes are successes.
-  QLibrary cups(QStringLiteral("cups"), 2);
-  using LastError = int (*)();
-  using LastErrorString = const char* (*)();
-  const auto last_error = reinterpret_cast<LastError>(cups.resolve("cupsLastError"));
-  const auto reason = reinterpret_cast<LastErrorString>(cups.resolve("cupsLastErrorString"));
-  if (last_error == nullptr || reason == nullptr || last_error() < kFirstError) {
+  if (cupsLastError() < kFirstError) {
     return {};
   }
-  return QString::fromUtf8(reason());
+  return QString::fromUtf8(cupsLastErrorString());
 }
 
 void PrintToQueue(QPrinter& printer, const QtMonthPage& page) {

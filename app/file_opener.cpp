@@ -92,7 +92,7 @@ std::fstream OpenStream(const std::string& file_name, int mode) {
 }
 
 FileError NotAText(const std::string& file_name) {
-  return FileError({file_name, "The file is no text that can be read.",
+  return FileError({file_name, "The file is not a text that can be read.",
                     "Its first line must be the name of a folder. Correct it with a text editor."});
 }
 
@@ -227,7 +227,7 @@ void Files::MakeMissingFile(const std::string& file_name) const {
 void Files::FillEmptyFile(const std::string& file_name) const {
   const std::filesystem::path path = NativePath(file_name);
   try {
-    ReplaceWholeFile(path, AppFolderTwice());
+    PutWholeFile(path, AppFolderTwice());
   } catch (const PosixFileError& failure) {
     throw FileError(
         {path.string(),

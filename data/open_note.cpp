@@ -4,7 +4,6 @@
 #include <pwd.h>
 #include <signal.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,8 +17,9 @@
 #include <map>
 #include <sstream>
 #include <string_view>
-#include <system_error>
 #include <thread>
+
+#include "data/posix_file.h"
 
 namespace veyra {
 
@@ -135,33 +135,6 @@ std::optional<FileMark> MarkFrom(const std::map<std::string, std::string>& entri
   return is_whole ? std::optional(mark) : std::nullopt;
 }
 
-[[noreturn]] void Fail(const std::string& name) {
-  throw std::system_error(errno, std::generic_category(), name);
-}
-
-void WriteFlushed(int descriptor, const std::string& name, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(descriptor, text.data(), text.size());
-    if (written < 0 && errno != EINTR) {
-      Fail(name);
-    }
-    text.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-  }
-  if (fsync(descriptor) != 0) {
-    Fail(name);
-  }
-}
-
-/// Some file systems have no folders to flush: what they promise without it must do there.
-void FlushFolderOf(const std::string& file) {
-  const std::string folder = std::filesystem::path(file).parent_path().string();
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor >= 0) {
-    fsync(descriptor);
-    close(descriptor);
-  }
-}
-
 }  // namespace
 
 std::string OpenNoteName(const std::string& file) {
@@ -193,25 +166,7 @@ std::optional<OpenNote> ReadOpenNote(const std::string& file) {
 }
 
 void WriteOpenNote(const std::string& file, const OpenNote& note) {
-  const std::string name = OpenNoteName(file);
-  std::string fresh = name + "-XXXXXX";
-  const int descriptor = mkostemp(fresh.data(), O_CLOEXEC);
-  if (descriptor < 0) {
-    Fail(name);
-  }
-  try {
-    fchmod(descriptor, 0644);
-    WriteFlushed(descriptor, name, TextOf(file, note));
-    if (rename(fresh.c_str(), name.c_str()) != 0) {
-      Fail(name);
-    }
-  } catch (const std::system_error&) {
-    close(descriptor);
-    unlink(fresh.c_str());
-    throw;
-  }
-  close(descriptor);
-  FlushFolderOf(file);
+  PutWholeFile(OpenNoteName(file), TextOf(file, note));
 }
 
 void RemoveOpenNote(const std::string& file) {

@@ -51,7 +51,7 @@ std::string OpenNoteName(const std::string& file);
 std::optional<OpenNote> ReadOpenNote(const std::string& file);
 
 /// Puts a note beside a file in place of any other, whole and safe from a loss of power. Throws
-/// std::system_error.
+/// PosixFileError.
 void WriteOpenNote(const std::string& file, const OpenNote& note);
 
 /// Removes the note, if there is one.

@@ -71,6 +71,18 @@ mode_t UsualRights() {
   return kRights & ~mask;
 }
 
+/// The rights of the file that is there, or those that a new one gets.
+mode_t RightsAt(const fs::path& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) {
+    return status.st_mode & kRightsBits;
+  }
+  if (errno != ENOENT) {
+    Fail();
+  }
+  return UsualRights();
+}
+
 constexpr std::string_view kUnfinished = ".unfinished-";
 constexpr std::string_view kPattern = "XXXXXX";
 
@@ -276,10 +288,8 @@ void MakeWholeFile(const fs::path& path, std::string_view contents) {
   FlushFolderOf(path);
 }
 
-void ReplaceWholeFile(const fs::path& path, std::string_view contents) {
-  struct stat status {};
-  Repeated([&] { return stat(path.c_str(), &status); });
-  Unfinished unfinished(path, contents, status.st_mode & kRightsBits);
+void PutWholeFile(const fs::path& path, std::string_view contents) {
+  Unfinished unfinished(path, contents, RightsAt(path));
   Rename(unfinished.Name(), path);
   unfinished.Moved();
   FlushFolderOf(path);

@@ -82,9 +82,9 @@ std::string ReadWholeFile(const std::filesystem::path& path, std::size_t most_by
 /// it is.
 void MakeWholeFile(const std::filesystem::path& path, std::string_view contents);
 
-/// Puts a file in the place of an ordinary file in the same way: whoever looks sees the old
-/// contents or the new ones. The file keeps its rights.
-void ReplaceWholeFile(const std::filesystem::path& path, std::string_view contents);
+/// Puts a file in its place in the same way: whoever looks sees the old contents, or no file where
+/// there was none, or the new contents. A file that was there leaves its rights to the new one.
+void PutWholeFile(const std::filesystem::path& path, std::string_view contents);
 
 /// Flushes a file, or the names in a folder, that nobody needs open. Where a file system has
 /// nothing to flush for a folder this does nothing.

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "data/errors.h"
+#include "data/posix_file.h"
 #include "data/sqlite/content_digest.h"
 #include "data/sqlite/statement.h"
 #include "data/sqlite/wal_file.h"
@@ -31,11 +32,12 @@ bool IsThere(const std::string& file) {
   return StampOf(file).has_value();
 }
 
-DatabaseError NoteFailure(const std::string& file, const std::system_error& error) {
-  return DatabaseError({file,
-                        "The note that says who has the file open cannot be written: " +
-                            error.code().message() + ".",
-                        "Check that the disk has room and that you may make files in the folder."});
+DatabaseError NoteFailure(const std::string& file, const PosixFileError& error) {
+  return DatabaseError(
+      {file,
+       std::string("The note that says who has the file open cannot be written: ") + error.what() +
+           ".",
+       "Check that the disk has room and that you may make files in the folder."});
 }
 
 }  // namespace
@@ -216,7 +218,7 @@ void FileKeeper::PutNote(const FileMark& mark) {
   note.Users.push_back(user_);
   try {
     WriteOpenNote(FileNow(), note);
-  } catch (const std::system_error& error) {
+  } catch (const PosixFileError& error) {
     throw NoteFailure(file_, error);
   }
   is_note_current_ = true;

@@ -76,7 +76,7 @@ TEST_F(CreateStoreTest, RefusesALinkThatLeadsNowhere) {
 }
 
 TEST_F(CreateStoreTest, ReportsAMissingFolder) {
-  EXPECT_EQ("The file cannot be made: No such file or directory.",
+  EXPECT_EQ("The file cannot be made: there is no such file or folder.",
             CauseOf(folder_.File("nowhere").string() + "/Calendar.mdb"));
 }
 

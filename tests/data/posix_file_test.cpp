@@ -112,9 +112,15 @@ TEST_F(PosixFileTest, MakesNoWholeFileOverAnother) {
 TEST_F(PosixFileTest, ReplacesAFileThatKeepsItsRights) {
   folder_.Write("file", "first");
   chmod(folder_.File("file").c_str(), 0640);
-  ReplaceWholeFile(folder_.File("file"), "second");
+  PutWholeFile(folder_.File("file"), "second");
   EXPECT_EQ("second", folder_.Read("file"));
   EXPECT_EQ(0640U, RightsOf(folder_.File("file")));
+  EXPECT_EQ((Names{"file"}), folder_.Names());
+}
+
+TEST_F(PosixFileTest, PutsAFileWhereThereWasNone) {
+  PutWholeFile(folder_.File("file"), "contents");
+  EXPECT_EQ("contents", folder_.Read("file"));
   EXPECT_EQ((Names{"file"}), folder_.Names());
 }
 

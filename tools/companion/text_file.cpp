@@ -43,7 +43,7 @@ void WriteTextFile(const fs::path& file, const std::string& text, bool replace) 
   std::error_code unreachable;
   try {
     if (replace && fs::exists(file, unreachable)) {
-      ReplaceWholeFile(file, text);
+      PutWholeFile(file, text);
     } else {
       MakeWholeFile(file, text);
     }

@@ -2,26 +2,30 @@
 
 #include <cstddef>
 
+#include "data/ascii.h"
+
 namespace veyra {
 namespace {
 
 std::string Padded(int value, std::size_t width) {
   std::string digits = std::to_string(value);
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  if (digits.size() < width) {
+    digits.insert(0, width - digits.size(), '0');
+  }
   return digits;
-}
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
 }
 
 /// Whether the text follows the pattern, in which a 0 stands for any digit and every other
 /// character for itself.
 bool Matches(std::string_view text, std::string_view pattern) {
-  if (text.size() != pattern.size()) return false;
+  if (text.size() != pattern.size()) {
+    return false;
+  }
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool matches = pattern[i] == '0' ? IsDigit(text[i]) : text[i] == pattern[i];
-    if (!matches) return false;
+    const bool matches = pattern[i] == '0' ? ascii::IsDigit(text[i]) : text[i] == pattern[i];
+    if (!matches) {
+      return false;
+    }
   }
   return true;
 }
@@ -29,15 +33,21 @@ bool Matches(std::string_view text, std::string_view pattern) {
 /// The value of a few decimal digits.
 int NumberOf(std::string_view digits) {
   int value = 0;
-  for (const char digit : digits) value = value * 10 + (digit - '0');
+  for (const char digit : digits) {
+    value = value * 10 + (digit - '0');
+  }
   return value;
 }
 
 /// Takes "Z" and the fraction of a second off the end of a time of day.
 std::string_view ToTheSecond(std::string_view time) {
-  if (time.ends_with('Z')) time.remove_suffix(1);
+  if (time.ends_with('Z')) {
+    time.remove_suffix(1);
+  }
   const std::size_t point = time.find('.');
-  if (point == std::string_view::npos || point + 1 == time.size()) return time;
+  if (point == std::string_view::npos || point + 1 == time.size()) {
+    return time;
+  }
   const std::string_view fraction = time.substr(point + 1);
   return fraction.find_first_not_of("0123456789") == std::string_view::npos ? time.substr(0, point)
                                                                             : time;
@@ -47,7 +57,9 @@ std::string_view ToTheSecond(std::string_view time) {
 bool IsTimeOfDay(std::string_view text) {
   const std::string_view time = ToTheSecond(text);
   const bool has_seconds = Matches(time, "00:00:00");
-  if (!has_seconds && !Matches(time, "00:00")) return false;
+  if (!has_seconds && !Matches(time, "00:00")) {
+    return false;
+  }
   return NumberOf(time.substr(0, 2)) <= 23 && NumberOf(time.substr(3, 2)) <= 59 &&
          (!has_seconds || NumberOf(time.substr(6, 2)) <= 60);
 }
@@ -55,11 +67,17 @@ bool IsTimeOfDay(std::string_view text) {
 }  // namespace
 
 std::optional<Date> MakeDate(int year, int month, int day) {
-  if (year < kFirstYear || year > kLastYear) return std::nullopt;
-  if (month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
+  if (year < kFirstYear || year > kLastYear) {
+    return std::nullopt;
+  }
+  if (month < 1 || month > 12 || day < 1 || day > 31) {
+    return std::nullopt;
+  }
   const Date date(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                   std::chrono::day(static_cast<unsigned>(day)));
-  if (!date.ok()) return std::nullopt;
+  if (!date.ok()) {
+    return std::nullopt;
+  }
   return date;
 }
 
@@ -99,10 +117,14 @@ std::string IsoText(Date date) {
 
 std::optional<Date> DateFromIsoText(std::string_view text) {
   const std::string_view date = text.substr(0, 10);
-  if (!Matches(date, "0000-00-00")) return std::nullopt;
+  if (!Matches(date, "0000-00-00")) {
+    return std::nullopt;
+  }
   const std::string_view rest = text.substr(10);
   const bool time_follows = rest.starts_with(' ') || rest.starts_with('T');
-  if (!rest.empty() && !(time_follows && IsTimeOfDay(rest.substr(1)))) return std::nullopt;
+  if (!rest.empty() && !(time_follows && IsTimeOfDay(rest.substr(1)))) {
+    return std::nullopt;
+  }
   return MakeDate(NumberOf(date.substr(0, 4)), NumberOf(date.substr(5, 2)),
                   NumberOf(date.substr(8, 2)));
 }

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "data/ascii.h"
 #include "data/date.h"
 #include "data/errors.h"
 #include "data/names.h"
@@ -18,14 +19,11 @@ namespace {
 /// Parentheses inside parentheses beyond this are refused: the parser and the stores recurse.
 constexpr int kDeepestNesting = 50;
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+using ascii::IsDigit;
 
 /// Bytes of characters beyond ASCII count as letters.
 bool IsLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return ascii::IsLetter(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool IsBlank(char c) {
@@ -35,7 +33,9 @@ bool IsBlank(char c) {
 bool IsKeyWord(std::string_view name) {
   for (const std::string_view word :
        {"SELECT", "FROM", "WHERE", "ORDER", "BY", "AND", "OR", "ASC", "DESC"}) {
-    if (SameName(name, word)) return true;
+    if (SameName(name, word)) {
+      return true;
+    }
   }
   return false;
 }
@@ -51,11 +51,17 @@ class Parser {
     Expect('*');
     ExpectWord("FROM");
     query.Table = ReadName();
-    if (TakeWord("WHERE")) query.Where.push_back(ReadCondition());
-    if (TakeWord("ORDER")) query.OrderBy = ReadOrder();
+    if (TakeWord("WHERE")) {
+      query.Where.push_back(ReadCondition());
+    }
+    if (TakeWord("ORDER")) {
+      query.OrderBy = ReadOrder();
+    }
     Take(';');
     SkipBlanks();
-    if (!AtEnd()) Fail("the end of the text");
+    if (!AtEnd()) {
+      Fail("the end of the text");
+    }
     return query;
   }
 
@@ -70,7 +76,9 @@ class Parser {
 
   Condition ReadJoined(std::string_view word, Condition::Kind kind, Condition (Parser::*part)()) {
     Condition first = (this->*part)();
-    if (!TakeWord(word)) return first;
+    if (!TakeWord(word)) {
+      return first;
+    }
     Condition joined;
     joined.What = kind;
     joined.Parts.push_back(std::move(first));
@@ -81,8 +89,12 @@ class Parser {
   }
 
   Condition ReadPrimary() {
-    if (!Take('(')) return ReadComparison();
-    if (++nesting_ > kDeepestNesting) Fail("fewer parentheses inside parentheses");
+    if (!Take('(')) {
+      return ReadComparison();
+    }
+    if (++nesting_ > kDeepestNesting) {
+      Fail("fewer parentheses inside parentheses");
+    }
     Condition condition = ReadCondition();
     Expect(')');
     --nesting_;
@@ -98,20 +110,32 @@ class Parser {
   }
 
   Comparison ReadTest() {
-    if (Take('=')) return Comparison::Equal;
+    if (Take('=')) {
+      return Comparison::Equal;
+    }
     if (Take('<')) {
-      if (TakeNext('>')) return Comparison::NotEqual;
+      if (TakeNext('>')) {
+        return Comparison::NotEqual;
+      }
       return TakeNext('=') ? Comparison::LessOrEqual : Comparison::Less;
     }
-    if (Take('>')) return TakeNext('=') ? Comparison::GreaterOrEqual : Comparison::Greater;
+    if (Take('>')) {
+      return TakeNext('=') ? Comparison::GreaterOrEqual : Comparison::Greater;
+    }
     Fail("a comparison");
   }
 
   Operand ReadOperand() {
     SkipBlanks();
-    if (Take('#')) return Value(ReadDate());
-    if (Take('\'')) return Value(ReadText());
-    if (IsDigit(Peek()) || Peek() == '-' || Peek() == '.') return ReadNumber();
+    if (Take('#')) {
+      return Value(ReadDate());
+    }
+    if (Take('\'')) {
+      return Value(ReadText());
+    }
+    if (IsDigit(Peek()) || Peek() == '-' || Peek() == '.') {
+      return ReadNumber();
+    }
     return ColumnName{ReadName()};
   }
 
@@ -121,7 +145,9 @@ class Parser {
     const std::size_t whole_digits = SkipDigits();
     const bool has_point = TakeNext('.');
     const std::size_t digits = whole_digits + (has_point ? SkipDigits() : 0);
-    if (digits == 0 || IsLetter(Peek())) Fail("a number");
+    if (digits == 0 || IsLetter(Peek())) {
+      Fail("a number");
+    }
     return NumberOf(text_.substr(start, at_ - start), !has_point);
   }
 
@@ -129,21 +155,33 @@ class Parser {
   Value NumberOf(std::string_view digits, bool is_whole) {
     const char* end = digits.data() + digits.size();
     std::int64_t whole = 0;
-    if (is_whole && std::from_chars(digits.data(), end, whole).ec == std::errc{}) return whole;
+    if (is_whole && std::from_chars(digits.data(), end, whole).ec == std::errc{}) {
+      return whole;
+    }
     double number = 0;
-    if (std::from_chars(digits.data(), end, number).ec != std::errc{}) Fail("a smaller number");
+    if (std::from_chars(digits.data(), end, number).ec != std::errc{}) {
+      Fail("a smaller number");
+    }
     return number;
   }
 
   Date ReadDate() {
     const int month = ReadDatePart(2);
-    if (!TakeNext('/')) Fail("a date as month/day/year");
+    if (!TakeNext('/')) {
+      Fail("a date as month/day/year");
+    }
     const int day = ReadDatePart(2);
-    if (!TakeNext('/')) Fail("a date as month/day/year");
+    if (!TakeNext('/')) {
+      Fail("a date as month/day/year");
+    }
     const int year = ReadDatePart(4);
-    if (!TakeNext('#')) Fail("a # at the end of the date");
+    if (!TakeNext('#')) {
+      Fail("a # at the end of the date");
+    }
     const std::optional<Date> date = MakeDate(year, month, day);
-    if (!date) Fail("a date that exists");
+    if (!date) {
+      Fail("a date that exists");
+    }
     return *date;
   }
 
@@ -153,7 +191,9 @@ class Parser {
     for (; digits < most_digits && IsDigit(Peek()); ++digits, ++at_) {
       number = number * 10 + (Peek() - '0');
     }
-    if (digits == 0) Fail("a date as month/day/year");
+    if (digits == 0) {
+      Fail("a date as month/day/year");
+    }
     return number;
   }
 
@@ -161,18 +201,28 @@ class Parser {
   std::string ReadText() {
     std::string text;
     while (true) {
-      if (AtEnd()) Fail("a ' at the end of the text");
+      if (AtEnd()) {
+        Fail("a ' at the end of the text");
+      }
       const char c = text_[at_++];
-      if (c == '\'' && !TakeNext('\'')) return text;
+      if (c == '\'' && !TakeNext('\'')) {
+        return text;
+      }
       text += c;
     }
   }
 
   std::string ReadName() {
-    if (Take('[')) return ReadBracketedName();
+    if (Take('[')) {
+      return ReadBracketedName();
+    }
     const std::size_t start = at_;
-    if (!IsLetter(Peek())) Fail("a name");
-    while (IsLetter(Peek()) || IsDigit(Peek())) ++at_;
+    if (!IsLetter(Peek())) {
+      Fail("a name");
+    }
+    while (IsLetter(Peek()) || IsDigit(Peek())) {
+      ++at_;
+    }
     std::string name(text_.substr(start, at_ - start));
     if (IsKeyWord(name)) {
       at_ = start;
@@ -184,7 +234,9 @@ class Parser {
   std::string ReadBracketedName() {
     const std::size_t start = at_;
     const std::size_t end = text_.find(']', start);
-    if (end == std::string_view::npos || end == start) Fail("a name between [ and ]");
+    if (end == std::string_view::npos || end == start) {
+      Fail("a name between [ and ]");
+    }
     at_ = end + 1;
     return std::string(text_.substr(start, end - start));
   }
@@ -195,7 +247,9 @@ class Parser {
     do {
       OrderTerm term{ReadName()};
       term.Descending = TakeWord("DESC");
-      if (!term.Descending) TakeWord("ASC");
+      if (!term.Descending) {
+        TakeWord("ASC");
+      }
       order.push_back(std::move(term));
     } while (Take(','));
     return order;
@@ -207,18 +261,24 @@ class Parser {
   char Peek() const { return AtEnd() ? ' ' : text_[at_]; }
 
   void SkipBlanks() {
-    while (!AtEnd() && IsBlank(text_[at_])) ++at_;
+    while (!AtEnd() && IsBlank(text_[at_])) {
+      ++at_;
+    }
   }
 
   std::size_t SkipDigits() {
     const std::size_t start = at_;
-    while (IsDigit(Peek())) ++at_;
+    while (IsDigit(Peek())) {
+      ++at_;
+    }
     return at_ - start;
   }
 
   /// Takes the character if it comes right here.
   bool TakeNext(char c) {
-    if (AtEnd() || text_[at_] != c) return false;
+    if (AtEnd() || text_[at_] != c) {
+      return false;
+    }
     ++at_;
     return true;
   }
@@ -231,19 +291,27 @@ class Parser {
 
   bool TakeWord(std::string_view word) {
     SkipBlanks();
-    if (!SameName(text_.substr(at_, word.size()), word)) return false;
+    if (!SameName(text_.substr(at_, word.size()), word)) {
+      return false;
+    }
     const std::size_t end = at_ + word.size();
-    if (end < text_.size() && (IsLetter(text_[end]) || IsDigit(text_[end]))) return false;
+    if (end < text_.size() && (IsLetter(text_[end]) || IsDigit(text_[end]))) {
+      return false;
+    }
     at_ = end;
     return true;
   }
 
   void Expect(char c) {
-    if (!Take(c)) Fail(std::string("\"") + c + '"');
+    if (!Take(c)) {
+      Fail(std::string("\"") + c + '"');
+    }
   }
 
   void ExpectWord(std::string_view word) {
-    if (!TakeWord(word)) Fail(std::string(word));
+    if (!TakeWord(word)) {
+      Fail(std::string(word));
+    }
   }
 
   [[noreturn]] void Fail(const std::string& expected) const {

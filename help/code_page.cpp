@@ -1,28 +1,17 @@
 #include "help/code_page.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <cerrno>
-#include <cstdint>
 #include <optional>
 
+#include "data/ascii.h"
+#include "data/charset.h"
 #include "data/text.h"
 
 namespace veyra {
 namespace {
 
 constexpr std::size_t kHeadSize = 2048;
-constexpr const char* kReplacement = "\xEF\xBF\xBD";
-
-std::string Lowered(std::string_view text) {
-  std::string lowered(text);
-  std::transform(lowered.begin(), lowered.end(), lowered.begin(),
-                 [](unsigned char byte) { return static_cast<char>(std::tolower(byte)); });
-  return lowered;
-}
 
 bool StartsWith(std::string_view text, std::string_view start) {
   return text.substr(0, start.size()) == start;
@@ -30,12 +19,16 @@ bool StartsWith(std::string_view text, std::string_view start) {
 
 /// The value of the first "charset=" in the head of an HTML text, in lower case; or empty.
 std::string NamedCharset(std::string_view html) {
-  const std::string head = Lowered(html.substr(0, kHeadSize));
+  const std::string head = ascii::LowerCase(html.substr(0, kHeadSize));
   const std::string mark = "charset=";
   std::size_t begin = head.find(mark);
-  if (begin == std::string::npos) return {};
+  if (begin == std::string::npos) {
+    return {};
+  }
   begin = head.find_first_not_of("\"' ", begin + mark.size());
-  if (begin == std::string::npos) return {};
+  if (begin == std::string::npos) {
+    return {};
+  }
   return head.substr(begin, head.find_first_of("\"' ;/>", begin) - begin);
 }
 
@@ -47,56 +40,30 @@ std::optional<std::string> ConverterName(const std::string& charset) {
   static const std::array<std::string, 14> known{
       "utf-8",  "shift_jis", "euc-jp",  "gb2312",     "gbk",        "big5",       "euc-kr",
       "koi8-r", "koi8-u",    "tis-620", "iso-8859-2", "iso-8859-5", "iso-8859-7", "iso-8859-9"};
-  if (std::find(latin.begin(), latin.end(), charset) != latin.end()) return "CP1252";
-  if (StartsWith(charset, "windows-")) return "CP" + charset.substr(8);
-  if (StartsWith(charset, "cp")) return "CP" + charset.substr(2);
-  if (charset == "ks_c_5601-1987") return "CP949";
-  if (charset == "utf8") return "utf-8";
-  if (std::find(known.begin(), known.end(), charset) != known.end()) return charset;
+  if (std::find(latin.begin(), latin.end(), charset) != latin.end()) {
+    return "CP1252";
+  }
+  if (StartsWith(charset, "windows-")) {
+    return "CP" + charset.substr(8);
+  }
+  if (StartsWith(charset, "cp")) {
+    return "CP" + charset.substr(2);
+  }
+  if (charset == "ks_c_5601-1987") {
+    return "CP949";
+  }
+  if (charset == "utf8") {
+    return "utf-8";
+  }
+  if (std::find(known.begin(), known.end(), charset) != known.end()) {
+    return charset;
+  }
   return std::nullopt;
 }
 
-/// A conversion to UTF-8.
-class Converter {
- public:
-  explicit Converter(const std::string& from) : handle_(iconv_open("UTF-8", from.c_str())) {}
-  ~Converter() {
-    if (IsOpen()) iconv_close(handle_);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-
-  std::string Convert(std::string_view text) const;
-
- private:
-  iconv_t handle_;
-};
-
-std::string Converter::Convert(std::string_view text) const {
-  std::string converted;
-  std::string source(text);
-  char* from = source.data();
-  std::size_t left = source.size();
-  while (left > 0) {
-    char block[4096];
-    char* to = block;
-    std::size_t room = sizeof block;
-    const bool done = iconv(handle_, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
-    const bool is_full = !done && errno == E2BIG;
-    converted.append(block, sizeof block - room);
-    if (done || is_full) continue;
-    converted += kReplacement;
-    ++from;
-    --left;
-  }
-  return converted;
-}
-
 std::string Converted(std::string_view text, const std::string& converter_name) {
-  const Converter converter(converter_name);
-  return converter.IsOpen() ? converter.Convert(text) : ValidUtf8(text);
+  const auto charset = Charset::Named(converter_name);
+  return charset ? charset->ToUtf8(text) : ValidUtf8(text);
 }
 
 }  // namespace
@@ -130,10 +97,18 @@ std::string CodePageOfLanguage(unsigned language_id) {
 }
 
 std::string HtmlAsUtf8(std::string_view html, const std::string& code_page) {
-  if (StartsWith(html, "\xEF\xBB\xBF")) return ValidUtf8(html.substr(3));
-  if (StartsWith(html, "\xFF\xFE")) return Converted(html.substr(2), "UTF-16LE");
-  if (StartsWith(html, "\xFE\xFF")) return Converted(html.substr(2), "UTF-16BE");
-  if (const auto named = ConverterName(NamedCharset(html))) return Converted(html, *named);
+  if (StartsWith(html, "\xEF\xBB\xBF")) {
+    return ValidUtf8(html.substr(3));
+  }
+  if (StartsWith(html, "\xFF\xFE")) {
+    return Converted(html.substr(2), "UTF-16LE");
+  }
+  if (StartsWith(html, "\xFE\xFF")) {
+    return Converted(html.substr(2), "UTF-16BE");
+  }
+  if (const auto named = ConverterName(NamedCharset(html))) {
+    return Converted(html, *named);
+  }
   return IsUtf8(html) ? std::string(html) : Converted(html, code_page);
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <cstdint>
 #include <utility>
+
+#include "data/ascii.h"
+#include "data/charset.h"
 
 namespace veyra {
 namespace {
@@ -14,22 +16,6 @@ constexpr std::string_view kBlanks = " \t\r\n\f";
 
 bool IsBlank(char letter) {
   return kBlanks.find(letter) != std::string_view::npos;
-}
-
-std::string Lowered(std::string_view text) {
-  std::string lowered(text);
-  std::transform(lowered.begin(), lowered.end(), lowered.begin(),
-                 [](unsigned char byte) { return static_cast<char>(std::tolower(byte)); });
-  return lowered;
-}
-
-std::string Utf8Of(std::uint32_t code_point) {
-  const auto byte = [](std::uint32_t bits) { return static_cast<char>(bits & 0xFFU); };
-  const auto tail = [&](unsigned shift) { return byte(0x80U | (code_point >> shift & 0x3FU)); };
-  if (code_point < 0x80) return {byte(code_point)};
-  if (code_point < 0x800) return {byte(0xC0U | code_point >> 6U), tail(0)};
-  if (code_point < 0x10000) return {byte(0xE0U | code_point >> 12U), tail(6), tail(0)};
-  return {byte(0xF0U | code_point >> 18U), tail(12), tail(6), tail(0)};
 }
 
 /// The character of a numeric entity such as "#233" or "#xE9".
@@ -41,8 +27,12 @@ std::optional<std::string> NumericEntity(std::string_view name) {
                                               code_point, hexadecimal ? 16 : 10);
   const bool is_surrogate = code_point >= 0xD800 && code_point <= 0xDFFF;
   const bool is_number = failure == std::errc() && end == digits.data() + digits.size();
-  if (!is_number || code_point == 0 || code_point > 0x10FFFF || is_surrogate) return std::nullopt;
-  return Utf8Of(code_point);
+  if (!is_number || code_point == 0 || code_point > 0x10FFFF || is_surrogate) {
+    return std::nullopt;
+  }
+  std::string character;
+  AppendUtf8(character, code_point);
+  return character;
 }
 
 std::optional<std::string> Entity(std::string_view name) {
@@ -62,10 +52,14 @@ std::optional<std::string> Entity(std::string_view name) {
       {"ldquo", "\u201C"},
       {"rdquo", "\u201D"},
   }};
-  if (!name.empty() && name[0] == '#') return NumericEntity(name);
+  if (!name.empty() && name[0] == '#') {
+    return NumericEntity(name);
+  }
   const auto entity = std::find_if(entities.begin(), entities.end(),
                                    [&](const auto& known) { return known.first == name; });
-  if (entity == entities.end()) return std::nullopt;
+  if (entity == entities.end()) {
+    return std::nullopt;
+  }
   return std::string(entity->second);
 }
 
@@ -77,7 +71,9 @@ std::string WithoutEntities(std::string_view text) {
     const bool may_be_entity = text[i] == '&' && end != std::string_view::npos;
     const auto letters = may_be_entity ? Entity(text.substr(i + 1, end - 1)) : std::nullopt;
     plain += letters ? *letters : std::string(1, text[i]);
-    if (letters) i += end;
+    if (letters) {
+      i += end;
+    }
   }
   return plain;
 }
@@ -87,7 +83,9 @@ std::size_t EndOfTag(std::string_view html, std::size_t begin) {
   char quote = '\0';
   for (std::size_t i = begin; i < html.size(); ++i) {
     if (quote != '\0') {
-      if (html[i] == quote) quote = '\0';
+      if (html[i] == quote) {
+        quote = '\0';
+      }
     } else if (html[i] == '>') {
       return i;
     } else if ((html[i] == '"' || html[i] == '\'') && html[i - 1] == '=') {
@@ -99,7 +97,7 @@ std::size_t EndOfTag(std::string_view html, std::size_t begin) {
 
 HtmlPiece TagOf(std::string_view inside) {
   const std::size_t end = std::min(inside.find_first_of(kBlanks), inside.size());
-  return {Lowered(inside.substr(0, end)), std::string(inside.substr(end))};
+  return {ascii::LowerCase(inside.substr(0, end)), std::string(inside.substr(end))};
 }
 
 /// How long a comment or declaration is that stands at the beginning; 0 when none does.
@@ -108,8 +106,12 @@ std::size_t LengthOfComment(std::string_view html) {
     const std::size_t end = html.find(mark);
     return end == std::string_view::npos ? html.size() : end + mark.size();
   };
-  if (html.substr(0, 4) == "<!--") return length("-->");
-  if (html.substr(0, 2) == "<!" || html.substr(0, 2) == "<?") return length(">");
+  if (html.substr(0, 4) == "<!--") {
+    return length("-->");
+  }
+  if (html.substr(0, 2) == "<!" || html.substr(0, 2) == "<?") {
+    return length(">");
+  }
   return 0;
 }
 
@@ -160,7 +162,9 @@ std::vector<HtmlPiece> HtmlPieces(std::string_view html) {
     if (const std::size_t comment = LengthOfComment(html.substr(i)); comment > 0) {
       i += comment;
     } else if (IsTagBegin(html.substr(i))) {
-      if (!text.empty()) pieces.push_back({"", std::exchange(text, {})});
+      if (!text.empty()) {
+        pieces.push_back({"", std::exchange(text, {})});
+      }
       const std::size_t end = EndOfTag(html, i + 1);
       pieces.push_back(TagOf(html.substr(i + 1, end - i - 1)));
       i = end + 1;
@@ -168,7 +172,9 @@ std::vector<HtmlPiece> HtmlPieces(std::string_view html) {
       text += html[i++];
     }
   }
-  if (!text.empty()) pieces.push_back({"", std::move(text)});
+  if (!text.empty()) {
+    pieces.push_back({"", std::move(text)});
+  }
   return pieces;
 }
 
@@ -177,11 +183,15 @@ std::optional<std::string> Attribute(const HtmlPiece& tag, std::string_view name
   std::size_t i = 0;
   while ((i = text.find_first_not_of(" \t\r\n\f/", i)) != std::string_view::npos) {
     const std::size_t name_end = std::min(text.find_first_of(" \t\r\n\f=/", i), text.size());
-    const std::string found = Lowered(text.substr(i, name_end - i));
+    const std::string found = ascii::LowerCase(text.substr(i, name_end - i));
     i = std::min(text.find_first_not_of(kBlanks, name_end), text.size());
     std::string_view value;
-    if (i < text.size() && text[i] == '=') value = TakeValue(text, ++i);
-    if (found == name) return WithoutEntities(value);
+    if (i < text.size() && text[i] == '=') {
+      value = TakeValue(text, ++i);
+    }
+    if (found == name) {
+      return WithoutEntities(value);
+    }
   }
   return std::nullopt;
 }
@@ -191,7 +201,9 @@ std::string PlainText(std::string_view html) {
   std::string unseen_until;
   for (const HtmlPiece& piece : HtmlPieces(html)) {
     if (!unseen_until.empty()) {
-      if (piece.Tag == unseen_until) unseen_until.clear();
+      if (piece.Tag == unseen_until) {
+        unseen_until.clear();
+      }
     } else if (piece.Tag.empty()) {
       AppendText(plain, WithoutEntities(piece.Text));
     } else if (IsUnseen(piece.Tag)) {
@@ -200,7 +212,9 @@ std::string PlainText(std::string_view html) {
       AppendText(plain, " ");
     }
   }
-  if (!plain.empty() && plain.back() == ' ') plain.pop_back();
+  if (!plain.empty() && plain.back() == ' ') {
+    plain.pop_back();
+  }
   return plain;
 }
 
@@ -208,10 +222,14 @@ std::string PageTitle(std::string_view html) {
   const std::vector<HtmlPiece> pieces = HtmlPieces(html);
   const auto tag = std::find_if(pieces.begin(), pieces.end(),
                                 [](const HtmlPiece& piece) { return piece.Tag == "title"; });
-  if (tag == pieces.end() || tag + 1 == pieces.end() || !(tag + 1)->Tag.empty()) return {};
+  if (tag == pieces.end() || tag + 1 == pieces.end() || !(tag + 1)->Tag.empty()) {
+    return {};
+  }
   std::string title;
   AppendText(title, WithoutEntities((tag + 1)->Text));
-  if (!title.empty() && title.back() == ' ') title.pop_back();
+  if (!title.empty() && title.back() == ' ') {
+    title.pop_back();
+  }
   return title;
 }
 

@@ -5,8 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "data/ascii.h"
+
 namespace veyra {
 namespace {
+
+using ascii::IsDigit;
+using ascii::IsLetter;
 
 constexpr std::array<std::string_view, 12> kMonthNames = {
     "january", "february", "march",     "april",   "may",      "june",
@@ -18,30 +23,16 @@ bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-bool IsLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 bool IsMark(char c) {
   return c == '/' || c == '-' || c == '.' || c == ',';
 }
 
-std::string Lower(std::string_view word) {
-  std::string lower(word);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
-
 /// The number 1 to 12 of a month's English name, or 0.
 int MonthNumber(std::string_view word) {
-  const std::string lower = Lower(word);
-  if (lower == "sept") return 9;
+  const std::string lower = ascii::LowerCase(word);
+  if (lower == "sept") {
+    return 9;
+  }
   for (std::size_t i = 0; i < kMonthNames.size(); ++i) {
     if (lower == kMonthNames[i] || lower == kMonthNames[i].substr(0, 3)) {
       return static_cast<int>(i) + 1;
@@ -59,8 +50,12 @@ struct Part {
 };
 
 std::string_view Trimmed(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && IsBlank(text.back())) {
+    text.remove_suffix(1);
+  }
   return text;
 }
 
@@ -73,18 +68,24 @@ class Scanner {
 
   /// Moves past the number or month name that begins here; nothing when neither does.
   std::optional<Part> TakePart() {
-    if (AtEnd()) return std::nullopt;
+    if (AtEnd()) {
+      return std::nullopt;
+    }
     return IsDigit(text_[position_]) ? TakeNumber() : TakeMonthName();
   }
 
   /// Moves past the gap before the next part: blanks, with at most one mark among them. Returns
   /// whether there is any; the full stop of a shortened name is enough.
   bool TakeGap() {
-    if (AtEnd()) return false;
+    if (AtEnd()) {
+      return false;
+    }
     const bool follows_full_stop = text_[position_ - 1] == '.';
     const std::size_t start = position_;
     TakeWhile(IsBlank);
-    if (!AtEnd() && IsAllowedMark(text_[position_])) ++position_;
+    if (!AtEnd() && IsAllowedMark(text_[position_])) {
+      ++position_;
+    }
     TakeWhile(IsBlank);
     return follows_full_stop || position_ > start;
   }
@@ -93,22 +94,32 @@ class Scanner {
   template <typename Predicate>
   std::string_view TakeWhile(Predicate belongs) {
     const std::size_t start = position_;
-    while (!AtEnd() && belongs(text_[position_])) ++position_;
+    while (!AtEnd() && belongs(text_[position_])) {
+      ++position_;
+    }
     return text_.substr(start, position_ - start);
   }
 
   std::optional<Part> TakeNumber() {
     const std::string_view digits = TakeWhile(IsDigit);
-    if (digits.size() > kMostDigits) return std::nullopt;
+    if (digits.size() > kMostDigits) {
+      return std::nullopt;
+    }
     int value = 0;
-    for (const char digit : digits) value = value * 10 + (digit - '0');
+    for (const char digit : digits) {
+      value = value * 10 + (digit - '0');
+    }
     return Part{value, digits.size()};
   }
 
   std::optional<Part> TakeMonthName() {
     const int month = MonthNumber(TakeWhile(IsLetter));
-    if (month == 0) return std::nullopt;
-    if (!AtEnd() && text_[position_] == '.') ++position_;
+    if (month == 0) {
+      return std::nullopt;
+    }
+    if (!AtEnd() && text_[position_] == '.') {
+      ++position_;
+    }
     has_name_ = true;
     return Part{month, 0};
   }
@@ -126,23 +137,33 @@ std::vector<Part> PartsOf(std::string_view text) {
   Scanner scanner(text);
   do {
     const std::optional<Part> part = scanner.TakePart();
-    if (!part) return {};
+    if (!part) {
+      return {};
+    }
     parts.push_back(*part);
   } while (scanner.TakeGap());
-  if (!scanner.AtEnd()) return {};
+  if (!scanner.AtEnd()) {
+    return {};
+  }
   return parts;
 }
 
 int YearFrom(const Part& part) {
-  if (part.Digits > 2) return part.Value;
+  if (part.Digits > 2) {
+    return part.Value;
+  }
   return part.Value < 30 ? 2000 + part.Value : 1900 + part.Value;
 }
 
 /// The date of a month and a day in either order: the name, or else the number that can be one,
 /// is the month.
 std::optional<Date> DateOf(int year, const Part& first, const Part& second) {
-  if (first.Digits > 2 || second.Digits > 2) return std::nullopt;
-  if (first.IsName() && second.IsName()) return std::nullopt;
+  if (first.Digits > 2 || second.Digits > 2) {
+    return std::nullopt;
+  }
+  if (first.IsName() && second.IsName()) {
+    return std::nullopt;
+  }
   const bool swapped = second.IsName() || (!first.IsName() && first.Value > 12);
   return swapped ? MakeDate(year, second.Value, first.Value)
                  : MakeDate(year, first.Value, second.Value);
@@ -150,7 +171,9 @@ std::optional<Date> DateOf(int year, const Part& first, const Part& second) {
 
 /// The date of a year, a month and a day in that order, never another.
 std::optional<Date> YearFirstDate(const Part& year, const Part& month, const Part& day) {
-  if (month.Digits > 2 || day.IsName() || day.Digits > 2) return std::nullopt;
+  if (month.Digits > 2 || day.IsName() || day.Digits > 2) {
+    return std::nullopt;
+  }
   return MakeDate(year.Value, month.Value, day.Value);
 }
 
@@ -158,10 +181,18 @@ std::optional<Date> YearFirstDate(const Part& year, const Part& month, const Par
 
 std::optional<Date> ParseDate(std::string_view text, Date today) {
   const std::vector<Part> parts = PartsOf(Trimmed(text));
-  if (parts.size() == 2) return DateOf(YearOf(today), parts[0], parts[1]);
-  if (parts.size() != 3) return std::nullopt;
-  if (parts[0].Digits == 4) return YearFirstDate(parts[0], parts[1], parts[2]);
-  if (parts[2].IsName()) return std::nullopt;
+  if (parts.size() == 2) {
+    return DateOf(YearOf(today), parts[0], parts[1]);
+  }
+  if (parts.size() != 3) {
+    return std::nullopt;
+  }
+  if (parts[0].Digits == 4) {
+    return YearFirstDate(parts[0], parts[1], parts[2]);
+  }
+  if (parts[2].IsName()) {
+    return std::nullopt;
+  }
   return DateOf(YearFrom(parts[2]), parts[0], parts[1]);
 }
 

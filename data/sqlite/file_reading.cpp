@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "data/ascii.h"
 #include "data/file_stamp.h"
 
 namespace veyra::sqlite {
@@ -19,8 +20,7 @@ std::string Uri(const std::string& file, const std::string& options) {
   constexpr char kHex[] = "0123456789ABCDEF";
   std::string uri = "file:";
   for (const char c : file) {
-    const bool is_plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                          (c >= '0' && c <= '9') || c == '/' || c == '.' || c == '-' || c == '_';
+    const bool is_plain = ascii::IsLetterOrDigit(c) || c == '/' || c == '.' || c == '-' || c == '_';
     const auto byte = static_cast<unsigned char>(c);
     uri += is_plain ? std::string(1, c) : std::string{'%', kHex[byte / 16], kHex[byte % 16]};
   }
@@ -32,32 +32,32 @@ std::string Uri(const std::string& file, const std::string& options) {
 FilesBeside::FilesBeside(const std::string& file)
     : HasLog(StampOf(file + "-wal").has_value()), HasIndex(StampOf(file + "-shm").has_value()) {}
 
-FileReading::FileReading(const std::string& file, const Patience& patience)
+FileReading::FileReading(const std::string& file, const WaitPolicy& policy)
     : file_(file), beside_(file) {
-  auto plain = std::make_unique<Database>(file, file, OpenMode::ReadOnly, patience);
+  auto plain = std::make_unique<Database>(file, file, OpenMode::ReadOnly, policy);
   if (plain->FirstBytes(kWriteVersion + 1)[kWriteVersion] != kWithLog) {
     reader_ = std::make_unique<Reader>(std::move(plain));
   } else if (beside_.HasLog && beside_.HasIndex) {
-    Open(Uri(file, "readonly_shm=1"), patience);
+    Open(Uri(file, "readonly_shm=1"), policy);
   } else {
     hold_ = std::move(plain);
-    OpenUnlocked(patience);
+    OpenUnlocked(policy);
   }
 }
 
-void FileReading::Open(const std::string& location, const Patience& patience) {
+void FileReading::Open(const std::string& location, const WaitPolicy& policy) {
   reader_ = std::make_unique<Reader>(
-      std::make_unique<Database>(location, file_, OpenMode::ReadOnly, patience));
+      std::make_unique<Database>(location, file_, OpenMode::ReadOnly, policy));
 }
 
-void FileReading::OpenUnlocked(const Patience& patience) {
+void FileReading::OpenUnlocked(const WaitPolicy& policy) {
   hold_->HoldShared();
   if (!beside_.HasLog) {
-    Open(Uri(file_, "immutable=1"), patience);
+    Open(Uri(file_, "immutable=1"), policy);
     return;
   }
   // A log that lost its index: SQLite makes one in memory for a program that has the file alone.
-  Open(Uri(file_, "vfs=unix-none"), patience);
+  Open(Uri(file_, "vfs=unix-none"), policy);
   sqlite3_db_config(reader_->database().handle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
   reader_->database().Execute("PRAGMA locking_mode = EXCLUSIVE");
 }

@@ -104,7 +104,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_gate_(month_window_),
       printer_(month_window_),
       month_(session_, month_window_, *this, dialogs, clock, printer_) {
-  session_.Waiting = Patience(kStoreTimeout, &sign_);
+  session_.Waiting = WaitPolicy(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_);
   guard_.SetRecovery([this] { ShowWhatIsStored(); });
   guard_.SetReopening([this] { OpenCalendarAnew(); });

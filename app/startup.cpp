@@ -41,7 +41,7 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
   files.Close(handle);
 }
 
-/// The report is no failure: the calendar opens all the same.
+/// The report is not a failure: the calendar opens all the same.
 void TellOfTheOpening(Session& session, Dialogs& dialogs) {
   if (const auto notice = session.ResCon->TakeNotice()) {
     Message message = StandardReport(Error(*notice));

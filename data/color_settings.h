@@ -33,7 +33,7 @@ void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSetting
 /// the row is written.
 bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSettings& current);
 
-/// A text that was to be used as a colour is no colour number.
+/// A text that was to be used as a colour is not a colour number.
 class ColorError : public ValueError {
  public:
   /// `column` is the column of Settings that the text was read from.

@@ -99,8 +99,8 @@ class FileError : public Error {
   using Error::Error;
 };
 
-/// A stored value is not of the kind that is needed there: a text that is no number, a number
-/// that is no slot.
+/// A stored value is not of the kind that is needed there: a text that is not a number, a number
+/// that is not a slot.
 class ValueError : public Error {
  public:
   using Error::Error;

@@ -7,8 +7,8 @@
 namespace veyra {
 
 std::unique_ptr<FileStore> OpenFileStore(const std::string& file_name, StoreAccess access,
-                                         Patience patience) {
-  auto store = OpenStore(file_name, access, std::move(patience));
+                                         WaitPolicy policy) {
+  auto store = OpenStore(file_name, access, std::move(policy));
   // Every store that OpenStore gives is one of a file.
   auto& file_store = dynamic_cast<FileStore&>(*store);
   store.release();

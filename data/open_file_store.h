@@ -11,6 +11,6 @@ namespace veyra {
 
 /// Opens an existing database file as OpenStore does.
 std::unique_ptr<FileStore> OpenFileStore(const std::string& file_name, StoreAccess access,
-                                         Patience patience = {});
+                                         WaitPolicy policy = {});
 
 }  // namespace veyra

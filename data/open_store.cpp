@@ -53,13 +53,15 @@ bool IsWritable(const fs::path& path) {
 void RequireFile(const fs::path& path) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (status.type() == fs::file_type::not_found) FailAsMissing(path);
+  if (status.type() == fs::file_type::not_found) {
+    FailAsMissing(path);
+  }
   if (status.type() == fs::file_type::directory) {
     throw DatabaseError({path.string(), "This is a folder, where a database file should be.",
                          "Move the folder away and put the file in its place."});
   }
   if (status.type() != fs::file_type::regular) {
-    throw DatabaseError({path.string(), "This is no file that can be read.",
+    throw DatabaseError({path.string(), "This is not a file that can be read.",
                          "Check that the disk is connected and that you may use the folder."});
   }
   if (fs::file_size(path, error) == 0) {
@@ -86,39 +88,42 @@ void RequireWritable(const fs::path& path) {
 }
 
 std::unique_ptr<Store> OpenSqlite(const std::string& file, StoreAccess access,
-                                  const Patience& patience) {
+                                  const WaitPolicy& policy) {
   switch (access) {
     case StoreAccess::ReadOnly:
-      return sqlite::OpenReadOnly(file, patience);
-    case StoreAccess::Alone:
-      return sqlite::OpenAlone(file, patience);
+      return sqlite::OpenReadOnly(file, policy);
+    case StoreAccess::Exclusive:
+      return sqlite::OpenExclusive(file, policy);
     case StoreAccess::ReadWrite:
       break;
   }
-  return sqlite::OpenReadWrite(file, patience);
+  return sqlite::OpenReadWrite(file, policy);
 }
 
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
-                                        const Patience& patience) {
+                                        const WaitPolicy& policy) {
   const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
   if (bytes.starts_with(kSqliteStart)) {
-    return OpenSqlite(path.string(), access, patience);
+    return OpenSqlite(path.string(), access, policy);
   }
   if (bytes.starts_with(kAccessStart)) {
-    return OpenAccessStore(path.string(), access, patience);
+    return OpenAccessStore(path.string(), access, policy);
   }
-  throw DatabaseError({path.string(), "The file is no database of a kind known here.", kRightFile});
+  throw DatabaseError(
+      {path.string(), "The file is not a database of a kind known here.", kRightFile});
 }
 
 }  // namespace
 
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
-                                 Patience patience) {
+                                 WaitPolicy policy) {
   const fs::path path = fs::absolute(NativePath(file_name));
   RequireFile(path);
-  if (access != StoreAccess::ReadOnly) RequireWritable(path);
-  patience.File = path.string();
-  return OpenByFirstBytes(path, access, patience);
+  if (access != StoreAccess::ReadOnly) {
+    RequireWritable(path);
+  }
+  policy.File = path.string();
+  return OpenByFirstBytes(path, access, policy);
 }
 
 }  // namespace veyra

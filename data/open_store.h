@@ -15,9 +15,9 @@ namespace veyra {
 /// A file opened ReadOnly is never written to, and nothing is left beside it.
 /// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no
 /// database of a kind known here, or, unless ReadOnly, one that nobody may write to;
-/// DatabaseBusyError when, for Alone, another program has it open or, for the others, another has
-/// it alone. The observer of `patience`, if any, must outlive the store.
+/// DatabaseBusyError when, for Exclusive, another program has it open or, for the others, another
+/// has it exclusively. The observer of `policy`, if any, must outlive the store.
 std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
-                                 Patience patience = {});
+                                 WaitPolicy policy = {});
 
 }  // namespace veyra

@@ -14,7 +14,7 @@ namespace veyra {
 struct Databases {
   std::string AppFolder;   ///< The program's own folder, without a separator at its end.
   std::string DataFolder;  ///< The folder of both databases; empty when path.txt named none.
-  Patience Waiting;        ///< How to wait for a file that another program holds.
+  WaitPolicy Waiting;      ///< How to wait for a file that another program holds.
   std::unique_ptr<Connection> ResCon;    ///< The calendar: Rooms, Reserv, Settings.
   std::unique_ptr<Connection> GuestCon;  ///< The host product's guests: Guest, read only.
   bool WaitedInVain = false;  ///< An upgrade could not have ResCon's file: the next do not wait.

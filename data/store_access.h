@@ -5,7 +5,7 @@ namespace veyra {
 enum class StoreAccess {
   ReadOnly,
   ReadWrite,
-  Alone,  ///< For reading and writing, and nobody else has the file open for writing meanwhile.
+  Exclusive,  ///< For reading and writing, and nobody else has the file open for writing meanwhile.
 };
 
 }  // namespace veyra

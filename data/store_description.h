@@ -24,7 +24,7 @@ struct ColumnDescription {
 
 struct IndexDescription {
   std::string Name;
-  std::vector<std::string> Columns = {};  ///< Empty names for what is no column.
+  std::vector<std::string> Columns = {};  ///< Empty names for what is not a column.
   bool IsUnique = false;
 };
 

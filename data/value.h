@@ -22,7 +22,7 @@ bool IsNull(const Value& value);
 /// Nothing for null and for anything else.
 std::optional<std::int64_t> ToInteger(const Value& value);
 
-/// The value as a number; nothing for null and for what is no number.
+/// The value as a number; nothing for null and for what is not a number.
 std::optional<double> ToDouble(const Value& value);
 
 /// The value as a date: a date, or a text that begins with an ISO date. Nothing for anything else.

@@ -13,7 +13,7 @@ constexpr milliseconds kPause{5};
 
 }  // namespace
 
-Wait::Wait(Patience patience) : patience_(std::move(patience)) {}
+Wait::Wait(WaitPolicy policy) : policy_(std::move(policy)) {}
 
 Wait::~Wait() {
   End();
@@ -24,10 +24,10 @@ bool Wait::GoOn() {
     Begin();
   }
   const auto waited = std::chrono::duration_cast<milliseconds>(steady_clock::now() - begun_);
-  if (cancelled_ || waited >= patience_.Timeout) {
+  if (cancelled_ || waited >= policy_.Timeout) {
     return false;
   }
-  if (patience_.Observer != nullptr && !patience_.Observer->StillWaiting(patience_.File, waited)) {
+  if (policy_.Observer != nullptr && !policy_.Observer->StillWaiting(policy_.File, waited)) {
     cancelled_ = true;
     return false;
   }
@@ -36,8 +36,8 @@ bool Wait::GoOn() {
 }
 
 void Wait::End() {
-  if (waiting_ && patience_.Observer != nullptr) {
-    patience_.Observer->WaitEnded();
+  if (waiting_ && policy_.Observer != nullptr) {
+    policy_.Observer->WaitEnded();
   }
   waiting_ = false;
 }

@@ -23,8 +23,8 @@ class WaitObserver {
 };
 
 /// How a store waits for another program.
-struct Patience {
-  Patience(std::chrono::milliseconds timeout = kStoreTimeout, WaitObserver* observer = nullptr)
+struct WaitPolicy {
+  WaitPolicy(std::chrono::milliseconds timeout = kStoreTimeout, WaitObserver* observer = nullptr)
       : Timeout(timeout), Observer(observer) {}
 
   std::chrono::milliseconds Timeout;  ///< The longest wait of one call to the store.
@@ -35,7 +35,7 @@ struct Patience {
 /// One wait for another program, which begins when the store first has to wait.
 class Wait {
  public:
-  explicit Wait(Patience patience);
+  explicit Wait(WaitPolicy policy);
   ~Wait();
   Wait(const Wait&) = delete;
   Wait& operator=(const Wait&) = delete;
@@ -53,7 +53,7 @@ class Wait {
  private:
   void Begin();
 
-  Patience patience_;
+  WaitPolicy policy_;
   bool waiting_ = false;
   bool cancelled_ = false;
   std::chrono::steady_clock::time_point begun_;

@@ -34,7 +34,7 @@ struct BookingRequest {
 /// the caller is to fill it anew.
 ///
 /// Throws, nothing having been written: DatabaseError, NameTooLongError when the calendar cannot
-/// hold the name, ValueError when a text of the plan is no date.
+/// hold the name, ValueError when a text of the plan is not a date.
 bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
                   const Clock& clock, Dialogs& dialogs);
 

@@ -18,8 +18,8 @@ namespace veyra {
 ///   2014-03-05   2014/3/5   2014-Mar-05      four digits first: year, month, day, never swapped
 /// A year of one or two digits is a short year; one of three or four digits is that year itself,
 /// and must be one of kFirstYear to kLastYear. The day must exist. A text without a day ("March
-/// 2014") is no date, nor is one with anything else in it, such as a weekday or a time. Every text
-/// that DateText makes of those years is understood.
+/// 2014") is not a date, nor is one with anything else in it, such as a weekday or a time. Every
+/// text that DateText makes of those years is understood.
 std::optional<Date> ParseDate(std::string_view text, Date today);
 
 }  // namespace veyra

@@ -58,7 +58,7 @@ class DayListScreen {
 /// worked out before any of it is shown: a failure leaves the old one standing.
 /// A month outside 1 to 12 is counted on from the year's own: 30 days from the first of that month,
 /// under the title that stands there.
-/// Throws DatabaseError, and ValueError when a colour of CurrentColors is no number or the month
+/// Throws DatabaseError, and ValueError when a colour of CurrentColors is not a number or the month
 /// lies outside the calendar.
 void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month);
 

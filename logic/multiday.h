@@ -30,7 +30,7 @@ struct PlannedRange {
   std::array<bool, 8> Days{};
 };
 
-/// Reads the plan's two texts. Throws ValueError when one is no date.
+/// Reads the plan's two texts. Throws ValueError when one is not a date.
 PlannedRange RangeOfPlan(const MultiDayPlan& plan, Date today);
 
 /// How many days the range spans, ticked or not; 0 when To lies before From.
@@ -57,7 +57,7 @@ std::string ClashQuery(const Session& session, Date day);
 
 /// Looks for clashes on every date of the plan, lists them to the operator, and sets MultiBookCount
 /// to PlannedDayCount less the number of dates that clash; to 0 when the operator cancels.
-/// Throws DatabaseError, and ValueError when a text of the plan is no date.
+/// Throws DatabaseError, and ValueError when a text of the plan is not a date.
 void CheckMultiDayConflicts(Session& session, const MultiDayPlan& plan, const Clock& clock,
                             Dialogs& dialogs);
 

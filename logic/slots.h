@@ -47,11 +47,11 @@ SlotRange RangeOfRows(int row, int other_row);
 TimeSlot SlotOf(const Value& stored);
 
 /// The rows of the day grid that a stored booking covers: those of 1 to 48 between its bounds, both
-/// included. Empty, as {1, 0}, when a bound is no number or the first lies after the last.
+/// included. Empty, as {1, 0}, when a bound is not a number or the first lies after the last.
 SlotRange RowsOf(const Value& time_from, const Value& time_to);
 
-/// "12:00A- 1:30A": the short labels of a range's beginning and end. A bound that is no slot, as a
-/// damaged row may hold, shows as "**:***".
+/// "12:00A- 1:30A": the short labels of a range's beginning and end. A bound that is not a slot, as
+/// a damaged row may hold, shows as "**:***".
 std::string RangeLabel(const SlotLabelTable& labels, SlotRange range);
 
 }  // namespace veyra::modRes

@@ -23,9 +23,9 @@ struct Facility {
 struct Booking {
   std::int64_t RmID = 0;  ///< 0 when it names no facility.
   std::string Event = {};
-  std::optional<Date> Day = {};  ///< Nothing when it is no date.
+  std::optional<Date> Day = {};  ///< Nothing when it is not a date.
   bool DayHasTime = false;       ///< A time of day stands with the date, as no calendar writes it.
-  modRes::SlotRange Slots = {};  ///< A bound that is no slot is 0.
+  modRes::SlotRange Slots = {};  ///< A bound that is not a slot is 0.
   std::optional<double> Group = {};  ///< MultKey, of a booking that belongs to a group.
 };
 

@@ -16,7 +16,7 @@ std::string ClockText(modRes::TimeSlot slot);
 std::optional<int> MinutesOf(std::string_view text);
 
 /// How many half hours a length of time takes, rounded up: "2h", "90m", "1h30", "1.5h", "3"
-/// (hours). Nothing when it is no length, or longer than a day.
+/// (hours). Nothing when it is not a length, or longer than a day.
 std::optional<int> HalfHoursOf(std::string_view text);
 
 }  // namespace veyra

@@ -19,14 +19,14 @@ namespace veyra {
 namespace {
 
 /// Who has the calendar open has it open for hours: waiting is of no use.
-constexpr std::chrono::milliseconds kPatience{200};
+constexpr std::chrono::milliseconds kWaitPolicy{200};
 
 constexpr const char* kCloseAdvice =
     "Nothing was changed. Close the calendar at every desk, and try again.";
 
-std::unique_ptr<Store> OpenAlone(const fs::path& file) {
+std::unique_ptr<Store> OpenExclusive(const fs::path& file) {
   try {
-    return OpenStore(file.string(), StoreAccess::Alone, kPatience);
+    return OpenStore(file.string(), StoreAccess::Exclusive, kWaitPolicy);
   } catch (const DatabaseBusyError&) {
     throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
   }
@@ -51,7 +51,7 @@ FileState StateOf(const fs::path& file) {
 
 /// Makes what an interrupted program left undone, and returns what there is to be told of it.
 std::optional<Report> Settle(const fs::path& file) {
-  std::optional<Report> notice = OpenAlone(file)->TakeNotice();
+  std::optional<Report> notice = OpenExclusive(file)->TakeNotice();
   if (HasJournal(file)) {
     throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
   }
@@ -75,7 +75,7 @@ void RequireSound(const fs::path& fresh) {
 /// Makes the new file, whole, compared and checked, and returns what it holds.
 CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
                   const CopyObserver& observer) {
-  const auto source = OpenAlone(file);
+  const auto source = OpenExclusive(file);
   CopyPlan plan = PlanCopy(*source, kind, observer);
   CopyTables(*source, *CreateStore(fresh.string(), Durability::WhenAsked, kind), plan, observer);
   if (HasJournal(fresh)) {

@@ -96,7 +96,7 @@ class AccessStore : public FileStore {
       watch_.CheckBeforeReading();
       file_.SetPath(watch_.NameInFolder());
       FinishBrokenChange();
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
       return work();
     });
   }
@@ -109,7 +109,7 @@ class AccessStore : public FileStore {
       CheckMayWrite();
       watch_.CheckBeforeChange();
       file_.SetPath(watch_.NameInFolder());
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
       RecoverUnderLock();
       snapshot_.Tables();
       access::PageChanges changes(file_);
@@ -134,10 +134,10 @@ class AccessStore : public FileStore {
   }
 
  public:
-  AccessStore(const std::string& file_name, StoreAccess access, const Patience& patience,
+  AccessStore(const std::string& file_name, StoreAccess access, const WaitPolicy& policy,
               access::CommitObserver observer, Durability durability)
       : file_name_(file_name),
-        patience_(patience),
+        policy_(policy),
         durability_(durability),
         observer_(std::move(observer)),
         watch_(file_name),
@@ -302,12 +302,12 @@ class AccessStore : public FileStore {
     if (access == StoreAccess::ReadOnly) {
       return;
     }
-    const bool alone = access == StoreAccess::Alone;
-    if (alone) {
+    const bool exclusive = access == StoreAccess::Exclusive;
+    if (exclusive) {
       CheckNobodyElse();
     }
-    use_.emplace(file_.Descriptor(), alone ? FileLock::Kind::Alone : FileLock::Kind::Open,
-                 patience_);
+    use_.emplace(file_.Descriptor(), exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open,
+                 policy_);
   }
 
   /// A column as it was when first asked for: its kind and its length never change.
@@ -340,7 +340,7 @@ class AccessStore : public FileStore {
 
   /// Returns false when the file cannot be written.
   bool RecoverNow() {
-    const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, patience_);
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
     try {
       RecoverUnderLock();
       return true;
@@ -368,7 +368,7 @@ class AccessStore : public FileStore {
   }
 
   void ShowBrokenChange() {
-    const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, patience_);
+    const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
     shows_broken_change_ = access::HasJournal(file_.Path());
     file_.SetOverlay({});
     file_.SetOverlay(shows_broken_change_ ? access::PendingPages(file_) : access::PageImages());
@@ -398,7 +398,7 @@ class AccessStore : public FileStore {
   }
 
   std::string file_name_;
-  Patience patience_;
+  WaitPolicy policy_;
   Durability durability_;
   access::CommitObserver observer_;
   FileWatch watch_;
@@ -418,9 +418,9 @@ bool LooksLikeAccess(std::string_view first_bytes) {
 }
 
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
-                                       const Patience& patience, access::CommitObserver observer) {
+                                       const WaitPolicy& policy, access::CommitObserver observer) {
   return Reporting(file_name, {}, [&]() -> std::unique_ptr<Store> {
-    return std::make_unique<AccessStore>(file_name, access, patience, std::move(observer),
+    return std::make_unique<AccessStore>(file_name, access, policy, std::move(observer),
                                          Durability::AtOnce);
   });
 }

@@ -34,7 +34,7 @@ bool LooksLikeAccess(std::string_view first_bytes);
 /// Throws DatabaseError when the file is missing, no Access database, of a newer version, protected
 /// by a password or damaged, or for ReadWrite one that may not be written to.
 std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess access,
-                                       const Patience& patience = {},
+                                       const WaitPolicy& policy = {},
                                        access::CommitObserver observer = {});
 
 /// Opens for reading and writing a database that CreateAccessFile has just made and nobody else

@@ -23,7 +23,7 @@ void SetDefences(sqlite3* handle) {
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
-  // A quoted name that is no column must be an error, not a text.
+  // A quoted name that is not a column must be an error, not a text.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   sqlite3_exec(handle, "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr);
@@ -42,7 +42,7 @@ int GoesOnWaiting(void* wait, int) {
 }  // namespace
 
 Database::Database(const std::string& location, std::string file, OpenMode mode,
-                   const Patience& patience)
+                   const WaitPolicy& policy)
     : location_(location), file_(std::move(file)) {
   const int access = mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
   const int flags = access | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
@@ -54,15 +54,15 @@ Database::Database(const std::string& location, std::string file, OpenMode mode,
   }
   sqlite3_extended_result_codes(handle_, 1);
   SetDefences(handle_);
-  SetPatience(patience);
+  SetWaitPolicy(policy);
 }
 
 Database::~Database() {
   sqlite3_close(handle_);
 }
 
-void Database::SetPatience(const Patience& patience) {
-  wait_ = std::make_unique<Wait>(patience);
+void Database::SetWaitPolicy(const WaitPolicy& policy) {
+  wait_ = std::make_unique<Wait>(policy);
   sqlite3_busy_handler(handle_, GoesOnWaiting, wait_.get());
 }
 

@@ -20,7 +20,7 @@ class Database {
   /// Opens the file. `location` is its absolute name, or a URI that begins with "file:"; `file` is
   /// the name to be used in reports. Throws DatabaseError; that the file is a sound database shows
   /// only when it is first read.
-  Database(const std::string& location, std::string file, OpenMode mode, const Patience& patience);
+  Database(const std::string& location, std::string file, OpenMode mode, const WaitPolicy& policy);
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
@@ -29,7 +29,7 @@ class Database {
   const std::string& file() const { return file_; }
 
   /// How to wait from now on for another program to let go of the file.
-  void SetPatience(const Patience& patience);
+  void SetWaitPolicy(const WaitPolicy& policy);
 
   /// Runs statements that give no rows. Throws as ThrowError does.
   void Execute(const std::string& sql);

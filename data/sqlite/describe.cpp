@@ -46,7 +46,7 @@ int TakeSize(std::string& declared) {
   return std::max(size, 0);
 }
 
-StatementCache::Loan Ask(Reader& reader, const char* sql, const std::vector<Value>& values) {
+StatementCache::Handle Ask(Reader& reader, const char* sql, const std::vector<Value>& values) {
   auto statement = reader.statements().Take(sql);
   statement->Bind(values);
   return statement;

@@ -28,7 +28,7 @@ struct FilesBeside {
 class FileReading {
  public:
   /// Throws as ThrowError does. REQUIRES: the name is absolute.
-  FileReading(const std::string& file, const Patience& patience);
+  FileReading(const std::string& file, const WaitPolicy& policy);
 
   /// What the question is put to.
   Reader& reader() { return *reader_; }
@@ -40,8 +40,8 @@ class FileReading {
   bool HasChanged() const;
 
  private:
-  void Open(const std::string& location, const Patience& patience);
-  void OpenUnlocked(const Patience& patience);
+  void Open(const std::string& location, const WaitPolicy& policy);
+  void OpenUnlocked(const WaitPolicy& policy);
 
   std::string file_;
   FilesBeside beside_;

@@ -55,8 +55,8 @@ class HeldRows : public RowSource {
 
 class ReadOnlyStore : public FileStore {
  public:
-  ReadOnlyStore(std::string file, Patience patience)
-      : file_(std::move(file)), patience_(std::move(patience)) {}
+  ReadOnlyStore(std::string file, WaitPolicy policy)
+      : file_(std::move(file)), policy_(std::move(policy)) {}
 
   /// Throws when the file is locked, damaged or cut short.
   void CheckWhole() {
@@ -139,8 +139,8 @@ class ReadOnlyStore : public FileStore {
 
   /// Puts the question until the file stood still while it was answered.
   void Ask(const Question& question) {
-    const auto deadline = steady_clock::now() + patience_.Timeout;
-    Wait wait(patience_);
+    const auto deadline = steady_clock::now() + policy_.Timeout;
+    Wait wait(policy_);
     while (!IsAnswered(question, deadline, wait)) {
     }
   }
@@ -148,7 +148,7 @@ class ReadOnlyStore : public FileStore {
   bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait) {
     const FilesBeside before(file_);
     try {
-      const auto reading = std::make_shared<FileReading>(file_, patience_);
+      const auto reading = std::make_shared<FileReading>(file_, policy_);
       question(reading);
       return !reading->HasChanged() || !GoesOn(wait);
     } catch (const WaitCancelledError&) {
@@ -179,13 +179,13 @@ class ReadOnlyStore : public FileStore {
   [[noreturn]] void Refuse() const { throw OpenedForReadingOnly(file_); }
 
   std::string file_;
-  Patience patience_;
+  WaitPolicy policy_;
 };
 
 }  // namespace
 
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, const Patience& patience) {
-  auto store = std::make_unique<ReadOnlyStore>(file, patience);
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, const WaitPolicy& policy) {
+  auto store = std::make_unique<ReadOnlyStore>(file, policy);
   store->CheckWhole();
   return store;
 }

@@ -14,6 +14,6 @@ namespace veyra::sqlite {
 /// opened anew for each question and closed after it: this program never stands in the other one's
 /// way, and always answers with what is there now.
 /// REQUIRES: the file exists; its name is absolute.
-std::unique_ptr<Store> OpenReadOnly(const std::string& file, const Patience& patience);
+std::unique_ptr<Store> OpenReadOnly(const std::string& file, const WaitPolicy& policy);
 
 }  // namespace veyra::sqlite

@@ -14,7 +14,7 @@ namespace {
 /// The rows of a statement that stands on its first row, if it has one.
 class StatementRows : public RowSource {
  public:
-  StatementRows(StatementCache::Loan statement, std::vector<Value> parameters, bool has_row)
+  StatementRows(StatementCache::Handle statement, std::vector<Value> parameters, bool has_row)
       : parameters_(std::move(parameters)), statement_(std::move(statement)), has_row_(has_row) {
     if (!has_row_) statement_->Reset();
   }
@@ -30,7 +30,7 @@ class StatementRows : public RowSource {
 
  private:
   std::vector<Value> parameters_;
-  StatementCache::Loan statement_;
+  StatementCache::Handle statement_;
   bool has_row_;
 };
 

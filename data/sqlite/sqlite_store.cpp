@@ -330,18 +330,18 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
 
 /// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,
 /// or another program that is reading just now, leaves the file with its rollback journal: as safe,
-/// only slower. So a refusal is no failure, and is not waited for.
-void MakeDurable(Database& database, const Patience& patience) {
-  database.SetPatience(kNoWait);
+/// only slower. So a refusal is not a failure, and is not waited for.
+void MakeDurable(Database& database, const WaitPolicy& policy) {
+  database.SetWaitPolicy(kNoWait);
   sqlite3_exec(database.handle(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
-  database.SetPatience(patience);
+  database.SetWaitPolicy(policy);
   database.Execute("PRAGMA synchronous = FULL");
 }
 
-std::unique_ptr<Database> OpenDurable(const std::string& file, const Patience& patience) {
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, patience);
+std::unique_ptr<Database> OpenDurable(const std::string& file, const WaitPolicy& policy) {
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, policy);
   database->CheckWhole();
-  MakeDurable(*database, patience);
+  MakeDurable(*database, policy);
   return database;
 }
 
@@ -358,18 +358,18 @@ std::unique_ptr<Store> KeptStore(std::unique_ptr<Database> database, const std::
 
 }  // namespace
 
-std::unique_ptr<Store> OpenReadWrite(const std::string& file, const Patience& patience) {
+std::unique_ptr<Store> OpenReadWrite(const std::string& file, const WaitPolicy& policy) {
   const std::string real_name = NameWithoutLinks(file);
   const OpenNoteLock lock(real_name);
   auto notice = SettleLeftLog(real_name);
-  return KeptStore(OpenDurable(file, patience), real_name, std::move(notice));
+  return KeptStore(OpenDurable(file, policy), real_name, std::move(notice));
 }
 
-std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patience) {
+std::unique_ptr<Store> OpenExclusive(const std::string& file, const WaitPolicy& policy) {
   const std::string real_name = NameWithoutLinks(file);
   const OpenNoteLock lock(real_name);
   auto notice = SettleLeftLog(real_name);
-  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, patience);
+  auto database = std::make_unique<Database>(file, file, OpenMode::ReadWrite, policy);
   database->Execute("PRAGMA locking_mode = EXCLUSIVE");
   // In that mode the lock that a change takes is kept when the change is done.
   database->Execute("BEGIN EXCLUSIVE");
@@ -381,10 +381,10 @@ std::unique_ptr<Store> OpenAlone(const std::string& file, const Patience& patien
                                        std::make_unique<NoteRemover>(real_name), std::move(notice));
 }
 
-std::unique_ptr<Store> OpenNew(const std::string& file, const Patience& patience, bool durable) {
+std::unique_ptr<Store> OpenNew(const std::string& file, const WaitPolicy& policy, bool durable) {
   // The first thing written turns an empty file into a database.
-  Database(file, file, OpenMode::ReadWrite, patience).Execute("PRAGMA user_version = 1");
-  auto database = OpenDurable(file, patience);
+  Database(file, file, OpenMode::ReadWrite, policy).Execute("PRAGMA user_version = 1");
+  auto database = OpenDurable(file, policy);
   if (!durable) {
     database->Execute("PRAGMA synchronous = OFF");
     return std::make_unique<SqliteStore>(std::move(database), std::unique_ptr<FileKeeper>(),

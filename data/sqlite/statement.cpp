@@ -94,21 +94,21 @@ int Statement::ColumnCount() const {
   return sqlite3_column_count(statement_);
 }
 
-StatementCache::Loan::Loan(StatementCache& cache, std::string sql,
-                           std::unique_ptr<Statement> statement)
+StatementCache::Handle::Handle(StatementCache& cache, std::string sql,
+                               std::unique_ptr<Statement> statement)
     : cache_(&cache), sql_(std::move(sql)), statement_(std::move(statement)) {}
 
-StatementCache::Loan::~Loan() {
+StatementCache::Handle::~Handle() {
   if (statement_ != nullptr) cache_->GiveBack(std::move(sql_), std::move(statement_));
 }
 
-StatementCache::Loan StatementCache::Take(std::string sql) {
+StatementCache::Handle StatementCache::Take(std::string sql) {
   const auto found = kept_.find(sql);
   if (found == kept_.end() || found->second == nullptr) {
     auto statement = std::make_unique<Statement>(database_, sql);
-    return Loan(*this, std::move(sql), std::move(statement));
+    return Handle(*this, std::move(sql), std::move(statement));
   }
-  return Loan(*this, std::move(sql), std::move(found->second));
+  return Handle(*this, std::move(sql), std::move(found->second));
 }
 
 void StatementCache::GiveBack(std::string sql, std::unique_ptr<Statement> statement) {

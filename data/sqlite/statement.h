@@ -52,13 +52,13 @@ class Statement {
 /// Keeps prepared statements for the next query of the same text.
 class StatementCache {
  public:
-  /// A statement out of the cache. It goes back, reset, when the loan is dropped.
-  class Loan {
+  /// A statement out of the cache. It goes back, reset, when the handle is dropped.
+  class Handle {
    public:
-    Loan(StatementCache& cache, std::string sql, std::unique_ptr<Statement> statement);
-    ~Loan();
-    Loan(Loan&&) noexcept = default;
-    Loan& operator=(Loan&&) = delete;
+    Handle(StatementCache& cache, std::string sql, std::unique_ptr<Statement> statement);
+    ~Handle();
+    Handle(Handle&&) noexcept = default;
+    Handle& operator=(Handle&&) = delete;
 
     Statement* operator->() const { return statement_.get(); }
     Statement& operator*() const { return *statement_; }
@@ -72,7 +72,7 @@ class StatementCache {
   explicit StatementCache(Database& database) : database_(database) {}
 
   /// A statement of that text that nobody else uses: a kept one, or a new one.
-  Loan Take(std::string sql);
+  Handle Take(std::string sql);
 
   void Clear() { kept_.clear(); }
 

@@ -26,7 +26,7 @@ class frmCalendar {
 
   /// The window's share of start-up, in the order in which start-up calls it.
   void LoadFacilityBox();
-  void ApplyHeaderColors();  ///< Throws ValueError when a colour is no number.
+  void ApplyHeaderColors();  ///< Throws ValueError when a colour is not a number.
   void SelectActiveFacility();
   void ShowCurrentMonth();  ///< Sets CurMonth and CurYear to today, places the window, draws.
 

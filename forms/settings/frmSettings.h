@@ -20,7 +20,7 @@ class frmSettings {
   frmSettings(Session& session, SettingsView& view, Windows& windows);
 
   /// Paints the swatches in StoredColors and the sample in CurrentColors. Throws ValueError when
-  /// one of them is no number.
+  /// one of them is not a number.
   void Form_Load();
 
   void Option1_Click(ColorRole role);

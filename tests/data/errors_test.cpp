@@ -13,8 +13,8 @@ TEST(ErrorTest, SaysAllOfItsReportALineEach) {
 }
 
 TEST(ErrorTest, LeavesOutWhatItsReportLacks) {
-  const ValueError error({{}, "It is no number.", {}});
-  EXPECT_STREQ("It is no number.", error.what());
+  const ValueError error({{}, "It is not a number.", {}});
+  EXPECT_STREQ("It is not a number.", error.what());
 }
 
 TEST(ErrorTest, KeepsItsReport) {

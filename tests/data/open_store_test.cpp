@@ -88,7 +88,7 @@ TEST_F(OpenStoreTest, ReportsAFolderInPlaceOfTheFile) {
 
 TEST_F(OpenStoreTest, ReportsAPipeInPlaceOfTheFileWithoutWaitingForIt) {
   ASSERT_EQ(0, mkfifo(File().c_str(), 0600));
-  EXPECT_EQ("This is no file that can be read.", Cause());
+  EXPECT_EQ("This is not a file that can be read.", Cause());
 }
 
 TEST_F(OpenStoreTest, ReportsAnEmptyFile) {
@@ -98,12 +98,12 @@ TEST_F(OpenStoreTest, ReportsAnEmptyFile) {
 
 TEST_F(OpenStoreTest, ReportsATextFile) {
   folder_.Write("Calendar.mdb", std::string(5000, 'x'));
-  EXPECT_EQ("The file is no database of a kind known here.", Cause());
+  EXPECT_EQ("The file is not a database of a kind known here.", Cause());
 }
 
 TEST_F(OpenStoreTest, ReportsAFileOfOneByte) {
   folder_.Write("Calendar.mdb", "S");
-  EXPECT_EQ("The file is no database of a kind known here.", Cause());
+  EXPECT_EQ("The file is not a database of a kind known here.", Cause());
 }
 
 TEST_F(OpenStoreTest, ReportsAHeadWithNonsenseAfterIt) {

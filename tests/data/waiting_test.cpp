@@ -108,7 +108,7 @@ class HeldStoreTest : public testing::TestWithParam<StoreKind> {
 };
 
 TEST_P(HeldStoreTest, IsNotWaitedForAnyLongerThanTheOperatorLikes) {
-  const auto other = OpenStore(File(), StoreAccess::Alone, milliseconds(0));
+  const auto other = OpenStore(File(), StoreAccess::Exclusive, milliseconds(0));
   EXPECT_THROW(Open(), WaitCancelledError);
   EXPECT_EQ(3, watcher_.Calls);
   EXPECT_EQ(1, watcher_.Ends);
@@ -116,7 +116,7 @@ TEST_P(HeldStoreTest, IsNotWaitedForAnyLongerThanTheOperatorLikes) {
 }
 
 TEST_P(HeldStoreTest, IsUsedAsSoonAsItIsFree) {
-  auto other = OpenStore(File(), StoreAccess::Alone, milliseconds(0));
+  auto other = OpenStore(File(), StoreAccess::Exclusive, milliseconds(0));
   watcher_.EndsAt = 1'000'000;
   watcher_.OnCall = [&] { other.reset(); };
   EXPECT_EQ(1U, Open()->TableNames().size());

@@ -40,7 +40,7 @@ class Program {
         pipe_(pipe),
         random_(seed),
         connection_(
-            OpenStore(calendar, StoreAccess::ReadWrite, Patience(std::chrono::minutes(1)))) {}
+            OpenStore(calendar, StoreAccess::ReadWrite, WaitPolicy(std::chrono::minutes(1)))) {}
 
   void Work(int actions) {
     for (int i = 0; i < actions; ++i) {

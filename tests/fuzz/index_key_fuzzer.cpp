@@ -19,7 +19,7 @@ int Compared(const Bytes& one, const Bytes& other) {
   Number right{};
   std::memcpy(&left, one.data(), sizeof left);
   std::memcpy(&right, other.data(), sizeof right);
-  // What is no number has no place in an order.
+  // What is not a number has no place in an order.
   return left < right ? -1 : left > right ? 1 : 0;
 }
 

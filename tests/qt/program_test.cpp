@@ -24,9 +24,9 @@ class ProgramTest : public ProgramFixture {
   /// Runs the program until it ends by itself; anything but its own end fails the test.
   static void ExpectToEnd(const std::function<void()>& gesture) {
     QTimer::singleShot(0, qApp, gesture);
-    QTimer patience;
-    QObject::connect(&patience, &QTimer::timeout, [] { QCoreApplication::exit(99); });
-    patience.start(10'000);
+    QTimer policy;
+    QObject::connect(&policy, &QTimer::timeout, [] { QCoreApplication::exit(99); });
+    policy.start(10'000);
     EXPECT_EQ(0, QApplication::exec());
   }
 };

@@ -55,7 +55,9 @@ Finding NoneActive(const Facility& first) {
 
 std::string FreeName(const std::string& name, const std::set<std::string>& taken) {
   int number = 2;
-  while (taken.contains(name + " (" + std::to_string(number) + ")")) ++number;
+  while (taken.contains(name + " (" + std::to_string(number) + ")")) {
+    ++number;
+  }
   return name + " (" + std::to_string(number) + ")";
 }
 
@@ -99,8 +101,8 @@ bool IsColor(const std::string& text, const std::string& column) {
 
 Finding NoColor(const DefaultColor& color, const std::string& text, const Row& row) {
   return {.Kind = "bad-color",
-          .What = "The colour " + std::string(color.Column) + " is no number: \"" + OneLine(text) +
-                  "\".",
+          .What = "The colour " + std::string(color.Column) + " is not a number: \"" +
+                  OneLine(text) + "\".",
           .Advice = "--mend sets it to " + std::string(color.Color) + ", as in a new calendar.",
           .Mending = {{.What = RowChange::Kind::Set,
                        .Table = "Settings",
@@ -113,9 +115,13 @@ Findings CheckColors(const std::vector<std::string>& columns, const Row& row) {
   Findings findings;
   for (const DefaultColor& color : kDefaultColors) {
     const auto place = FindName(columns, color.Column);
-    if (!place) continue;
+    if (!place) {
+      continue;
+    }
     const std::string text = ToText(row.Values[*place]);
-    if (!IsColor(text, color.Column)) findings.push_back(NoColor(color, text, row));
+    if (!IsColor(text, color.Column)) {
+      findings.push_back(NoColor(color, text, row));
+    }
   }
   return findings;
 }
@@ -126,27 +132,39 @@ Findings CheckFacilities(const std::vector<Facility>& facilities) {
   Findings findings;
   std::vector<Facility> active;
   std::set<std::string> names;
-  for (const Facility& facility : facilities) names.insert(facility.Name);
+  for (const Facility& facility : facilities) {
+    names.insert(facility.Name);
+  }
   std::set<std::string> met;
   for (const Facility& facility : facilities) {
-    if (facility.Active) active.push_back(facility);
+    if (facility.Active) {
+      active.push_back(facility);
+    }
     if (!met.insert(facility.Name).second) {
       const std::string new_name = FreeName(facility.Name, names);
       names.insert(new_name);
       findings.push_back(SameName(facility, new_name));
     }
   }
-  if (active.size() > 1) findings.push_back(SeveralActive(active));
-  if (active.empty() && !facilities.empty()) findings.push_back(NoneActive(facilities.front()));
+  if (active.size() > 1) {
+    findings.push_back(SeveralActive(active));
+  }
+  if (active.empty() && !facilities.empty()) {
+    findings.push_back(NoneActive(facilities.front()));
+  }
   return findings;
 }
 
 Findings CheckSettings(Store& store) {
-  if (!FindName(store.TableNames(), "Settings")) return {};
+  if (!FindName(store.TableNames(), "Settings")) {
+    return {};
+  }
   const std::vector<std::string> columns = store.ColumnNames("Settings");
   const auto rows = store.Select(ParseQuery("SELECT * FROM Settings WHERE ID = 1"));
   Row row;
-  if (!rows->Next(row)) return {NoSettingsRow(columns)};
+  if (!rows->Next(row)) {
+    return {NoSettingsRow(columns)};
+  }
   return CheckColors(columns, row);
 }
 

@@ -23,7 +23,7 @@ namespace veyra {
 namespace {
 
 /// Who has the calendar open has it open for hours: waiting is of no use.
-constexpr std::chrono::milliseconds kPatience{200};
+constexpr std::chrono::milliseconds kWaitPolicy{200};
 
 DatabaseBusyError SomebodyHasItOpen(const fs::path& calendar) {
   return DatabaseBusyError({calendar.string(), "Somebody has the calendar open.",
@@ -39,9 +39,11 @@ void RequireCalendar(FileStore& store) {
 /// A sound calendar is settled: what its log holds is put into the file. One that is damaged stays
 /// as it is, log and all, when nobody has it open.
 void Settle(const fs::path& calendar) {
-  if (IsInUse(calendar)) throw SomebodyHasItOpen(calendar);
+  if (IsInUse(calendar)) {
+    throw SomebodyHasItOpen(calendar);
+  }
   try {
-    OpenFileStore(calendar.string(), StoreAccess::Alone, kPatience);
+    OpenFileStore(calendar.string(), StoreAccess::Exclusive, kWaitPolicy);
   } catch (const DatabaseBusyError&) {
     throw SomebodyHasItOpen(calendar);
   } catch (const DatabaseError&) {
@@ -64,7 +66,9 @@ fs::path FreeName(const fs::path& calendar, Date day) {
   const auto is_taken = [](const fs::path& name) {
     return fs::exists(fs::symlink_status(name)) || !LogsBeside(name).empty();
   };
-  while (is_taken(KeptName(calendar, day, number))) ++number;
+  while (is_taken(KeptName(calendar, day, number))) {
+    ++number;
+  }
   return KeptName(calendar, day, number);
 }
 
@@ -74,7 +78,9 @@ Moves SetAside(const fs::path& calendar, const fs::path& kept) {
   Moves moves;
   std::vector<fs::path> files = LogsBeside(calendar);
   const fs::path note = OpenNoteName(calendar.string());
-  if (fs::exists(fs::symlink_status(note))) files.push_back(note);
+  if (fs::exists(fs::symlink_status(note))) {
+    files.push_back(note);
+  }
   files.push_back(calendar);
   for (const fs::path& file : files) {
     const fs::path to = kept.string() + file.string().substr(calendar.string().size());

@@ -18,7 +18,7 @@ Date TypedDate(const std::string& text, Date today) {
   const auto date = ParseDate(text, today);
   if (!date) {
     throw ValueError({{},
-                      "\"" + OneLine(text) + "\" is no date.",
+                      "\"" + OneLine(text) + "\" is not a date.",
                       "Write it as month/day/year, 3/5/2026, or as 2026-03-05."});
   }
   return *date;

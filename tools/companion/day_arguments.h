@@ -23,7 +23,7 @@ void AddDayRange(CLI::App& app, DayArguments& days);
 /// The date that was typed. Throws ValueError when it is none.
 Date TypedDate(const std::string& text, Date today);
 
-/// Throws ValueError when an end is no date, or the range ends before it begins.
+/// Throws ValueError when an end is not a date, or the range ends before it begins.
 DayRange TypedRange(const DayArguments& days, Date today);
 
 }  // namespace veyra

@@ -61,7 +61,7 @@ Exchanged ReadBookings(const Options& options, Date today, Store& store, const I
   const std::string text = ReadTextFile(file);
   try {
     if (text.find('\0') != std::string::npos) {
-      throw ValueError({{}, "The file is no text.", "Nothing was changed. Name another file."});
+      throw ValueError({{}, "The file is not text.", "Nothing was changed. Name another file."});
     }
     return Parsed(text, format, days, today, store, ical);
   } catch (const ValueError& error) {

@@ -57,7 +57,7 @@ int LengthOf(const std::string& text) {
   const auto half_hours = HalfHoursOf(text);
   if (!half_hours) {
     throw ValueError({{},
-                      "\"" + OneLine(text) + "\" is no length of time within a day.",
+                      "\"" + OneLine(text) + "\" is not a length of time within a day.",
                       "Write it as 2h, 90m or 1h30."});
   }
   return *half_hours;
@@ -109,7 +109,7 @@ class Printer {
     return stretch.Event ? range + " " + OneLine(*stretch.Event) : range;
   }
 
-  /// Nothing for a bound that is no slot.
+  /// Nothing for a bound that is not a slot.
   static Json TimeOf(modRes::TimeSlot bound, int slots_later) {
     return bound == 0 ? Json() : Json(ClockText(bound + slots_later));
   }

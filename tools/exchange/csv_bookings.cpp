@@ -64,7 +64,9 @@ class RecordReader {
 
  private:
   const std::string& Cell(std::size_t column) const {
-    if (column >= record_.Cells.size()) throw Unreadable(place_, "a cell is missing.");
+    if (column >= record_.Cells.size()) {
+      throw Unreadable(place_, "a cell is missing.");
+    }
     return record_.Cells[column];
   }
 
@@ -77,7 +79,7 @@ class RecordReader {
     const auto minutes = MinutesOf(Cell(column));
     if (!minutes) {
       throw Unreadable(place_,
-                       "\"" + OneLine(Cell(column)) + "\" is no time such as 9:30 or 9:30 AM.");
+                       "\"" + OneLine(Cell(column)) + "\" is not a time such as 9:30 or 9:30 AM.");
     }
     return *minutes;
   }
@@ -85,10 +87,16 @@ class RecordReader {
   /// One that does not end after it begins ends on the next day.
   Span ReadSpan() const {
     const auto day = ParseDate(Cell(columns_.Date), today_);
-    if (!day) throw Unreadable(place_, "\"" + OneLine(Cell(columns_.Date)) + "\" is no date.");
+    if (!day) {
+      throw Unreadable(place_, "\"" + OneLine(Cell(columns_.Date)) + "\" is not a date.");
+    }
     Span span{*day, TimeIn(columns_.From), TimeIn(columns_.To)};
-    if (span.From == kDay) throw Unreadable(place_, "it begins at the end of the day.");
-    if (span.To <= span.From) span.To += kDay;
+    if (span.From == kDay) {
+      throw Unreadable(place_, "it begins at the end of the day.");
+    }
+    if (span.To <= span.From) {
+      span.To += kDay;
+    }
     return span;
   }
 

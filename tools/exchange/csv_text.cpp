@@ -21,7 +21,9 @@ ValueError NoCsv(std::size_t line, const std::string& cause) {
 class CsvReader {
  public:
   explicit CsvReader(std::string_view text) : rest_(text) {
-    if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
+    if (rest_.starts_with(kByteOrderMark)) {
+      rest_.remove_prefix(kByteOrderMark.size());
+    }
   }
 
   std::vector<CsvRecord> Read() {
@@ -32,20 +34,26 @@ class CsvReader {
       } while (Take(','));
       TakeLineEnd();
       const bool is_empty_line = record.Cells.size() == 1 && record.Cells.front().empty();
-      if (!is_empty_line) records_.push_back(std::move(record));
+      if (!is_empty_line) {
+        records_.push_back(std::move(record));
+      }
     }
     return std::move(records_);
   }
 
  private:
   bool Take(char c) {
-    if (!rest_.starts_with(c)) return false;
+    if (!rest_.starts_with(c)) {
+      return false;
+    }
     rest_.remove_prefix(1);
     return true;
   }
 
   void TakeLineEnd() {
-    if (rest_.empty()) return;
+    if (rest_.empty()) {
+      return;
+    }
     Take('\r');
     if (!Take('\n') && !rest_.empty()) {
       throw NoCsv(line_, "something stands behind the end of a quoted cell.");
@@ -59,7 +67,9 @@ class CsvReader {
     const std::size_t end = std::min(rest_.find_first_of(",\n"), rest_.size());
     std::size_t size = end;
     const bool ends_line = end == rest_.size() || rest_[end] == '\n';
-    if (ends_line && size > 0 && rest_[size - 1] == '\r') --size;
+    if (ends_line && size > 0 && rest_[size - 1] == '\r') {
+      --size;
+    }
     std::string cell(rest_.substr(0, size));
     rest_.remove_prefix(size);
     return cell;
@@ -70,16 +80,22 @@ class CsvReader {
     std::string cell;
     while (true) {
       const std::size_t quote = rest_.find('"');
-      if (quote == std::string_view::npos) throw NoCsv(begin, "a quoted cell has no end.");
+      if (quote == std::string_view::npos) {
+        throw NoCsv(begin, "a quoted cell has no end.");
+      }
       AddTo(cell, rest_.substr(0, quote));
       rest_.remove_prefix(quote + 1);
-      if (!Take('"')) return cell;
+      if (!Take('"')) {
+        return cell;
+      }
       cell += '"';
     }
   }
 
   void AddTo(std::string& cell, std::string_view piece) {
-    for (const char c : piece) line_ += c == '\n' ? 1U : 0U;
+    for (const char c : piece) {
+      line_ += c == '\n' ? 1U : 0U;
+    }
     cell += piece;
   }
 
@@ -99,7 +115,7 @@ bool LooksLikeFormula(std::string_view text) {
 std::vector<CsvRecord> ParseCsv(std::string_view text) {
   if (!IsUtf8(text)) {
     throw ValueError({{},
-                      "The file is no text in UTF-8.",
+                      "The file is not text in UTF-8.",
                       "Nothing was changed. Save the file as CSV, in UTF-8, and try again."});
   }
   return CsvReader(text).Read();
@@ -108,13 +124,17 @@ std::vector<CsvRecord> ParseCsv(std::string_view text) {
 std::string CsvLine(const std::vector<std::string>& cells) {
   std::string line;
   for (const std::string& cell : cells) {
-    if (&cell != &cells.front()) line += ',';
+    if (&cell != &cells.front()) {
+      line += ',';
+    }
     if (cell.find_first_of(",\"\r\n") == std::string::npos) {
       line += cell;
       continue;
     }
     line += '"';
-    for (const char c : cell) line += c == '"' ? std::string("\"\"") : std::string(1, c);
+    for (const char c : cell) {
+      line += c == '"' ? std::string("\"\"") : std::string(1, c);
+    }
     line += '"';
   }
   return line + "\r\n";

@@ -14,7 +14,7 @@ struct CsvRecord {
 
 /// Reads CSV as RFC 4180 has it; lines may also end in a line feed alone, and a byte order mark is
 /// passed over. Empty lines are left out. Throws ValueError, naming the line, when a quoted cell
-/// has no end or is followed by anything but a comma, and when the text is no UTF-8.
+/// has no end or is followed by anything but a comma, and when the text is not UTF-8.
 std::vector<CsvRecord> ParseCsv(std::string_view text);
 
 /// A record as a line, its end included. Cells with a comma, a quote or a line break are quoted.

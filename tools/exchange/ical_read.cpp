@@ -39,7 +39,9 @@ std::size_t CountOf(const std::string& text, const std::string& line) {
 
 /// The reader of the format closes by itself what a file leaves open.
 void RequireWhole(const std::string& text) {
-  if (!IsUtf8(text)) throw NoIcal("The file is no text in UTF-8.");
+  if (!IsUtf8(text)) {
+    throw NoIcal("The file is not text in UTF-8.");
+  }
   const std::string upper = UpperCase(text);
   for (const char* part : {"VCALENDAR", "VEVENT"}) {
     const auto begins = CountOf(upper, std::string("BEGIN:") + part);
@@ -58,7 +60,9 @@ std::pair<Date, std::int64_t> LocalTime(const IcalMoment& moment) {
     localtime_r(&moment.Seconds, &local);
   }
   const auto day = MakeDate(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
-  if (!day) throw NoIcal("A date of the file lies outside the years 100 to 9999.");
+  if (!day) {
+    throw NoIcal("A date of the file lies outside the years 100 to 9999.");
+  }
   return {*day, local.tm_hour * 60 + local.tm_min};
 }
 
@@ -83,7 +87,9 @@ std::string FacilityOf(const IcalEvent& event, const std::vector<std::string>& f
   for (const std::string& place : places) {
     const std::string upper = UpperCase(place);
     for (const std::string& facility : facilities) {
-      if (UpperCase(facility) == upper) return facility;
+      if (UpperCase(facility) == upper) {
+        return facility;
+      }
     }
   }
   return places.empty() ? std::string() : places.front();
@@ -92,7 +98,9 @@ std::string FacilityOf(const IcalEvent& event, const std::vector<std::string>& f
 std::string SeriesOfEvent(const IcalEvent& event) {
   for (const std::string& relation : event.Relations()) {
     const std::string series = SeriesOf(relation);
-    if (!series.empty()) return series;
+    if (!series.empty()) {
+      return series;
+    }
   }
   return {};
 }
@@ -110,7 +118,9 @@ Events EventsOf(icalcomponent* calendar) {
        each = icalcompiter_next(&at)) {
     const IcalEvent event(each);
     events.All.push_back(event);
-    if (const auto replaced = event.Replaced()) events.Replaced[event.Uid()].push_back(*replaced);
+    if (const auto replaced = event.Replaced()) {
+      events.Replaced[event.Uid()].push_back(*replaced);
+    }
   }
   return events;
 }
@@ -125,9 +135,13 @@ void AddEvent(const IcalEvent& event, const std::vector<std::time_t>& replaced,
   const std::size_t before = exchanged.Bookings.size();
   for (const IcalOccurrence& occurrence : event.Occurrences(days, replaced)) {
     const Span span = SpanOf(occurrence);
-    if (!Touches(span, days)) continue;
+    if (!Touches(span, days)) {
+      continue;
+    }
     AddSpan(span, pattern, exchanged);
-    if (exchanged.Bookings.size() > kMostBookings) throw NoIcal("The file has too many bookings.");
+    if (exchanged.Bookings.size() > kMostBookings) {
+      throw NoIcal("The file has too many bookings.");
+    }
   }
   const bool is_series = exchanged.Bookings.size() - before > 1 && pattern.Series.empty();
   for (std::size_t i = before; is_series && i < exchanged.Bookings.size(); ++i) {
@@ -139,7 +153,9 @@ void AddCalendar(icalcomponent* calendar, const DayRange& days,
                  const std::vector<std::string>& facilities, Exchanged& exchanged) {
   const Events events = EventsOf(calendar);
   for (const IcalEvent& event : events.All) {
-    if (event.IsCancelled()) continue;
+    if (event.IsCancelled()) {
+      continue;
+    }
     const auto replaced = events.Replaced.find(event.Uid());
     const bool is_master = !event.Replaced() && replaced != events.Replaced.end();
     AddEvent(event, is_master ? replaced->second : std::vector<std::time_t>(), days, facilities,
@@ -154,7 +170,9 @@ Exchanged BookingsOfIcal(const std::string& text, const DayRange& days,
   RequireWhole(text);
   icalerror_set_errors_are_fatal(0);
   const std::unique_ptr<icalcomponent, Freeing> root(icalparser_parse_string(text.c_str()));
-  if (!root) throw NoIcal("The file is no iCalendar file, or it was cut short.");
+  if (!root) {
+    throw NoIcal("The file is not an iCalendar file, or it was cut short.");
+  }
   Exchanged exchanged;
   if (icalcomponent_isa(root.get()) == ICAL_VCALENDAR_COMPONENT) {
     AddCalendar(root.get(), days, facilities, exchanged);

@@ -13,8 +13,8 @@ namespace veyra {
 /// whole days are booked whole. The facility is the category or place that is one of `facilities`,
 /// else the first category, else the place.
 ///
-/// Throws ValueError when the text is no iCalendar file or was cut short, when an event has no date
-/// that can be read, and when one repeats without end while `days` has none.
+/// Throws ValueError when the text is not an iCalendar file or was cut short, when an event has no
+/// date that can be read, and when one repeats without end while `days` has none.
 Exchanged BookingsOfIcal(const std::string& text, const DayRange& days,
                          const std::vector<std::string>& facilities);
 

@@ -21,7 +21,7 @@ off_t ByteOf(Kind kind) {
 }
 
 short TypeOf(Kind kind) {
-  return kind == Kind::Writing || kind == Kind::Alone ? F_WRLCK : F_RDLCK;
+  return kind == Kind::Writing || kind == Kind::Exclusive ? F_WRLCK : F_RDLCK;
 }
 
 FileBusy Refusal(Kind kind, bool is_cancelled) {
@@ -29,7 +29,7 @@ FileBusy Refusal(Kind kind, bool is_cancelled) {
     return {"Another program is using the file.",
             "You did not want to wait. Try again when it has finished.", true};
   }
-  if (kind == Kind::Alone) {
+  if (kind == Kind::Exclusive) {
     return {"Another program has the database open.", "Close it there and try again."};
   }
   if (kind == Kind::Open) {
@@ -55,9 +55,9 @@ bool IsHeldByAnother(int error) {
 
 }  // namespace
 
-FileLock::FileLock(int descriptor, Kind kind, const Patience& patience)
+FileLock::FileLock(int descriptor, Kind kind, const WaitPolicy& policy)
     : descriptor_(descriptor), kind_(kind) {
-  Wait wait(patience);
+  Wait wait(policy);
   while (IsHeldByAnother(SetLock(descriptor_, TypeOf(kind), ByteOf(kind)))) {
     if (!wait.GoOn()) {
       throw Refusal(kind, wait.WasCancelled());

@@ -10,15 +10,15 @@ namespace veyra::access {
 class FileLock {
  public:
   enum class Kind {
-    Reading,  ///< Of the file's pages, by any number of programs while none is
-    Writing,  ///< them, which is for one.
-    Open,     ///< Held by every program that has the file open to write to it, for as long,
-    Alone,    ///< or by one that lets no other open it so.
+    Reading,    ///< Of the file's pages, by any number of programs while none is
+    Writing,    ///< them, which is for one.
+    Open,       ///< Held by every program that has the file open to write to it, for as long,
+    Exclusive,  ///< or by one that lets no other open it so.
   };
 
-  /// Waits until the lock is free. Throws FileBusy when it is not as long as `patience` goes. On a
+  /// Waits until the lock is free. Throws FileBusy when it is not as long as `policy` goes. On a
   /// file system that knows no locks nothing is locked.
-  FileLock(int descriptor, Kind kind, const Patience& patience);
+  FileLock(int descriptor, Kind kind, const WaitPolicy& policy);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;

@@ -8,9 +8,9 @@ namespace veyra::access {
 /// Loads until the file stood still meanwhile, and what was loaded is sound.
 template <typename Load>
 auto Snapshot::ReadSteadily(const Load& load) {
-  std::chrono::milliseconds wait = patience_.FirstWait;
+  std::chrono::milliseconds wait = policy_.FirstWait;
   for (int attempt = 1;; ++attempt) {
-    const bool is_last = attempt >= patience_.Attempts;
+    const bool is_last = attempt >= policy_.Attempts;
     try {
       auto loaded = load();
       if (file_.IsSteady()) {

@@ -15,7 +15,7 @@ namespace veyra::access {
 
 /// How often a table is read again that another program is changing, and how long the first wait
 /// is; each further one is twice as long.
-struct Patience {
+struct RetryPolicy {
   int Attempts = 5;
   std::chrono::milliseconds FirstWait{10};
 };
@@ -24,7 +24,7 @@ struct Patience {
 /// long as the file has not changed. Throws FileProblem.
 class Snapshot {
  public:
-  explicit Snapshot(PageFile& file, Patience patience = {}) : file_(file), patience_(patience) {}
+  explicit Snapshot(PageFile& file, RetryPolicy policy = {}) : file_(file), policy_(policy) {}
 
   /// The tables of the file.
   const std::vector<CatalogueEntry>& Tables();
@@ -49,7 +49,7 @@ class Snapshot {
   auto ReadSteadily(const Load& load);
 
   PageFile& file_;
-  Patience patience_;
+  RetryPolicy policy_;
   std::vector<CatalogueEntry> catalogue_;
   std::map<PageNumber, std::shared_ptr<TableImage>> images_;
 };

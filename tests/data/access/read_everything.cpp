@@ -9,7 +9,7 @@ namespace veyra {
 
 namespace {
 
-constexpr access::Patience kNone{1, std::chrono::milliseconds(0)};
+constexpr access::RetryPolicy kNone{1, std::chrono::milliseconds(0)};
 
 std::size_t ReadTable(access::PageFile& file, access::Snapshot& snapshot, const std::string& name) {
   std::size_t cells = 0;

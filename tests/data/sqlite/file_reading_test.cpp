@@ -50,7 +50,7 @@ class FileReadingTest : public testing::Test {
 };
 
 TEST_F(FileReadingTest, OfAFileWithoutItsLogNoticesAChangeInTheSameTick) {
-  FileReading reading(File(), Patience(std::chrono::milliseconds(50)));
+  FileReading reading(File(), WaitPolicy(std::chrono::milliseconds(50)));
   ASSERT_TRUE(reading.IsUnlocked());
   EXPECT_EQ("Ann", Guest(reading));
   EXPECT_FALSE(reading.HasChanged());
@@ -63,7 +63,7 @@ TEST_F(FileReadingTest, OfALogWithoutItsIndexNoticesAChangeInTheSameTick) {
   host.Run("PRAGMA wal_autocheckpoint = 0; UPDATE Guest SET Name = 'Eve'");
   host.BreakDown();
   fs::remove(File() + "-shm");
-  FileReading reading(File(), Patience(std::chrono::milliseconds(50)));
+  FileReading reading(File(), WaitPolicy(std::chrono::milliseconds(50)));
   ASSERT_TRUE(reading.IsUnlocked());
   EXPECT_EQ("Eve", Guest(reading));
   EXPECT_FALSE(reading.HasChanged());
@@ -72,15 +72,15 @@ TEST_F(FileReadingTest, OfALogWithoutItsIndexNoticesAChangeInTheSameTick) {
 }
 
 TEST_F(FileReadingTest, LetsTheNextOneSeeAChangeInTheSameTick) {
-  { FileReading first(File(), Patience()); }
+  { FileReading first(File(), WaitPolicy()); }
   HostChangesTheGuest();
-  FileReading next(File(), Patience());
+  FileReading next(File(), WaitPolicy());
   EXPECT_EQ("Bob", Guest(next));
 }
 
 TEST_F(FileReadingTest, LeavesNothingBesideTheFile) {
   {
-    FileReading reading(File(), Patience());
+    FileReading reading(File(), WaitPolicy());
     Guest(reading);
     EXPECT_EQ(std::vector<std::string>{"Veyra.mdb"}, folder_.Names());
   }

@@ -395,14 +395,14 @@ TEST_F(LeftLogTest, OfAFileThatIsDamagedEitherWayLeavesAllAsItIs) {
 }
 
 TEST_F(LeftLogTest, IsPutIntoTheFileByAConversion) {
-  OpenStore(File().string(), StoreAccess::Alone).reset();
+  OpenStore(File().string(), StoreAccess::Exclusive).reset();
   ExpectOnlyTheCalendar(Folder());
   EXPECT_EQ(UpTo(kFacilities), Facilities(File()));
 }
 
 TEST_F(LeftLogTest, OfAnotherFileDoesNotReachAConversion) {
   RestoreByCopying("older");
-  OpenStore(File().string(), StoreAccess::Alone).reset();
+  OpenStore(File().string(), StoreAccess::Exclusive).reset();
   ExpectOnlyTheCalendar(Folder());
   EXPECT_EQ("", Facilities(File()));
 }

@@ -64,7 +64,9 @@ std::string MendingAdvice(Connection& res_con, const std::string& statement) {
 
 void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSettings& stored) {
   const auto rows = res_con.Open(kRowOne, CursorType::ForwardOnlyReadOnly);
-  if (rows->IsEmpty()) return;
+  if (rows->IsEmpty()) {
+    return;
+  }
   const ColorSettings read{
       .BkGrnd = ToText(rows->Field("BkGrnd")),
       .HeaderTxt = ToText(rows->Field("HeaderTxt")),
@@ -78,7 +80,9 @@ void LoadColorSettings(Connection& res_con, ColorSettings& current, ColorSetting
 
 bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSettings& current) {
   const auto rows = res_con.Open(kRowOne, CursorType::StaticOptimistic);
-  if (rows->IsEmpty()) return false;
+  if (rows->IsEmpty()) {
+    return false;
+  }
   rows->SetField("BkGrnd", chosen.BkGrnd);
   rows->SetField("HeaderTxt", chosen.HeaderTxt);
   rows->SetField("DaysTxtColor", chosen.DaysTxtColor);

@@ -25,7 +25,9 @@ void MakeFile(const std::string& file, FileKind kind) {
 }
 
 std::unique_ptr<Store> OpenNew(const std::string& file, Durability durability, FileKind kind) {
-  if (kind == FileKind::Access) return OpenNewAccessStore(file, durability);
+  if (kind == FileKind::Access) {
+    return OpenNewAccessStore(file, durability);
+  }
   return sqlite::OpenNew(file, kStoreTimeout, durability == Durability::AtOnce);
 }
 

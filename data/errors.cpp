@@ -8,8 +8,12 @@ namespace veyra {
 namespace {
 
 void AppendLine(std::string& text, const std::string& line) {
-  if (line.empty()) return;
-  if (!text.empty()) text += '\n';
+  if (line.empty()) {
+    return;
+  }
+  if (!text.empty()) {
+    text += '\n';
+  }
   text += line;
 }
 

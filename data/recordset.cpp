@@ -13,7 +13,9 @@ namespace {
 
 /// Whether storing `value` where `held` was read would change nothing.
 bool IsHeldAlready(const Value& held, const Value& value) {
-  if (held == value) return true;
+  if (held == value) {
+    return true;
+  }
   if (const auto* date = std::get_if<Date>(&value)) {
     const auto* text = std::get_if<std::string>(&held);
     return text != nullptr && *text == IsoText(*date);
@@ -28,12 +30,16 @@ void CheckCondition(const Condition& condition, const std::vector<std::string>& 
                     const Store& store, const std::string& table) {
   for (const Operand* operand : {&condition.Left, &condition.Right}) {
     const auto* column = std::get_if<ColumnName>(operand);
-    if (condition.What != Condition::Kind::Compare || column == nullptr) continue;
+    if (condition.What != Condition::Kind::Compare || column == nullptr) {
+      continue;
+    }
     if (!FindName(columns, column->Name)) {
       throw store.NoSuchColumn(table, column->Name);
     }
   }
-  for (const Condition& part : condition.Parts) CheckCondition(part, columns, store, table);
+  for (const Condition& part : condition.Parts) {
+    CheckCondition(part, columns, store, table);
+  }
 }
 
 }  // namespace
@@ -51,7 +57,9 @@ Recordset::Recordset(Store& store, Query query, CursorType cursor)
 }
 
 void Recordset::RequireOpen() const {
-  if (store_ == nullptr) throw std::logic_error("the record set is closed");
+  if (store_ == nullptr) {
+    throw std::logic_error("the record set is closed");
+  }
 }
 
 void Recordset::RequireStatic() const {
@@ -62,13 +70,19 @@ void Recordset::RequireStatic() const {
 }
 
 void Recordset::RequireNothingPending() const {
-  if (editing_ != Editing::Nothing) throw std::logic_error("fields are pending: call Update first");
+  if (editing_ != Editing::Nothing) {
+    throw std::logic_error("fields are pending: call Update first");
+  }
 }
 
 const Recordset::HeldRow& Recordset::RequireRow() {
   LookForRow();
-  if (position_ >= rows_.size()) throw std::logic_error("the record set is at its end");
-  if (rows_[position_].Deleted) throw std::logic_error("the row is deleted: move on first");
+  if (position_ >= rows_.size()) {
+    throw std::logic_error("the record set is at its end");
+  }
+  if (rows_[position_].Deleted) {
+    throw std::logic_error("the row is deleted: move on first");
+  }
   return rows_[position_];
 }
 
@@ -93,33 +107,49 @@ std::size_t Recordset::ColumnIndex(std::string_view name) const {
 
 /// Another program may have added a column since the record set was opened.
 void Recordset::LearnColumns(const Row& row) {
-  if (row.Values.size() != columns_.size()) columns_ = store_->ColumnNames(query_.Table);
+  if (row.Values.size() != columns_.size()) {
+    columns_ = store_->ColumnNames(query_.Table);
+  }
 }
 
 void Recordset::ReadFirst() {
   HeldRow first;
-  if (!source_->Next(first.Content)) return;
+  if (!source_->Next(first.Content)) {
+    return;
+  }
   LearnColumns(first.Content);
   rows_.push_back(std::move(first));
 }
 
 void Recordset::ReadNext() {
-  if (!source_->Next(rows_.front().Content)) ++position_;
+  if (!source_->Next(rows_.front().Content)) {
+    ++position_;
+  }
 }
 
 void Recordset::ReadAll() {
-  if (read_) return;
+  if (read_) {
+    return;
+  }
   std::unordered_set<RowKey> added;
   for (const HeldRow& row : rows_) {
-    if (!row.Deleted) added.insert(row.Content.Key);
+    if (!row.Deleted) {
+      added.insert(row.Content.Key);
+    }
   }
   std::vector<HeldRow> all;
   const auto source = store_->Select(query_);
   for (Row row; source->Next(row); row = Row()) {
-    if (!added.contains(row.Key)) all.push_back({std::move(row)});
+    if (!added.contains(row.Key)) {
+      all.push_back({std::move(row)});
+    }
   }
-  if (!all.empty()) LearnColumns(all.front().Content);
-  if (!rows_.empty()) position_ += all.size();
+  if (!all.empty()) {
+    LearnColumns(all.front().Content);
+  }
+  if (!rows_.empty()) {
+    position_ += all.size();
+  }
   all.insert(all.end(), std::make_move_iterator(rows_.begin()),
              std::make_move_iterator(rows_.end()));
   rows_ = std::move(all);
@@ -129,16 +159,22 @@ void Recordset::ReadAll() {
 /// Finds out where the cursor stands. After an Update of a new row that is known without reading.
 void Recordset::LookForRow() {
   RequireOpen();
-  if (rows_.empty()) ReadAll();
+  if (rows_.empty()) {
+    ReadAll();
+  }
 }
 
 void Recordset::SkipDeleted() {
-  while (position_ < rows_.size() && rows_[position_].Deleted) ++position_;
+  while (position_ < rows_.size() && rows_[position_].Deleted) {
+    ++position_;
+  }
 }
 
 bool Recordset::IsEmpty() {
   RequireOpen();
-  if (LiveRows() == 0) ReadAll();
+  if (LiveRows() == 0) {
+    ReadAll();
+  }
   return LiveRows() == 0;
 }
 
@@ -163,7 +199,9 @@ void Recordset::MoveFirst() {
 
 void Recordset::MoveNext() {
   RequireNothingPending();
-  if (AtEnd()) throw std::logic_error("the record set is at its end");
+  if (AtEnd()) {
+    throw std::logic_error("the record set is at its end");
+  }
   if (cursor_ == CursorType::ForwardOnlyReadOnly) {
     ReadNext();
     return;
@@ -175,7 +213,9 @@ void Recordset::MoveNext() {
 void Recordset::MoveLast() {
   RequireStatic();
   RequireNothingPending();
-  if (LiveRows() == 0) ReadAll();
+  if (LiveRows() == 0) {
+    ReadAll();
+  }
   const auto last =
       std::find_if(rows_.rbegin(), rows_.rend(), [](const HeldRow& row) { return !row.Deleted; });
   position_ =
@@ -184,7 +224,9 @@ void Recordset::MoveLast() {
 
 RowKey Recordset::Bookmark() {
   RequireStatic();
-  if (editing_ == Editing::NewRow) throw std::logic_error("the new row is not saved yet");
+  if (editing_ == Editing::NewRow) {
+    throw std::logic_error("the new row is not saved yet");
+  }
   return RequireRow().Content.Key;
 }
 
@@ -199,7 +241,9 @@ bool Recordset::MoveTo(RowKey bookmark) {
   auto row = std::find_if(here, rows_.end(), is_it);
   if (row == rows_.end()) {
     row = std::find_if(rows_.begin(), here, is_it);
-    if (row == here) return false;
+    if (row == here) {
+      return false;
+    }
   }
   position_ = static_cast<std::size_t>(row - rows_.begin());
   return true;
@@ -207,10 +251,14 @@ bool Recordset::MoveTo(RowKey bookmark) {
 
 Value Recordset::Field(std::string_view name) {
   RequireOpen();
-  if (editing_ != Editing::NewRow) RequireRow();
+  if (editing_ != Editing::NewRow) {
+    RequireRow();
+  }
   const std::size_t column = ColumnIndex(name);
   for (const auto& [pending_name, value] : pending_) {
-    if (pending_name == columns_[column]) return value;
+    if (pending_name == columns_[column]) {
+      return value;
+    }
   }
   return editing_ == Editing::NewRow ? Value() : rows_[position_].Content.Values[column];
 }
@@ -223,9 +271,13 @@ void Recordset::AddNew() {
 
 void Recordset::SetField(std::string_view name, Value value) {
   RequireStatic();
-  if (editing_ != Editing::NewRow) RequireRow();
+  if (editing_ != Editing::NewRow) {
+    RequireRow();
+  }
   const std::string& column = columns_[ColumnIndex(name)];
-  if (editing_ == Editing::Nothing) editing_ = Editing::CurrentRow;
+  if (editing_ == Editing::Nothing) {
+    editing_ = Editing::CurrentRow;
+  }
   for (auto& [pending_name, pending_value] : pending_) {
     if (pending_name == column) {
       pending_value = std::move(value);
@@ -262,9 +314,13 @@ void Recordset::WriteCurrentRow(const FieldValues& fields) {
   Row& row = rows_[position_].Content;
   FieldValues changed;
   for (const auto& [name, value] : fields) {
-    if (!IsHeldAlready(row.Values[ColumnIndex(name)], value)) changed.emplace_back(name, value);
+    if (!IsHeldAlready(row.Values[ColumnIndex(name)], value)) {
+      changed.emplace_back(name, value);
+    }
   }
-  if (changed.empty()) return;
+  if (changed.empty()) {
+    return;
+  }
   row = store_->Update(query_.Table, row, changed);
   LearnColumns(row);
 }

@@ -19,7 +19,9 @@ constexpr const char* kGuestFile = "\\Veyra.mdb";
 constexpr int kColorSize = 16;
 
 std::string FolderAdvice(const Databases& databases) {
-  if (databases.AppFolder.empty()) return "Check that the folder is the right one.";
+  if (databases.AppFolder.empty()) {
+    return "Check that the folder is the right one.";
+  }
   return "The first line of " + NativePath(databases.AppFolder + "\\path.txt").string() +
          " must name the folder that holds Calendar.mdb and Veyra.mdb.";
 }

@@ -26,7 +26,9 @@ Character FirstCharacter(std::string_view text) {
   const utf8proc_ssize_t length =
       utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                        static_cast<utf8proc_ssize_t>(text.size()), &code);
-  if (length < 1) return {kNone, text.substr(0, 1)};
+  if (length < 1) {
+    return {kNone, text.substr(0, 1)};
+  }
   return {code, text.substr(0, static_cast<std::size_t>(length))};
 }
 
@@ -73,7 +75,9 @@ bool IsWhiteSpace(CodePoint code) {
 
 std::string_view WithoutOuterBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) {
+    return {};
+  }
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 

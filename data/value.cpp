@@ -17,18 +17,24 @@ constexpr double kTwoTo63 = 9223372036854775808.0;
 
 std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) {
+    return {};
+  }
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 /// The number that the whole of the text writes in decimal, a leading plus sign allowed.
 template <typename Number>
 std::optional<Number> Parse(std::string_view text) {
-  if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+  if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+    text.remove_prefix(1);
+  }
   Number number{};
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc{} || stop != end) return std::nullopt;
+  if (error != std::errc{} || stop != end) {
+    return std::nullopt;
+  }
   return number;
 }
 
@@ -41,15 +47,21 @@ std::optional<std::int64_t> WholeNumber(double number) {
 
 std::optional<double> TextToDouble(std::string_view text) {
   const std::optional<double> number = Parse<double>(WithoutBlanks(text));
-  if (!number || !std::isfinite(*number)) return std::nullopt;
+  if (!number || !std::isfinite(*number)) {
+    return std::nullopt;
+  }
   return number;
 }
 
 std::optional<std::int64_t> TextToInteger(std::string_view text) {
-  if (const auto whole = Parse<std::int64_t>(WithoutBlanks(text))) return whole;
+  if (const auto whole = Parse<std::int64_t>(WithoutBlanks(text))) {
+    return whole;
+  }
   const std::optional<double> number = TextToDouble(text);
   // Beyond 2^53 a text with a fraction or an exponent may round to a neighbour.
-  if (!number || std::abs(*number) > kTwoTo53) return std::nullopt;
+  if (!number || std::abs(*number) > kTwoTo53) {
+    return std::nullopt;
+  }
   return WholeNumber(*number);
 }
 
@@ -69,30 +81,54 @@ bool IsNull(const Value& value) {
 }
 
 std::optional<std::int64_t> ToInteger(const Value& value) {
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
-  if (const auto* number = std::get_if<double>(&value)) return WholeNumber(*number);
-  if (const auto* text = std::get_if<std::string>(&value)) return TextToInteger(*text);
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    return *whole;
+  }
+  if (const auto* number = std::get_if<double>(&value)) {
+    return WholeNumber(*number);
+  }
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    return TextToInteger(*text);
+  }
   return std::nullopt;
 }
 
 std::optional<double> ToDouble(const Value& value) {
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return static_cast<double>(*whole);
-  if (const auto* number = std::get_if<double>(&value)) return *number;
-  if (const auto* text = std::get_if<std::string>(&value)) return TextToDouble(*text);
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    return static_cast<double>(*whole);
+  }
+  if (const auto* number = std::get_if<double>(&value)) {
+    return *number;
+  }
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    return TextToDouble(*text);
+  }
   return std::nullopt;
 }
 
 std::optional<Date> ToDate(const Value& value) {
-  if (const auto* date = std::get_if<Date>(&value)) return *date;
-  if (const auto* text = std::get_if<std::string>(&value)) return DateFromIsoText(*text);
+  if (const auto* date = std::get_if<Date>(&value)) {
+    return *date;
+  }
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    return DateFromIsoText(*text);
+  }
   return std::nullopt;
 }
 
 std::string ToText(const Value& value) {
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
-  if (const auto* number = std::get_if<double>(&value)) return DoubleText(*number);
-  if (const auto* text = std::get_if<std::string>(&value)) return *text;
-  if (const auto* date = std::get_if<Date>(&value)) return IsoText(*date);
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    return std::to_string(*whole);
+  }
+  if (const auto* number = std::get_if<double>(&value)) {
+    return DoubleText(*number);
+  }
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    return *text;
+  }
+  if (const auto* date = std::get_if<Date>(&value)) {
+    return IsoText(*date);
+  }
   return {};
 }
 

@@ -51,7 +51,9 @@ std::uint8_t Byte(std::uint32_t bits, int position) {
 
 std::variant<Rgb, ThemeColor> ColorOf(std::int32_t number) {
   const auto bits = static_cast<std::uint32_t>(number);
-  if (number < 0) return ThemeColorOf(Byte(bits, 0));
+  if (number < 0) {
+    return ThemeColorOf(Byte(bits, 0));
+  }
   return Rgb{Byte(bits, 0), Byte(bits, 1), Byte(bits, 2)};
 }
 

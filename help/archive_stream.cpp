@@ -16,7 +16,9 @@ std::string CountBytes(std::size_t count) {
 
 /// Takes a count off the front of `stream`.
 std::optional<std::size_t> TakeCount(std::string_view& stream) {
-  if (stream.size() < 4) return std::nullopt;
+  if (stream.size() < 4) {
+    return std::nullopt;
+  }
   std::size_t count = 0;
   for (std::size_t i = 0; i < 4; ++i) {
     count |= static_cast<std::size_t>(static_cast<unsigned char>(stream[i])) << (8 * i);
@@ -27,7 +29,9 @@ std::optional<std::size_t> TakeCount(std::string_view& stream) {
 
 /// Takes that many bytes off the front of `stream`.
 std::optional<std::string> TakeBytes(std::string_view& stream, std::size_t count) {
-  if (stream.size() < count) return std::nullopt;
+  if (stream.size() < count) {
+    return std::nullopt;
+  }
   std::string bytes(stream.substr(0, count));
   stream.remove_prefix(count);
   return bytes;
@@ -53,13 +57,21 @@ std::optional<std::vector<HelpObject>> ObjectsOfStream(std::string_view stream) 
   std::vector<HelpObject> objects;
   while (true) {
     std::optional<std::string> name = TakeCounted(stream);
-    if (!name) return std::nullopt;
-    if (name->empty()) break;
+    if (!name) {
+      return std::nullopt;
+    }
+    if (name->empty()) {
+      break;
+    }
     std::optional<std::string> bytes = TakeCounted(stream);
-    if (!bytes) return std::nullopt;
+    if (!bytes) {
+      return std::nullopt;
+    }
     objects.push_back({std::move(*name), std::move(*bytes)});
   }
-  if (!stream.empty()) return std::nullopt;
+  if (!stream.empty()) {
+    return std::nullopt;
+  }
   return objects;
 }
 

@@ -51,7 +51,9 @@ struct Reading {
 
 int ReadObject(chmFile* archive, chmUnitInfo* unit, void* context) {
   auto& reading = *static_cast<Reading*>(context);
-  if (unit->length > reading.BytesLeft) return CHM_ENUMERATOR_FAILURE;
+  if (unit->length > reading.BytesLeft) {
+    return CHM_ENUMERATOR_FAILURE;
+  }
   HelpObject object{unit->path, std::string(unit->length, '\0')};
   const auto length = static_cast<LONGINT64>(unit->length);
   auto* bytes = reinterpret_cast<unsigned char*>(object.Bytes.data());

@@ -19,7 +19,9 @@ QUrl UrlOf(const std::string& reference) {
   QUrl url;
   url.setScheme(kScheme);
   url.setPath("/" + plain.left(anchor));
-  if (anchor >= 0) url.setFragment(plain.mid(anchor + 1));
+  if (anchor >= 0) {
+    url.setFragment(plain.mid(anchor + 1));
+  }
   return url;
 }
 
@@ -82,9 +84,13 @@ void QtHelpPage::MarkWords(const QStringList& words) {
 
 QVariant QtHelpPage::loadResource(int type, const QUrl& name) {
   // The widget's source() is still the page before while a page is being loaded.
-  if (type == QTextDocument::HtmlResource) loaded_page_ = name;
+  if (type == QTextDocument::HtmlResource) {
+    loaded_page_ = name;
+  }
   const std::optional<std::string> reference = ReferenceOf(loaded_page_.resolved(name));
-  if (!archive_ || !reference) return {};
+  if (!archive_ || !reference) {
+    return {};
+  }
   if (type == QTextDocument::HtmlResource) {
     const std::optional<std::string> html = archive_->Page(*reference);
     return html ? QString::fromStdString(*html)

@@ -25,19 +25,27 @@ QtHelpViewer::~QtHelpViewer() = default;
 
 void QtHelpViewer::ShowTopic(int topic) {
   const std::optional<FileState> state = StateOfFile();
-  if (!state) return;
-  if (!window_) window_ = std::make_unique<QtHelpWindow>(browser_);
+  if (!state) {
+    return;
+  }
+  if (!window_) {
+    window_ = std::make_unique<QtHelpWindow>(browser_);
+  }
   if (state != read_state_) {
     ReadFile();
     read_state_ = state;
   }
-  if (archive_) window_->ShowPage(archive_->Topic(topic).value_or(archive_->FirstPage()));
+  if (archive_) {
+    window_->ShowPage(archive_->Topic(topic).value_or(archive_->FirstPage()));
+  }
   window_->BringUp();
 }
 
 std::optional<QtHelpViewer::FileState> QtHelpViewer::StateOfFile() const {
   std::error_code failure;
-  if (!std::filesystem::is_regular_file(help_file_, failure)) return std::nullopt;
+  if (!std::filesystem::is_regular_file(help_file_, failure)) {
+    return std::nullopt;
+  }
   FileState state;
   state.Written = std::filesystem::last_write_time(help_file_, failure);
   state.Size = failure ? 0 : std::filesystem::file_size(help_file_, failure);

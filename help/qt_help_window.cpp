@@ -117,7 +117,9 @@ QWidget* QtHelpWindow::MakeSide() {
   connect(search_box_, &QLineEdit::textChanged, this, &QtHelpWindow::Search);
   connect(results_, &QListWidget::currentRowChanged, this, &QtHelpWindow::ShowFoundPage);
   connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-    if (item != nullptr && !PageOf(*item).isEmpty()) ShowPage(PageOf(*item).toStdString());
+    if (item != nullptr && !PageOf(*item).isEmpty()) {
+      ShowPage(PageOf(*item).toStdString());
+    }
   });
   return panel;
 }
@@ -173,7 +175,9 @@ void QtHelpWindow::FollowShownPage() {
     if (same || (line == nullptr && page.compare(WithoutAnchor(shown), Qt::CaseInsensitive) == 0)) {
       line = *item;
     }
-    if (same) break;
+    if (same) {
+      break;
+    }
   }
   const QSignalBlocker quiet(contents_);
   contents_->setCurrentItem(line);
@@ -188,21 +192,29 @@ void QtHelpWindow::Search(const QString& words) {
   const QSignalBlocker quiet(results_);
   results_->clear();
   page_->setExtraSelections({});
-  if (!archive_ || SearchedWords().isEmpty()) return;
-  if (!search_) search_.emplace(*archive_);
+  if (!archive_ || SearchedWords().isEmpty()) {
+    return;
+  }
+  if (!search_) {
+    search_.emplace(*archive_);
+  }
   for (const FoundTopic& topic : search_->Find(words.toStdString())) {
     auto* item =
         new QListWidgetItem(QString::fromStdString(topic.Title + "\n" + topic.Excerpt), results_);
     item->setData(kPageRole, QString::fromStdString(topic.Page));
   }
-  if (results_->count() > 0) return;
+  if (results_->count() > 0) {
+    return;
+  }
   auto* nothing = new QListWidgetItem(tr("No page has these words."), results_);
   nothing->setFlags(Qt::ItemIsEnabled);
 }
 
 void QtHelpWindow::ShowFoundPage(int row) {
   const QListWidgetItem* item = results_->item(row);
-  if (item == nullptr || item->data(kPageRole).toString().isEmpty()) return;
+  if (item == nullptr || item->data(kPageRole).toString().isEmpty()) {
+    return;
+  }
   ShowPage(item->data(kPageRole).toString().toStdString());
   page_->MarkWords(SearchedWords());
 }

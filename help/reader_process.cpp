@@ -36,7 +36,9 @@ class Child {
 
 Child::Child(const std::string& program, const std::string& argument) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return;
+  if (pipe2(ends, O_CLOEXEC) != 0) {
+    return;
+  }
   output_ = ends[0];
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
@@ -46,14 +48,20 @@ Child::Child(const std::string& program, const std::string& argument) {
   std::string name = program;
   std::string only_argument = argument;
   char* arguments[] = {name.data(), only_argument.data(), nullptr};
-  if (posix_spawn(&id_, program.c_str(), &actions, nullptr, arguments, environ) != 0) id_ = -1;
+  if (posix_spawn(&id_, program.c_str(), &actions, nullptr, arguments, environ) != 0) {
+    id_ = -1;
+  }
   posix_spawn_file_actions_destroy(&actions);
   close(ends[1]);
 }
 
 Child::~Child() {
-  if (output_ >= 0) close(output_);
-  if (id_ <= 0) return;
+  if (output_ >= 0) {
+    close(output_);
+  }
+  if (id_ <= 0) {
+    return;
+  }
   kill(id_, SIGKILL);
   while (waitpid(id_, nullptr, 0) < 0 && errno == EINTR) {
   }
@@ -67,7 +75,9 @@ bool Child::EndedWell(SteadyTime deadline) {
       poll(nullptr, 0, 1);
       continue;
     }
-    if (ended < 0 && errno == EINTR) continue;
+    if (ended < 0 && errno == EINTR) {
+      continue;
+    }
     const bool reaped = ended == id_;
     id_ = -1;
     return reaped && WIFEXITED(status) && WEXITSTATUS(status) == 0;
@@ -79,11 +89,17 @@ bool WaitForOutput(int output, SteadyTime deadline) {
   while (true) {
     const auto left =
         std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-    if (left.count() <= 0) return false;
+    if (left.count() <= 0) {
+      return false;
+    }
     pollfd waiting{output, POLLIN, 0};
     const int ready = poll(&waiting, 1, static_cast<int>(left.count()));
-    if (ready > 0) return true;
-    if (ready < 0 && errno != EINTR) return false;
+    if (ready > 0) {
+      return true;
+    }
+    if (ready < 0 && errno != EINTR) {
+      return false;
+    }
   }
 }
 
@@ -93,10 +109,18 @@ std::optional<std::string> ReadAll(int output, std::size_t most_bytes, SteadyTim
   char block[1U << 16U];
   while (WaitForOutput(output, deadline)) {
     const ssize_t count = read(output, block, sizeof block);
-    if (count == 0) return read_bytes;
-    if (count < 0 && errno != EINTR) return std::nullopt;
-    if (count > 0) read_bytes.append(block, static_cast<std::size_t>(count));
-    if (read_bytes.size() > most_bytes) return std::nullopt;
+    if (count == 0) {
+      return read_bytes;
+    }
+    if (count < 0 && errno != EINTR) {
+      return std::nullopt;
+    }
+    if (count > 0) {
+      read_bytes.append(block, static_cast<std::size_t>(count));
+    }
+    if (read_bytes.size() > most_bytes) {
+      return std::nullopt;
+    }
   }
   return std::nullopt;
 }
@@ -108,9 +132,13 @@ std::optional<std::string> OutputOf(const std::filesystem::path& program,
                                     std::chrono::milliseconds timeout) {
   const SteadyTime deadline = std::chrono::steady_clock::now() + timeout;
   Child child(program.string(), argument);
-  if (!child.Started()) return std::nullopt;
+  if (!child.Started()) {
+    return std::nullopt;
+  }
   std::optional<std::string> output = ReadAll(child.Output(), most_bytes, deadline);
-  if (!output || !child.EndedWell(deadline)) return std::nullopt;
+  if (!output || !child.EndedWell(deadline)) {
+    return std::nullopt;
+  }
   return output;
 }
 

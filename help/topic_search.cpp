@@ -17,13 +17,17 @@ constexpr std::size_t kExcerptLength = 110;
 std::vector<std::string> UpperWords(std::string_view text) {
   std::istringstream stream(UpperCase(text));
   std::vector<std::string> words;
-  for (std::string word; stream >> word;) words.push_back(word);
+  for (std::string word; stream >> word;) {
+    words.push_back(word);
+  }
   return words;
 }
 
 std::size_t Occurrences(const std::string& text, const std::string& word) {
   std::size_t count = 0;
-  for (std::size_t i = text.find(word); i != std::string::npos; i = text.find(word, i + 1)) ++count;
+  for (std::size_t i = text.find(word); i != std::string::npos; i = text.find(word, i + 1)) {
+    ++count;
+  }
   return count;
 }
 
@@ -33,8 +37,12 @@ std::string ExcerptAround(const std::string& text, std::size_t character) {
   std::string excerpt = text.substr(FirstCharacters(text, first).size());
   const bool cut_behind = CharacterCount(excerpt) > kExcerptLength;
   excerpt = FirstCharacters(excerpt, kExcerptLength);
-  if (first > 0) excerpt.erase(0, std::min(excerpt.find(' '), excerpt.size()));
-  if (cut_behind) excerpt.erase(std::min(excerpt.rfind(' '), excerpt.size()));
+  if (first > 0) {
+    excerpt.erase(0, std::min(excerpt.find(' '), excerpt.size()));
+  }
+  if (cut_behind) {
+    excerpt.erase(std::min(excerpt.rfind(' '), excerpt.size()));
+  }
   return (first > 0 ? "…" : "") + excerpt + (cut_behind ? " …" : "");
 }
 
@@ -51,7 +59,9 @@ TopicSearch::TopicSearch(const ChmArchive& archive) {
     const std::string html = archive.Page(page).value_or("");
     Topic topic{page, PageTitle(html), "", "", ""};
     topic.Text = WithoutHeading(PlainText(html), topic.Title);
-    if (topic.Title.empty()) topic.Title = page;
+    if (topic.Title.empty()) {
+      topic.Title = page;
+    }
     topic.UpperTitle = UpperCase(topic.Title);
     topic.UpperText = UpperCase(topic.Text);
     topics_.push_back(std::move(topic));
@@ -70,7 +80,9 @@ std::vector<FoundTopic> TopicSearch::Find(std::string_view words) const {
       rank += weight;
       return weight > 0;
     });
-    if (wanted.empty() || !found) continue;
+    if (wanted.empty() || !found) {
+      continue;
+    }
     const std::size_t place = topic.UpperText.find(wanted.front());
     const std::size_t character =
         place == std::string::npos ? 0 : CharacterCount(topic.UpperText.substr(0, place));
@@ -80,7 +92,9 @@ std::vector<FoundTopic> TopicSearch::Find(std::string_view words) const {
                    [](const auto& one, const auto& other) { return one.first > other.first; });
   std::vector<FoundTopic> topics;
   topics.reserve(ranked.size());
-  for (auto& [rank, topic] : ranked) topics.push_back(std::move(topic));
+  for (auto& [rank, topic] : ranked) {
+    topics.push_back(std::move(topic));
+  }
   return topics;
 }
 

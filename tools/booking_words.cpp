@@ -6,7 +6,9 @@ namespace veyra {
 
 BookingWords::BookingWords(const std::vector<Facility>& facilities) {
   modRes::SlotLabels(labels_);
-  for (const Facility& facility : facilities) names_[facility.ID] = OneLine(facility.Name);
+  for (const Facility& facility : facilities) {
+    names_[facility.ID] = OneLine(facility.Name);
+  }
 }
 
 std::string BookingWords::FacilityName(std::int64_t id) const {

@@ -17,7 +17,9 @@ using TakenSlots = std::array<bool, kLastSlot + 1>;
 
 std::optional<std::size_t> PlaceOf(const std::vector<Facility>& facilities, std::int64_t id) {
   for (std::size_t i = 0; i < facilities.size(); ++i) {
-    if (facilities[i].ID == id) return i;
+    if (facilities[i].ID == id) {
+      return i;
+    }
   }
   return std::nullopt;
 }
@@ -25,8 +27,12 @@ std::optional<std::size_t> PlaceOf(const std::vector<Facility>& facilities, std:
 void AddBooking(const Booking& booking, const ListingRequest& request, const std::string& guest,
                 DayListing& listing) {
   const auto place = PlaceOf(request.Facilities, booking.RmID);
-  if (!place || !booking.Day || !request.Days.Holds(*booking.Day)) return;
-  if (!guest.empty() && UpperCase(booking.Event).find(guest) == std::string::npos) return;
+  if (!place || !booking.Day || !request.Days.Holds(*booking.Day)) {
+    return;
+  }
+  if (!guest.empty() && UpperCase(booking.Event).find(guest) == std::string::npos) {
+    return;
+  }
   listing[{*booking.Day, *place}].push_back({booking.Slots, booking.Event, booking.Group});
 }
 
@@ -45,7 +51,9 @@ std::vector<Stretch> FreeOf(const TakenSlots& taken, int half_hours) {
   std::vector<Stretch> free;
   TimeSlot first = kFirstSlot;
   for (TimeSlot slot = kFirstSlot; slot <= kLastSlot + 1; ++slot) {
-    if (slot <= kLastSlot && !taken.at(static_cast<std::size_t>(slot))) continue;
+    if (slot <= kLastSlot && !taken.at(static_cast<std::size_t>(slot))) {
+      continue;
+    }
     if (slot - first >= half_hours) {
       free.push_back({{first, slot - 1}, {}, {}});
     }
@@ -85,7 +93,9 @@ DayListing ListFreeTimes(Store& store, const ListingRequest& request, int half_h
       const auto booked = bookings.find({day, i});
       const TakenSlots taken = booked == bookings.end() ? TakenSlots{} : TakenBy(booked->second);
       auto stretches = FreeOf(taken, half_hours);
-      if (!stretches.empty()) free.emplace(std::pair{day, i}, std::move(stretches));
+      if (!stretches.empty()) {
+        free.emplace(std::pair{day, i}, std::move(stretches));
+      }
     }
   }
   return free;

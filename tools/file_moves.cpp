@@ -19,15 +19,21 @@ constexpr const char* kKeepAdvice =
 
 /// Returns 0, or EEXIST when the name is taken.
 int Keep(const fs::path& file, const fs::path& kept, const fs::path& workshop) {
-  if (::link(file.c_str(), kept.c_str()) == 0) return 0;
-  if (errno == EEXIST) return EEXIST;
+  if (::link(file.c_str(), kept.c_str()) == 0) {
+    return 0;
+  }
+  if (errno == EEXIST) {
+    return EEXIST;
+  }
   // A file system without hard links, or a file of another owner.
   return CopyWithoutReplacing(file, kept, workshop);
 }
 
 fs::path KeepUnderFreeName(const fs::path& file, Date day, const fs::path& workshop) {
   int number = 1;
-  while (Keep(file, KeptName(file, day, number), workshop) != 0) ++number;
+  while (Keep(file, KeptName(file, day, number), workshop) != 0) {
+    ++number;
+  }
   return KeptName(file, day, number);
 }
 
@@ -92,7 +98,9 @@ fs::path ReplaceAndKeep(const fs::path& fresh, const fs::path& file, Date day) {
 
 void TakeOverRights(const fs::path& file, const fs::path& fresh) {
   struct stat status {};
-  if (::stat(file.c_str(), &status) != 0) return;
+  if (::stat(file.c_str(), &status) != 0) {
+    return;
+  }
   // Only an administrator may give files away; the group, its members may.
   if (::chown(fresh.c_str(), status.st_uid, status.st_gid) != 0 &&
       ::chown(fresh.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0) {

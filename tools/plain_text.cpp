@@ -17,7 +17,9 @@ bool IsLateControl(std::string_view rest) {
 
 /// U+2028 to U+202E and U+2066 to U+2069: line ends, and marks of direction.
 bool IsLineEndOrTurn(std::string_view rest) {
-  if (rest.size() < 3 || rest[0] != '\xE2') return false;
+  if (rest.size() < 3 || rest[0] != '\xE2') {
+    return false;
+  }
   const auto middle = static_cast<unsigned char>(rest[1]);
   const auto last = static_cast<unsigned char>(rest[2]);
   return (middle == 0x80 && last >= 0xA8 && last <= 0xAE) ||

@@ -14,7 +14,9 @@ ProgressLines::ProgressLines(std::ostream& terminal, Now now)
 
 void ProgressLines::Show(const CopyStep& step) {
   const auto now = now_();
-  if (now - last_ < kPause) return;
+  if (now - last_ < kPause) {
+    return;
+  }
   last_ = now;
   terminal_ << step.Verb << ' ' << step.Rows << " of " << step.Of << " rows" << std::endl;
 }

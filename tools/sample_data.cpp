@@ -177,7 +177,9 @@ class SampleMaker {
 
   /// The hall is asked for every day, most of all on Saturdays; the small rooms now and then.
   std::size_t WishesFor(std::size_t room, Date day) {
-    if (room != kMainHall) return Pick(2);
+    if (room != kMainHall) {
+      return Pick(2);
+    }
     return WeekdayNumber(day) == kSaturday ? 4 : 1 + Pick(2);
   }
 

@@ -123,7 +123,9 @@ void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
   const bool focused = tab_stop_ == 0 || window()->focusWidget() == &Cell(tab_stop_).List();
   std::transform(cells.begin(), cells.end(), has_day_.begin(), std::mem_fn(&MonthCell::Visible));
   for (int index = 1; index <= kCells; ++index) {
-    if (HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+    if (HasDay(index)) {
+      Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+    }
   }
   MakeTabStop(NearestDay(tab_stop_ == 0 ? TodayIn(cells) : tab_stop_));
   if (focused) {
@@ -131,7 +133,9 @@ void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
   }
   // Last, for a list that is hidden while it has the focus passes it to any other control.
   for (int index = 1; index <= kCells; ++index) {
-    if (!HasDay(index)) Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+    if (!HasDay(index)) {
+      Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+    }
   }
 }
 
@@ -177,8 +181,12 @@ bool QtMonthGrid::HasDay(int index) const {
 /// The cell nearest to `index` that holds a day; `index` itself when none does.
 int QtMonthGrid::NearestDay(int index) const {
   for (int distance = 0; distance < kCells; ++distance) {
-    if (HasDay(index - distance)) return index - distance;
-    if (HasDay(index + distance)) return index + distance;
+    if (HasDay(index - distance)) {
+      return index - distance;
+    }
+    if (HasDay(index + distance)) {
+      return index + distance;
+    }
   }
   return index;
 }

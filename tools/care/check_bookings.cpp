@@ -60,7 +60,9 @@ class BookingCheck {
  public:
   BookingCheck(const std::vector<Facility>& facilities, std::size_t longest_name)
       : words_(facilities), longest_name_(longest_name) {
-    for (const Facility& facility : facilities) known_.insert(facility.ID);
+    for (const Facility& facility : facilities) {
+      known_.insert(facility.ID);
+    }
   }
 
   void Look(const Booking& booking, const Row& row) {
@@ -83,7 +85,9 @@ class BookingCheck {
   }
 
   void CheckFacility(const Booking& booking) {
-    if (known_.contains(booking.RmID)) return;
+    if (known_.contains(booking.RmID)) {
+      return;
+    }
     Add("no-facility", "Of a facility that is not there: " + words_.Of(booking) + ".",
         "No window shows it. Export it, then import it with --facility, or restore a backup.");
   }
@@ -115,15 +119,21 @@ class BookingCheck {
   }
 
   void CheckName(const Booking& booking) {
-    if (longest_name_ == 0 || CharacterCount(booking.Event) <= longest_name_) return;
+    if (longest_name_ == 0 || CharacterCount(booking.Event) <= longest_name_) {
+      return;
+    }
     Add("long-name", "Its name is longer than the file's column: " + words_.Of(booking) + ".",
         "Other programs may cut it. Rename the booking.");
   }
 
   void Gather(const Booking& booking) {
-    if (booking.Group) GatherGroup(booking);
+    if (booking.Group) {
+      GatherGroup(booking);
+    }
     const auto& slots = booking.Slots;
-    if (!booking.Day || slots.First == 0 || slots.First > slots.Last) return;
+    if (!booking.Day || slots.First == 0 || slots.First > slots.Last) {
+      return;
+    }
     placed_.push_back({booking.RmID, DayNumber(*booking.Day), static_cast<std::int8_t>(slots.First),
                        static_cast<std::int8_t>(slots.Last), booking.Event});
   }
@@ -163,7 +173,9 @@ class BookingCheck {
                 ".",
             "Delete one of the two, or book it at another time.");
       }
-      if (!same_day || booking.Last > longest->Last) longest = &booking;
+      if (!same_day || booking.Last > longest->Last) {
+        longest = &booking;
+      }
     }
   }
 
@@ -172,7 +184,9 @@ class BookingCheck {
   void CheckGroups() {
     std::vector<std::string> lines;
     for (const auto& [key, group] : groups_) {
-      if (!group.NamesDiffer && !group.SlotsDiffer) continue;
+      if (!group.NamesDiffer && !group.SlotsDiffer) {
+        continue;
+      }
       const std::string what = !group.SlotsDiffer  ? "names"
                                : group.NamesDiffer ? "names and times"
                                                    : "times";

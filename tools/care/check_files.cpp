@@ -20,7 +20,9 @@ std::string NameOf(const fs::path& path) {
 }
 
 void CheckLogs(const fs::path& calendar, Findings& findings) {
-  if (IsInUse(calendar)) return;
+  if (IsInUse(calendar)) {
+    return;
+  }
   for (const fs::path& log : LogsBeside(calendar)) {
     findings.push_back(
         {.Kind = "log-left",
@@ -33,7 +35,9 @@ void CheckLogs(const fs::path& calendar, Findings& findings) {
 void CheckUnfinished(const fs::path& folder, Findings& findings) {
   std::error_code unreadable;
   for (const auto& entry : fs::directory_iterator(folder, unreadable)) {
-    if (!entry.path().filename().string().starts_with(".unfinished-")) continue;
+    if (!entry.path().filename().string().starts_with(".unfinished-")) {
+      continue;
+    }
     findings.push_back({.Kind = "unfinished",
                         .What = NameOf(entry.path()) + " was left by a command that broke off.",
                         .Advice = "Remove it when no veyra-data is running."});
@@ -55,9 +59,13 @@ void CheckGuests(const fs::path& folder, Findings& findings) {
 
 void CheckBackups(const fs::path& folder, Date today, Findings& findings) {
   std::error_code unreachable;
-  if (!fs::is_directory(folder / kBackupFolder, unreachable)) return;
+  if (!fs::is_directory(folder / kBackupFolder, unreachable)) {
+    return;
+  }
   const auto newest = NewestBackup(folder / kBackupFolder);
-  if (newest && DaysBetween(*newest, today) <= kOldBackup) return;
+  if (newest && DaysBetween(*newest, today) <= kOldBackup) {
+    return;
+  }
   findings.push_back({.Kind = "old-backup",
                       .What = newest ? "The newest copy in backups is of " + DateText(*newest) + "."
                                      : std::string("There is no copy in backups."),
@@ -68,7 +76,9 @@ void CheckBackups(const fs::path& folder, Date today, Findings& findings) {
 
 bool IsInUse(const fs::path& file) {
   const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) return false;
+  if (descriptor < 0) {
+    return false;
+  }
   struct flock lock {};
   lock.l_type = F_WRLCK;
   lock.l_whence = SEEK_SET;
@@ -82,7 +92,9 @@ std::vector<fs::path> LogsBeside(const fs::path& file) {
   for (const char* suffix : {"-wal", "-shm", "-journal"}) {
     const fs::path log = file.string() + suffix;
     std::error_code unreachable;
-    if (fs::exists(fs::symlink_status(log, unreachable))) logs.push_back(log);
+    if (fs::exists(fs::symlink_status(log, unreachable))) {
+      logs.push_back(log);
+    }
   }
   return logs;
 }

@@ -33,7 +33,9 @@ void Check(const fs::path& copy) {
 
 /// Returns 0 or the error number.
 int Move(const fs::path& from, const fs::path& to, bool replace) {
-  if (!replace) return RenameWithoutReplacing(from, to);
+  if (!replace) {
+    return RenameWithoutReplacing(from, to);
+  }
   std::error_code failure;
   fs::rename(from, to, failure);
   return failure.value();
@@ -59,7 +61,9 @@ void MakeCheckedCopy(FileStore& store, const fs::path& copy, bool replace) {
   const UnfinishedFolder unfinished(copy.parent_path());
   const fs::path fresh = unfinished.path() / copy.filename();
   MakeWhole(store, fresh);
-  if (const int error = Move(fresh, copy, replace); error != 0) Fail(copy, error);
+  if (const int error = Move(fresh, copy, replace); error != 0) {
+    Fail(copy, error);
+  }
   Flush(copy.parent_path());
 }
 
@@ -70,8 +74,12 @@ fs::path KeepCopy(FileStore& store, Date day) {
   MakeWhole(store, fresh);
   int number = 1;
   int error = RenameWithoutReplacing(fresh, KeptName(file, day, number));
-  while (error == EEXIST) error = RenameWithoutReplacing(fresh, KeptName(file, day, ++number));
-  if (error != 0) Fail(KeptName(file, day, number), error);
+  while (error == EEXIST) {
+    error = RenameWithoutReplacing(fresh, KeptName(file, day, ++number));
+  }
+  if (error != 0) {
+    Fail(KeptName(file, day, number), error);
+  }
   Flush(file.parent_path());
   return KeptName(file, day, number);
 }

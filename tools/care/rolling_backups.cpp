@@ -22,8 +22,12 @@ constexpr std::size_t kDateLength = 10;
 std::optional<Date> DayOfBackup(const std::string& name) {
   const std::string start = kStart;
   const std::string end = kEnd;
-  if (name.size() != start.size() + kDateLength + end.size()) return std::nullopt;
-  if (!name.starts_with(start) || !name.ends_with(end)) return std::nullopt;
+  if (name.size() != start.size() + kDateLength + end.size()) {
+    return std::nullopt;
+  }
+  if (!name.starts_with(start) || !name.ends_with(end)) {
+    return std::nullopt;
+  }
   return DateFromIsoText(std::string_view(name).substr(start.size(), kDateLength));
 }
 
@@ -33,8 +37,12 @@ void KeepNewestOf(const std::set<Date>& days, std::size_t count, const FirstDay&
                   std::set<Date>& kept) {
   std::set<Date> periods;
   for (auto day = days.rbegin(); day != days.rend(); ++day) {
-    if (periods.contains(first_day(*day))) continue;
-    if (periods.size() == count) return;
+    if (periods.contains(first_day(*day))) {
+      continue;
+    }
+    if (periods.size() == count) {
+      return;
+    }
     periods.insert(first_day(*day));
     kept.insert(*day);
   }
@@ -50,7 +58,9 @@ std::set<Date> BackupDays(const fs::path& folder) {
   std::set<Date> days;
   std::error_code failure;
   for (const auto& entry : fs::directory_iterator(folder, failure)) {
-    if (const auto day = DayOfBackup(entry.path().filename().string())) days.insert(*day);
+    if (const auto day = DayOfBackup(entry.path().filename().string())) {
+      days.insert(*day);
+    }
   }
   if (failure) {
     throw FileError({folder.string(), "The folder cannot be read: " + failure.message() + ".",

@@ -69,7 +69,9 @@ std::vector<std::string> IcalEvent::Places() const {
     places.push_back(TextOf(icalproperty_get_categories(property)));
   });
   const std::string location = TextOf(icalcomponent_get_location(component_));
-  if (!location.empty()) places.push_back(location);
+  if (!location.empty()) {
+    places.push_back(location);
+  }
   return places;
 }
 
@@ -103,14 +105,18 @@ std::time_t IcalEvent::Length(const icaltimetype& first) const {
   const bool has_end =
       icalcomponent_get_first_property(component_, ICAL_DTEND_PROPERTY) != nullptr ||
       icalcomponent_get_first_property(component_, ICAL_DURATION_PROPERTY) != nullptr;
-  if (!has_end) return first.is_date != 0 ? kSecondsOfDay : 0;
+  if (!has_end) {
+    return first.is_date != 0 ? kSecondsOfDay : 0;
+  }
   const icaltimetype end = icalcomponent_get_dtend(component_);
   const std::time_t length = MomentOf(end).Seconds - MomentOf(first).Seconds;
   if (icaltime_is_null_time(end) != 0 || length < 0) {
     throw Unreadable("ends before it begins, or at a time that cannot be read.");
   }
   constexpr std::time_t kLongest = 366 * kSecondsOfDay;
-  if (length > kLongest) throw Unreadable("lasts for more than a year.");
+  if (length > kLongest) {
+    throw Unreadable("lasts for more than a year.");
+  }
   return length;
 }
 
@@ -120,13 +126,21 @@ void IcalEvent::Repeat(icalrecurrencetype rule, const icaltimetype& first, const
     throw Unreadable("repeats without end. Name the last day that you want with --to.");
   }
   const std::unique_ptr<icalrecur_iterator, Freeing> iterator(icalrecur_iterator_new(rule, first));
-  if (!iterator) throw Unreadable("repeats by a rule that cannot be read.");
+  if (!iterator) {
+    throw Unreadable("repeats by a rule that cannot be read.");
+  }
   for (int count = 0;; ++count) {
     const icaltimetype time = icalrecur_iterator_next(iterator.get());
-    if (icaltime_is_null_time(time) != 0) return;
+    if (icaltime_is_null_time(time) != 0) {
+      return;
+    }
     // A day later, whatever the zones.
-    if (days.To && DayOfTime(time) > AddDays(*days.To, 1)) return;
-    if (count == kMostRepetitions) throw Unreadable("repeats more often than any booking does.");
+    if (days.To && DayOfTime(time) > AddDays(*days.To, 1)) {
+      return;
+    }
+    if (count == kMostRepetitions) {
+      throw Unreadable("repeats more often than any booking does.");
+    }
     starts.push_back(time);
   }
 }
@@ -138,11 +152,17 @@ std::vector<icaltimetype> IcalEvent::Starts(const icaltimetype& first, const Day
     repeats = true;
     Repeat(icalproperty_get_rrule(property), first, days, starts);
   });
-  if (!repeats) starts.push_back(first);
+  if (!repeats) {
+    starts.push_back(first);
+  }
   ForEach(component_, ICAL_RDATE_PROPERTY, [&](icalproperty* property) {
     icaltimetype time = icalproperty_get_rdate(property).time;
-    if (time.zone == nullptr && icaltime_is_utc(time) == 0) time.zone = first.zone;
-    if (icaltime_is_null_time(time) == 0) starts.push_back(time);
+    if (time.zone == nullptr && icaltime_is_utc(time) == 0) {
+      time.zone = first.zone;
+    }
+    if (icaltime_is_null_time(time) == 0) {
+      starts.push_back(time);
+    }
   });
   return starts;
 }
@@ -152,7 +172,9 @@ std::vector<std::time_t> IcalEvent::Excluded() const {
   const icaltimetype first = icalcomponent_get_dtstart(component_);
   ForEach(component_, ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
     icaltimetype time = icalproperty_get_exdate(property);
-    if (time.zone == nullptr) time.zone = first.zone;
+    if (time.zone == nullptr) {
+      time.zone = first.zone;
+    }
     excluded.push_back(MomentOf(time).Seconds);
   });
   return excluded;
@@ -170,7 +192,9 @@ std::vector<IcalOccurrence> IcalEvent::Occurrences(const DayRange& days,
   std::vector<IcalOccurrence> occurrences;
   for (const icaltimetype& start : Starts(first, days)) {
     const IcalMoment from = MomentOf(start);
-    if (std::find(left_out.begin(), left_out.end(), from.Seconds) != left_out.end()) continue;
+    if (std::find(left_out.begin(), left_out.end(), from.Seconds) != left_out.end()) {
+      continue;
+    }
     left_out.push_back(from.Seconds);
     occurrences.push_back({from, {from.Seconds + length, from.IsFloating}});
   }

@@ -97,7 +97,9 @@ std::string IcalOf(const ExchangedBooking& booking, int copies, const DateTime& 
   add(icalproperty_new_summary(OneLine(booking.Name).c_str()));
   add(icalproperty_new_categories(OneLine(booking.Facility).c_str()));
   add(icalproperty_new_location(OneLine(booking.Facility).c_str()));
-  if (!booking.Series.empty()) AddRelation(event.get(), booking.Series);
+  if (!booking.Series.empty()) {
+    AddRelation(event.get(), booking.Series);
+  }
   const std::unique_ptr<char, Freeing> text(icalcomponent_as_ical_string_r(event.get()));
   return text.get();
 }

@@ -19,7 +19,9 @@ constexpr std::size_t kKeyDigits = 14;
 QueryResult Read(Store& store, Query query) {
   QueryResult result{std::move(query), {}};
   const auto source = store.Select(result.Asked);
-  for (Row row; source->Next(row);) result.Rows.push_back(row);
+  for (Row row; source->Next(row);) {
+    result.Rows.push_back(row);
+  }
   return result;
 }
 
@@ -40,11 +42,17 @@ class FacilityFinder {
   void RequireAll(const std::vector<ExchangedBooking>& bookings) {
     std::set<std::string> missing;
     for (const ExchangedBooking& booking : bookings) {
-      if (!Find(NameFor(booking))) missing.insert(OneLine(NameFor(booking)));
+      if (!Find(NameFor(booking))) {
+        missing.insert(OneLine(NameFor(booking)));
+      }
     }
-    if (missing.empty()) return;
+    if (missing.empty()) {
+      return;
+    }
     std::string list;
-    for (const std::string& name : missing) list += (list.empty() ? "\"" : "\", \"") + name;
+    for (const std::string& name : missing) {
+      list += (list.empty() ? "\"" : "\", \"") + name;
+    }
     throw ValueError({{},
                       "There is no facility " + list + "\".",
                       "Add it in the calendar first, or say with --facility where all go."});
@@ -59,7 +67,9 @@ class FacilityFinder {
 
   std::optional<std::int64_t> Find(const std::string& name) {
     const auto known = ids_.find(name);
-    if (known != ids_.end()) return known->second;
+    if (known != ids_.end()) {
+      return known->second;
+    }
     std::optional<std::int64_t> id;
     try {
       id = FacilitiesNamed(facilities_, name).front().ID;
@@ -94,11 +104,15 @@ class Planner {
     finder_.RequireAll(exchanged.Bookings);
     plan_.Notes = exchanged.Notes;
     plan_.Seen.push_back(Read(store_, ParseQuery("SELECT * FROM Rooms")));
-    if (exchanged.Bookings.empty()) return std::move(plan_);
+    if (exchanged.Bookings.empty()) {
+      return std::move(plan_);
+    }
     const Query query = BookingsQuery(DaysOf(exchanged.Bookings));
     plan_.Seen.push_back(Read(store_, query));
     ReadTaken(query);
-    for (const ExchangedBooking& booking : exchanged.Bookings) Place(booking);
+    for (const ExchangedBooking& booking : exchanged.Bookings) {
+      Place(booking);
+    }
     return std::move(plan_);
   }
 
@@ -108,8 +122,12 @@ class Planner {
   void ReadTaken(const Query& query) {
     BookingReader reader(store_, query);
     for (Booking booking; reader.Next(booking);) {
-      if (booking.Group) keys_in_use_.insert(static_cast<std::int64_t>(*booking.Group));
-      if (!booking.Day) continue;
+      if (booking.Group) {
+        keys_in_use_.insert(static_cast<std::int64_t>(*booking.Group));
+      }
+      if (!booking.Day) {
+        continue;
+      }
       taken_[{booking.RmID, *booking.Day}].push_back(
           {modRes::RangeOfRows(booking.Slots.First, booking.Slots.Last), booking.Event});
     }
@@ -145,7 +163,9 @@ class Planner {
 
   std::string NameFor(const ExchangedBooking& booking) {
     const std::string name = OneLine(booking.Name);
-    if (name.empty()) return modRes::kNoTitle;
+    if (name.empty()) {
+      return modRes::kNoTitle;
+    }
     const std::string cut = FirstCharacters(name, modRes::kLongestNewName);
     if (cut != name) {
       plan_.Notes.push_back(booking.Place + ": the name was cut to \"" + cut + "\".");
@@ -159,7 +179,9 @@ class Planner {
                           {"DateOfRes", *booking.Day},
                           {"TimeFrom", std::int64_t{booking.Slots.First}},
                           {"TimeTo", std::int64_t{booking.Slots.Last}}};
-    if (!series.empty()) fields.emplace_back("MultKey", static_cast<double>(KeyOf(series)));
+    if (!series.empty()) {
+      fields.emplace_back("MultKey", static_cast<double>(KeyOf(series)));
+    }
     plan_.Additions.push_back(
         {.What = RowChange::Kind::Add, .Table = "Reserv", .Fields = std::move(fields)});
     plan_.Added.push_back(words_.Of(booking));
@@ -168,10 +190,16 @@ class Planner {
   std::int64_t KeyOf(const std::string& series) {
     const bool is_key =
         series.size() == kKeyDigits && series.find_first_not_of("0123456789") == std::string::npos;
-    if (is_key) return std::stoll(series);
+    if (is_key) {
+      return std::stoll(series);
+    }
     const auto known = keys_.find(series);
-    if (known != keys_.end()) return known->second;
-    while (keys_in_use_.contains(next_key_)) ++next_key_;
+    if (known != keys_.end()) {
+      return known->second;
+    }
+    while (keys_in_use_.contains(next_key_)) {
+      ++next_key_;
+    }
     keys_in_use_.insert(next_key_);
     return keys_[series] = next_key_;
   }

@@ -14,7 +14,9 @@ std::string RelationOf(const std::string& series) {
 std::string SeriesOf(const std::string& relation) {
   const std::string start = kStart;
   const std::string end = std::string("@") + kRelationDomain;
-  if (!relation.starts_with(start) || !relation.ends_with(end)) return {};
+  if (!relation.starts_with(start) || !relation.ends_with(end)) {
+    return {};
+  }
   return relation.substr(start.size(), relation.size() - start.size() - end.size());
 }
 

@@ -107,7 +107,9 @@ class PagePainter {
   int Weeks() const {
     int last = 1;
     for (int index = 1; index <= kCells; ++index) {
-      if (page_.Days.at(static_cast<std::size_t>(index))) last = index;
+      if (page_.Days.at(static_cast<std::size_t>(index))) {
+        last = index;
+      }
     }
     return (last - 1) / kColumns + 1;
   }
@@ -166,7 +168,9 @@ class PagePainter {
     const QFont room = FontOf(page_.TextFamily, Points(kRoomSize));
     const double baseline = area_.top() + Points(kTitleSize);
     DrawText(page_.Title, title, {area_.left(), area_.right()}, baseline);
-    if (page_.Room.isEmpty()) return;
+    if (page_.Room.isEmpty()) {
+      return;
+    }
     const double taken = WidthOf(page_.Title, title) + Points(kTitleSize);
     DrawText(page_.Room, room, {area_.left() + taken, area_.right()}, baseline, Qt::AlignRight);
   }
@@ -189,7 +193,9 @@ class PagePainter {
     double longest = 0;
     qsizetype most = 1;
     for (const auto& day : page_.Days) {
-      if (!day) continue;
+      if (!day) {
+        continue;
+      }
       most = std::max(most, day->Lines.size());
       for (const QString& line : day->Lines) {
         longest = std::max(longest, metrics.horizontalAdvance(line) / kMeasuredSize);
@@ -216,7 +222,9 @@ class PagePainter {
     PaintFrame(day, cell);
     PaintNumber(day, cell);
     PaintLines(day, ListRect(cell));
-    if (day.HasMore) PaintMoreMark(day, cell);
+    if (day.HasMore) {
+      PaintMoreMark(day, cell);
+    }
   }
 
   void PaintFrame(const Day& day, const QRectF& cell) {

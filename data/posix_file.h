@@ -78,8 +78,8 @@ std::string ReadWholeFile(const std::filesystem::path& path, std::size_t most_by
 
 /// Makes a file that appears under its name whole and safe from a loss of power, or not at all; a
 /// kill can leave a file ".NAME.unfinished-XXXXXX" beside it, which the next call for that name
-/// removes. Throws PosixFileError, with EEXIST when something bears the name already, which stays as
-/// it is.
+/// removes. Throws PosixFileError, with EEXIST when something bears the name already, which stays
+/// as it is.
 void MakeWholeFile(const std::filesystem::path& path, std::string_view contents);
 
 /// Puts a file in its place in the same way: whoever looks sees the old contents, or no file where

@@ -10,8 +10,6 @@
 #include <optional>
 #include <string>
 
-#include <filesystem>
-
 #include "data/errors.h"
 #include "tests/calendar_folder.h"
 #include "tests/data/access/fixtures.h"

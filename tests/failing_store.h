@@ -6,10 +6,9 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "data/errors.h"
-#include "data/store.h"
+#include "tests/forwarding_store.h"
 
 namespace veyra {
 
@@ -70,51 +69,35 @@ class Faults {
 };
 
 /// A store of any kind whose statements fail as they are told to.
-class FailingStore : public Store {
+class FailingStore : public ForwardingStore {
  public:
   /// `faults` must outlive the store.
   FailingStore(std::unique_ptr<Store> store, Faults& faults)
-      : store_(std::move(store)), faults_(faults) {}
-
-  const std::string& FileName() const override { return store_->FileName(); }
-  std::vector<std::string> TableNames() override { return store_->TableNames(); }
-  std::vector<std::string> ColumnNames(const std::string& table) override {
-    return store_->ColumnNames(table);
-  }
-  std::size_t FittingCharacters(const std::string& table, const std::string& column,
-                                std::string_view text) override {
-    return store_->FittingCharacters(table, column, text);
-  }
-  StoreDescription Describe() override { return store_->Describe(); }
+      : ForwardingStore(std::move(store)), faults_(faults) {}
 
   std::unique_ptr<RowSource> Select(const Query& query) override {
     faults_.Begin(Statement::Select);
-    return store_->Select(query);
+    return ForwardingStore::Select(query);
   }
   Row Insert(const std::string& table, const FieldValues& fields) override {
     faults_.Begin(Statement::Insert);
-    Row row = store_->Insert(table, fields);
+    Row row = ForwardingStore::Insert(table, fields);
     faults_.End(Statement::Insert);
     return row;
   }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     faults_.Begin(Statement::Update);
-    Row row = store_->Update(table, before, fields);
+    Row row = ForwardingStore::Update(table, before, fields);
     faults_.End(Statement::Update);
     return row;
   }
   void Delete(const std::string& table, const Row& before) override {
     faults_.Begin(Statement::Delete);
-    store_->Delete(table, before);
+    ForwardingStore::Delete(table, before);
     faults_.End(Statement::Delete);
-  }
-  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
-  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    store_->AddColumn(table, column);
   }
 
  private:
-  std::unique_ptr<Store> store_;
   Faults& faults_;
 };
 

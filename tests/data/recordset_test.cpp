@@ -13,6 +13,7 @@
 #include "data/errors.h"
 #include "data/open_store.h"
 #include "data/schema.h"
+#include "tests/forwarding_store.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"
 
@@ -22,7 +23,7 @@ namespace {
 constexpr const char* kAll = "SELECT * FROM Rooms";
 
 /// A real store that counts what is asked of it.
-class CountingStore : public Store {
+class CountingStore : public ForwardingStore {
  public:
   struct Counts {
     int Selects = 0;
@@ -31,43 +32,25 @@ class CountingStore : public Store {
   };
 
   CountingStore(std::unique_ptr<Store> store, Counts& counts)
-      : store_(std::move(store)), counts_(counts) {}
+      : ForwardingStore(std::move(store)), counts_(counts) {}
 
-  const std::string& FileName() const override { return store_->FileName(); }
-  std::vector<std::string> TableNames() override { return store_->TableNames(); }
-  std::vector<std::string> ColumnNames(const std::string& table) override {
-    return store_->ColumnNames(table);
-  }
-  std::size_t FittingCharacters(const std::string& table, const std::string& column,
-                                std::string_view text) override {
-    return store_->FittingCharacters(table, column, text);
-  }
-  StoreDescription Describe() override { return store_->Describe(); }
   std::unique_ptr<RowSource> Select(const Query& query) override {
     ++counts_.Selects;
-    return store_->Select(query);
+    return ForwardingStore::Select(query);
   }
   Row Insert(const std::string& table, const FieldValues& fields) override {
     ++counts_.Inserts;
-    return store_->Insert(table, fields);
+    return ForwardingStore::Insert(table, fields);
   }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     ++counts_.Updates;
     last_update_ = fields;
-    return store_->Update(table, before, fields);
-  }
-  void Delete(const std::string& table, const Row& before) override {
-    store_->Delete(table, before);
-  }
-  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
-  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    store_->AddColumn(table, column);
+    return ForwardingStore::Update(table, before, fields);
   }
 
   const FieldValues& LastUpdate() const { return last_update_; }
 
  private:
-  std::unique_ptr<Store> store_;
   Counts& counts_;
   FieldValues last_update_;
 };

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "data/store.h"
+
+namespace veyra {
+
+/// A store that hands everything on to another: what stores for tests are made of.
+class ForwardingStore : public Store {
+ public:
+  explicit ForwardingStore(std::unique_ptr<Store> store) : store_(std::move(store)) {}
+
+  const std::string& FileName() const override { return store_->FileName(); }
+  std::vector<std::string> TableNames() override { return store_->TableNames(); }
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    return store_->ColumnNames(table);
+  }
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    return store_->FittingCharacters(table, column, text);
+  }
+  StoreDescription Describe() override { return store_->Describe(); }
+  std::unique_ptr<RowSource> Select(const Query& query) override { return store_->Select(query); }
+  Row Insert(const std::string& table, const FieldValues& fields) override {
+    return store_->Insert(table, fields);
+  }
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
+    return store_->Update(table, before, fields);
+  }
+  void Delete(const std::string& table, const Row& before) override {
+    store_->Delete(table, before);
+  }
+  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
+    store_->AddColumn(table, column);
+  }
+
+ private:
+  std::unique_ptr<Store> store_;
+};
+
+}  // namespace veyra

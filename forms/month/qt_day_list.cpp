@@ -11,6 +11,7 @@
 #include <QTextLayout>
 
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_gesture_guard.h"
 #include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
@@ -171,8 +172,9 @@ void QtDayList::contextMenuEvent(QContextMenuEvent* event) {
 void QtDayList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   if (IsEnter(key) || IsMenuKey(*event)) {
-    // Held down, it is one click still: the first may only have ended the printed layout.
     if (!event->isAutoRepeat()) {
+      // Held down, it is one click still: this one may only have ended the printed layout.
+      QtGestureGuard::EndGestures(*this);
       emit Pressed(IsEnter(key) ? MouseButton::Left : MouseButton::Right);
     }
   } else if (IsMoveKey(key) && event->modifiers().testFlag(Qt::ControlModifier)) {

@@ -44,6 +44,12 @@ int IdentityOf(const QKeyEvent& event) {
   return place != 0 ? -place : event.key();
 }
 
+/// Sent by who has done what a gesture meant.
+QEvent::Type EndOfGestures() {
+  static const int type = QEvent::registerEventType();
+  return static_cast<QEvent::Type>(type);
+}
+
 GestureGuard::DoubleClick Limits() {
   const QStyleHints& hints = *QGuiApplication::styleHints();
   return {hints.mouseDoubleClickInterval(), hints.mouseDoubleClickDistance()};
@@ -58,7 +64,16 @@ QtGestureGuard::QtGestureGuard() : focus_(new QtFocusKeeper(this)) {
 
 QtGestureGuard::~QtGestureGuard() = default;
 
+void QtGestureGuard::EndGestures(QObject& sender) {
+  QEvent end(EndOfGestures());
+  QCoreApplication::sendEvent(&sender, &end);
+}
+
 bool QtGestureGuard::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == EndOfGestures()) {
+    guard_.WindowsChanged();
+    return true;
+  }
   if (watched->isWindowType()) {
     return !MayPass(*event);
   }

@@ -25,6 +25,10 @@ class QtGestureGuard : public QObject {
   QtGestureGuard();
   ~QtGestureGuard() override;
 
+  /// What is pressed now has done what it was meant for: the rest of it is kept from all windows,
+  /// as if one of them had come or gone. Does nothing while nobody guards.
+  static void EndGestures(QObject& sender);
+
  protected:
   /// Events are judged as they come from the screen, before any control sees them.
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "forms/month/qt_day_list.h"
+#include "forms/widgets/qt_gesture_guard.h"
 
 namespace veyra {
 namespace {
@@ -53,6 +54,17 @@ TEST_F(DayListGestures, AKeyHeldDownIsOneClick) {
     QTest::keyRelease(&list_, key);
   }
   EXPECT_EQ("left right ", log_);
+}
+
+/// The platform does not always know that a press is a repeat.
+TEST_F(DayListGestures, SoItIsWhenItsRepeatsLookLikePresses) {
+  const QtGestureGuard guard;
+  list_.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&list_));
+  for (int repeat = 0; repeat < 5; ++repeat) {
+    QTest::keyClick(list_.windowHandle(), Qt::Key_Return);
+  }
+  EXPECT_EQ("left ", log_);
 }
 
 TEST_F(DayListGestures, AListThatItsOwnPressHidesSurvives) {

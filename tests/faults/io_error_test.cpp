@@ -39,12 +39,6 @@ const std::vector<Kind> kKinds{
 /// Lets every call on a file fail in turn, from the start to the end of an action.
 class IoErrorTest : public testing::TestWithParam<Case> {
  protected:
-  void SetUp() override {
-    if (IsForLater(std::get<StoreKind>(GetParam()) == StoreKind::Access)) {
-      GTEST_SKIP();
-    }
-  }
-
   const Action& Done() const { return std::get<Action>(GetParam()); }
 
   Outcome RunIn(const TempFolder& folder, std::optional<Failure> failure) const {
@@ -58,7 +52,7 @@ class IoErrorTest : public testing::TestWithParam<Case> {
     const Outcome outcome = RunIn(folder, failure);
     EXPECT_EQ("", judge_.FaultOf(outcome, folder.path().string()))
         << name << ", call " << failure.Number << "; " << outcome.Saved
-        << " changes saved; reported: " << outcome.Error;
+        << " changes saved; reported: " << outcome.Error << "\nLast box: " << outcome.LastBox;
     ++tried_;
   }
 

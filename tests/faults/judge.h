@@ -29,6 +29,7 @@ class Judge {
 
  private:
   std::string FaultOfReports(const Outcome& outcome) const;
+  std::size_t ReportedAsSaved(const Outcome& outcome) const;
   std::string FaultOfRows(const std::string& found, std::size_t saved,
                           bool may_have_one_more) const;
   std::string FaultOfStart(const std::string& folder) const;

@@ -91,11 +91,6 @@ std::string NameOfCase(const testing::TestParamInfo<Case>& info);
 /// `whole` when every fault is to be tried, else `part`: VEYRA_FAULTS=whole tells.
 int Tries(int part, int whole);
 
-/// Whether a test is left out of the part: it takes a fault that the program does not stand yet.
-inline bool IsForLater(bool not_yet_stood) {
-  return not_yet_stood && Tries(0, 1) == 0;
-}
-
 /// The files of a folder in which the calendar stands ready for the action, closed.
 class ReadyFolder {
  public:

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "data/journal.h"
 
 namespace veyra {
 
@@ -83,6 +84,7 @@ bool SaveColorSettings(Connection& res_con, const ColorSettings& chosen, ColorSe
   if (rows->IsEmpty()) {
     return false;
   }
+  const JournalledAction journalled(res_con, "Colors saved");
   rows->SetField("BkGrnd", chosen.BkGrnd);
   rows->SetField("HeaderTxt", chosen.HeaderTxt);
   rows->SetField("DaysTxtColor", chosen.DaysTxtColor);

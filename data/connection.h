@@ -53,6 +53,10 @@ class Connection {
     return store_->InsertAll(table, rows);
   }
 
+  /// See Store; to be called by JournalledAction.
+  void BeginAction(const std::string& name) { store_->BeginAction(name); }
+  void EndAction() { store_->EndAction(); }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {

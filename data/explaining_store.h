@@ -36,6 +36,8 @@ class ExplainingStore : public Store {
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
+  void BeginAction(const std::string& name) override { store_->BeginAction(name); }
+  void EndAction() override { store_->EndAction(); }
   MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const override;
 
  private:

@@ -42,6 +42,14 @@ class FileStore : public Store {
   /// What is wrong with the file's own structure, one sentence each, whatever its tables mean;
   /// nothing when it is sound. Reads the whole file.
   virtual std::vector<std::string> Verify() = 0;
+
+  /// Whether changes are entered in the journal (data/journal.h), those of other programs too where
+  /// the kind of file can do that.
+  virtual bool KeepsJournal() = 0;
+
+  /// Begins or ends that; what the journal holds stays. Throws DatabaseError when a table of
+  /// another program bears the journal's name.
+  virtual void KeepJournal(bool keep) = 0;
 };
 
 }  // namespace veyra

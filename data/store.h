@@ -129,6 +129,12 @@ class Store {
   /// when one of that name is there.
   virtual void AddColumn(const std::string& table, const ColumnDefinition& column) = 0;
 
+  /// What is changed from now on until EndAction is one action of that name in the journal
+  /// (data/journal.h), where the file keeps one. Within another action it counts as a part of that.
+  /// To be called by JournalledAction.
+  virtual void BeginAction(const std::string&) {}
+  virtual void EndAction() {}
+
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 

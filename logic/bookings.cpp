@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "data/journal.h"
 #include "logic/name_length.h"
 #include "logic/row_action.h"
 #include "logic/stored_row.h"
@@ -98,6 +99,7 @@ std::string MadeText(std::size_t count) {
 }
 
 Made BookDay(Session& session, const std::string& name, ShownGrid grid) {
+  const JournalledAction journalled(*session.ResCon, "New booking");
   const Rows bookings = session.ResCon->Open(kAllBookings, CursorType::StaticOptimistic);
   AddRow(*bookings, FieldsOn(session, session.DayDate, name, Null{}));
   grid.Write(session.SelFirstSlot, session.SelLastSlot, name);
@@ -106,6 +108,7 @@ Made BookDay(Session& session, const std::string& name, ShownGrid grid) {
 
 Made BookPlan(Session& session, const std::string& name, const MultiDayPlan& plan,
               const Clock& clock, Dialogs& dialogs) {
+  const JournalledAction journalled(*session.ResCon, "New series");
   const double group_key = GroupKey(clock.Now());
   BookDates action(session, name, PlannedDates(RangeOfPlan(plan, clock.Today())), group_key);
   const RowActionResult result = CarryOut(action, kWords, dialogs);

@@ -1,6 +1,7 @@
 #include "logic/delete_bookings.h"
 
 #include "data/connection.h"
+#include "data/journal.h"
 #include "logic/booking_report.h"
 #include "logic/delete_rows.h"
 #include "logic/picked_booking.h"
@@ -25,6 +26,7 @@ Message GroupQuestion() {
 }
 
 BookingChange DeleteGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
+  const JournalledAction journalled(*session.ResCon, "Series deleted");
   DeleteRows action(session, FindGroup(session, group_key));
   const RowActionResult result = CarryOut(action, kWords, dialogs);
   const std::string text = std::to_string(result.Done) + " Bookings Deleted.";
@@ -41,6 +43,7 @@ BookingChange DeletePicked(Session& session, Dialogs& dialogs) {
     picked->Close();
     return DeleteGroup(session, group_key, dialogs);
   }
+  const JournalledAction journalled(*session.ResCon, "Booking deleted");
   picked->Delete();
   return {"Booking Deleted.", true, false};
 }

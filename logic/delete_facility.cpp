@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/connection.h"
+#include "data/journal.h"
 #include "logic/delete_rows.h"
 #include "logic/facilities.h"
 #include "logic/row_action.h"
@@ -84,6 +85,11 @@ class DeleteWithBookings : public RowAction {
   FieldValues room_;
 };
 
+RowActionResult CarryOutJournalled(Session& session, RowAction& action, Dialogs& dialogs) {
+  const JournalledAction journalled(*session.ResCon, "Facility deleted");
+  return CarryOut(action, kWords, dialogs);
+}
+
 void RemoveCurrentEntry(NameBox& Combo1) {
   const auto entry = std::find(Combo1.Items.begin(), Combo1.Items.end(), Combo1.Text);
   if (entry != Combo1.Items.end()) {
@@ -95,7 +101,7 @@ void RemoveCurrentEntry(NameBox& Combo1) {
 
 void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs) {
   DeleteWithBookings action(session);
-  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  const RowActionResult result = CarryOutJournalled(session, action, dialogs);
   if (!action.IsDone(action.Count() - 1)) {
     const std::string text = std::to_string(result.Done) + " Bookings Deleted.";
     dialogs.MsgBox({.Text = ResultText(result, kWords, text), .Sign = Icon::Exclamation});

@@ -1,5 +1,7 @@
 #include "logic/facilities.h"
 
+#include "data/journal.h"
+
 namespace veyra::modRes {
 namespace {
 
@@ -38,6 +40,7 @@ void LoadFacilities(Session& session, NameBox& Combo1) {
 }
 
 void SelectFacility(Session& session, const std::string& FacilityName) {
+  const JournalledAction journalled(*session.ResCon, "Facility picked");
   const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
   std::int64_t selected_id = session.CurRmID;
   for (; !rooms->AtEnd(); rooms->MoveNext()) {
@@ -59,6 +62,7 @@ void ShowCurrentFacility(Session& session, NameBox& Combo1) {
 
 void AddFacility(Session& session, NameBox& Combo1) {
   const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  const JournalledAction journalled(*session.ResCon, "New facility");
   rooms->AddNew();
   rooms->SetField("Name", Combo1.Text);
   SetActive(*rooms, true);
@@ -73,6 +77,7 @@ void SelectFirstFacility(Session& session, NameBox& Combo1, std::string& lblRoom
     Combo1.Text.clear();
     return;
   }
+  const JournalledAction journalled(*session.ResCon, "Facility picked");
   SetActive(*rooms, true);
   rooms->Update();
   session.CurRmID = IdOf(*rooms);

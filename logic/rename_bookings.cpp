@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "data/journal.h"
 #include "data/text.h"
 #include "logic/booking_report.h"
 #include "logic/name_length.h"
@@ -99,6 +100,7 @@ Message GroupQuestion() {
 BookingChange RenameGroup(Session& session, const Value& group_key, const std::string& name,
                           Dialogs& dialogs) {
   RequireBookingNameFits(session, name);
+  const JournalledAction journalled(*session.ResCon, "Series renamed");
   RenameRows action(session, FindGroup(session, group_key), name);
   const RowActionResult result = CarryOut(action, kWords, dialogs);
   const std::string text = std::to_string(result.Done) + " Bookings Name Changed.";
@@ -129,6 +131,7 @@ BookingChange RenamePicked(Session& session, std::string& name, Dialogs& dialogs
   // Only a single booking's name is cut; a group keeps the name as typed. This is meant.
   CutNewName(name, dialogs);
   RequireBookingNameFits(session, name);
+  const JournalledAction journalled(*session.ResCon, "Booking renamed");
   picked->SetField("Event", name);
   picked->Update();
   return {"Booking Name Changed.", true, false};

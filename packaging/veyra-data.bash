@@ -6,6 +6,9 @@ _veyra_data_options() {
     convert) echo "--to" ;;
     list) echo "--on --week --month --from --to --facility --guest --free --json" ;;
     check) echo "--mend --yes --json" ;;
+    history) echo "--facility --on --from --to --guest --since --until --last --full --json" ;;
+    undo | restore) echo "--yes" ;;
+    journal) echo "--keep" ;;
     export) echo "--facility --from --to --format --replace" ;;
     import) echo "--facility --from --to --format --skip-clashes --dry-run --json" ;;
     backup) echo "--rolling --once" ;;
@@ -14,7 +17,8 @@ _veyra_data_options() {
 
 _veyra_data() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-  local commands="new convert compact show list check export import backup restore-backup"
+  local commands="new convert compact show list check history undo restore journal"
+  commands+=" export import backup restore-backup"
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current")
@@ -31,7 +35,11 @@ _veyra_data() {
       mapfile -t COMPREPLY < <(compgen -W "ics csv" -- "$current")
       return
       ;;
-    --on | --from | --facility | --guest | --free) return ;;
+    --on | --from | --facility | --guest | --free | --since | --until | --last | --keep) return ;;
+    journal)
+      mapfile -t COMPREPLY < <(compgen -W "on off status" -- "$current")
+      return
+      ;;
   esac
   if [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(

@@ -40,6 +40,8 @@ class ForwardingStore : public Store {
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
     store_->AddColumn(table, column);
   }
+  void BeginAction(const std::string& name) override { store_->BeginAction(name); }
+  void EndAction() override { store_->EndAction(); }
 
  private:
   std::unique_ptr<Store> store_;

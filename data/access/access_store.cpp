@@ -16,12 +16,14 @@
 #include "data/access/read/snapshot.h"
 #include "data/access/read/table_rows.h"
 #include "data/access/write/change_words.h"
+#include "data/access/write/journal_writer.h"
 #include "data/access/write/row_changes.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
 #include "data/file_store.h"
 #include "data/file_watch.h"
+#include "data/names.h"
 #include "data/same_rows.h"
 #include "data/store_errors.h"
 
@@ -113,11 +115,13 @@ class AccessStore : public FileStore {
       RecoverUnderLock();
       snapshot_.Tables();
       access::PageChanges changes(file_);
+      journal_.BeginCommit();
       auto result = work(changes);
       const access::PageImages pages = changes.Images();
       if (!pages.empty()) {
         snapshot_.ForgetTables();
         Commit(pages, what);
+        journal_.EndCommit();
       }
       return result;
     });
@@ -201,7 +205,9 @@ class AccessStore : public FileStore {
   Row Insert(const std::string& table, const FieldValues& fields) override {
     const std::string what = access::WordsForInsert(table, fields);
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      return access::InsertRow(changes, writer, fields);
+      Row row = access::InsertRow(changes, writer, fields);
+      Enter(changes, table, nullptr, &row);
+      return row;
     });
   }
 
@@ -209,7 +215,11 @@ class AccessStore : public FileStore {
                              const std::vector<FieldValues>& rows) override {
     const std::string what = access::WordsForInsertAll(table, rows);
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      return access::InsertRows(changes, writer, rows);
+      std::vector<Row> added = access::InsertRows(changes, writer, rows);
+      for (const Row& row : added) {
+        Enter(changes, table, nullptr, &row);
+      }
+      return added;
     });
   }
 
@@ -217,7 +227,9 @@ class AccessStore : public FileStore {
     std::string what;
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForUpdate(table, writer.Layout(), before);
-      return access::UpdateRow(changes, writer, before, fields);
+      Row row = access::UpdateRow(changes, writer, before, fields);
+      Enter(changes, table, &before, &row);
+      return row;
     });
   }
 
@@ -226,6 +238,7 @@ class AccessStore : public FileStore {
     WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForDelete(table, writer.Layout(), before);
       access::DeleteRow(changes, writer, before);
+      Enter(changes, table, &before, nullptr);
       return 0;
     });
   }
@@ -265,6 +278,32 @@ class AccessStore : public FileStore {
     });
   }
 
+  bool KeepsJournal() override {
+    return Reading({}, [&] { return access::JournalWriter::IsKept(file_, snapshot_); });
+  }
+
+  void KeepJournal(bool keep) override {
+    const std::vector<std::string> tables = TableNames();
+    if (keep && !FindName(tables, kJournalTable)) {
+      CreateTable(JournalTable());
+    }
+    if (!FindName(tables, access::kJournalSwitch)) {
+      if (keep) {
+        CreateTable(access::JournalSwitchTable());
+      }
+      return;
+    }
+    Query query;
+    query.Table = access::kJournalSwitch;
+    Row row;
+    if (Select(query)->Next(row)) {
+      Update(query.Table, row, {{"Kept", std::int64_t{keep ? 1 : 0}}});
+    }
+  }
+
+  void BeginAction(const std::string& name) override { journal_.action().Begin(name); }
+  void EndAction() override { journal_.action().End(); }
+
   std::vector<std::string> Verify() override {
     return Reading({}, [&] { return access::CheckFile(file_); });
   }
@@ -286,15 +325,26 @@ class AccessStore : public FileStore {
     access::TableWriter writer(pages, snapshot_.DefinitionOf(change.Table));
     access::CheckMayWrite(writer.Layout());
     switch (change.What) {
-      case RowChange::Kind::Add:
-        access::InsertRow(pages, writer, change.Fields);
-        return;
-      case RowChange::Kind::Set:
-        access::UpdateRow(pages, writer, change.Before, change.Fields);
-        return;
+      case RowChange::Kind::Add: {
+        const Row row = access::InsertRow(pages, writer, change.Fields);
+        return Enter(pages, change.Table, nullptr, &row);
+      }
+      case RowChange::Kind::Set: {
+        const Row row = access::UpdateRow(pages, writer, change.Before, change.Fields);
+        return Enter(pages, change.Table, &change.Before, &row);
+      }
       case RowChange::Kind::Remove:
         access::DeleteRow(pages, writer, change.Before);
-        return;
+        return Enter(pages, change.Table, &change.Before, nullptr);
+    }
+  }
+
+  /// Either row may be missing.
+  void Enter(access::PageChanges& pages, const std::string& table, const Row* before,
+             const Row* after) {
+    if (before == nullptr || after == nullptr || before->Values != after->Values) {
+      journal_.Enter(pages, file_, snapshot_, table, before == nullptr ? nullptr : &before->Values,
+                     after == nullptr ? nullptr : &after->Values);
     }
   }
 
@@ -404,6 +454,7 @@ class AccessStore : public FileStore {
   FileWatch watch_;
   access::PageFile file_;
   access::Snapshot snapshot_;
+  access::JournalWriter journal_;
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::optional<FileLock> use_;
   bool shows_broken_change_ = false;

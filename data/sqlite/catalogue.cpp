@@ -42,6 +42,17 @@ const Table& Catalogue::Find(const std::string& name) {
   return tables_.emplace(name, Read(name)).first->second;
 }
 
+bool Catalogue::KeepsJournal() {
+  HasChanged();
+  if (!keeps_journal_) {
+    const auto triggers = statements_.Take(
+        "SELECT 1 FROM sqlite_schema WHERE type = 'trigger'"
+        " AND name LIKE 'ChangeJournal@_%' ESCAPE '@'");
+    keeps_journal_ = triggers->Step();
+  }
+  return *keeps_journal_;
+}
+
 bool Catalogue::HasChanged() {
   // To ask for the schema's version takes a lock on the file. What SQLite noticed of changes when
   // it last read the file costs nothing.
@@ -51,6 +62,7 @@ bool Catalogue::HasChanged() {
   file_version_ = database_.Version();
   if (version == schema_version_) return false;
   tables_.clear();
+  keeps_journal_.reset();
   schema_version_ = version;
   return true;
 }

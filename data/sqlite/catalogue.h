@@ -33,6 +33,9 @@ class Catalogue {
   /// a member. Throws DatabaseError when there is none.
   const Table& Find(const std::string& name);
 
+  /// Whether triggers enter changes in the journal.
+  bool KeepsJournal();
+
   /// Whether the schema was changed since the last call of a member; then what was found before
   /// counts for nothing.
   bool HasChanged();
@@ -45,6 +48,7 @@ class Catalogue {
   std::optional<unsigned> file_version_;
   std::int64_t schema_version_ = -1;
   std::unordered_map<std::string, Table> tables_;
+  std::optional<bool> keeps_journal_;
 };
 
 }  // namespace veyra::sqlite

@@ -125,6 +125,13 @@ class ReadOnlyStore : public FileStore {
     return problems;
   }
 
+  bool KeepsJournal() override {
+    bool keeps = false;
+    Ask([&](const auto& reading) { keeps = reading->reader().catalogue().KeepsJournal(); });
+    return keeps;
+  }
+
+  void KeepJournal(bool) override { Refuse(); }
   Row Insert(const std::string&, const FieldValues&) override { Refuse(); }
   Row Update(const std::string&, const Row&, const FieldValues&) override { Refuse(); }
   void Delete(const std::string&, const Row&) override { Refuse(); }

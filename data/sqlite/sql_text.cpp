@@ -150,6 +150,10 @@ std::string Quoted(std::string_view name) {
   return Enclosed(name, '"');
 }
 
+std::string TextLiteral(std::string_view text) {
+  return Enclosed(text, '\'');
+}
+
 BoundSql SelectSql(const std::string& file, const Table& table, const Query& query) {
   return SelectWriter(file, table).Write(query);
 }

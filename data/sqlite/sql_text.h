@@ -19,6 +19,9 @@ struct BoundSql {
 /// A name in quotes, whatever is in it.
 std::string Quoted(std::string_view name);
 
+/// A text in quotes, as SQL writes it.
+std::string TextLiteral(std::string_view text);
+
 /// The rows of a query: the row's number (null when rows have none), then the table's columns.
 /// Throws DatabaseError when the query names a column that the table lacks.
 BoundSql SelectSql(const std::string& file, const Table& table, const Query& query);

@@ -15,6 +15,7 @@
 #include "data/sqlite/copy.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/file_keeper.h"
+#include "data/sqlite/journal_keeper.h"
 #include "data/sqlite/left_log.h"
 #include "data/sqlite/reader.h"
 #include "data/sqlite/sql_text.h"
@@ -108,6 +109,10 @@ class SqliteStore : public FileStore {
     CopyDatabase(Watched().database(), new_file);
   }
   std::vector<std::string> Verify() override { return sqlite::Verify(Watched()); }
+  bool KeepsJournal() override { return Watched().catalogue().KeepsJournal(); }
+  void KeepJournal(bool keep) override;
+  void BeginAction(const std::string& name) override { journal_.action().Begin(name); }
+  void EndAction() override { journal_.action().End(); }
 
  private:
   /// The reader, once it is sure that it reads the file that is meant.
@@ -126,7 +131,16 @@ class SqliteStore : public FileStore {
 
   using Look = std::function<bool()>;
 
-  void Commit(Transaction& transaction, const Look& is_made);
+  /// A change, and what the journal had before it.
+  struct Change {
+    explicit Change(SqliteStore& store)
+        : Work(store.ForChange()), LastEntry(store.journal_.LastEntry()) {}
+
+    Transaction Work;
+    std::optional<std::int64_t> LastEntry;
+  };
+
+  void Commit(Change& change, const Look& is_made);
   bool IsMadeAfterAll(const DatabaseError& failure, const Look& is_made);
 
   const Table& FindForWriting(const std::string& name);
@@ -143,6 +157,7 @@ class SqliteStore : public FileStore {
   std::unique_ptr<FileKeeper> keeper_;    ///< Goes when the file is closed.
   std::unique_ptr<NoteRemover> remover_;  ///< Likewise.
   Reader reader_;
+  JournalKeeper journal_{reader_};
   FileWatch watch_;
   std::optional<Report> notice_;
 };
@@ -177,13 +192,17 @@ bool SqliteStore::ReadRow(const Table& table, RowKey key, Row& row) {
 }
 
 /// Makes the change; `is_made` looks whether it is.
-void SqliteStore::Commit(Transaction& transaction, const Look& is_made) {
+void SqliteStore::Commit(Change& change, const Look& is_made) {
+  const auto number = journal_.NameEntries(change.LastEntry);
   try {
-    transaction.Commit();
+    change.Work.Commit();
   } catch (const DatabaseBusyError&) {
     throw;
   } catch (const DatabaseError& failure) {
     if (!IsMadeAfterAll(failure, is_made)) throw;
+  }
+  if (number) {
+    journal_.action().SetNumber(*number);
   }
   if (keeper_) keeper_->AfterChange(reader_.database());
 }
@@ -247,27 +266,27 @@ void SqliteStore::RemoveRow(const Table& table, const Row& before) {
 }
 
 Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
-  Transaction transaction(ForChange());
+  Change change(*this);
   const Table& table = FindForWriting(table_name);
   InsertRow(table, fields);
   Row row = ReadNewRow(table);
-  Commit(transaction, [&] { return IsStored(table_name, row); });
+  Commit(change, [&] { return IsStored(table_name, row); });
   return row;
 }
 
 Row SqliteStore::Update(const std::string& table_name, const Row& before,
                         const FieldValues& fields) {
-  Transaction transaction(ForChange());
+  Change change(*this);
   Row after = ChangeRow(FindForWriting(table_name), before, fields);
   if (fields.empty()) return after;
-  Commit(transaction, [&] { return IsStored(table_name, after); });
+  Commit(change, [&] { return IsStored(table_name, after); });
   return after;
 }
 
 void SqliteStore::Delete(const std::string& table_name, const Row& before) {
-  Transaction transaction(ForChange());
+  Change change(*this);
   RemoveRow(FindForWriting(table_name), before);
-  Commit(transaction, [&] { return !IsStored(table_name, before); });
+  Commit(change, [&] { return !IsStored(table_name, before); });
 }
 
 /// Returns what looks whether the change is made.
@@ -289,21 +308,21 @@ SqliteStore::Look SqliteStore::Make(const RowChange& change) {
 
 void SqliteStore::ChangeAll(const std::vector<RowChange>& changes,
                             const std::vector<QueryResult>& seen) {
-  Transaction transaction(ForChange());
+  Change change(*this);
   for (const QueryResult& result : seen) {
     if (!GivesTheSame(*reader_.Select(result.Asked), result.Rows)) {
       throw RowsChanged(FileName(), result.Asked.Table);
     }
   }
   Look is_made = [] { return true; };
-  for (const RowChange& change : changes) {
-    is_made = Make(change);
+  for (const RowChange& each : changes) {
+    is_made = Make(each);
   }
-  Commit(transaction, is_made);
+  Commit(change, is_made);
 }
 
 void SqliteStore::CreateTable(const TableDefinition& definition) {
-  Transaction transaction(ForChange());
+  Change change(*this);
   if (FindName(TableNames(), definition.Name)) throw TableExists(FileName(), definition.Name);
   reader_.database().Execute(CreateTableSql(definition));
   for (const IndexDefinition& index : definition.Indexes) {
@@ -312,12 +331,13 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
   for (const FieldValues& fields : definition.FirstRows) {
     InsertRow(NewTable(definition), fields);
   }
-  Commit(transaction, [&] { return FindName(TableNames(), definition.Name).has_value(); });
+  journal_.TableWasMade(NewTable(definition));
+  Commit(change, [&] { return FindName(TableNames(), definition.Name).has_value(); });
 }
 
 void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinition& column) {
-  Transaction transaction(ForChange());
-  const Table& table = reader_.catalogue().Find(table_name);
+  Change change(*this);
+  Table table = reader_.catalogue().Find(table_name);
   if (FindName(table.Columns, column.Name)) {
     throw ColumnExists(FileName(), table.Name, column.Name);
   }
@@ -325,7 +345,20 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
   if (column.Copied) {
     Run(CopyFieldSql(table, column.Name, *column.Copied), {column.Copied->Row});
   }
-  Commit(transaction, [&] { return FindName(ColumnNames(table_name), column.Name).has_value(); });
+  table.Columns.push_back(column.Name);
+  table.Computed.push_back(false);
+  journal_.TableWasMade(table);
+  Commit(change, [&] { return FindName(ColumnNames(table_name), column.Name).has_value(); });
+}
+
+void SqliteStore::KeepJournal(bool keep) {
+  Change change(*this);
+  if (keep) {
+    journal_.Begin();
+  } else {
+    journal_.End();
+  }
+  Commit(change, [&] { return KeepsJournal() == keep; });
 }
 
 /// Makes what was saved survive a loss of power. A file system that cannot serve a write-ahead log,

@@ -9,6 +9,7 @@
 #include "data/file_name.h"
 #include "data/open_file_store.h"
 #include "tools/care/keep_copy.h"
+#include "tools/care/prune_journal.h"
 #include "tools/care/rolling_backups.h"
 #include "tools/companion/data_folder.h"
 #include "tools/plain_text.h"
@@ -65,6 +66,10 @@ ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings,
   fs::create_directory(backups, failure);
   MakeCheckedCopy(*store, copy, true);
   const std::size_t dropped = DropOld(backups);
+  const Date oldest = AddDays(surroundings.Now.Day, -kJournalDays);
+  if (HasEntriesBefore(*store, oldest)) {
+    PruneJournal(*OpenFileStore(store->FileName(), StoreAccess::ReadWrite), oldest);
+  }
   out << "Made and checked " << OneLine(copy.string()) << "; " << dropped
       << " old copies removed.\n";
   return ExitStatus::Fine;

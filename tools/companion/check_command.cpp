@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "data/file_name.h"
+#include "data/journal.h"
 #include "data/names.h"
 #include "data/open_file_store.h"
 #include "tools/care/check_bookings.h"
@@ -118,6 +119,7 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
     return ExitStatus::Found;
   }
   const fs::path kept = KeepCopy(store, today);
+  const JournalledAction journalled(store, "check --mend");
   store.ChangeAll(MendingOf(findings), {});
   for (const Finding& finding : findings) {
     if (!finding.Mending.empty()) streams.Err << finding.Mended << '\n';

@@ -7,6 +7,7 @@
 
 #include "data/errors.h"
 #include "data/file_name.h"
+#include "data/journal.h"
 #include "data/open_file_store.h"
 #include "data/text.h"
 #include "tools/companion/data_folder.h"
@@ -83,6 +84,8 @@ ImportPlan PlanAndWrite(FileStore& store, const Exchanged& exchanged, const Opti
     is_written = MayWrite(plan, options);
     if (!is_written) return plan;
     try {
+      const JournalledAction journalled(
+          store, "Import of " + NativePath(options.File).filename().string());
       store.ChangeAll(plan.Additions, plan.Seen);
       return plan;
     } catch (const RowChangedError&) {

@@ -10,6 +10,7 @@
 #include "data/connection.h"
 #include "data/create_store.h"
 #include "data/errors.h"
+#include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tools/companion/folder_argument.h"
 #include "tools/plain_text.h"
@@ -55,6 +56,11 @@ Connection NewDatabase(const fs::path& file, FileKind kind,
   return connection;
 }
 
+/// From now on: how a calendar is made is not in its journal.
+void BeginJournal(const fs::path& file) {
+  OpenFileStore(file.string(), StoreAccess::Alone)->KeepJournal(true);
+}
+
 /// Adds the facilities and returns their ID, in the same order.
 std::vector<Value> AddFacilities(Connection& calendar, const SampleData& sample) {
   std::vector<Value> ids;
@@ -95,9 +101,14 @@ void AddGuests(Connection& guest_database, const SampleData& sample) {
   }
 }
 
-void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& sample) {
-  Connection calendar = NewDatabase(folder / kCalendarFile, kind, {RoomsTable(), ReservTable()});
+void MakeCalendar(const fs::path& file, FileKind kind, const SampleData& sample) {
+  Connection calendar = NewDatabase(file, kind, {RoomsTable(), ReservTable()});
   AddBookings(calendar, sample, AddFacilities(calendar, sample));
+}
+
+void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& sample) {
+  MakeCalendar(folder / kCalendarFile, kind, sample);
+  BeginJournal(folder / kCalendarFile);
   Connection guest_database = NewDatabase(folder / kGuestFile, kind, {GuestTable()});
   AddGuests(guest_database, sample);
 }

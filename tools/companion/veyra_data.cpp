@@ -12,11 +12,14 @@
 #include "tools/companion/compact_command.h"
 #include "tools/companion/convert_command.h"
 #include "tools/companion/export_command.h"
+#include "tools/companion/history_command.h"
 #include "tools/companion/import_command.h"
+#include "tools/companion/journal_command.h"
 #include "tools/companion/list_command.h"
 #include "tools/companion/new_command.h"
 #include "tools/companion/restore_command.h"
 #include "tools/companion/show_command.h"
+#include "tools/companion/undo_command.h"
 #include "tools/exchange/load_ical.h"
 #include "tools/progress_lines.h"
 
@@ -46,6 +49,10 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
           veyra::ShowCommand(),
           veyra::ListCommand(here),
           veyra::CheckCommand(here),
+          veyra::HistoryCommand(here),
+          veyra::UndoCommand(here),
+          veyra::RestoreCommand(here),
+          veyra::JournalCommand(here),
           veyra::ExportCommand(here, UtcNow(), ical),
           veyra::ImportCommand(here, ical),
           veyra::BackupCommand(here),

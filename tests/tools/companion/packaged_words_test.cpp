@@ -58,11 +58,12 @@ class PackagedWordsTest : public testing::Test {
 };
 
 TEST_F(PackagedWordsTest, EveryCommandIsCompleted) {
-  ASSERT_LE(9U, Commands().size());
+  ASSERT_LE(13U, Commands().size());
   for (const std::string& command : Commands()) {
     EXPECT_TRUE(Has(Offered({""}), command)) << command;
   }
-  EXPECT_EQ(" restore-backup \n", Offered({"rest"}));
+  EXPECT_EQ(" restore-backup \n", Offered({"restore-"}));
+  EXPECT_EQ(" restore restore-backup \n", Offered({"rest"}));
 }
 
 TEST_F(PackagedWordsTest, EveryOptionIsCompleted) {
@@ -71,6 +72,7 @@ TEST_F(PackagedWordsTest, EveryOptionIsCompleted) {
       EXPECT_TRUE(Has(Offered({command, "--"}), option)) << command << ' ' << option;
     }
   }
+  EXPECT_EQ(" on off status \n", Offered({"journal", ""}));
 }
 
 TEST_F(PackagedWordsTest, TheManualPageNamesEveryCommandAndOption) {

@@ -1,0 +1,98 @@
+#include "data/access/write/journal_writer.h"
+
+#include "data/access/read/table_rows.h"
+#include "data/access/write/row_changes.h"
+#include "data/access/write/table_writer.h"
+#include "data/names.h"
+
+namespace veyra::access {
+
+namespace {
+
+bool HasTable(Snapshot& snapshot, const char* name) {
+  for (const CatalogueEntry& entry : snapshot.Tables()) {
+    if (SameName(entry.Name, name)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+Value TextOf(const std::vector<std::string>& columns, const std::vector<Value>* values) {
+  return values == nullptr ? Value(Null{}) : Value(JournalText(columns, *values));
+}
+
+std::vector<std::string> ColumnsOf(PageChanges& pages, Snapshot& snapshot,
+                                   const std::string& table) {
+  const TableWriter writer(pages, snapshot.DefinitionOf(table));
+  std::vector<std::string> names;
+  for (const ColumnLayout& column : writer.Layout().Columns) {
+    names.push_back(column.Name);
+  }
+  return names;
+}
+
+}  // namespace
+
+TableDefinition JournalSwitchTable() {
+  return {.Name = kJournalSwitch,
+          .Columns = {{.Name = "Kept", .Type = ColumnType::WholeNumber}},
+          .Indexes = {},
+          .FirstRows = {{{"Kept", std::int64_t{1}}}}};
+}
+
+bool JournalWriter::IsKept(PageSource& file, Snapshot& snapshot) {
+  if (!HasTable(snapshot, kJournalSwitch) || !HasTable(snapshot, kJournalTable)) {
+    return false;
+  }
+  Query query;
+  query.Table = kJournalSwitch;
+  TableRows rows(file, snapshot.Table(kJournalSwitch), query);
+  Row row;
+  return rows.Next(row) && !row.Values.empty() && ToInteger(row.Values.front()) == 1;
+}
+
+void JournalWriter::BeginCommit() {
+  number_.reset();
+  is_kept_.reset();
+  time_.clear();
+}
+
+void JournalWriter::EndCommit() {
+  if (number_) {
+    action_.SetNumber(*number_);
+  }
+}
+
+void JournalWriter::Enter(PageChanges& pages, PageSource& file, Snapshot& snapshot,
+                          const std::string& table, const std::vector<Value>* before,
+                          const std::vector<Value>* after) {
+  if (!IsJournalled(table)) {
+    return;
+  }
+  if (!is_kept_) {
+    is_kept_ = IsKept(file, snapshot);
+    time_ = JournalTime();
+  }
+  if (!*is_kept_) {
+    return;
+  }
+  const std::vector<std::string> columns = ColumnsOf(pages, snapshot, table);
+  FieldValues fields{{"ChangedAt", time_},
+                     {"TableName", table},
+                     {"OldValues", TextOf(columns, before)},
+                     {"NewValues", TextOf(columns, after)}};
+  const auto number = number_ ? number_ : action_.Number();
+  if (action_.IsNamed()) {
+    fields.emplace_back("ActionName", action_.Name());
+    fields.emplace_back("ActionID", number ? Value(*number) : Value(Null{}));
+  }
+  TableWriter journal(pages, snapshot.DefinitionOf(kJournalTable));
+  const Row entry = InsertRow(pages, journal, fields);
+  if (action_.IsNamed() && !number) {
+    number_ = ToInteger(entry.Values.front());
+    UpdateRow(pages, journal, entry, {{"ActionID", *number_}});
+  }
+}
+
+}  // namespace veyra::access

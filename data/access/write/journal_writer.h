@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/access/pages/page_changes.h"
+#include "data/access/read/snapshot.h"
+#include "data/file_store.h"
+#include "data/journal.h"
+
+namespace veyra::access {
+
+/// Says in its one row, in its one column, whether the journal is kept (1) or not (0).
+inline constexpr const char* kJournalSwitch = "ChangeJournalSwitch";
+
+/// Keeps the journal of an Access file, in which nobody but this program enters anything: each
+/// change that is made here, in the same pages. Throws as InsertRow does.
+class JournalWriter {
+ public:
+  CurrentAction& action() { return action_; }
+
+  /// Whether the journal is kept, by what the file holds now.
+  static bool IsKept(PageSource& file, Snapshot& snapshot);
+
+  /// To be called before the changes of each commit, and when it is done.
+  void BeginCommit();
+  void EndCommit();
+
+  /// Enters a row that was added, changed or deleted, if the journal is kept.
+  void Enter(PageChanges& pages, PageSource& file, Snapshot& snapshot, const std::string& table,
+             const std::vector<Value>* before, const std::vector<Value>* after);
+
+ private:
+  CurrentAction action_;
+  std::optional<std::int64_t> number_;  ///< What the action's will be.
+  std::optional<bool> is_kept_;         ///< As this commit found it.
+  std::string time_;
+};
+
+/// The table of the switch, as it is made: on.
+TableDefinition JournalSwitchTable();
+
+}  // namespace veyra::access

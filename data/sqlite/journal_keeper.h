@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "data/journal.h"
+#include "data/sqlite/reader.h"
+
+namespace veyra::sqlite {
+
+/// Keeps the journal of a SQLite file: triggers enter every change, whichever program makes it, and
+/// this names the action of those that are made here.
+class JournalKeeper {
+ public:
+  /// The reader must outlive this.
+  explicit JournalKeeper(Reader& reader) : reader_(reader) {}
+
+  CurrentAction& action() { return action_; }
+
+  bool IsKept() { return reader_.catalogue().KeepsJournal(); }
+
+  /// Makes the journal's table if it is missing, and the triggers of every table that there is.
+  /// REQUIRES: a change is open, as for all that follows.
+  void Begin();
+
+  /// Removes the triggers.
+  void End();
+
+  /// Makes the triggers of a table anew when it is one whose changes are entered, and any are: it
+  /// was made, or has another column.
+  void TableWasMade(const Table& table);
+
+  /// Beginning a change: the last entry before it. Nothing when its entries need no name.
+  std::optional<std::int64_t> LastEntry();
+
+  /// Ending it: enters the action's name and number in the entries that came since. Returns the
+  /// number that the action is to have once the change is made, or nothing when there are none.
+  std::optional<std::int64_t> NameEntries(const std::optional<std::int64_t>& last);
+
+ private:
+  void MakeTriggers(const Table& table);
+  void DropTriggers(const std::string& table);
+
+  Reader& reader_;
+  CurrentAction action_;
+};
+
+}  // namespace veyra::sqlite

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "logic/journal_actions.h"
+#include "logic/slots.h"
+
+namespace veyra::modRes {
+
+/// How rows of the journal are named to the operator.
+class JournalWords {
+ public:
+  /// Facilities that are gone are known by what the actions hold of them. Throws DatabaseError.
+  JournalWords(Store& store, const std::vector<JournalAction>& actions);
+
+  /// "Pool, 3/5/2026,  9:00A-10:30A Smith"; "the facility Pool"; "the colours".
+  std::string Of(const std::string& table, const FieldValues& fields) const;
+
+  /// "Pool", or "no facility (7)".
+  std::string FacilityName(std::int64_t id) const;
+
+  const std::map<std::int64_t, std::string>& Facilities() const { return names_; }
+
+ private:
+  void Learn(const FieldValues& fields);
+
+  SlotLabelTable labels_;
+  std::map<std::int64_t, std::string> names_;
+};
+
+/// What a field of that name holds; null when there is none.
+const Value& FieldIn(const FieldValues& fields, std::string_view name);
+
+}  // namespace veyra::modRes

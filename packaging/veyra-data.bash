@@ -36,14 +36,12 @@ _veyra_data() {
       return
       ;;
     --on | --from | --facility | --guest | --free | --since | --until | --last | --keep) return ;;
-    journal)
-      mapfile -t COMPREPLY < <(compgen -W "on off status" -- "$current")
-      return
-      ;;
   esac
   if [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(
       compgen -W "$(_veyra_data_options "${COMP_WORDS[1]}") --help --version" -- "$current")
+  elif [ "$COMP_CWORD" -eq 2 ] && [ "$previous" = journal ]; then
+    mapfile -t COMPREPLY < <(compgen -W "on off status" -- "$current")
   else
     mapfile -t COMPREPLY < <(compgen -f -- "$current")
   fi

@@ -59,7 +59,7 @@ TEST_F(NewCommandTest, MakesTheTwoDatabasesAndNothingElse) {
 TEST_F(NewCommandTest, TheCalendarHasNoSettingsYet) {
   New({Folder()});
   const std::vector<std::string> tables = Open("Calendar.mdb").TableNames();
-  EXPECT_EQ((Names{"Reserv", "Rooms"}), Names(tables.begin(), tables.end()));
+  EXPECT_EQ((Names{"ChangeJournal", "Reserv", "Rooms"}), Names(tables.begin(), tables.end()));
 }
 
 TEST_F(NewCommandTest, TheBookingsHaveAColumnForTheGroup) {
@@ -122,7 +122,8 @@ TEST_F(NewCommandTest, AccessMakesBothAsAccessFiles) {
 
 TEST_F(NewCommandTest, AccessFilesAreMadeOfTheSameTables) {
   New({Folder(), "--access"});
-  EXPECT_EQ((std::vector<std::string>{"Rooms", "Reserv"}), Open("Calendar.mdb").TableNames());
+  EXPECT_EQ((std::vector<std::string>{"Rooms", "Reserv", "ChangeJournal", "ChangeJournalSwitch"}),
+            Open("Calendar.mdb").TableNames());
   EXPECT_EQ((std::vector<std::string>{"Guest"}), Open("Veyra.mdb").TableNames());
 }
 

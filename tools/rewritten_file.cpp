@@ -24,9 +24,9 @@ constexpr std::chrono::milliseconds kWaitPolicy{200};
 constexpr const char* kCloseAdvice =
     "Nothing was changed. Close the calendar at every desk, and try again.";
 
-std::unique_ptr<Store> OpenExclusive(const fs::path& file) {
+std::unique_ptr<FileStore> OpenExclusive(const fs::path& file) {
   try {
-    return OpenStore(file.string(), StoreAccess::Exclusive, kWaitPolicy);
+    return OpenFileStore(file.string(), StoreAccess::Exclusive, kWaitPolicy);
   } catch (const DatabaseBusyError&) {
     throw DatabaseBusyError({file.string(), "Somebody has the calendar open.", kCloseAdvice});
   }
@@ -83,6 +83,9 @@ CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
                      "Nothing was changed. Check that the disk has room."});
   }
   CompareTables(*source, *OpenStore(fresh.string(), StoreAccess::ReadOnly), plan, observer);
+  if (source->KeepsJournal()) {
+    OpenFileStore(fresh.string(), StoreAccess::Exclusive, kWaitPolicy)->KeepJournal(true);
+  }
   RequireSound(fresh);
   return plan;
 }

@@ -58,7 +58,7 @@ Connection NewDatabase(const fs::path& file, FileKind kind,
 
 /// From now on: how a calendar is made is not in its journal.
 void BeginJournal(const fs::path& file) {
-  OpenFileStore(file.string(), StoreAccess::Alone)->KeepJournal(true);
+  OpenFileStore(file.string(), StoreAccess::Exclusive)->KeepJournal(true);
 }
 
 /// Adds the facilities and returns their ID, in the same order.

@@ -48,11 +48,6 @@ class Connection {
     return store_->FittingCharacters(table, column, text);
   }
 
-  /// Several rows at once: see Store.
-  std::vector<Row> InsertAll(const std::string& table, const std::vector<FieldValues>& rows) {
-    return store_->InsertAll(table, rows);
-  }
-
   /// See Store; to be called by JournalledAction.
   void BeginAction(const std::string& name) { store_->BeginAction(name); }
   void EndAction() { store_->EndAction(); }

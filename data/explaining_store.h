@@ -34,6 +34,7 @@ class ExplainingStore : public Store {
   void Delete(const std::string& table, const Row& before) override;
   void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+  std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
   void BeginAction(const std::string& name) override { store_->BeginAction(name); }

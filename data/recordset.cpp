@@ -304,10 +304,29 @@ void Recordset::Update() {
 }
 
 void Recordset::WriteNewRow(const FieldValues& fields) {
-  Row row = store_->Insert(query_.Table, fields);
+  HoldNewRow(store_->Insert(query_.Table, fields));
+}
+
+void Recordset::HoldNewRow(Row row) {
   LearnColumns(row);
   rows_.push_back({std::move(row)});
   position_ = rows_.size() - 1;
+}
+
+std::size_t Recordset::RowsAtOnce() const {
+  RequireOpen();
+  return store_->RowsAtOnce();
+}
+
+std::vector<RowKey> Recordset::AddAll(const std::vector<FieldValues>& rows) {
+  RequireStatic();
+  RequireNothingPending();
+  std::vector<RowKey> bookmarks;
+  for (Row& row : store_->InsertAll(query_.Table, rows)) {
+    bookmarks.push_back(row.Key);
+    HoldNewRow(std::move(row));
+  }
+  return bookmarks;
 }
 
 void Recordset::WriteCurrentRow(const FieldValues& fields) {

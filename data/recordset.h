@@ -41,7 +41,7 @@ enum class CursorType {
 /// unchanged, the cursor stands where it stood, and the pending fields are dropped.
 /// Calling a member whose REQUIRES does not hold throws std::logic_error.
 ///
-/// Left out on purpose: moving backwards, filters, batches, several open edits.
+/// Left out on purpose: moving backwards, filters, several open edits.
 class Recordset {
  public:
   /// The store must outlive the record set.
@@ -88,6 +88,15 @@ class Recordset {
   /// pending fields.
   void AddNew();
 
+  /// How many rows AddAll adds in one change of the file, all or none; 1 where it adds each by
+  /// itself. REQUIRES: not closed.
+  std::size_t RowsAtOnce() const;
+
+  /// Adds these rows, which become the last ones, and returns their bookmarks; the cursor stands on
+  /// the last of them. With more rows than RowsAtOnce, a failure may have added the first of them,
+  /// which this record set then lacks. REQUIRES: StaticOptimistic, no pending fields.
+  std::vector<RowKey> AddAll(const std::vector<FieldValues>& rows);
+
   /// Sets a field of the new row, or of the current one; nothing is written before Update.
   /// REQUIRES: StaticOptimistic, and AddNew was called or the cursor is on a row.
   void SetField(std::string_view name, Value value);
@@ -130,6 +139,7 @@ class Recordset {
   std::size_t LiveRows() const { return rows_.size() - deleted_; }
 
   void WriteNewRow(const FieldValues& fields);
+  void HoldNewRow(Row row);
   void WriteCurrentRow(const FieldValues& fields);
 
   Store* store_;  ///< Null once closed.

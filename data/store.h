@@ -138,6 +138,10 @@ class Store {
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 
+  /// How many rows InsertAll adds for little more than one of them costs, all of them or none; 1
+  /// where it adds them one by one.
+  virtual std::size_t RowsAtOnce() const { return 1; }
+
   /// Adds rows in their order and returns them as stored. A kind of file that can adds all of them
   /// in one change, for a little more than one of them costs; any other adds them one by one, and
   /// then a member that throws may have added the first of them.

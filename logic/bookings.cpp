@@ -55,12 +55,28 @@ class BookDates : public RowAction {
   std::string NameOf(std::size_t row) const override { return BookingOn(days_.at(row)); }
 
   bool Do(std::size_t row) override {
-    if (!IsFree(session_, days_.at(row))) {
+    if (!IsToDo(row)) {
       return false;
     }
     AddRow(*bookings_, Fields(row));
     made_[row] = bookings_->Bookmark();
     return true;
+  }
+
+  std::size_t AtOnce() const override { return bookings_->RowsAtOnce(); }
+
+  /// The dates of a plan are all different: those that are booked together do not touch each other.
+  bool IsToDo(std::size_t row) override { return IsFree(session_, days_.at(row)); }
+
+  void DoTogether(const std::vector<std::size_t>& rows) override {
+    std::vector<FieldValues> fields;
+    for (const std::size_t row : rows) {
+      fields.push_back(Fields(row));
+    }
+    const std::vector<RowKey> made = bookings_->AddAll(fields);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      made_[rows[i]] = made[i];
+    }
   }
 
   void Undo(std::size_t row) override {

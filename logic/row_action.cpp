@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "data/errors.h"
@@ -30,9 +32,13 @@ class Run {
 
  private:
   std::optional<Halt> Walk();
-  std::optional<Halt> TryStep(std::size_t row);
-  Halt HaltedAt(std::size_t row, RowState state);
+  template <typename Work>
+  std::optional<Halt> Try(const std::vector<std::size_t>& rows, const Work& work);
+  std::optional<Halt> DoGathered();
+  Halt HaltedAt(const std::vector<std::size_t>& rows, RowState state);
+  void SetStates(const std::vector<std::size_t>& rows, RowState state);
   void Step(std::size_t row);
+  void Begin(std::size_t row);
   void LookAtUncertain();
   bool IsOver(const Halt& halt) const;
   bool Ask(const Halt& halt);
@@ -45,6 +51,7 @@ class Run {
   const RowActionWords& words_;
   Dialogs& dialogs_;
   std::vector<RowState> states_;
+  std::vector<std::size_t> gathered_;  ///< To be done together, and not done yet.
   bool undoing_ = false;
   bool halted_ = false;
 };
@@ -91,6 +98,7 @@ std::optional<Halt> Run::Walk() {
   const auto progress =
       dialogs_.StartProgress(undoing_ ? "Taking back ..." : words_.Progress, EarlyEnd::Stop);
   const RowState from = undoing_ ? RowState::Done : RowState::Open;
+  gathered_.clear();
   for (std::size_t row = 0; row < states_.size(); ++row) {
     if (states_[row] != from && states_[row] != RowState::Uncertain) {
       continue;
@@ -99,30 +107,56 @@ std::optional<Halt> Run::Walk() {
                           static_cast<std::int64_t>(states_.size()))) {
       return Halt{};
     }
-    if (auto halt = TryStep(row)) {
+    if (auto halt = Try({row}, [&] { Step(row); })) {
+      return halt;
+    }
+    if (gathered_.size() < action_.AtOnce()) {
+      continue;
+    }
+    if (auto halt = DoGathered()) {
       return halt;
     }
   }
-  return std::nullopt;
+  return DoGathered();
 }
 
-std::optional<Halt> Run::TryStep(std::size_t row) {
+std::optional<Halt> Run::DoGathered() {
+  const std::vector<std::size_t> rows = std::exchange(gathered_, {});
+  if (rows.empty()) {
+    return std::nullopt;
+  }
+  return Try(rows, [&] {
+    action_.DoTogether(rows);
+    SetStates(rows, RowState::Done);
+  });
+}
+
+/// Does `work` to rows that are all in one state.
+template <typename Work>
+std::optional<Halt> Run::Try(const std::vector<std::size_t>& rows, const Work& work) {
   try {
-    Step(row);
+    work();
     return std::nullopt;
   } catch (const RowChangedError&) {
-    return HaltedAt(row, RowState::Foreign);
+    return HaltedAt(rows, RowState::Foreign);
   } catch (const OutcomeUnknownError&) {
-    return HaltedAt(row, RowState::Uncertain);
+    return HaltedAt(rows, RowState::Uncertain);
   } catch (const std::exception&) {
-    return HaltedAt(row, states_[row]);
+    return HaltedAt(rows, states_[rows.front()]);
   }
 }
 
 /// REQUIRES: the failure is being handled.
-Halt Run::HaltedAt(std::size_t row, RowState state) {
-  states_[row] = state;
-  return {row, action_.NameOf(row), std::current_exception()};
+Halt Run::HaltedAt(const std::vector<std::size_t>& rows, RowState state) {
+  SetStates(rows, state);
+  return {rows.front(), Together(action_.NameOf(rows.front()), rows.size()),
+          std::current_exception()};
+}
+
+void Run::SetStates(const std::vector<std::size_t>& rows, RowState state) {
+  for (const std::size_t row : rows) {
+    states_[row] = state;
+  }
 }
 
 void Run::Step(std::size_t row) {
@@ -130,10 +164,21 @@ void Run::Step(std::size_t row) {
     states_[row] = action_.IsDone(row) ? RowState::Done : RowState::Open;
   }
   if (!undoing_ && states_[row] == RowState::Open) {
-    states_[row] = action_.Do(row) ? RowState::Done : RowState::PassedOver;
+    Begin(row);
   } else if (undoing_ && states_[row] == RowState::Done) {
     action_.Undo(row);
     states_[row] = RowState::Open;
+  }
+}
+
+/// Does the row, or puts it to those that are done together.
+void Run::Begin(std::size_t row) {
+  if (action_.AtOnce() == 1) {
+    states_[row] = action_.Do(row) ? RowState::Done : RowState::PassedOver;
+  } else if (action_.IsToDo(row)) {
+    gathered_.push_back(row);
+  } else {
+    states_[row] = RowState::PassedOver;
   }
 }
 
@@ -182,6 +227,10 @@ RowActionResult Run::Result() const {
 }
 
 }  // namespace
+
+void RowAction::DoTogether(const std::vector<std::size_t>&) {
+  throw std::logic_error("these rows are done one by one");
+}
 
 RowActionResult CarryOut(RowAction& action, const RowActionWords& words, Dialogs& dialogs) {
   return Run(action, words, dialogs).CarryOut();

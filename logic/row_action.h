@@ -2,14 +2,15 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "logic/dialogs.h"
 #include "logic/row_words.h"
 
 namespace veyra::modRes {
 
-/// Something that is done to many rows, one after another, each of them saved before the next is
-/// begun. The rows are counted from 0.
+/// Something that is done to many rows, one after another, each of them, or each group that is done
+/// together, saved before the next is begun. The rows are counted from 0.
 class RowAction {
  public:
   virtual ~RowAction() = default;
@@ -25,6 +26,17 @@ class RowAction {
   /// Does it. Returns false when the row is to be passed over, having changed nothing. Throws
   /// DatabaseError: OutcomeUnknownError when it may have been done, else having changed nothing.
   virtual bool Do(std::size_t row) = 0;
+
+  /// How many rows are best done together, in one change of the file; 1: each by itself.
+  virtual std::size_t AtOnce() const { return 1; }
+
+  /// Whether Do would do it now, rather than pass it over. Asked, in place of Do, of rows that are
+  /// then done together.
+  virtual bool IsToDo(std::size_t) { return true; }
+
+  /// Does these rows, all of them or none; throws as Do does. REQUIRES: no more of them than
+  /// AtOnce, which is more than 1; IsToDo of each.
+  virtual void DoTogether(const std::vector<std::size_t>& rows);
 
   /// Takes back what Do did. Throws as Do does.
   virtual void Undo(std::size_t row) = 0;

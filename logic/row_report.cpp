@@ -30,11 +30,33 @@ std::string CauseOf(const std::exception_ptr& failure) {
   }
 }
 
+/// So many are named one by one.
+constexpr std::size_t kMostNamed = 3;
+
+std::string UncertainText(const std::vector<std::string>& rows) {
+  std::string text;
+  if (rows.size() > kMostNamed) {
+    return "It is not known what became of " + Together(rows.front(), rows.size()) +
+           ". Look at them in the calendar.";
+  }
+  for (const std::string& row : rows) {
+    AddLine(text, "It is not known what became of " + row + ". Look at it in the calendar.");
+  }
+  return text;
+}
+
 std::string HowFar(const RowActionWords& words, const RowCounts& counts) {
   return std::to_string(counts.Done) + " of " + std::to_string(counts.All) + " " + words.Done;
 }
 
 }  // namespace
+
+std::string Together(const std::string& first, std::size_t count) {
+  if (count < 2) {
+    return first;
+  }
+  return first + " and " + std::to_string(count - 1) + (count == 2 ? " other" : " others");
+}
 
 Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const Halt& halt) {
   std::string text = HowFar(words, counts);
@@ -79,9 +101,7 @@ std::string Remarks(const RowCounts& counts) {
     AddLine(text, "Left alone because another program has changed them: " +
                       std::to_string(counts.Foreign) + ".");
   }
-  for (const std::string& row : counts.Uncertain) {
-    AddLine(text, "It is not known what became of " + row + ". Look at it in the calendar.");
-  }
+  AddLine(text, UncertainText(counts.Uncertain));
   return text;
 }
 

@@ -27,6 +27,9 @@ struct Halt {
   bool Passed = false;  ///< What was to be done to the row was done in spite of the failure.
 };
 
+/// The first of so many rows, and that there are others: "the booking on 4/6/2014 and 2 others".
+std::string Together(const std::string& first, std::size_t count);
+
 /// The question that a halted action leads to.
 Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const Halt& halt);
 

@@ -36,6 +36,11 @@ class Faults {
   /// From now on all goes well.
   void Heal() { plans_ = {}; }
 
+  /// How many rows are said to be added at once, which then fail together as one statement; each
+  /// by itself unless told otherwise, whatever the store does.
+  void AddTogether(std::size_t rows) { together_ = rows; }
+  std::size_t Together() const { return together_; }
+
   void Begin(Statement kind) {
     Plan& plan = At(kind);
     --plan.First;
@@ -66,6 +71,7 @@ class Faults {
   Plan& At(Statement kind) { return plans_.at(static_cast<std::size_t>(kind)); }
 
   std::array<Plan, 4> plans_;
+  std::size_t together_ = 1;
 };
 
 /// A store of any kind whose statements fail as they are told to.
@@ -84,6 +90,14 @@ class FailingStore : public ForwardingStore {
     Row row = ForwardingStore::Insert(table, fields);
     faults_.End(Statement::Insert);
     return row;
+  }
+  std::size_t RowsAtOnce() const override { return faults_.Together(); }
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override {
+    faults_.Begin(Statement::Insert);
+    std::vector<Row> added = ForwardingStore::InsertAll(table, rows);
+    faults_.End(Statement::Insert);
+    return added;
   }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     faults_.Begin(Statement::Update);

@@ -30,6 +30,11 @@ class ForwardingStore : public Store {
   Row Insert(const std::string& table, const FieldValues& fields) override {
     return store_->Insert(table, fields);
   }
+  std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override {
+    return store_->InsertAll(table, rows);
+  }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     return store_->Update(table, before, fields);
   }

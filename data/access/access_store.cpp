@@ -31,6 +31,9 @@ namespace veyra {
 
 namespace {
 
+/// So many that their flushes count for little, and so few that the operator sees them come.
+constexpr std::size_t kRowsAtOnce = 50;
+
 using access::FileLock;
 using access::FileProblem;
 
@@ -210,6 +213,8 @@ class AccessStore : public FileStore {
       return row;
     });
   }
+
+  std::size_t RowsAtOnce() const override { return kRowsAtOnce; }
 
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override {

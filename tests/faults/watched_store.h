@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "tests/forwarding_store.h"
 
@@ -19,6 +20,14 @@ class WatchedStore : public ForwardingStore {
     Row row = ForwardingStore::Insert(table, fields);
     saved_();
     return row;
+  }
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override {
+    std::vector<Row> added = ForwardingStore::InsertAll(table, rows);
+    for (std::size_t i = 0; i < added.size(); ++i) {
+      saved_();
+    }
+    return added;
   }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     Row row = ForwardingStore::Update(table, before, fields);

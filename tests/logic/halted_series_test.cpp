@@ -277,5 +277,94 @@ TEST_F(HaltedSeriesTest, AnUncertainLastRowThatWasSavedEndsTheSeries) {
   EXPECT_EQ("[OK Exclamation] 5 Booking(s) Made.", dialogs_.OnlyBox());
 }
 
+/// The same in groups of two, as a kind of file takes them that adds several rows in one change.
+class GroupedSeriesTest : public HaltedSeriesTest {
+ protected:
+  GroupedSeriesTest() { faults_.AddTogether(2); }
+};
+
+TEST_F(GroupedSeriesTest, BooksEveryDateThatIsFree) {
+  folder_.AddBooking(hall_, "2014-04-13", 19, 19, "Dance");
+  BookSundays();
+  EXPECT_EQ("4/6/2014 4/13/2014 4/20/2014 4/27/2014 5/4/2014 ", Booked());
+  EXPECT_EQ("[OK Exclamation] 4 Booking(s) Made.", dialogs_.OnlyBox());
+}
+
+TEST_F(GroupedSeriesTest, AHaltTellsWhichDatesFailedTogether) {
+  Desk();
+  faults_.Fail(Statement::Insert, 2);
+  dialogs_.AnswerNext(Answer::Keep);
+  BookSundays();
+  EXPECT_EQ(0U, dialogs_.Boxes().front().find(
+                    "[Continue/Undo/Keep Critical] 2 of 5 dates are booked.\r\n"
+                    "Then the booking on 4/20/2014 and 1 other failed:\r\n/desk/Calendar.mdb"));
+  EXPECT_EQ("4/6/2014 4/13/2014 ", Booked());
+  EXPECT_EQ("[OK Exclamation] 2 Booking(s) Made.", dialogs_.Boxes().back());
+}
+
+TEST_F(GroupedSeriesTest, ContinueBooksTheRestWithTheSameKey) {
+  Desk();
+  faults_.Fail(Statement::Insert, 2);
+  dialogs_.AnswerNext(Answer::Continue);
+  BookSundays();
+  EXPECT_EQ(kAllSundays, Booked());
+  EXPECT_EQ(1U, GroupKeys());
+}
+
+TEST_F(GroupedSeriesTest, UndoTakesEveryDateBack) {
+  Desk();
+  faults_.Fail(Statement::Insert, 3);
+  dialogs_.AnswerNext(Answer::Undo);
+  BookSundays();
+  EXPECT_EQ("", folder_.Bookings());
+}
+
+TEST_F(GroupedSeriesTest, StopLeavesOutTheDatesThatWereOnlyLookedAt) {
+  Desk();
+  dialogs_.EndEarlyAfter(3);
+  dialogs_.AnswerNext(Answer::Keep);
+  BookSundays();
+  EXPECT_EQ("[Continue/Undo/Keep Question] 2 of 5 dates are booked.\r\nYou stopped it there.",
+            dialogs_.Boxes().front());
+  EXPECT_EQ("4/6/2014 4/13/2014 ", Booked());
+}
+
+TEST_F(GroupedSeriesTest, ALookForAClashThatFailsLeavesItsGroupUnbooked) {
+  Desk();
+  faults_.Fail(Statement::Select, 4);
+  dialogs_.AnswerNext(Answer::Continue);
+  BookSundays();
+  EXPECT_EQ(0U, dialogs_.Boxes().front().find("[Continue/Undo/Keep Critical] 2 of 5 dates are "
+                                              "booked.\r\nThen the booking on 4/27/2014 failed:"));
+  EXPECT_EQ(kAllSundays, Booked());
+}
+
+TEST_F(GroupedSeriesTest, UncertainDatesThatWereSavedAreFoundAndCounted) {
+  Desk();
+  faults_.FailWhenDone(Statement::Insert, 2, ThrowUnknown);
+  dialogs_.AnswerNext(Answer::Continue);
+  BookSundays();
+  EXPECT_EQ(0U,
+            dialogs_.Boxes().front().find(
+                "[Continue/Undo/Keep Critical] 4 of 5 dates are booked.\r\n"
+                "Then the booking on 4/20/2014 and 1 other failed, but was saved all the same:"));
+  EXPECT_EQ(kAllSundays, Booked());
+}
+
+TEST_F(GroupedSeriesTest, ManyThatCannotBeLookedAtAreNamedByTheFirst) {
+  faults_.AddTogether(5);
+  Desk();
+  faults_.FailWhenDone(Statement::Insert, 1, [this] {
+    faults_.Fail(Statement::Select, 1, 1000);
+    ThrowUnknown();
+  });
+  dialogs_.AnswerNext(Answer::Keep);
+  BookSundays();
+  EXPECT_EQ(
+      "[OK Exclamation] 0 Booking(s) Made.\r\nIt is not known what became of the booking on "
+      "4/6/2014 and 4 others. Look at them in the calendar.",
+      dialogs_.Boxes().back());
+}
+
 }  // namespace
 }  // namespace veyra::modRes

@@ -123,6 +123,26 @@ TEST_F(Turnover, OfManyRowsAtOnceKeepsTheIndexes) {
   }
 }
 
+TEST_F(Turnover, OfAGroupOfRowsIsOneChangeOfTheFile) {
+  int changes = 0;
+  const auto store = OpenAccessStore(
+      file_, StoreAccess::ReadWrite, {},
+      [&](access::CommitStep step) { changes += step == access::CommitStep::Done ? 1 : 0; });
+  ASSERT_LT(1U, store->RowsAtOnce());
+  Recordset rows(*store, ParseQuery("SELECT * FROM Reserv"), CursorType::StaticOptimistic);
+  std::vector<FieldValues> added;
+  for (std::size_t i = 0; i < store->RowsAtOnce(); ++i) {
+    added.push_back(BookingOf(static_cast<int>(i)));
+  }
+  const std::vector<RowKey> bookmarks = rows.AddAll(added);
+  EXPECT_EQ(1, changes);
+  ASSERT_EQ(added.size(), bookmarks.size());
+  EXPECT_EQ(bookmarks.back(), rows.Bookmark());
+  ASSERT_TRUE(rows.MoveTo(bookmarks.front()));
+  rows.Delete();
+  EXPECT_EQ(added.size() - 1, AllRows(*store_, "Reserv").size());
+}
+
 TEST_F(Turnover, RefusesOneNumberTwiceAmongManyRows) {
   std::vector<FieldValues> rows(300, {{"Name", std::string("Pool")}});
   rows[200].emplace_back("ID", std::int64_t{7});

@@ -72,20 +72,27 @@ void RequireSound(const fs::path& fresh) {
   }
 }
 
+/// Closed again, the new file is whole; a journal goes on in it.
+void CopyInto(const fs::path& fresh, FileKind kind, FileStore& source, const CopyPlan& plan,
+              const CopyObserver& observer) {
+  const auto target = CreateFileStore(fresh.string(), Durability::WhenAsked, kind);
+  CopyTables(source, *target, plan, observer);
+  if (source.KeepsJournal()) {
+    target->KeepJournal(true);
+  }
+}
+
 /// Makes the new file, whole, compared and checked, and returns what it holds.
 CopyPlan MakeCopy(const fs::path& file, const fs::path& fresh, FileKind kind,
                   const CopyObserver& observer) {
   const auto source = OpenExclusive(file);
   CopyPlan plan = PlanCopy(*source, kind, observer);
-  CopyTables(*source, *CreateStore(fresh.string(), Durability::WhenAsked, kind), plan, observer);
+  CopyInto(fresh, kind, *source, plan, observer);
   if (HasJournal(fresh)) {
     throw FileError({fresh.string(), "The new file could not be completed.",
                      "Nothing was changed. Check that the disk has room."});
   }
   CompareTables(*source, *OpenStore(fresh.string(), StoreAccess::ReadOnly), plan, observer);
-  if (source->KeepsJournal()) {
-    OpenFileStore(fresh.string(), StoreAccess::Exclusive, kWaitPolicy)->KeepJournal(true);
-  }
   RequireSound(fresh);
   return plan;
 }

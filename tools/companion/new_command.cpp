@@ -47,18 +47,13 @@ TableDefinition AsUsualIn(FileKind kind, TableDefinition table) {
   return table;
 }
 
-Connection NewDatabase(const fs::path& file, FileKind kind,
-                       const std::vector<TableDefinition>& tables) {
-  Connection connection(CreateStore(file.string(), Durability::WhenAsked, kind));
+std::unique_ptr<FileStore> NewDatabase(const fs::path& file, FileKind kind,
+                                       const std::vector<TableDefinition>& tables) {
+  auto store = CreateFileStore(file.string(), Durability::WhenAsked, kind);
   for (const TableDefinition& table : tables) {
-    connection.CreateTable(AsUsualIn(kind, table));
+    store->CreateTable(AsUsualIn(kind, table));
   }
-  return connection;
-}
-
-/// From now on: how a calendar is made is not in its journal.
-void BeginJournal(const fs::path& file) {
-  OpenFileStore(file.string(), StoreAccess::Exclusive)->KeepJournal(true);
+  return store;
 }
 
 /// Adds the facilities and returns their ID, in the same order.
@@ -102,14 +97,17 @@ void AddGuests(Connection& guest_database, const SampleData& sample) {
 }
 
 void MakeCalendar(const fs::path& file, FileKind kind, const SampleData& sample) {
-  Connection calendar = NewDatabase(file, kind, {RoomsTable(), ReservTable()});
+  auto store = NewDatabase(file, kind, {RoomsTable(), ReservTable()});
+  FileStore& journalled = *store;
+  Connection calendar(std::move(store));
   AddBookings(calendar, sample, AddFacilities(calendar, sample));
+  // From now on: how a calendar is made is not in its journal.
+  journalled.KeepJournal(true);
 }
 
 void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& sample) {
   MakeCalendar(folder / kCalendarFile, kind, sample);
-  BeginJournal(folder / kCalendarFile);
-  Connection guest_database = NewDatabase(folder / kGuestFile, kind, {GuestTable()});
+  Connection guest_database(NewDatabase(folder / kGuestFile, kind, {GuestTable()}));
   AddGuests(guest_database, sample);
 }
 

@@ -4,8 +4,9 @@
 
 namespace veyra::faults {
 
-/// Every row of every table of a calendar, a line each, as a program that opens it now finds them.
-/// Opening completes or drops what an earlier program left undone. Throws Error when the file
+/// Every row of every table of a calendar, a line each, as a program that opens it now finds them;
+/// but for the table in which an Access file keeps whether it has a journal, which SQLite needs
+/// not. Opening completes or drops what an earlier program left undone. Throws Error when the file
 /// cannot be opened.
 std::string Contents(const std::string& calendar);
 

@@ -3,7 +3,6 @@
 #include <limits>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "data/errors.h"
 #include "data/journal.h"
@@ -14,35 +13,6 @@ namespace {
 
 constexpr const char* kRowOne = "SELECT * FROM Settings Where ID = 1";
 
-/// The five columns with their usual colours.
-std::vector<std::pair<std::string, std::string>> UsualColors() {
-  const ColorSettings usual = DefaultColors();
-  return {{"BkGrnd", usual.BkGrnd},
-          {"HeaderTxt", usual.HeaderTxt},
-          {"DaysTxtColor", usual.DaysTxtColor},
-          {"TodayColor", usual.TodayColor},
-          {"TodayBColor", usual.TodayBColor}};
-}
-
-std::string MendingUpdate(const std::string& column) {
-  for (const auto& [name, color] : UsualColors()) {
-    if (name == column) {
-      return "UPDATE Settings SET " + column + " = '" + color + "' WHERE ID = 1";
-    }
-  }
-  return {};
-}
-
-std::string MendingInsert() {
-  std::string columns = "ID";
-  std::string values = "1";
-  for (const auto& [name, color] : UsualColors()) {
-    columns += ", " + name;
-    values += ", '" + color + "'";
-  }
-  return "INSERT INTO Settings (" + columns + ") VALUES (" + values + ")";
-}
-
 /// A word of a shell's command line, whatever is in it.
 std::string ShellWord(const std::string& text) {
   std::string word = "'";
@@ -50,15 +20,6 @@ std::string ShellWord(const std::string& text) {
     word += c == '\'' ? std::string("'\\''") : std::string(1, c);
   }
   return word + "'";
-}
-
-std::string MendingAdvice(Connection& res_con, const std::string& statement) {
-  if (res_con.Describe().Kind == FileKind::Access) {
-    return "To go on with the usual colour, open the file in Access, make a query and run it: " +
-           statement;
-  }
-  return "To go on with the usual colour, run this command and start again: sqlite3 " +
-         ShellWord(res_con.FileName()) + " \"" + statement + "\"";
 }
 
 }  // namespace
@@ -116,8 +77,10 @@ ValueError ExplainedColorError(Connection& res_con, const ColorError& error) {
   const std::string cause =
       has_row ? error.report().Cause
               : "The table Settings has no row 1, which holds the colours of the calendar.";
-  const std::string statement = has_row ? MendingUpdate(error.Column()) : MendingInsert();
-  return ValueError({res_con.FileName(), cause, MendingAdvice(res_con, statement)});
+  return ValueError({res_con.FileName(), cause,
+                     "To go on with the usual colours, start again after this command; veyra-data "
+                     "lies beside the calendar: veyra-data check " +
+                         ShellWord(res_con.FileName()) + " --mend"});
 }
 
 std::int32_t ColorNumber(const std::string& text, const std::string& column) {

@@ -46,7 +46,7 @@ class ColorError : public ValueError {
 };
 
 /// The same failure with what the operator needs to mend it, when the calendar's own row 1 is the
-/// cause: the file, the row, and the command that puts the usual colour there.
+/// cause: the file, the row, and the command that puts the usual colours there.
 ValueError ExplainedColorError(Connection& res_con, const ColorError& error);
 
 /// The number of a colour text. Throws ColorError when the text is empty, no whole number, or

@@ -16,16 +16,17 @@ namespace veyra {
 /// that does it. Other programs need not know the table.
 ///
 ///   ID          the number of the entry; a later entry has a higher one
-///   ActionID    the ID of the first entry of the action that it belongs to; null when the program
-///               that made the change named no action
+///   ActionID    the ID of the first entry of the action that it belongs to; null when another
+///               program made the change
 ///   ChangedAt   UTC, "2026-03-05 09:30:12.345"
-///   ActionName  "New series"; null as for ActionID
+///   ActionName  "New series"; null as for ActionID, and of a change that was given no name: that is
+///               an action of its own
 ///   TableName   the table of the row
 ///   OldValues   the row as it was, as JournalText writes it; null when it was added
 ///   NewValues   the row as it is then; null when it was deleted
 ///
-/// Entries that follow each other, name no action and have the same ChangedAt are of one statement
-/// of another program, and count as one action.
+/// Entries without an ActionID that follow each other and have the same ChangedAt are of one
+/// statement of another program, and count as one action.
 inline constexpr const char* kJournalTable = "ChangeJournal";
 
 TableDefinition JournalTable();

@@ -59,14 +59,14 @@ class Gatherer {
     return place ? row.Values[*place] : kNone;
   }
 
-  /// Whether an entry without a name belongs to the one before it.
+  /// Whether an entry without an action belongs to the one before it.
   bool IsOfLastStatement(const JournalEntry& entry, const std::string& at) const {
     return last_ != 0 && entry.Number == last_entry_ + 1 && actions_.at(last_).At == at;
   }
 
   std::vector<std::string> columns_;
   std::map<std::int64_t, JournalAction> actions_;
-  std::int64_t last_ = 0;  ///< The action of the last entry, when it has no name.
+  std::int64_t last_ = 0;  ///< The action of the last entry, when it names none.
   std::int64_t last_entry_ = 0;
 };
 

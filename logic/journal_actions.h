@@ -28,7 +28,7 @@ struct JournalEntry {
 struct JournalAction {
   std::int64_t Number = 0;  ///< That of its first entry.
   std::string At;           ///< When it began, UTC: "2026-03-05 09:30:12.345".
-  std::string Name;         ///< "New series"; empty for another program's.
+  std::string Name;         ///< "New series"; empty when it was given none.
   std::vector<JournalEntry> Entries;
 };
 

@@ -115,7 +115,7 @@ void JournalKeeper::DropTriggers(const std::string& table) {
 }
 
 std::optional<std::int64_t> JournalKeeper::LastEntry() {
-  if (!action_.IsNamed() || !IsKept()) {
+  if (!IsKept()) {
     return std::nullopt;
   }
   const auto last = reader_.statements().Take("SELECT max(ID) FROM ChangeJournal");
@@ -126,14 +126,15 @@ std::optional<std::int64_t> JournalKeeper::NameEntries(const std::optional<std::
   if (!last) {
     return std::nullopt;
   }
-  const std::int64_t number = action_.Number().value_or(*last + 1);
-  const std::vector<Value> values{number, action_.Name(), *last};
+  const bool is_named = action_.IsNamed();
+  const std::int64_t number = (is_named ? action_.Number() : std::nullopt).value_or(*last + 1);
+  const std::vector<Value> values{number, is_named ? Value(action_.Name()) : Value(Null{}), *last};
   const auto name = reader_.statements().Take(
       "UPDATE ChangeJournal SET ActionID = ?, ActionName = ? WHERE ID > ?");
   name->Bind(values);
   name->Run();
   const bool has_entries = sqlite3_changes(reader_.database().handle()) > 0;
-  return has_entries ? std::optional(number) : std::nullopt;
+  return has_entries && is_named ? std::optional(number) : std::nullopt;
 }
 
 }  // namespace veyra::sqlite

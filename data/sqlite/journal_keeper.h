@@ -31,11 +31,12 @@ class JournalKeeper {
   /// was made, or has another column.
   void TableWasMade(const Table& table);
 
-  /// Beginning a change: the last entry before it. Nothing when its entries need no name.
+  /// Beginning a change: the last entry before it. Nothing when no journal is kept.
   std::optional<std::int64_t> LastEntry();
 
-  /// Ending it: enters the action's name and number in the entries that came since. Returns the
-  /// number that the action is to have once the change is made, or nothing when there are none.
+  /// Ending it: enters the action's name and number in the entries that came since; a change
+  /// without a name is an action of its own. Returns the number that the named action is to have
+  /// once the change is made, or nothing when there is none, or no entry.
   std::optional<std::int64_t> NameEntries(const std::optional<std::int64_t>& last);
 
  private:

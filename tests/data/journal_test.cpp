@@ -107,8 +107,8 @@ TEST_P(JournalTest, ItHoldsARowAsItWasAndAsItIs) {
   const std::string rest = ", [DateOfRes]='2026-03-05', [TimeFrom]=1, [TimeTo]=2, [MultKey]=NULL";
   const std::string first = "[RmID]=1, [Event]='O''Hara'" + rest;
   const std::string second = "[RmID]=1, [Event]='Jones'" + rest;
-  EXPECT_EQ("1 - - Reserv: - > " + first + "\n2 - - Reserv: " + first + " > " + second +
-                "\n3 - - Reserv: " + second + " > -\n",
+  EXPECT_EQ("1 1 - Reserv: - > " + first + "\n2 2 - Reserv: " + first + " > " + second +
+                "\n3 3 - Reserv: " + second + " > -\n",
             Entries());
 }
 
@@ -133,7 +133,7 @@ TEST_P(JournalTest, AnActionHasTheNumberOfItsFirstEntry) {
   for (std::size_t at = 0; at < entries.size(); at = entries.find('\n', at) + 1) {
     numbers += entries.substr(at, entries.find(" Reserv", at) - at) + "\n";
   }
-  EXPECT_EQ("1 - -\n2 2 New series\n3 - -\n4 2 New series\n5 5 Next\n", numbers);
+  EXPECT_EQ("1 1 -\n2 2 New series\n3 3 -\n4 2 New series\n5 5 Next\n", numbers);
 }
 
 TEST_P(JournalTest, WhatFailsIsNotEntered) {

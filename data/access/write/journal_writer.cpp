@@ -59,7 +59,7 @@ void JournalWriter::BeginCommit() {
 }
 
 void JournalWriter::EndCommit() {
-  if (number_) {
+  if (number_ && action_.IsNamed()) {
     action_.SetNumber(*number_);
   }
 }
@@ -82,14 +82,15 @@ void JournalWriter::Enter(PageChanges& pages, PageSource& file, Snapshot& snapsh
                      {"TableName", table},
                      {"OldValues", TextOf(columns, before)},
                      {"NewValues", TextOf(columns, after)}};
-  const auto number = number_ ? number_ : action_.Number();
+  auto number = number_;
   if (action_.IsNamed()) {
+    number = number ? number : action_.Number();
     fields.emplace_back("ActionName", action_.Name());
-    fields.emplace_back("ActionID", number ? Value(*number) : Value(Null{}));
   }
+  fields.emplace_back("ActionID", number ? Value(*number) : Value(Null{}));
   TableWriter journal(pages, snapshot.DefinitionOf(kJournalTable));
   const Row entry = InsertRow(pages, journal, fields);
-  if (action_.IsNamed() && !number) {
+  if (!number) {
     number_ = ToInteger(entry.Values.front());
     UpdateRow(pages, journal, entry, {{"ActionID", *number_}});
   }

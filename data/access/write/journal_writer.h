@@ -33,7 +33,7 @@ class JournalWriter {
 
  private:
   CurrentAction action_;
-  std::optional<std::int64_t> number_;  ///< What the action's will be.
+  std::optional<std::int64_t> number_;  ///< What the action's will be, or this commit's own.
   std::optional<bool> is_kept_;         ///< As this commit found it.
   std::string time_;
 };

@@ -46,17 +46,6 @@ class UndoCommandTest : public KeptCalendarTest {
     return history.substr(begin, history.find(' ', begin) - begin);
   }
 
-  /// One booking, made as an action of its own.
-  void BookNamed(std::int64_t room, const std::string& day, const std::string& event) const {
-    const auto desk = Desk();
-    const JournalledAction action(*desk, "New booking");
-    desk->Insert("Reserv", {{"RmID", room},
-                            {"Event", event},
-                            {"DateOfRes", DateFromIsoText(day).value()},
-                            {"TimeFrom", std::int64_t{1}},
-                            {"TimeTo", std::int64_t{2}}});
-  }
-
   /// Three bookings, made as one series.
   void BookSeries() const {
     const auto desk = Desk();
@@ -181,10 +170,9 @@ TEST_P(UndoCommandTest, AnImportIsUndoneAsAWhole) {
 }
 
 TEST_P(UndoCommandTest, TheHistoryIsByFacilityDayNameAndTime) {
-  // Each an action with a name: those without are one when they are of one millisecond.
-  BookNamed(pool_, "2026-03-02", "Smith");
-  BookNamed(hall_, "2026-03-02", "Jones");
-  BookNamed(hall_, "2026-03-05", "Smithson");
+  Book(pool_, "2026-03-02", 1, 2, "Smith");
+  Book(hall_, "2026-03-02", 1, 2, "Jones");
+  Book(hall_, "2026-03-05", 1, 2, "Smithson");
   const auto rows = [&](const Arguments& options) {
     const std::string history = History(options);
     return std::count(history.begin(), history.end(), '+');

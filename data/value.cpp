@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -130,6 +131,15 @@ std::string ToText(const Value& value) {
     return IsoText(*date);
   }
   return {};
+}
+
+bool IsSame(const Value& one, const Value& other) {
+  const auto* first = std::get_if<double>(&one);
+  const auto* second = std::get_if<double>(&other);
+  if (first != nullptr && second != nullptr) {
+    return std::memcmp(first, second, sizeof(double)) == 0;
+  }
+  return one == other;
 }
 
 }  // namespace veyra

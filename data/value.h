@@ -32,4 +32,7 @@ std::optional<Date> ToDate(const Value& value);
 /// up to 2^53), the ISO text for a date.
 std::string ToText(const Value& value);
 
+/// Whether both are the same, to the last bit of a number, so that one that is none equals itself.
+bool IsSame(const Value& one, const Value& other);
+
 }  // namespace veyra

@@ -1,22 +1,17 @@
 #include "data/access/format/code_page.h"
 
-#include <iconv.h>
-
 #include <array>
-#include <cerrno>
 
 namespace veyra::access {
 
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
-const iconv_t kNoConverter = reinterpret_cast<iconv_t>(-1);  // NOLINT: iconv's own error value
 
-void* OpenConverter(std::uint16_t number) {
+Charset Opened(std::uint16_t number) {
   for (const std::string& name : {"CP" + std::to_string(number), std::string("CP1252")}) {
-    const iconv_t converter = iconv_open("UTF-8", name.c_str());
-    if (converter != kNoConverter) {
-      return converter;
+    if (auto charset = Charset::Named(name)) {
+      return *charset;
     }
   }
   throw FileProblem("The database's texts are of a code page that this computer does not know.",
@@ -68,51 +63,14 @@ std::size_t DecodeUtf8(std::string_view text, std::size_t at, char32_t& characte
 }  // namespace
 
 std::string CodePage::ToUtf8(ByteView text) const {
+  const std::string_view bytes(reinterpret_cast<const char*>(text.data()), text.size());
   if (IsAscii(text)) {
-    return {reinterpret_cast<const char*>(text.data()), text.size()};
+    return std::string(bytes);
   }
-  if (!converter_) {
-    converter_.reset(OpenConverter(number_), [](void* converter) { iconv_close(converter); });
+  if (!charset_) {
+    charset_ = Opened(number_);
   }
-  std::string result;
-  auto* from = reinterpret_cast<char*>(const_cast<Byte*>(text.data()));  // NOLINT: iconv's type
-  std::size_t left = text.size();
-  std::array<char, 512> buffer;
-  iconv(converter_.get(), nullptr, nullptr, nullptr, nullptr);
-  while (left > 0) {
-    char* to = buffer.data();
-    std::size_t room = buffer.size();
-    const std::size_t done = iconv(converter_.get(), &from, &left, &to, &room);
-    result.append(buffer.data(), buffer.size() - room);
-    if (done == static_cast<std::size_t>(-1) && errno != E2BIG) {
-      AppendUtf8(result, kReplacement);
-      ++from;
-      --left;
-    }
-  }
-  return result;
-}
-
-void AppendUtf8(std::string& text, char32_t character) {
-  if (character > 0x10FFFF || (character >= 0xD800 && character <= 0xDFFF)) {
-    character = kReplacement;
-  }
-  const auto add = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-  if (character < 0x80) {
-    add(character);
-  } else if (character < 0x800) {
-    add(0xC0U | (character >> 6U));
-    add(0x80U | (character & 0x3FU));
-  } else if (character < 0x10000) {
-    add(0xE0U | (character >> 12U));
-    add(0x80U | ((character >> 6U) & 0x3FU));
-    add(0x80U | (character & 0x3FU));
-  } else {
-    add(0xF0U | (character >> 18U));
-    add(0x80U | ((character >> 12U) & 0x3FU));
-    add(0x80U | ((character >> 6U) & 0x3FU));
-    add(0x80U | (character & 0x3FU));
-  }
+  return charset_->ToUtf8(bytes);
 }
 
 std::string Utf8FromUtf16(ByteView text) {

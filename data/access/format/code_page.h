@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "data/access/format/bytes.h"
+#include "data/charset.h"
 
 namespace veyra::access {
 
@@ -21,7 +22,7 @@ class CodePage {
 
  private:
   std::uint16_t number_;
-  mutable std::shared_ptr<void> converter_;  ///< Opened when it is needed first.
+  mutable std::optional<Charset> charset_;  ///< Opened when it is needed first.
 };
 
 /// A little-endian UTF-16 text in UTF-8; half a surrogate pair becomes U+FFFD, and so does half a
@@ -30,8 +31,5 @@ std::string Utf8FromUtf16(ByteView text);
 
 /// A UTF-8 text as UTF-16, code unit by code unit; an invalid byte becomes U+FFFD.
 std::u16string Utf16FromUtf8(std::string_view text);
-
-/// Adds a character to a UTF-8 text; what is no character is added as U+FFFD.
-void AppendUtf8(std::string& text, char32_t character);
 
 }  // namespace veyra::access

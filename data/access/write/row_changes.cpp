@@ -1,6 +1,6 @@
 #include "data/access/write/row_changes.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include "data/access/format/data_page.h"
 #include "data/access/read/condition.h"
@@ -11,16 +11,6 @@
 namespace veyra::access {
 
 namespace {
-
-/// Equal to the last bit, so that a number that is none equals itself.
-bool IsSame(const Value& one, const Value& other) {
-  const auto* first = std::get_if<double>(&one);
-  const auto* second = std::get_if<double>(&other);
-  if (first != nullptr && second != nullptr) {
-    return std::memcmp(first, second, sizeof(double)) == 0;
-  }
-  return one == other;
-}
 
 Row ReadRow(PageChanges& pages, const TableLayout& layout, RowPointer home) {
   const std::optional<RowPointer> place = ResolveRow(pages, home);

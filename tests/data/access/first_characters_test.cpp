@@ -5,6 +5,7 @@
 #include "data/access/write/definition_writer.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
+#include "data/charset.h"
 #include "data/errors.h"
 #include "tests/data/access/access_folder.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 std::string Utf8(char32_t character) {
   std::string text;
-  access::AppendUtf8(text, character);
+  AppendUtf8(text, character);
   return text;
 }
 

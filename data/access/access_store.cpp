@@ -15,6 +15,7 @@
 #include "data/access/read/describe.h"
 #include "data/access/read/snapshot.h"
 #include "data/access/read/table_rows.h"
+#include "data/access/reporting.h"
 #include "data/access/write/change_words.h"
 #include "data/access/write/journal_writer.h"
 #include "data/access/write/row_changes.h"
@@ -35,49 +36,7 @@ namespace {
 constexpr std::size_t kRowsAtOnce = 50;
 
 using access::FileLock;
-using access::FileProblem;
-
-[[noreturn]] void ReportAs(const access::StoreProblem& problem, const std::string& file,
-                           const std::string& table) {
-  switch (problem.What()) {
-    case access::Wrong::NoTable:
-      throw MissingTable(file, problem.Name());
-    case access::Wrong::NoColumn:
-      throw MissingColumn(file, table, problem.Name());
-    case access::Wrong::TableExists:
-      throw TableExists(file, problem.Name());
-    case access::Wrong::ColumnExists:
-      throw ColumnExists(file, table, problem.Name());
-    case access::Wrong::RowChanged:
-      throw RowChanged(file, table);
-    case access::Wrong::RowRemoved:
-      throw RowRemoved(file, table);
-    case access::Wrong::ReadingOnly:
-      break;
-  }
-  throw OpenedForReadingOnly(file);
-}
-
-/// Runs `work`; what goes wrong in it is reported with the names of the file and the table.
-template <typename Work>
-auto Reporting(const std::string& file, const std::string& table, const Work& work) {
-  try {
-    return work();
-  } catch (const access::StoreProblem& problem) {
-    ReportAs(problem, file, table);
-  } catch (const access::FileBusy& problem) {
-    if (problem.IsCancelled()) {
-      throw WaitCancelledError({file, problem.what(), problem.advice()});
-    }
-    throw DatabaseBusyError({file, problem.what(), problem.advice()});
-  } catch (const access::ValueRefused& problem) {
-    throw ValueRefusedError({file, problem.what(), problem.advice()});
-  } catch (const access::OutcomeUnknown& problem) {
-    throw veyra::OutcomeUnknown(file, problem.what());
-  } catch (const FileProblem& problem) {
-    throw DatabaseError({file, problem.what(), problem.advice()});
-  }
-}
+using access::Reporting;
 
 class AccessRows : public RowSource {
  public:

@@ -1,12 +1,10 @@
 #include "tests/soak/monkey.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
@@ -17,6 +15,8 @@
 #include "data/errors.h"
 #include "forms/settings/palette.h"
 #include "forms/widgets/qt_text.h"
+#include "tests/soak/windows.h"
+#include "tests/soak/wrong_windows.h"
 
 namespace veyra::soak {
 
@@ -37,47 +37,6 @@ constexpr std::array kNames{
     "A name of more than fifty characters, as some groups have, for instance this one",
 };
 
-QWidget* AnyWindow(const char* name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == QLatin1String(name)) {
-      return window;
-    }
-  }
-  return nullptr;
-}
-
-QWidget* Seen(const char* name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() == QLatin1String(name)) {
-      return window;
-    }
-  }
-  return nullptr;
-}
-
-bool TakesInput(const QWidget* window) {
-  return window != nullptr && window->isEnabled();
-}
-
-template <typename Control>
-Control& In(QWidget& window, const QString& name) {
-  auto* control = window.findChild<Control*>(name);
-  if (control == nullptr) {
-    throw std::runtime_error("no control " + name.toStdString());
-  }
-  return *control;
-}
-
-void Press(QWidget& window, const char* button) {
-  QTest::mouseClick(&In<QPushButton>(window, QLatin1String(button)), Qt::LeftButton);
-}
-
-void Write(QLineEdit& field, const std::string& text) {
-  field.setFocus();
-  field.selectAll();
-  field.insert(ToQString(text));
-}
-
 /// The number that a report begins with.
 int NumberOf(const std::string& report) {
   return std::atoi(report.c_str());
@@ -85,20 +44,6 @@ int NumberOf(const std::string& report) {
 
 bool Ends(const std::string& text, const char* end) {
   return text.ends_with(end);
-}
-
-MultiDayPlan PlanInWindow() {
-  MultiDayPlan plan;
-  QWidget* window = AnyWindow("frmMultiDay");
-  for (int i = 0; window != nullptr && i < 2; ++i) {
-    plan.Text1.at(static_cast<std::size_t>(i)) =
-        ToUtf8(In<QLineEdit>(*window, QStringLiteral("Text1(%1)").arg(i)).text());
-  }
-  for (int day = 1; window != nullptr && day <= 7; ++day) {
-    plan.Days.at(static_cast<std::size_t>(day)) =
-        In<QCheckBox>(*window, QStringLiteral("Days(%1)").arg(day)).isChecked();
-  }
-  return plan;
 }
 
 /// How many days the plan ticks, when it has both dates.
@@ -153,8 +98,10 @@ std::string Monkey::Act() {
   } catch (const std::exception& failure) {
     return failure.what();
   }
-  for (std::string (Monkey::*check)() :
-       {&Monkey::StuckWindow, &Monkey::WrongTables, &Monkey::WrongDay}) {
+  if (std::string fault = StuckWindow(); !fault.empty()) {
+    return fault;
+  }
+  for (std::string (Monkey::*check)() : {&Monkey::WrongTables, &Monkey::WrongDay}) {
     if (std::string fault = (this->*check)(); !fault.empty()) {
       return fault;
     }
@@ -490,46 +437,7 @@ std::string Monkey::WrongDay() {
     return {};
   }
   const Date day = AddDays(month_shown_, static_cast<int>(Lot(28)));
-  const int cell = WeekdayNumber(month_shown_) + DayOf(day) - 1;
-  const auto& list = In<QListWidget>(*month, QStringLiteral("lstDay(%1)").arg(cell));
-  std::vector<std::string> shown;
-  for (int row = 0; row < list.count(); ++row) {
-    shown.push_back(ToUtf8(list.item(row)->text()));
-  }
-  std::vector<std::string> expected = model_.Lines(day);
-  std::sort(shown.begin(), shown.end());
-  std::sort(expected.begin(), expected.end());
-  if (shown == expected) {
-    return {};
-  }
-  std::string fault = DateText(day) + " shows";
-  for (const std::string& line : shown) {
-    fault += " [" + line + "]";
-  }
-  fault += " but should";
-  for (const std::string& line : expected) {
-    fault += " [" + line + "]";
-  }
-  return fault;
-}
-
-/// A window that takes no input, or is hidden, waits for one that brings it back.
-std::string Monkey::StuckWindow() {
-  const QWidget* month = Seen("frmCalendar");
-  const QWidget* day = Seen("frmDay");
-  const QWidget* viewer = Seen("frmDayViewer");
-  if (month == nullptr && day == nullptr) {
-    return "the month window is hidden, and no day window brings it back";
-  }
-  const bool has_child = viewer != nullptr || day != nullptr || Seen("frmSettings") != nullptr ||
-                         Seen("frmAbout") != nullptr;
-  if (month != nullptr && !TakesInput(month) && !has_child) {
-    return "the month window takes no input, and no window brings it back";
-  }
-  if (day != nullptr && !TakesInput(day) && Seen("frmMultiDay") == nullptr) {
-    return "the day window takes no input, and no window brings it back";
-  }
-  return {};
+  return WrongLines(*month, day, model_.Lines(day));
 }
 
 std::string Monkey::DrawnName() {

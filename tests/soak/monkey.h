@@ -53,7 +53,6 @@ class Monkey {
 
   std::string WrongTables();
   std::string WrongDay();
-  std::string StuckWindow();
 
   /// The first of the month that lies so many months after that of `first`, or before it.
   static Date FirstOfNextMonth(Date first, int step);

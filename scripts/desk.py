@@ -103,9 +103,10 @@ class Desk:
         if self.process:
             end(self.process)
 
-    def start(self):
-        """Starts the program; returns at once."""
-        self.process = self.screen.start([os.path.join(self.app_folder, "veyra-calendar")])
+    def start(self, **environment):
+        """Starts the program, in the screen's environment and this; returns at once."""
+        self.process = self.screen.start([os.path.join(self.app_folder, "veyra-calendar")],
+                                         env={**self.screen.environment, **environment})
 
     def exit_status(self):
         """Waits for the program to end by itself."""

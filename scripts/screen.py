@@ -116,8 +116,9 @@ class Screen:
 
     def start(self, command, **options):
         """Starts a program on this screen; it ends with the screen if not earlier."""
-        options = {"stdin": subprocess.DEVNULL, "stdout": self._log, "stderr": self._log, **options}
-        process = subprocess.Popen(command, env=self.environment, cwd=self._home, **options)
+        options = {"stdin": subprocess.DEVNULL, "stdout": self._log, "stderr": self._log,
+                   "env": self.environment, **options}
+        process = subprocess.Popen(command, cwd=self._home, **options)
         self._started.append(process)
         return process
 

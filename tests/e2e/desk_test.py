@@ -48,9 +48,9 @@ class DeskTest(unittest.TestCase):
             self.desk.picture(picture, window_only=False)
             print(f"What was on the screen then: {picture}")
 
-    def start(self):
+    def start(self, **environment):
         """Starts the program and waits for its month."""
-        self.desk.start()
+        self.desk.start(**environment)
         self.desk.wait_for_month_window()
 
     # Messages

@@ -104,11 +104,15 @@ int Model::BookPlan(const std::string& name, const MultiDayPlan& plan, modRes::S
 }
 
 Model::Booking* Model::Find(Date day, modRes::SlotRange slots) {
-  const auto found = std::find_if(bookings_.begin(), bookings_.end(), [&](const Booking& booking) {
-    return booking.Room == current_ && booking.Day == day && booking.Slots.First <= slots.First &&
-           booking.Slots.Last >= slots.Last;
-  });
-  return found == bookings_.end() ? nullptr : &*found;
+  Booking* shown = nullptr;
+  for (Booking& booking : bookings_) {
+    const bool covers = booking.Room == current_ && booking.Day == day &&
+                        booking.Slots.First <= slots.First && booking.Slots.Last >= slots.Last;
+    if (covers && (shown == nullptr || booking.Slots.First >= shown->Slots.First)) {
+      shown = &booking;
+    }
+  }
+  return shown;
 }
 
 bool Model::Delete(Date day, modRes::SlotRange slots) {

@@ -63,8 +63,8 @@ class Model {
   std::string Text() const;
 
  private:
-  /// Of the bookings that cover the slots, the one that the grid shows: the last of those that begin
-  /// latest.
+  /// Of the bookings that cover the slots, the one that the grid shows: the last of those that
+  /// begin latest.
   Booking* Find(Date day, modRes::SlotRange slots);
 
   std::vector<Room> rooms_;

@@ -103,9 +103,10 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_window_(guard_),
       month_gate_(month_window_),
       printer_(month_window_),
-      month_(session_, month_window_, *this, dialogs, clock, printer_) {
+      month_(session_, month_window_, *this, dialogs, clock, printer_),
+      desk_(month_, dialogs, clock) {
   session_.Waiting = WaitPolicy(kStoreTimeout, &sign_);
-  month_window_.SetHandler(&month_);
+  month_window_.SetHandler(&month_, &desk_);
   guard_.SetRecovery([this] { ShowWhatIsStored(); });
   guard_.SetReopening([this] { OpenCalendarAnew(); });
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/handler_guard.h"
+#include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/print/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
@@ -87,6 +88,7 @@ class Program : public Windows {
   QtInputGate month_gate_;
   QtMonthPrinter printer_;
   frmCalendar month_;
+  DeskActions desk_;
   NoDayList no_list_;
   std::unique_ptr<OpenViewer> viewer_;
   std::unique_ptr<OpenMultiDay> multi_day_;

@@ -1,11 +1,11 @@
 #include "forms/month/frmCalendar.h"
 
 #include <algorithm>
-#include <new>
 
 #include "data/color_settings.h"
 #include "data/shown_name.h"
 #include "data/text.h"
+#include "forms/month/print/print_messages.h"
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"
 #include "logic/help_viewer.h"
@@ -16,33 +16,8 @@ namespace {
 
 constexpr int kEnterKey = 13;
 
-/// Error numbers of the classic runtime.
-constexpr int kOutOfMemory = 7;
-constexpr int kInternalError = 51;
-
-int ErrorNumber(const std::exception& failure) {
-  if (const auto* dialog = dynamic_cast<const PrinterDialogError*>(&failure)) {
-    return dialog->Number;
-  }
-  return dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ? kOutOfMemory : kInternalError;
-}
-
-Message PrintFailure(int number) {
-  if (number == PrinterDialogError::kCancelled) {
-    return {.Text = "Calendar Printing Canceled", .Sign = Icon::Exclamation};
-  }
-  return {.Text = "A nonCancel Error Occured - " + std::to_string(number),
-          .Sign = Icon::Exclamation};
-}
-
 Message NoFacility() {
   return {.Text = "There is no Facility Selected", .Sign = Icon::Critical};
-}
-
-PrinterError NoSuchPrinter(const std::string& device_name) {
-  return PrinterError({"", "The printer \"" + device_name + "\" is no longer there.",
-                       "Click on the month to get the buttons back, then print again on another "
-                       "printer, or into a PDF file."});
 }
 
 }  // namespace
@@ -167,6 +142,11 @@ void frmCalendar::Combo1_Click(const std::string& text) {
   RefreshMonth();
 }
 
+void frmCalendar::PickFacility(const std::string& name) {
+  Combo1_Click(name);
+  view_.ShowFacilityBox(Combo1_);
+}
+
 void frmCalendar::Combo1_KeyPress(int key) {
   if (key != kEnterKey || AdoptListedName()) {
     return;
@@ -264,6 +244,11 @@ void frmCalendar::RefreshMonth() {
   modRes::RefreshMonth(session_, clock_, view_, session_.CurMonth);
 }
 
+void frmCalendar::ShowDay(Date day) {
+  TurnTo(YearOf(day), MonthOf(day));
+  view_.ChooseDay(CellOf(day));
+}
+
 void frmCalendar::ReloadFacilities() {
   modRes::ReloadFacilities(session_, Combo1_);
   view_.ShowFacilityBox(Combo1_);
@@ -289,7 +274,7 @@ std::optional<std::string> frmCalendar::ChoosePrinterAndHideControls() {
     view_.ShowControls(false);
     return chosen;
   } catch (const std::exception& failure) {
-    dialogs_.MsgBox(PrintFailure(ErrorNumber(failure)));
+    dialogs_.MsgBox(PrintFailure(failure));
     return std::nullopt;
   }
 }
@@ -373,6 +358,10 @@ void frmCalendar::EnableAgainIfThrown(const std::function<void()>& open) {
 void frmCalendar::ShowWhatIsLeft() {
   ReloadFacilities();
   modRes::SelectFacility(session_, Combo1_.Text);
+}
+
+int frmCalendar::CellOf(Date day) {
+  return DayOf(day) - 1 + WeekdayNumber(MakeDate(YearOf(day), MonthOf(day), 1).value());
 }
 
 Date frmCalendar::DateOfCell(int index) const {

@@ -72,6 +72,15 @@ class frmCalendar {
   /// Draws the month again.
   void RefreshMonth();
 
+  /// Turns to the month of `day` and chooses its cell. REQUIRES: its year is one of kFirstYear to
+  /// kLastYear.
+  void ShowDay(Date day);
+
+  /// Picks that entry of the facility box, as Combo1_Click does, and shows it in the box.
+  void PickFacility(const std::string& name);
+
+  const NameBox& FacilityBox() const { return Combo1_; }
+
   /// Fills the facility box anew with what the calendar holds. Throws DatabaseError.
   void ReloadFacilities();
 
@@ -91,6 +100,7 @@ class frmCalendar {
   void EnableAgainIfThrown(const std::function<void()>& open);
   void ShowWhatIsLeft();
   Date DateOfCell(int index) const;
+  static int CellOf(Date day);
   void ShowRoom(const std::string& name);
 
   Session& session_;

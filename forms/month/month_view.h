@@ -33,6 +33,9 @@ class MonthView : public modRes::MonthScreen {
   /// Gives the focus to Command3, "Print".
   virtual void FocusPrintButton() = 0;
 
+  /// Gives the focus to lstDay(cell_index), 1 to 42, which belongs to the month.
+  virtual void ChooseDay(int cell_index) = 0;
+
   /// Places the window at the top of the screen, centred across it.
   virtual void PlaceAtTopCentre() = 0;
 };

@@ -47,6 +47,10 @@ bool IsMoveKey(int key) {
   return (key >= Qt::Key_Left && key <= Qt::Key_Down) || key == Qt::Key_Home || key == Qt::Key_End;
 }
 
+bool IsEnd(int key) {
+  return key == Qt::Key_Home || key == Qt::Key_End;
+}
+
 /// Where the middle of a character stands in a laid out line, whichever way its script runs.
 double Middle(const QTextLayout& layout, int from, int length) {
   const QList<QGlyphRun> runs = layout.glyphRuns(from, length);
@@ -177,7 +181,7 @@ void QtDayList::keyPressEvent(QKeyEvent* event) {
       QtGestureGuard::EndGestures(*this);
       emit Pressed(IsEnter(key) ? MouseButton::Left : MouseButton::Right);
     }
-  } else if (IsMoveKey(key) && event->modifiers().testFlag(Qt::ControlModifier)) {
+  } else if (IsMoveKey(key) && !IsEnd(key) && event->modifiers() & Qt::ControlModifier) {
     ScrollBy(key);
   } else if (IsMoveKey(key)) {
     emit MoveKeyPressed(key);

@@ -154,6 +154,11 @@ void QtMonthGrid::ShowLines(int index, const modRes::DayLines& lines) {
   Cell(index).List().ShowLines(lines);
 }
 
+void QtMonthGrid::Choose(int index) {
+  MakeTabStop(index);
+  Cell(index).List().setFocus(Qt::OtherFocusReason);
+}
+
 void QtMonthGrid::SetHeaderColor(const QColor& color) {
   for (QLabel* header : Label2_) {
     QPalette colors = header->palette();

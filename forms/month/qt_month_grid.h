@@ -28,6 +28,9 @@ class QtMonthGrid : public QWidget {
   /// Shows these lines in lstDay(index), 1 to 42.
   void ShowLines(int index, const modRes::DayLines& lines);
 
+  /// Gives the focus to lstDay(index), a cell that holds a day.
+  void Choose(int index);
+
   void SetHeaderColor(const QColor& color);
 
   /// Whether the widget is one of the weekday headers.

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "forms/month/qt_desk_menu.h"
 #include "forms/month/qt_month_grid.h"
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_elided_label.h"
@@ -63,6 +65,12 @@ QtMonthWindow::QtMonthWindow(const HandlerGuard& guard) : guard_(guard) {
   BuildContents();
   WireFacilityBox();
   WirePageKeys();
+  desk_menu_ = new QtDeskMenu(guard_, *this);
+}
+
+void QtMonthWindow::SetHandler(frmCalendar* handler, DeskActions* desk) {
+  handler_ = handler;
+  desk_menu_->SetHandler(desk);
 }
 
 void QtMonthWindow::BuildMenus() {
@@ -230,6 +238,7 @@ void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {
 
 void QtMonthWindow::ShowFacilityBox(const NameBox& box) {
   Combo1_->ShowNames(box);
+  desk_menu_->ShowFacilities(box.Items);
 }
 
 void QtMonthWindow::ShowFacilityHint(const std::string& hint) {
@@ -268,6 +277,10 @@ void QtMonthWindow::FocusPrintButton() {
   Command3_->setFocus(Qt::OtherFocusReason);
 }
 
+void QtMonthWindow::ChooseDay(int cell_index) {
+  grid_->Choose(cell_index);
+}
+
 void QtMonthWindow::PlaceAtTopCentre() {
   const QRect room = screen()->availableGeometry();
   const QSize most(room.width(), room.height() - kRoomForWindowFrame);
@@ -294,7 +307,11 @@ void QtMonthWindow::mousePressEvent(QMouseEvent* event) {
 
 void QtMonthWindow::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
-  const QWidget* clicked = childAt(event->position().toPoint());
+  ReportClickAt(event->position().toPoint());
+}
+
+void QtMonthWindow::ReportClickAt(const QPoint& place) {
+  const QWidget* clicked = childAt(place);
   if (clicked == lblMonth_) {
     Report(&frmCalendar::lblMonth_Click);
   } else if (clicked == lblRoom_) {
@@ -303,6 +320,27 @@ void QtMonthWindow::mouseReleaseEvent(QMouseEvent* event) {
     Report(&frmCalendar::Label2_Click);
   } else {
     Report(&frmCalendar::Form_Click);
+  }
+}
+
+/// The open menu takes the release of the button, so the click is over with the press.
+void QtMonthWindow::contextMenuEvent(QContextMenuEvent* event) {
+  const QWidget* clicked = childAt(event->pos());
+  const bool is_control = clicked == nullptr || clicked == menuBar() || Combo1_ == clicked ||
+                          Combo1_->isAncestorOf(clicked) ||
+                          qobject_cast<const QPushButton*>(clicked) != nullptr;
+  if (event->reason() == QContextMenuEvent::Mouse && !is_control) {
+    ReportClickAt(event->pos());
+    desk_menu_->popup(event->globalPos());
+  }
+}
+
+/// Keys that no control has wanted.
+void QtMonthWindow::keyPressEvent(QKeyEvent* event) {
+  if (IsMenuKey(*event) && !event->isAutoRepeat() && !Combo1_->hasFocus()) {
+    desk_menu_->popup(focusWidget()->mapToGlobal(focusWidget()->rect().bottomLeft()));
+  } else {
+    QMainWindow::keyPressEvent(event);
   }
 }
 

@@ -16,6 +16,8 @@ class QPushButton;
 
 namespace veyra {
 
+class DeskActions;
+class QtDeskMenu;
 class QtMonthGrid;
 class QtNameBox;
 
@@ -28,8 +30,8 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   /// `guard` must outlive the window.
   explicit QtMonthWindow(const HandlerGuard& guard);
 
-  /// REQUIRES: called before the operator can reach the window. `frmCalendar` must outlive it.
-  void SetHandler(frmCalendar* handler) { handler_ = handler; }
+  /// REQUIRES: called before the operator can reach the window. Both must outlive it.
+  void SetHandler(frmCalendar* handler, DeskActions* desk);
 
   /// What the window shows now but for its controls, as it is to be printed.
   QtMonthPage InSight() const;
@@ -43,11 +45,14 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void ShowControls(bool visible) override;
   void SelectAllText() override;
   void FocusPrintButton() override;
+  void ChooseDay(int cell_index) override;
   void PlaceAtTopCentre() override;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -64,6 +69,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
                          Handler handler);
   QAction* AddMenuItem(QWidget* menu, const char* name, const char* caption, Handler handler);
   void Report(Handler handler);
+  void ReportClickAt(const QPoint& place);
 
   const HandlerGuard& guard_;
   frmCalendar* handler_ = nullptr;
@@ -76,6 +82,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   QPushButton* Command3_ = nullptr;
   QPushButton* Command4_ = nullptr;
   QtMonthGrid* grid_ = nullptr;
+  QtDeskMenu* desk_menu_ = nullptr;
 };
 
 }  // namespace veyra

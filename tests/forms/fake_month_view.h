@@ -23,6 +23,7 @@ class FakeMonthView : public MonthView {
   bool ControlsVisible = true;
   int TextsSelected = 0;
   bool PrintButtonFocused = false;
+  int ChosenCell = 0;
   bool Placed = false;
 
   void ShowMonth(const modRes::MonthPicture& picture) override {
@@ -47,6 +48,7 @@ class FakeMonthView : public MonthView {
   void ShowControls(bool visible) override { ControlsVisible = visible; }
   void SelectAllText() override { ++TextsSelected; }
   void FocusPrintButton() override { PrintButtonFocused = true; }
+  void ChooseDay(int cell_index) override { ChosenCell = cell_index; }
   void PlaceAtTopCentre() override { Placed = true; }
 };
 

@@ -56,7 +56,7 @@ TEST_F(MonthGesturesTest, TheArrowKeysMoveBetweenDaysAndAcrossWeeks) {
 
 TEST_F(MonthGesturesTest, TheArrowKeysStopAtTheEndsOfTheMonth) {
   Start();
-  Key(Qt::Key_Home);
+  Key(Qt::Key_Home, Qt::ControlModifier);
   EXPECT_EQ("lstDay(7)", FocusName());
   Key(Qt::Key_Left);
   Key(Qt::Key_Up);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "forms/handler_guard.h"
+#include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/qt_month_window.h"
 #include "tests/calendar_folder.h"
@@ -26,7 +27,8 @@ class ShownMonth {
     session_ = folder_.OpenSession();
     session_->CurrentColors = {"16777215", "12582912", "0", "255", "13434879"};
     logic_.emplace(*session_, Window, windows_, Dialogs, clock_, *printer_);
-    Window.SetHandler(&*logic_);
+    desk_.emplace(*logic_, Dialogs, clock_);
+    Window.SetHandler(&*logic_, &*desk_);
     logic_->LoadFacilityBox();
     logic_->SelectActiveFacility();
   }
@@ -68,6 +70,7 @@ class ShownMonth {
   FakeClock clock_{2014, 3, 5};
   std::map<int, modRes::DayLines> lines_;
   std::optional<frmCalendar> logic_;
+  std::optional<DeskActions> desk_;
 };
 
 }  // namespace veyra

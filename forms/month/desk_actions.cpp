@@ -1,0 +1,45 @@
+#include "forms/month/desk_actions.h"
+
+#include <string>
+#include <vector>
+
+#include "data/date.h"
+#include "data/shown_name.h"
+#include "logic/date_parser.h"
+
+namespace veyra {
+
+DeskActions::DeskActions(frmCalendar& month, Dialogs& dialogs, const Clock& clock)
+    : month_(month), dialogs_(dialogs), clock_(clock) {}
+
+void DeskActions::ShowToday() {
+  month_.ShowDay(clock_.Today());
+}
+
+void DeskActions::GoToDate() {
+  const Date today = clock_.Today();
+  std::string text = DateText(today);
+  while (true) {
+    text = dialogs_.InputBox("Date, for example 3/15/2014 or March 15", "Go to a Date", text);
+    if (text.empty()) {
+      return;
+    }
+    if (const auto day = ParseDate(text, today)) {
+      month_.ShowDay(*day);
+      return;
+    }
+    dialogs_.MsgBox({.Text = "\"" + ShownName(text) + "\" is not a date." + kLineBreak +
+                             "Enter it again, for example 3/15/2014.",
+                     .Sign = Icon::Exclamation});
+  }
+}
+
+void DeskActions::PickFacility(std::size_t number) {
+  const std::vector<std::string>& names = month_.FacilityBox().Items;
+  if (number >= 1 && number <= names.size()) {
+    // By value: the picking may fill the box anew.
+    month_.PickFacility(std::string(names[number - 1]));
+  }
+}
+
+}  // namespace veyra

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+
+#include "forms/month/frmCalendar.h"
+#include "logic/clock.h"
+#include "logic/dialogs.h"
+
+namespace veyra {
+
+/// What the operator does in the month window beside its fixed controls: by a key, or by the menu
+/// of the window's background. Every one may throw what the logic throws.
+class DeskActions {
+ public:
+  /// So many facilities have a key.
+  static constexpr std::size_t kFacilityKeys = 9;
+
+  /// All of them must outlive it.
+  DeskActions(frmCalendar& month, Dialogs& dialogs, const Clock& clock);
+
+  /// Turns to the month of today and chooses its cell.
+  void ShowToday();
+
+  /// Asks for a date, again and again while what is typed is none, and turns to it. A text without
+  /// a year is of the present year.
+  void GoToDate();
+
+  /// Picks that facility of the box, counted from 1. Nothing happens when there are not so many.
+  void PickFacility(std::size_t number);
+
+ private:
+  frmCalendar& month_;
+  Dialogs& dialogs_;
+  const Clock& clock_;
+};
+
+}  // namespace veyra

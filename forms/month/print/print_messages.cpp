@@ -1,0 +1,36 @@
+#include "forms/month/print/print_messages.h"
+
+#include <new>
+
+namespace veyra {
+namespace {
+
+/// Error numbers of the classic runtime.
+constexpr int kOutOfMemory = 7;
+constexpr int kInternalError = 51;
+
+int ErrorNumber(const std::exception& failure) {
+  if (const auto* dialog = dynamic_cast<const PrinterDialogError*>(&failure)) {
+    return dialog->Number;
+  }
+  return dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ? kOutOfMemory : kInternalError;
+}
+
+}  // namespace
+
+Message PrintFailure(const std::exception& failure) {
+  const int number = ErrorNumber(failure);
+  if (number == PrinterDialogError::kCancelled) {
+    return {.Text = "Calendar Printing Canceled", .Sign = Icon::Exclamation};
+  }
+  return {.Text = "A nonCancel Error Occured - " + std::to_string(number),
+          .Sign = Icon::Exclamation};
+}
+
+PrinterError NoSuchPrinter(const std::string& device_name) {
+  return PrinterError({"", "The printer \"" + device_name + "\" is no longer there.",
+                       "Click on the month to get the buttons back, then print again on another "
+                       "printer, or into a PDF file."});
+}
+
+}  // namespace veyra

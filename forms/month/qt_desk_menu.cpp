@@ -1,0 +1,67 @@
+#include "forms/month/qt_desk_menu.h"
+
+#include <QAction>
+
+#include "data/shown_name.h"
+#include "forms/widgets/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kWidestName = 320;
+
+/// An ampersand in a caption would underline the letter that follows it.
+QString Caption(const std::string& name, const QFontMetrics& metrics) {
+  return metrics.elidedText(OneLine(ShownName(name)), Qt::ElideRight, kWidestName)
+      .replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+}  // namespace
+
+QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
+    : QMenu(&window), guard_(guard), window_(window) {
+  setObjectName(QStringLiteral("mnuDesk"));
+  setAccessibleName(QStringLiteral("Calendar"));
+  AddEntry(*this, "mnuToday", "Today",
+           {QKeySequence(Qt::CTRL | Qt::Key_T), QKeySequence(Qt::Key_Home)},
+           &DeskActions::ShowToday);
+  AddEntry(*this, "mnuGoToDate", "Go to Date...", {QKeySequence(Qt::CTRL | Qt::Key_G)},
+           &DeskActions::GoToDate);
+  facilities_ = addMenu(QStringLiteral("Facility"));
+  facilities_->setObjectName(QStringLiteral("mnuFacility"));
+  for (std::size_t place = 0; place < facility_.size(); ++place) {
+    const auto number = static_cast<int>(place) + 1;
+    const std::string name = "mnuFacility(" + std::to_string(number) + ")";
+    facility_.at(place) =
+        AddEntry(*facilities_, name.c_str(), "", {QKeySequence(Qt::CTRL | (Qt::Key_0 + number))},
+                 [place](DeskActions& desk) { desk.PickFacility(place + 1); });
+  }
+  ShowFacilities({});
+}
+
+/// The first of the keys is the one that the menu names.
+QAction* QtDeskMenu::AddEntry(QMenu& menu, const char* name, const char* caption,
+                              const QList<QKeySequence>& keys, const Work& work) {
+  auto* entry = new QAction(QLatin1String(caption), &window_);
+  entry->setObjectName(QLatin1String(name));
+  entry->setMenuRole(QAction::NoRole);
+  entry->setShortcuts(keys);
+  entry->setAutoRepeat(false);
+  entry->setShortcutVisibleInContextMenu(true);
+  window_.addAction(entry);
+  menu.addAction(entry);
+  connect(entry, &QAction::triggered, this, [this, work] { guard_.Run([&] { work(*desk_); }); });
+  return entry;
+}
+
+/// An entry that is not to be seen has no key either.
+void QtDeskMenu::ShowFacilities(const std::vector<std::string>& names) {
+  for (std::size_t place = 0; place < facility_.size(); ++place) {
+    QAction& entry = *facility_.at(place);
+    entry.setVisible(place < names.size());
+    entry.setText(place < names.size() ? Caption(names[place], fontMetrics()) : QString());
+  }
+  facilities_->menuAction()->setVisible(!names.empty());
+}
+
+}  // namespace veyra

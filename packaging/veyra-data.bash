@@ -12,13 +12,14 @@ _veyra_data_options() {
     export) echo "--facility --from --to --format --replace" ;;
     import) echo "--facility --from --to --format --skip-clashes --dry-run --json" ;;
     backup) echo "--rolling --once" ;;
+    rescue) echo "--json" ;;
   esac
 }
 
 _veyra_data() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   local commands="new convert compact show list check history undo restore journal"
-  commands+=" export import backup restore-backup"
+  commands+=" export import backup restore-backup rescue"
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
     mapfile -t COMPREPLY < <(compgen -W "$commands --help --version" -- "$current")

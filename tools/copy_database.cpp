@@ -14,22 +14,6 @@ std::optional<Value> Found(const auto& value) {
   return value ? std::optional<Value>(*value) : std::nullopt;
 }
 
-/// The value as a column of that type holds it, or nothing when it cannot.
-std::optional<Value> As(ColumnType type, const Value& value) {
-  if (IsNull(value)) return value;
-  switch (type) {
-    case ColumnType::WholeNumber:
-      return Found(ToInteger(value));
-    case ColumnType::Double:
-      return Found(ToDouble(value));
-    case ColumnType::Day:
-      return Found(ToDate(value));
-    case ColumnType::Text:
-      return ToText(value);
-  }
-  return std::nullopt;
-}
-
 const char* WordFor(ColumnType type) {
   switch (type) {
     case ColumnType::WholeNumber:
@@ -75,7 +59,7 @@ class SourceTable {
  private:
   Value Converted(std::size_t i) const {
     const ColumnDefinition& column = table_.Columns[i];
-    const std::optional<Value> converted = As(column.Type, row_.Values[i]);
+    const std::optional<Value> converted = ValueAs(column.Type, row_.Values[i]);
     if (converted) return *converted;
     Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is no " +
          WordFor(column.Type) + ".");
@@ -159,7 +143,7 @@ void CompareRow(const SourceTable& from, const Row& row, const TableDefinition& 
   for (std::size_t i = 0; i < table.Columns.size(); ++i) {
     const ColumnDefinition& column = table.Columns[i];
     const Value& before = from.Values()[i];
-    if (As(column.Type, row.Values[i]) == before) continue;
+    if (ValueAs(column.Type, row.Values[i]) == before) continue;
     from.Fail(column.Name + " is \"" + ToText(before) + "\" and would become \"" +
               ToText(row.Values[i]) + "\".");
   }
@@ -182,6 +166,21 @@ void CompareTable(Store& source, Store& target, const TablePlan& plan,
 }
 
 }  // namespace
+
+std::optional<Value> ValueAs(ColumnType type, const Value& value) {
+  if (IsNull(value)) return value;
+  switch (type) {
+    case ColumnType::WholeNumber:
+      return Found(ToInteger(value));
+    case ColumnType::Double:
+      return Found(ToDouble(value));
+    case ColumnType::Day:
+      return Found(ToDate(value));
+    case ColumnType::Text:
+      return ToText(value);
+  }
+  return std::nullopt;
+}
 
 void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyObserver& observer) {
   CopyStep step{.Verb = "Copied", .Rows = 0, .Of = plan.RowCount};

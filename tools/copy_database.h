@@ -1,9 +1,14 @@
 #pragma once
 
+#include <optional>
+
 #include "data/store.h"
 #include "tools/copy_plan.h"
 
 namespace veyra {
+
+/// The value as a column of that type holds it, or nothing when it cannot.
+std::optional<Value> ValueAs(ColumnType type, const Value& value);
 
 /// Makes the planned tables in `target` and adds the rows of `source` to them, keys included, so
 /// that the next new key of a table comes after its highest.

@@ -103,6 +103,20 @@ std::vector<IndexDescription> Indexes(Reader& reader, const std::string& table) 
   return indexes;
 }
 
+/// "3, written by 3.40.1"
+std::string Version(Reader& reader) {
+  const std::string header = reader.database().FirstBytes(kHeaderBytes);
+  unsigned number = 0;
+  for (std::size_t at = kWrittenByAt; at < kHeaderBytes; ++at) {
+    number = number << 8U | static_cast<unsigned char>(header[at]);
+  }
+  if (number == 0) return "3";
+  return "3, written by " + std::to_string(number / 1'000'000) + '.' +
+         std::to_string(number / 1'000 % 1'000) + '.' + std::to_string(number % 1'000);
+}
+
+}  // namespace
+
 TableDescription DescribeTable(Reader& reader, const std::string& name) {
   TableDescription table{.Name = name};
   const std::vector<Value> asked{name};
@@ -117,20 +131,6 @@ TableDescription DescribeTable(Reader& reader, const std::string& name) {
   table.RowCount = Number(reader, "SELECT count(*) FROM " + Quoted(name));
   return table;
 }
-
-/// "3, written by 3.40.1"
-std::string Version(Reader& reader) {
-  const std::string header = reader.database().FirstBytes(kHeaderBytes);
-  unsigned number = 0;
-  for (std::size_t at = kWrittenByAt; at < kHeaderBytes; ++at) {
-    number = number << 8U | static_cast<unsigned char>(header[at]);
-  }
-  if (number == 0) return "3";
-  return "3, written by " + std::to_string(number / 1'000'000) + '.' +
-         std::to_string(number / 1'000 % 1'000) + '.' + std::to_string(number % 1'000);
-}
-
-}  // namespace
 
 StoreDescription Describe(Reader& reader) {
   StoreDescription store{.Kind = FileKind::Sqlite,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "data/sqlite/reader.h"
 #include "data/store_description.h"
 
@@ -7,5 +9,8 @@ namespace veyra::sqlite {
 
 /// What the file says of itself, the rows of each table counted. Throws as Store does.
 StoreDescription Describe(Reader& reader);
+
+/// What it says of one table or view.
+TableDescription DescribeTable(Reader& reader, const std::string& name);
 
 }  // namespace veyra::sqlite

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <fstream>
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "data/sqlite/page_digest.h"
@@ -64,6 +63,13 @@ bool Fill(std::istream& stream, std::span<unsigned char> bytes) {
   return stream.gcount() == static_cast<std::streamsize>(bytes.size());
 }
 
+/// A page in the log.
+struct Frame {
+  std::uint32_t Number;
+  std::uint64_t Digest;
+  std::uint64_t At;  ///< Where its bytes begin.
+};
+
 bool BearsMarksOf(Bytes head, Bytes frame) {
   return BigEndian(frame, 8) == BigEndian(head, 16) && BigEndian(frame, 12) == BigEndian(head, 20);
 }
@@ -82,20 +88,22 @@ WalContents ReadWal(const std::string& log) {
   if (page_size < kSmallestPage || page_size > kLargestPage || !sum.Is(head, 24)) {
     return {};
   }
-  WalContents contents;
-  std::vector<std::pair<std::uint32_t, std::uint64_t>> unfinished;
+  WalContents contents{.Pages = {}, .PageSize = page_size};
+  std::vector<Frame> unfinished;
   std::vector<unsigned char> frame(kFrameHeadBytes + page_size);
-  while (Fill(stream, frame) && BearsMarksOf(head, frame)) {
+  for (std::uint64_t at = kHeadBytes; Fill(stream, frame) && BearsMarksOf(head, frame);
+       at += frame.size()) {
     sum.Add(Bytes(frame).first(8));
     sum.Add(Bytes(frame).subspan(kFrameHeadBytes));
     if (!sum.Is(frame, 16)) {
       break;
     }
     const Bytes page = Bytes(frame).subspan(kFrameHeadBytes);
-    unfinished.emplace_back(BigEndian(frame, 0), PageDigest(page));
+    unfinished.push_back({BigEndian(frame, 0), PageDigest(page), at + kFrameHeadBytes});
     if (BigEndian(frame, 4) != 0) {
-      for (const auto& [number, digest] : unfinished) {
-        contents.Pages[number].insert(digest);
+      for (const Frame& done : unfinished) {
+        contents.Pages[done.Number].insert(done.Digest);
+        contents.Latest[done.Number] = done.At;
       }
       unfinished.clear();
     }

@@ -12,6 +12,10 @@ struct WalContents {
   /// Of each page, by its number from 1, the digests of what the log has it to be, one change after
   /// another.
   std::map<std::uint32_t, std::set<std::uint64_t>> Pages;
+
+  /// Of each page, where in the log it lies as it was last.
+  std::map<std::uint32_t, std::uint64_t> Latest = {};
+  std::uint32_t PageSize = 0;
 };
 
 /// Reads a log as SQLite recovers it: as far as its frames bear the marks of its head and their

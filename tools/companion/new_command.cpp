@@ -4,15 +4,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <system_error>
 #include <utility>
 
 #include "data/connection.h"
-#include "data/create_store.h"
 #include "data/errors.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/new_database.h"
 #include "tools/plain_text.h"
 #include "tools/sample_data.h"
 #include "tools/unfinished_folder.h"
@@ -24,37 +23,6 @@ namespace {
 
 constexpr const char* kCalendarFile = "Calendar.mdb";
 constexpr const char* kGuestFile = "Veyra.mdb";
-constexpr int kLongestAccessText = 255;
-
-void RefuseIfThere(const fs::path& file) {
-  // A journal that an earlier database left would be taken for the new one's.
-  for (const char* companion : {"", "-wal", "-shm", "-journal"}) {
-    const fs::path name = file.string() + companion;
-    std::error_code unreachable;
-    if (fs::exists(fs::symlink_status(name, unreachable))) {
-      throw FileError({name.string(), "This file is there already; nothing was made.",
-                       "Choose another folder, or move the file away first."});
-    }
-  }
-}
-
-/// In an Access file a text without limit is a memo, which other programs list and sort poorly.
-TableDefinition AsUsualIn(FileKind kind, TableDefinition table) {
-  for (ColumnDefinition& column : table.Columns) {
-    const bool is_memo = column.Type == ColumnType::Text && column.Size == 0;
-    if (kind == FileKind::Access && is_memo) column.Size = kLongestAccessText;
-  }
-  return table;
-}
-
-std::unique_ptr<FileStore> NewDatabase(const fs::path& file, FileKind kind,
-                                       const std::vector<TableDefinition>& tables) {
-  auto store = CreateFileStore(file.string(), Durability::WhenAsked, kind);
-  for (const TableDefinition& table : tables) {
-    store->CreateTable(AsUsualIn(kind, table));
-  }
-  return store;
-}
 
 /// Adds the facilities and returns their ID, in the same order.
 std::vector<Value> AddFacilities(Connection& calendar, const SampleData& sample) {

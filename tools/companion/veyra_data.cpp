@@ -17,6 +17,7 @@
 #include "tools/companion/journal_command.h"
 #include "tools/companion/list_command.h"
 #include "tools/companion/new_command.h"
+#include "tools/companion/rescue_command.h"
 #include "tools/companion/restore_command.h"
 #include "tools/companion/show_command.h"
 #include "tools/companion/undo_command.h"
@@ -56,7 +57,8 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
           veyra::ExportCommand(here, UtcNow(), ical),
           veyra::ImportCommand(here, ical),
           veyra::BackupCommand(here),
-          veyra::RestoreBackupCommand(here)};
+          veyra::RestoreBackupCommand(here),
+          veyra::RescueCommand(here.Watch)};
 }
 
 veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserver& watch) {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <vector>
 
 #include "data/access/format/rc4.h"
 
@@ -47,15 +49,40 @@ std::uint32_t WholeDays(double creation_date) {
   return static_cast<std::uint32_t>(static_cast<std::int64_t>(creation_date));
 }
 
-bool HasPassword(ByteView unmasked, Format version) {
+/// The bytes of the password, four at a time.
+std::vector<std::uint32_t> Password(ByteView unmasked, Format version) {
   const std::size_t length = version == Format::Jet3 ? 20 : 40;
   const std::uint32_t mask = version == Format::Jet3 ? 0 : WholeDays(unmasked.Double(0x72));
+  std::vector<std::uint32_t> words;
   for (std::size_t i = 0; i < length; i += 4) {
-    if ((unmasked.U32(0x42 + i) ^ mask) != 0) {
-      return true;
-    }
+    words.push_back(unmasked.U32(0x42 + i) ^ mask);
   }
-  return false;
+  return words;
+}
+
+bool HasPassword(ByteView unmasked, Format version) {
+  const std::vector<std::uint32_t> words = Password(unmasked, version);
+  return std::any_of(words.begin(), words.end(), [](std::uint32_t word) { return word != 0; });
+}
+
+/// A flipped bit of the password is one bit; one of the date that masks it changes all words alike.
+bool IsFlippedBit(const std::vector<std::uint32_t>& words) {
+  const auto is_first = [&](std::uint32_t word) { return word == words.front(); };
+  int bits = 0;
+  for (const std::uint32_t word : words) {
+    bits += std::popcount(word);
+  }
+  return bits == 1 || std::all_of(words.begin(), words.end(), is_first);
+}
+
+[[noreturn]] void RefusePassword() {
+  throw FileProblem("The database is protected by a password.",
+                    "Remove the database password in Access.");
+}
+
+void ReadUnmasked(ByteView unmasked, FileHeader& header) {
+  header.CodePage = unmasked.U16(0x3C);
+  header.DatabaseKey = unmasked.U32(0x3E);
 }
 
 void Mask(Bytes& bytes, Format version) {
@@ -83,11 +110,28 @@ FileHeader ReadFileHeader(ByteView first_bytes) {
   header.Version = VersionOf(bytes[0x14]);
   Mask(bytes, header.Version);
   const ByteView unmasked(bytes);
-  header.CodePage = unmasked.U16(0x3C);
-  header.DatabaseKey = unmasked.U32(0x3E);
+  ReadUnmasked(unmasked, header);
   if (HasPassword(unmasked, header.Version)) {
-    throw FileProblem("The database is protected by a password.",
-                      "Remove the database password in Access.");
+    RefusePassword();
+  }
+  return header;
+}
+
+std::optional<FileHeader> ReadDamagedHeader(ByteView first_bytes, std::optional<Format> version) {
+  if (IsNewer(first_bytes)) {
+    RefuseNewer();
+  }
+  if (!HasAccessSignature(first_bytes) || first_bytes.size() < kHeaderBytes) {
+    return std::nullopt;
+  }
+  Bytes bytes = first_bytes.Slice(0, kHeaderBytes).Copy();
+  FileHeader header;
+  header.Version = version ? *version : VersionOf(bytes[0x14]);
+  Mask(bytes, header.Version);
+  const ByteView unmasked(bytes);
+  ReadUnmasked(unmasked, header);
+  if (HasPassword(unmasked, header.Version) && !IsFlippedBit(Password(unmasked, header.Version))) {
+    RefusePassword();
   }
   return header;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "data/access/format/bytes.h"
@@ -40,6 +41,11 @@ bool HasAccessSignature(ByteView first_bytes);
 /// Reads the beginning of page 0. Throws FileProblem when the bytes are too few or no Access file,
 /// or when the file is of a newer version or has a database password.
 FileHeader ReadFileHeader(ByteView first_bytes);
+
+/// What page 0 of a damaged file still tells; nothing when it does not even begin as one. `version`
+/// is what the other pages tell, if they tell anything, and then goes before its own. Throws
+/// FileProblem for a newer version or a password, unless that is no text but a flipped bit.
+std::optional<FileHeader> ReadDamagedHeader(ByteView first_bytes, std::optional<Format> version);
 
 /// Masks, or unmasks, the masked part of a Jet 4 page 0.
 void MaskHeader(Bytes& page_0);

@@ -52,6 +52,12 @@ TEST_F(DeleteBookingsTest, OnlyTheSelectedRowsAreClearedWhenNothingIsFound) {
   EXPECT_EQ("19 ghost\n21 ghost\n", Rendered(grid_));
 }
 
+TEST_F(DeleteBookingsTest, OfADragUpwardsOnlyTheRowThatItBeganInIsCleared) {
+  grid_.Guest[19] = grid_.Guest[20] = grid_.Guest[21] = "ghost";
+  Delete(21, 19);
+  EXPECT_EQ("19 ghost\n20 ghost\n", Rendered(grid_));
+}
+
 TEST_F(DeleteBookingsTest, ADeletionIsSeenInTheGridBehindItsReport) {
   folder_.AddBooking(pool_, "2014-04-06", 19, 21, "Smith");
   folder_.AddBooking(pool_, "2014-04-06", 30, 30, "Jones");

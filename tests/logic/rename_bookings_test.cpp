@@ -21,6 +21,12 @@ TEST_F(RenameBookingsTest, OfTwoBookingsTheGridNamesTheOneThatBeginsLater) {
   EXPECT_EQ("1 2014-04-06 20-22 renamed\n1 2014-04-06 19-21 earlier\n", folder_.Bookings());
 }
 
+TEST_F(RenameBookingsTest, OfADragUpwardsOnlyTheRowThatItBeganInShowsANameThatNoBookingGets) {
+  grid_.Guest[19] = grid_.Guest[20] = grid_.Guest[21] = "ghost";
+  Rename(21, 19, "Jones");
+  EXPECT_EQ("19 ghost\n20 ghost\n21 Jones\n", Rendered(grid_));
+}
+
 TEST_F(RenameBookingsTest, ANewNameIsSeenInTheGridBehindItsReport) {
   folder_.AddBooking(pool_, "2014-04-06", 19, 20, "Smith");
   std::string seen;

@@ -43,6 +43,7 @@ TEST_F(DeleteBookingsTest, FindingNothingToDeleteClearsTheRowsAndShowsAnEmptyBox
 TEST_F(DeleteBookingsTest, ABookingThatCoversOnlyAPartOfTheSelectionIsNotFound) {
   folder_.AddBooking(pool_, "2014-04-06", 20, 20, "Smith");
   Delete(19, 20);
+  Delete(20, 21);
   EXPECT_EQ("1 2014-04-06 20-20 Smith\n", folder_.Bookings());
 }
 

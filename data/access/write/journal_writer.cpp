@@ -77,23 +77,26 @@ void JournalWriter::Enter(PageChanges& pages, PageSource& file, Snapshot& snapsh
   if (!*is_kept_) {
     return;
   }
+  TableWriter journal(pages, snapshot.DefinitionOf(kJournalTable));
+  const std::int64_t entry = std::int64_t{journal.Layout().LastAutoNumber} + 1;
   const std::vector<std::string> columns = ColumnsOf(pages, snapshot, table);
-  FieldValues fields{{"ChangedAt", time_},
+  FieldValues fields{{"ID", entry},
+                     {"ActionID", NumberFor(entry)},
+                     {"ChangedAt", time_},
                      {"TableName", table},
                      {"OldValues", TextOf(columns, before)},
                      {"NewValues", TextOf(columns, after)}};
-  auto number = number_;
   if (action_.IsNamed()) {
-    number = number ? number : action_.Number();
     fields.emplace_back("ActionName", action_.Name());
   }
-  fields.emplace_back("ActionID", number ? Value(*number) : Value(Null{}));
-  TableWriter journal(pages, snapshot.DefinitionOf(kJournalTable));
-  const Row entry = InsertRow(pages, journal, fields);
-  if (!number) {
-    number_ = ToInteger(entry.Values.front());
-    UpdateRow(pages, journal, entry, {{"ActionID", *number_}});
+  InsertRow(pages, journal, fields);
+}
+
+std::int64_t JournalWriter::NumberFor(std::int64_t entry) {
+  if (!number_) {
+    number_ = action_.IsNamed() ? action_.Number().value_or(entry) : entry;
   }
+  return *number_;
 }
 
 }  // namespace veyra::access

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,9 @@ class JournalWriter {
              const std::vector<Value>* before, const std::vector<Value>* after);
 
  private:
+  /// The number of the action that this entry belongs to: its own when it is the first.
+  std::int64_t NumberFor(std::int64_t entry);
+
   CurrentAction action_;
   std::optional<std::int64_t> number_;  ///< What the action's will be, or this commit's own.
   std::optional<bool> is_kept_;         ///< As this commit found it.

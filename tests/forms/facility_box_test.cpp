@@ -52,6 +52,15 @@ TEST_F(FacilityBoxTest, TypingANewNameAsksForItInProperCase) {
             dialogs_.OnlyBox());
 }
 
+TEST_F(FacilityBoxTest, AddingAFacilityEndsTheLoading) {
+  Start();
+  session_->IsLoading = true;
+  dialogs_.AnswerNext(Answer::Yes);
+  TypeAndEnter("Hall");
+  EXPECT_EQ("Hall", view_.lblRoom);
+  EXPECT_FALSE(session_->IsLoading);
+}
+
 TEST_F(FacilityBoxTest, TheProperCaseNameIsSeenBehindTheQuestion) {
   Start();
   dialogs_.AnswerNext(Answer::No);

@@ -2,15 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "data/errors.h"
+#include "data/open_store.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
+#include "tests/forwarding_store.h"
 #include "tests/logic/fake_screens.h"
 
 namespace veyra::modRes {
 namespace {
+
+/// A store that counts the queries that it is asked.
+class CountingStore : public ForwardingStore {
+ public:
+  CountingStore(std::unique_ptr<Store> store, int& queries)
+      : ForwardingStore(std::move(store)), queries_(queries) {}
+
+  std::unique_ptr<RowSource> Select(const Query& query) override {
+    ++queries_;
+    return ForwardingStore::Select(query);
+  }
+
+ private:
+  int& queries_;
+};
 
 class ListingsTest : public testing::Test {
  protected:
@@ -186,6 +205,20 @@ TEST_F(ListingsTest, BookingsAreListedByTheirFirstSlot) {
   folder_.AddBooking(room_, "2014-03-15", 30, 31, "late");
   folder_.AddBooking(room_, "2014-03-15", 2, 3, "early");
   EXPECT_EQ((DayLines{"12:30A- 1:30A early", " 2:30P- 3:30P late"}), CellOn("2014-03-15"));
+}
+
+TEST_F(ListingsTest, BookingsOfOneFirstSlotStayInTheOrderOfTheirMaking) {
+  folder_.AddBooking(room_, "2014-03-15", 19, 25, "long");
+  folder_.AddBooking(room_, "2014-03-15", 19, 20, "short");
+  EXPECT_EQ((DayLines{" 9:00A-12:30P long", " 9:00A-10:00A short"}), CellOn("2014-03-15"));
+}
+
+TEST_F(ListingsTest, AMonthIsOneQuestionADay) {
+  int queries = 0;
+  Desk().ResCon = std::make_unique<Connection>(std::make_unique<CountingStore>(
+      OpenStore(folder_.File("Calendar.mdb"), StoreAccess::ReadWrite), queries));
+  Month(2014, 3);
+  EXPECT_EQ(31, queries);
 }
 
 TEST_F(ListingsTest, ABookingToMidnightEndsWithTwelveA) {

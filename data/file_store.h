@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,10 @@ class FileStore : public Store {
   /// What is wrong with the file's own structure, one sentence each, whatever its tables mean;
   /// nothing when it is sound. Reads the whole file.
   virtual std::vector<std::string> Verify() = 0;
+
+  /// The highest number that the table has given to a row, one that was deleted since included; 0
+  /// when it gives none, or has given none. The next row gets a higher one.
+  virtual std::int64_t LastNumber(const std::string& table) = 0;
 
   /// Whether changes are entered in the journal (data/journal.h), those of other programs too where
   /// the kind of file can do that.

@@ -1,6 +1,8 @@
 #include "tools/rewritten_file.h"
 
 #include <chrono>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <utility>
@@ -72,11 +74,25 @@ void RequireSound(const fs::path& fresh) {
   }
 }
 
+/// A number that was given once is not given again, though its row is deleted: the new file gives
+/// the last one itself, and takes it back.
+void KeepLastNumber(FileStore& source, FileStore& target, const TableDefinition& table) {
+  for (const ColumnDefinition& column : table.Columns) {
+    const std::int64_t last = column.AutoIncrement ? source.LastNumber(table.Name) : 0;
+    if (last > target.LastNumber(table.Name) && last <= std::numeric_limits<std::int32_t>::max()) {
+      target.Delete(table.Name, target.Insert(table.Name, {{column.Name, last}}));
+    }
+  }
+}
+
 /// Closed again, the new file is whole; a journal goes on in it.
 void CopyInto(const fs::path& fresh, FileKind kind, FileStore& source, const CopyPlan& plan,
               const CopyObserver& observer) {
   const auto target = CreateFileStore(fresh.string(), Durability::WhenAsked, kind);
   CopyTables(source, *target, plan, observer);
+  for (const TablePlan& table : plan.Tables) {
+    KeepLastNumber(source, *target, table.Table);
+  }
   if (source.KeepsJournal()) {
     target->KeepJournal(true);
   }

@@ -1,5 +1,6 @@
 #include "data/access/access_store.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -270,6 +271,16 @@ class AccessStore : public FileStore {
 
   std::vector<std::string> Verify() override {
     return Reading({}, [&] { return access::CheckFile(file_); });
+  }
+
+  std::int64_t LastNumber(const std::string& table) override {
+    return Reading(table, [&] {
+      const access::TableLayout& layout = snapshot_.Table(table)->Layout();
+      const bool gives = std::any_of(layout.Columns.begin(), layout.Columns.end(),
+                                     [](const auto& column) { return column.IsAutoNumber(); });
+      const auto last = static_cast<std::int32_t>(layout.LastAutoNumber);
+      return gives && last > 0 ? std::int64_t{last} : 0;
+    });
   }
 
   std::optional<Report> TakeNotice() override { return std::exchange(notice_, std::nullopt); }

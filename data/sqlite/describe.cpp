@@ -117,6 +117,17 @@ std::string Version(Reader& reader) {
 
 }  // namespace
 
+std::int64_t LastNumber(Reader& reader, const std::string& table) {
+  // The list of the numbers is there only where a table gives none again.
+  if (Number(reader, "SELECT count(*) FROM sqlite_schema WHERE name = 'sqlite_sequence'") == 0) {
+    return 0;
+  }
+  const std::vector<Value> asked{table};
+  const auto rows =
+      Ask(reader, "SELECT seq FROM sqlite_sequence WHERE name = ? COLLATE NOCASE", asked);
+  return rows->Step() ? rows->Integer(0) : 0;
+}
+
 TableDescription DescribeTable(Reader& reader, const std::string& name) {
   TableDescription table{.Name = name};
   const std::vector<Value> asked{name};

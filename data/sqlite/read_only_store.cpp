@@ -125,6 +125,12 @@ class ReadOnlyStore : public FileStore {
     return problems;
   }
 
+  std::int64_t LastNumber(const std::string& table) override {
+    std::int64_t number = 0;
+    Ask([&](const auto& reading) { number = sqlite::LastNumber(reading->reader(), table); });
+    return number;
+  }
+
   bool KeepsJournal() override {
     bool keeps = false;
     Ask([&](const auto& reading) { keeps = reading->reader().catalogue().KeepsJournal(); });

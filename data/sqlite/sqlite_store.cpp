@@ -109,6 +109,9 @@ class SqliteStore : public FileStore {
     CopyDatabase(Watched().database(), new_file);
   }
   std::vector<std::string> Verify() override { return sqlite::Verify(Watched()); }
+  std::int64_t LastNumber(const std::string& table) override {
+    return sqlite::LastNumber(Watched(), table);
+  }
   bool KeepsJournal() override { return Watched().catalogue().KeepsJournal(); }
   void KeepJournal(bool keep) override;
   void BeginAction(const std::string& name) override { journal_.action().Begin(name); }

@@ -14,6 +14,7 @@
 
 #include "app/file_opener.h"
 #include "data/errors.h"
+#include "data/open_store.h"
 #include "data/posix_file.h"
 #include "tests/fake_dialogs.h"
 #include "tests/faults/contents.h"
@@ -21,6 +22,8 @@
 #include "tests/faults/office.h"
 #include "tests/temp_folder.h"
 #include "tests/tools/companion/run_command.h"
+#include "tools/care/rescue.h"
+#include "tools/companion/compact_command.h"
 #include "tools/companion/convert_command.h"
 #include "tools/companion/new_command.h"
 
@@ -181,6 +184,77 @@ TEST_P(ConversionTest, LeavesTheOldCalendarOrTheNewOne) {
                       name.starts_with("Calendar-before-2026-11-21"))
               << name;
         }
+      });
+}
+
+class CompactedFileTest : public MadeFilesTest {
+ protected:
+  std::string Compact() const {
+    return OutputOf(CompactCommand(kToday, [](const CopyStep&) {}), {File("data")});
+  }
+
+  /// Half of the bookings are deleted.
+  void MakeHoles() const {
+    New(FileKind::Access, true);
+    const auto store = OpenStore(File("data/Calendar.mdb"), StoreAccess::ReadWrite);
+    std::vector<Row> rows;
+    {
+      const auto source = store->Select(ParseQuery("SELECT * FROM Reserv"));
+      for (Row row; source->Next(row);) {
+        rows.push_back(row);
+      }
+    }
+    for (std::size_t i = 0; i < rows.size(); i += 12) {
+      store->Delete("Reserv", rows[i]);
+    }
+  }
+};
+
+TEST_F(CompactedFileTest, IsTheOldOneOrTheNewOneWhole) {
+  std::string before;
+  KillEverywhere(
+      [&] {
+        MakeHoles();
+        before = Contents(File("data/Calendar.mdb"));
+      },
+      [&] { Compact(); },
+      [&] {
+        EXPECT_EQ(before, Contents(File("data/Calendar.mdb")));
+        EXPECT_EQ("", Damage(File("data/Calendar.mdb")));
+        const bool has_kept = fs::exists(File("data/Calendar-before-2026-11-21.mdb"));
+        const std::string told = Compact();
+        EXPECT_EQ(has_kept, told.find("older file Calendar-before") != std::string::npos) << told;
+        EXPECT_EQ(before, Contents(File("data/Calendar.mdb")));
+        EXPECT_EQ(has_kept ? 3U : 2U, NamesIn("data").size());
+      });
+}
+
+class RescuedFolderTest : public MadeFilesTest, public testing::WithParamInterface<FileKind> {};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, RescuedFolderTest,
+                         testing::Values(FileKind::Sqlite, FileKind::Access), [](const auto& kind) {
+                           return kind.param == FileKind::Access ? "Access" : "Sqlite";
+                         });
+
+TEST_P(RescuedFolderTest, IsMadeWholeOrNotAtAll) {
+  const auto rescue = [this] {
+    RescueFile(File("data/Calendar.mdb"), File("rescued"), [](const CopyStep&) {});
+  };
+  std::string before;
+  KillEverywhere(
+      [&] {
+        New(GetParam(), true);
+        before = Contents(File("data/Calendar.mdb"));
+      },
+      rescue,
+      [&] {
+        const Names found = NamesIn("rescued");
+        EXPECT_TRUE(found.empty() || found == Names{"Calendar.mdb"});
+        if (found.empty()) {
+          rescue();
+        }
+        EXPECT_EQ(before, Contents(File("rescued/Calendar.mdb")));
+        EXPECT_EQ(before, Contents(File("data/Calendar.mdb")));
       });
 }
 

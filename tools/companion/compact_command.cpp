@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "data/errors.h"
@@ -37,6 +38,18 @@ void RequireTablesOnly(const std::string& file, const StoreDescription& found) {
   }
 }
 
+/// An earlier run that broke off, a conversion or a mending has left the calendar as it was.
+void TellOfKept(const fs::path& file, std::ostream& out) {
+  std::error_code unreachable;
+  for (fs::directory_iterator entry(file.parent_path(), unreachable), end;
+       !unreachable && entry != end; entry.increment(unreachable)) {
+    const std::string name = entry->path().filename().string();
+    if (name.starts_with(file.stem().string() + "-before-")) {
+      out << "Beside it lies the older file " << OneLine(name) << ".\n";
+    }
+  }
+}
+
 ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver& observer,
                       std::ostream& out) {
   const fs::path named = fs::absolute(NativePath(folder)) / kCalendarFile;
@@ -56,6 +69,10 @@ ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver&
       << " now, " << Kilobytes(before > after ? before - after : 0)
       << " less: " << made.Plan.Tables.size() << " tables, " << made.Plan.RowCount
       << " rows, all compared.\n";
+  if (made.Notice) {
+    out << PlainLines(Error(*made.Notice).what()) << '\n';
+  }
+  TellOfKept(file, out);
   return ExitStatus::Fine;
 }
 

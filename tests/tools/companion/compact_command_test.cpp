@@ -60,6 +60,25 @@ TEST_F(CompactCommandTest, GivesBackTheRoomOfWhatWasDeleted) {
   EXPECT_NE(std::string::npos, out_.str().find(" KB less: 2 tables, 3 rows, all compared."));
 }
 
+TEST_F(CompactCommandTest, ANumberThatWasGivenIsNotGivenAgain) {
+  Make(FileKind::Access);
+  {
+    const auto store = OpenStore(File(), StoreAccess::ReadWrite);
+    store->Delete("Rooms", store->Insert("Rooms", {{"Name", "Attic"}}));
+  }
+  EXPECT_EQ(ExitStatus::Fine, Compact());
+  OpenStore(File(), StoreAccess::ReadWrite)->Insert("Rooms", {{"Name", "Cellar"}});
+  EXPECT_EQ("1Pool;2Hall;3Bar;5Cellar;", Names());
+}
+
+TEST_F(CompactCommandTest, TellsOfAnOlderFileBesideIt) {
+  Make(FileKind::Access);
+  temp_.Write("Calendar-before-2026-11-20.mdb", "old");
+  EXPECT_EQ(ExitStatus::Fine, Compact());
+  EXPECT_NE(std::string::npos, out_.str().find("older file Calendar-before-2026-11-20.mdb."));
+  EXPECT_EQ("old", temp_.Read("Calendar-before-2026-11-20.mdb"));
+}
+
 TEST_F(CompactCommandTest, BrokenOffLeavesTheFileAsItWas) {
   Make(FileKind::Access);
   const std::string before = temp_.Read("Calendar.mdb");

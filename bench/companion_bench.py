@@ -59,16 +59,16 @@ def main():
     veyra_data = sys.argv[1]
     print(f"{'':52} {'veyra-data':>12} {'sqlite3':>12} {'ratio':>7}")
     with tempfile.TemporaryDirectory() as temporary:
-        for bookings in (1_000, 100_000, 1_000_000):
+        for bookings in (100_000, 1_000_000):
             folder = os.path.join(temporary, str(bookings))
             make_calendar(veyra_data, folder, bookings)
             compare(f"list a month of one room out of {bookings:,}",
                     [veyra_data, "list", folder, "--facility", "Room 3", "--month", "--on",
                      "3/1/2014"],
-                    ["sqlite3", "-readonly", calendar(folder), MONTH])
+                    ["sqlite3", calendar(folder), MONTH])
             compare(f"check {bookings:,}, beside reading them", [veyra_data, "check", folder],
-                    ["sqlite3", "-readonly", calendar(folder), EVERYTHING],
-                    runs=RUNS if bookings < 100_000 else 3)
+                    ["sqlite3", calendar(folder), EVERYTHING],
+                    runs=5)
 
 
 if __name__ == "__main__":

@@ -66,6 +66,16 @@ TEST_F(FrmSettingsTest, ItOpensOnTheColorsInUseAndTheStoredOnes) {
   EXPECT_EQ(defaults_, view_.CurColors);
 }
 
+TEST_F(FrmSettingsTest, TheMixedColorOutlivesTheWindow) {
+  settings_->HScroll1_Change(0, 10);
+  settings_->HScroll1_Change(1, 20);
+  settings_->HScroll1_Change(2, 30);
+  settings_ = std::make_unique<frmSettings>(*session_, view_, windows_);
+  view_.Custom = {};
+  settings_->Form_Load();
+  EXPECT_EQ((Rgb{10, 20, 30}), view_.Custom);
+}
+
 TEST_F(FrmSettingsTest, AClickSetsTheSelectedRoleAndNothingElse) {
   settings_->Option1_Click(ColorRole::Header);
   settings_->Colors_MouseDown(9, SwatchClick::Plain);
@@ -176,6 +186,7 @@ TEST_F(FrmSettingsTest, ResetAfterSavingGoesBackToTheColorsOfTheStart) {
   settings_->Command3_Click();
   EXPECT_EQ(default_texts_, session_->CurrentColors);
   EXPECT_EQ("255", InFile().BkGrnd);
+  EXPECT_EQ("repaint month\nrepaint month\n", windows_.Log);
 }
 
 TEST_F(FrmSettingsTest, SavingWithoutTheRowChangesNothingInMemory) {

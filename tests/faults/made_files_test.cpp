@@ -8,6 +8,7 @@
 #include <fstream>
 #include <functional>
 #include <memory>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 constexpr int kPart = 6;  ///< Of the points of a work, so many are tried.
+constexpr int kLastSteps = 4;
 const Date kToday = MakeDate(2026, 11, 21).value();
 
 /// Something that makes files, killed on the way and done again.
@@ -63,8 +65,18 @@ class MadeFilesTest : public testing::Test {
     work();
     const int steps = EndWatch().Steps;
     const int points = std::min(Tries(kPart, steps), steps);
-    for (int point = 0; point < points && !HasFailure(); ++point) {
-      const int step = 1 + point * (steps - 1) / std::max(points - 1, 1);
+    std::set<int> chosen;
+    for (int point = 0; point < points; ++point) {
+      chosen.insert(1 + point * (steps - 1) / std::max(points - 1, 1));
+    }
+    // At the end the files get their names: each of these steps is tried in a part, too.
+    for (int step = std::max(1, steps - kLastSteps); step <= steps; ++step) {
+      chosen.insert(step);
+    }
+    for (const int step : chosen) {
+      if (HasFailure()) {
+        break;
+      }
       SCOPED_TRACE("killed at step " + std::to_string(step) + " of " + std::to_string(steps));
       Begin(prepare);
       Kill(step, work);

@@ -13,6 +13,7 @@
 #include "tools/companion/folder_argument.h"
 #include "tools/plain_text.h"
 #include "tools/rewritten_file.h"
+#include "tools/unfinished_folder.h"
 
 namespace fs = std::filesystem;
 
@@ -46,6 +47,8 @@ ExitStatus RunConvert(const Options& options, Date today, const CopyObserver& ob
   const fs::path named = fs::absolute(NativePath(options.Folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
   if (found.Kind == options.To && found.IsWritable) {
+    // A conversion that was killed when it was done may have left its workshop.
+    UnfinishedFolder::RemoveAbandoned(fs::canonical(named).parent_path());
     out << OneLine(named.string()) << " is " << NameOf(options.To)
         << " already; nothing was changed.\n";
     return ExitStatus::Found;

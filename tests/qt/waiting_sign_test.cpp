@@ -42,7 +42,10 @@ class WaitingSignTest : public testing::Test {
 
 TEST_F(WaitingSignTest, NothingIsSeenOrDoneInTheFirstHalfSecond) {
   bool looked = false;
-  QTimer::singleShot(0, [&] { looked = true; });
+  QTimer event;
+  event.setSingleShot(true);
+  QObject::connect(&event, &QTimer::timeout, [&] { looked = true; });
+  event.start(0);
   EXPECT_TRUE(StillWaiting(0));
   EXPECT_TRUE(StillWaiting(499));
   EXPECT_EQ(nullptr, Box());

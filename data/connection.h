@@ -8,6 +8,7 @@
 
 #include "data/errors.h"
 #include "data/explaining_store.h"
+#include "data/noting_store.h"
 #include "data/recordset.h"
 #include "data/store.h"
 
@@ -22,6 +23,12 @@ class Connection {
   /// The rows of a query, written as ParseQuery reads it. Throws DatabaseError when the text is
   /// not understood or names a table or column that is not there.
   std::unique_ptr<Recordset> Open(std::string_view sql, CursorType cursor);
+
+  /// The database by rows instead of by SQL text. REQUIRES: no record set is open.
+  Store& Rows() { return *store_; }
+
+  /// What this program has changed through the connection.
+  ActionNotes& Notes() { return store_->Notes(); }
 
   /// The full name of the database file.
   const std::string& FileName() const { return store_->FileName(); }
@@ -59,7 +66,7 @@ class Connection {
   }
 
  private:
-  std::unique_ptr<Store> store_;
+  std::unique_ptr<NotingStore> store_;
   bool explains_ = false;
 };
 

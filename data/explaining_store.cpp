@@ -77,6 +77,11 @@ void ExplainingStore::Delete(const std::string& table, const Row& before) {
   Explaining([&] { store_->Delete(table, before); });
 }
 
+void ExplainingStore::ChangeAll(const std::vector<RowChange>& changes,
+                                const std::vector<QueryResult>& seen) {
+  Explaining([&] { store_->ChangeAll(changes, seen); });
+}
+
 void ExplainingStore::CreateTable(const TableDefinition& definition) {
   store_->CreateTable(definition);
 }

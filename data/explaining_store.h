@@ -32,6 +32,9 @@ class ExplainingStore : public Store {
   Row Insert(const std::string& table, const FieldValues& fields) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override;
+  bool KeepsJournal() override { return store_->KeepsJournal(); }
   void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
   std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }

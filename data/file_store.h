@@ -8,32 +8,10 @@
 
 namespace veyra {
 
-/// One of several changes that are made together.
-struct RowChange {
-  enum class Kind { Add, Set, Remove };
-
-  Kind What = Kind::Add;
-  std::string Table;
-  Row Before = {};          ///< Set, Remove: the row as it was read.
-  FieldValues Fields = {};  ///< Add, Set: as for Insert and Update.
-};
-
-/// A query, and the rows that it gave.
-struct QueryResult {
-  Query Asked;
-  std::vector<Row> Rows;
-};
-
 /// What whoever looks after a database file needs beyond a Store: every kind of file provides it.
 /// Throws as Store does.
 class FileStore : public Store {
  public:
-  /// Makes these changes in their order, all or none of them, provided that every query of `seen`
-  /// still gives the rows that it gave: they are compared while nobody else can write. Throws
-  /// RowChangedError when one gives others, or a row is no longer equal to its `Before`.
-  virtual void ChangeAll(const std::vector<RowChange>& changes,
-                         const std::vector<QueryResult>& seen) = 0;
-
   /// Makes a new file that holds what this one does at one moment, while others may have it open.
   /// Whoever needs it to survive a loss of power flushes it. `new_file` is written as this platform
   /// writes it. Throws DatabaseError when something bears that name, or when the copy cannot be
@@ -48,12 +26,8 @@ class FileStore : public Store {
   /// when it gives none, or has given none. The next row gets a higher one.
   virtual std::int64_t LastNumber(const std::string& table) = 0;
 
-  /// Whether changes are entered in the journal (data/journal.h), those of other programs too where
-  /// the kind of file can do that.
-  virtual bool KeepsJournal() = 0;
-
-  /// Begins or ends that; what the journal holds stays. Throws DatabaseError when a table of
-  /// another program bears the journal's name.
+  /// Begins or ends the journal of changes; what it holds stays. Throws DatabaseError when a table
+  /// of another program bears the journal's name.
   virtual void KeepJournal(bool keep) = 0;
 };
 

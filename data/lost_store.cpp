@@ -21,6 +21,10 @@ class LostStore : public Store {
   Row Insert(const std::string&, const FieldValues&) override { Fail(); }
   Row Update(const std::string&, const Row&, const FieldValues&) override { Fail(); }
   void Delete(const std::string&, const Row&) override { Fail(); }
+  void ChangeAll(const std::vector<RowChange>&, const std::vector<QueryResult>&) override {
+    Fail();
+  }
+  bool KeepsJournal() override { Fail(); }
   void CreateTable(const TableDefinition&) override { Fail(); }
   void AddColumn(const std::string&, const ColumnDefinition&) override { Fail(); }
 

@@ -71,6 +71,22 @@ class RowSource {
   virtual bool Next(Row& row) = 0;
 };
 
+/// One of several changes that are made together.
+struct RowChange {
+  enum class Kind { Add, Set, Remove };
+
+  Kind What = Kind::Add;
+  std::string Table;
+  Row Before = {};          ///< Set, Remove: the row as it was read.
+  FieldValues Fields = {};  ///< Add, Set: as for Insert and Update.
+};
+
+/// A query, and the rows that it gave.
+struct QueryResult {
+  Query Asked;
+  std::vector<Row> Rows;
+};
+
 /// What a kind of database file must provide to serve as a store. Used from one thread. Table and
 /// column names are those of the file; they are found without regard to ASCII letter case.
 ///
@@ -121,6 +137,12 @@ class Store {
   /// Throws RowChangedError when the row in the file is no longer equal to `before`.
   virtual void Delete(const std::string& table, const Row& before) = 0;
 
+  /// Makes these changes in their order, all or none of them, provided that every query of `seen`
+  /// still gives the rows that it gave: they are compared while nobody else can write. Throws
+  /// RowChangedError when one gives others, or a row is no longer equal to its `Before`.
+  virtual void ChangeAll(const std::vector<RowChange>& changes,
+                         const std::vector<QueryResult>& seen) = 0;
+
   /// Makes a table, its indexes and its first rows, all in one change of the file. Throws
   /// DatabaseError when one of that name is there.
   virtual void CreateTable(const TableDefinition& definition) = 0;
@@ -128,6 +150,10 @@ class Store {
   /// Adds a column after the last one and fills it, in one change of the file. Throws DatabaseError
   /// when one of that name is there.
   virtual void AddColumn(const std::string& table, const ColumnDefinition& column) = 0;
+
+  /// Whether changes are entered in the journal (data/journal.h), those of other programs too where
+  /// the kind of file can do that.
+  virtual bool KeepsJournal() = 0;
 
   /// What is changed from now on until EndAction is one action of that name in the journal
   /// (data/journal.h), where the file keeps one. Within another action it counts as a part of that.

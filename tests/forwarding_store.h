@@ -41,6 +41,11 @@ class ForwardingStore : public Store {
   void Delete(const std::string& table, const Row& before) override {
     store_->Delete(table, before);
   }
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override {
+    store_->ChangeAll(changes, seen);
+  }
+  bool KeepsJournal() override { return store_->KeepsJournal(); }
   void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
     store_->AddColumn(table, column);

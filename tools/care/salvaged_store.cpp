@@ -89,6 +89,10 @@ class SalvagedStore : public Store {
     throw OpenedForReadingOnly(file_);
   }
   void Delete(const std::string&, const Row&) override { throw OpenedForReadingOnly(file_); }
+  void ChangeAll(const std::vector<RowChange>&, const std::vector<QueryResult>&) override {
+    throw OpenedForReadingOnly(file_);
+  }
+  bool KeepsJournal() override { return false; }
   void CreateTable(const TableDefinition&) override { throw OpenedForReadingOnly(file_); }
   void AddColumn(const std::string&, const ColumnDefinition&) override {
     throw OpenedForReadingOnly(file_);

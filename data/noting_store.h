@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/journal.h"
+#include "data/store.h"
+
+namespace veyra {
+
+/// What became of one row, as the journal would hold it (data/journal.h).
+struct NotedChange {
+  std::string Table;
+  std::optional<std::string> OldValues;
+  std::optional<std::string> NewValues;
+};
+
+/// What was done at a stroke, under a name.
+struct NotedAction {
+  std::int64_t Number = 0;  ///< A later action has a higher one.
+  std::string Name;         ///< "New series"
+  std::vector<NotedChange> Changes;
+};
+
+/// Keeps in memory what a program changes in a calendar, whether the file keeps a journal or not:
+/// the named actions, less one of which it is not known whether all of it was carried out. The
+/// oldest are forgotten when all of them together have more than kMostChanges.
+class ActionNotes {
+ public:
+  static constexpr std::size_t kMostChanges = 200'000;
+
+  void Begin(const std::string& name);
+  void End();
+
+  /// REQUIRES: AreTaken(), which is true between Begin and End.
+  void Add(NotedChange change);
+  void MarkUncertain() { is_uncertain_ = true; }
+  bool AreTaken() const { return current_.IsNamed(); }
+
+  /// Those that have ended, the last one at the back.
+  const std::deque<NotedAction>& Actions() const { return actions_; }
+
+  /// Forgets the action of that number.
+  void Forget(std::int64_t number);
+
+ private:
+  CurrentAction current_;
+  NotedAction noted_;
+  bool is_uncertain_ = false;
+  std::deque<NotedAction> actions_;
+  std::size_t changes_ = 0;  ///< Of all actions.
+  std::int64_t last_number_ = 0;
+};
+
+/// A store that notes what is changed through it. What ChangeAll does is not noted.
+class NotingStore : public Store {
+ public:
+  explicit NotingStore(std::unique_ptr<Store> store) : store_(std::move(store)) {}
+
+  ActionNotes& Notes() { return notes_; }
+
+  /// Puts another store between this one and what it has noted from.
+  template <typename Wrap>
+  void WrapInner(const Wrap& wrap) {
+    store_ = wrap(std::move(store_));
+  }
+
+  const std::string& FileName() const override { return store_->FileName(); }
+  std::optional<Report> TakeNotice() override { return store_->TakeNotice(); }
+  std::vector<std::string> TableNames() override { return store_->TableNames(); }
+  std::vector<std::string> ColumnNames(const std::string& table) override {
+    return store_->ColumnNames(table);
+  }
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
+                                std::string_view text) override {
+    return store_->FittingCharacters(table, column, text);
+  }
+  StoreDescription Describe() override { return store_->Describe(); }
+  std::unique_ptr<RowSource> Select(const Query& query) override { return store_->Select(query); }
+  Row Insert(const std::string& table, const FieldValues& fields) override;
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
+  void Delete(const std::string& table, const Row& before) override;
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override {
+    store_->ChangeAll(changes, seen);
+  }
+  bool KeepsJournal() override { return store_->KeepsJournal(); }
+  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
+    store_->AddColumn(table, column);
+  }
+  void BeginAction(const std::string& name) override;
+  void EndAction() override;
+  MissingItemError NoSuchColumn(const std::string& table,
+                                const std::string& column) const override {
+    return store_->NoSuchColumn(table, column);
+  }
+  std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override;
+
+ private:
+  template <typename Work>
+  auto Noting(const Work& work);
+  /// Must be called before the change, for it may fail; nothing when no note is needed.
+  const std::vector<std::string>* ColumnsToNote(const std::string& table);
+  void Note(const std::string& table, const std::vector<std::string>* columns, const Row* before,
+            const Row* after);
+
+  std::unique_ptr<Store> store_;
+  ActionNotes notes_;
+  std::map<std::string, std::vector<std::string>> columns_;  ///< Of the action that goes on.
+};
+
+}  // namespace veyra

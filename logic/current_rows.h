@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "data/file_store.h"
+#include "data/store.h"
 #include "logic/journal_actions.h"
 
 namespace veyra::modRes {

@@ -164,6 +164,11 @@ std::optional<JournalAction> FindAction(Store& store, std::int64_t number) {
 }
 
 std::optional<JournalAction> LastAction(Store& store) {
+  return LastAction(store, [](const JournalAction&) { return true; });
+}
+
+std::optional<JournalAction> LastAction(
+    Store& store, const std::function<bool(const JournalAction&)>& is_wanted) {
   if (!HasJournal(store)) {
     return std::nullopt;
   }
@@ -171,6 +176,9 @@ std::optional<JournalAction> LastAction(Store& store) {
   for (std::int64_t look = kFirstLook;; look *= 10) {
     const std::int64_t from = last - look + 1;
     for (const JournalAction& action : ReadJournal(store, from)) {
+      if (!is_wanted(action)) {
+        continue;
+      }
       const auto whole =
           action.Number > from ? std::optional(action) : FindAction(store, action.Number);
       if (whole && whole->Entries.front().Number == whole->Number && !NetChanges(*whole).empty()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,6 +42,11 @@ std::optional<JournalAction> FindAction(Store& store, std::int64_t number);
 
 /// The action that ended last, of those that anything is left of to be taken back.
 std::optional<JournalAction> LastAction(Store& store);
+
+/// The same of those that `is_wanted`, which is asked from the last one backwards, and may be asked
+/// of one more than once.
+std::optional<JournalAction> LastAction(Store& store,
+                                        const std::function<bool(const JournalAction&)>& is_wanted);
 
 /// What the action changed in the end: a row that it changed twice counts once, one that it added
 /// and deleted again not at all; nor does which facility is the active one. Throws DatabaseError

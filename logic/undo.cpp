@@ -254,7 +254,7 @@ UndoPlan PlanUndo(Store& store, const JournalAction& action, const JournalWords&
   return Planner(store, action, words).Plan();
 }
 
-void CarryOutUndo(FileStore& store, const UndoPlan& plan) {
+void CarryOutUndo(Store& store, const UndoPlan& plan) {
   const JournalledAction journalled(store, "Undo of " + std::to_string(plan.Number));
   store.ChangeAll(plan.Changes, plan.Seen);
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "data/file_store.h"
+#include "data/store.h"
 #include "logic/journal_actions.h"
 #include "logic/journal_words.h"
 
@@ -29,6 +29,6 @@ UndoPlan PlanUndo(Store& store, const JournalAction& action, const JournalWords&
 /// Takes the action back, which is an action of the journal itself. Throws RowChangedError when
 /// what the plan rests on was changed since: then nothing was done, and it may be planned anew.
 /// REQUIRES: there are changes and no obstacles.
-void CarryOutUndo(FileStore& store, const UndoPlan& plan);
+void CarryOutUndo(Store& store, const UndoPlan& plan);
 
 }  // namespace veyra::modRes

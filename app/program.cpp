@@ -14,6 +14,8 @@
 #include "forms/day/qt_day_window.h"
 #include "forms/dayviewer/frmDayViewer.h"
 #include "forms/dayviewer/qt_dayviewer_window.h"
+#include "forms/find/frmFind.h"
+#include "forms/find/qt_find_window.h"
 #include "forms/multiday/frmMultiDay.h"
 #include "forms/multiday/qt_multiday_window.h"
 #include "forms/settings/frmSettings.h"
@@ -22,6 +24,7 @@
 #include "forms/widgets/qt_text.h"
 #include "forms/widgets/qt_window_place.h"
 #include "help/qt_help_viewer.h"
+#include "logic/facilities.h"
 
 namespace veyra {
 namespace {
@@ -82,6 +85,17 @@ class OpenAboutBox {
   frmAbout Logic;
 };
 
+class OpenFindWindow {
+ public:
+  OpenFindWindow(Session& session, Windows& windows, const Clock& clock, const HandlerGuard& guard)
+      : Window(guard), Logic(session, Window, windows, clock) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtFindWindow Window;
+  frmFind Logic;
+};
+
 /// The multiple-day window and its logic, made with the first day window and kept for the run.
 class OpenMultiDay {
  public:
@@ -104,10 +118,13 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_gate_(month_window_),
       printer_(month_window_),
       month_(session_, month_window_, *this, dialogs, clock, printer_),
-      desk_(month_, dialogs, clock) {
+      undo_(session_, *this, foot_, dialogs),
+      desk_(month_, *this, dialogs, clock) {
   session_.Waiting = WaitPolicy(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_, &desk_);
-  guard_.SetRecovery([this] { ShowWhatIsStored(); });
+  guard_.SetRecovery([this] { FillAnew(); });
+  guard_.SetAfterwards([this] { undo_.TellOfChange(); });
+  foot_.Add(month_window_);
   guard_.SetReopening([this] { OpenCalendarAnew(); });
 }
 
@@ -139,12 +156,18 @@ void Program::End() {
 
 void Program::CloseDatabases() {
   if (!sign_.IsWaiting()) {
+    if (find_) {
+      find_->Logic.Drop();
+    }
     session_.ResCon.reset();
     session_.GuestCon.reset();
   }
 }
 
 void Program::OpenCalendarAnew() {
+  if (find_) {
+    find_->Logic.Drop();
+  }
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
   modRes::RefreshListings(session_, ListingsOfDay());
   if (day_) {
@@ -153,12 +176,19 @@ void Program::OpenCalendarAnew() {
 }
 
 void Program::ShowWhatIsStored() {
+  if (!modRes::CurrentFacility(session_)) {
+    month_.LoadFacilityBox();
+    month_.SelectActiveFacility();
+  }
+  FillAnew();
+}
+
+void Program::FillAnew() {
   if (!session_.ResCon) {
     return;
   }
   month_.ReloadFacilities();
   month_.RefreshMonth();
-  constexpr int kDayViewer = 2;
   if (viewer_ && session_.DayOpener == kDayViewer) {
     viewer_->Logic.FillList();
   }
@@ -186,6 +216,7 @@ void Program::OpenDayWindow(const std::string& caption) {
     return;
   }
   QObject::connect(&day->Window, &QtDayWindow::Unloaded, &day->Window, [this] { DropDayWindow(); });
+  foot_.Add(day->Window);
   day->Window.setWindowTitle(ToQString(caption));
   if (session_.DayOpener == kDayViewer) {
     KeepAbove(day->Window, month_window_);
@@ -245,6 +276,7 @@ void Program::SelectSingleBooking() {
 
 void Program::OpenDayViewer(const std::string& caption) {
   auto viewer = std::make_unique<OpenViewer>(session_, *this, dialogs_, clock_, guard_);
+  foot_.Add(viewer->Window);
   viewer->Logic.Form_Load();
   viewer->Window.SetCaption(caption, session_.DayDate);
   viewer_ = std::move(viewer);
@@ -277,6 +309,17 @@ void Program::OpenAbout() {
   ShowOver(about_->Window, month_window_);
 }
 
+void Program::OpenFind() {
+  auto find = std::make_unique<OpenFindWindow>(session_, *this, clock_, guard_);
+  find->Logic.Form_Load();
+  find_ = std::move(find);
+  ShowOver(find_->Window, month_window_);
+}
+
+void Program::OpenDayOf(const std::string& facility, Date day) {
+  month_.OpenDay(facility, day);
+}
+
 void Program::ShowHelp(int topic) {
   if (!help_) {
     help_ = std::make_unique<QtHelpViewer>(
@@ -285,6 +328,10 @@ void Program::ShowHelp(int topic) {
         [this](const QUrl& link) { browser_.Open(ToUtf8(link.toString())); });
   }
   help_->ShowTopic(topic);
+}
+
+void Program::Undo() {
+  undo_.Undo();
 }
 
 void Program::EndProgram() {

@@ -3,12 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "forms/desk_undo.h"
 #include "forms/handler_guard.h"
 #include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/print/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
 #include "forms/widgets/qt_browser.h"
+#include "forms/widgets/qt_foot_line.h"
 #include "forms/widgets/qt_input_gate.h"
 #include "forms/widgets/qt_waiting_sign.h"
 #include "forms/windows.h"
@@ -21,6 +23,7 @@ namespace veyra {
 
 class OpenAboutBox;
 class OpenDay;
+class OpenFindWindow;
 class OpenMultiDay;
 class OpenSettingsWindow;
 class OpenViewer;
@@ -59,7 +62,11 @@ class Program : public Windows {
   void ShowMultiDayWindow(const std::string& from_text) override;
   void OpenSettings() override;
   void OpenAbout() override;
+  void OpenFind() override;
+  void OpenDayOf(const std::string& facility, Date day) override;
   void ShowHelp(int topic) override;
+  void Undo() override;
+  void ShowWhatIsStored() override;
   void EndProgram() override;
 
  private:
@@ -72,7 +79,7 @@ class Program : public Windows {
   void OpenCalendarAnew();
 
   /// Fills the month, the facility box and the windows of the day anew. Throws DatabaseError.
-  void ShowWhatIsStored();
+  void FillAnew();
 
   void DropDayWindow();
   modRes::Listings ListingsOfDay();
@@ -88,12 +95,15 @@ class Program : public Windows {
   QtInputGate month_gate_;
   QtMonthPrinter printer_;
   frmCalendar month_;
+  QtFootLine foot_;
+  DeskUndo undo_;
   DeskActions desk_;
   NoDayList no_list_;
   std::unique_ptr<OpenViewer> viewer_;
   std::unique_ptr<OpenMultiDay> multi_day_;
   std::unique_ptr<OpenSettingsWindow> settings_;
   std::unique_ptr<OpenAboutBox> about_;
+  std::unique_ptr<OpenFindWindow> find_;
   std::unique_ptr<OpenDay> day_;
   std::unique_ptr<HelpViewer> help_;
 };

@@ -43,6 +43,9 @@ void HandlerGuard::Run(const std::function<void()>& handler) const {
   }
   try {
     handler();
+    if (tell_) {
+      tell_();
+    }
   } catch (const std::exception& failure) {
     Message report = StandardReport(failure);
     if (!IsFilledAnew()) {

@@ -26,6 +26,9 @@ class HandlerGuard {
   /// may be old.
   void SetRecovery(std::function<void()> fill_anew) { fill_anew_ = std::move(fill_anew); }
 
+  /// `tell` is called when a handler has returned. What it throws is dealt with like the handler's.
+  void SetAfterwards(std::function<void()> tell) { tell_ = std::move(tell); }
+
   /// Runs a handler, or nothing while handlers are held back.
   void Run(const std::function<void()>& handler) const;
 
@@ -40,6 +43,7 @@ class HandlerGuard {
   std::function<void()> fill_anew_;
   bool held_ = false;
   std::function<void()> open_anew_;
+  std::function<void()> tell_;
 };
 
 }  // namespace veyra

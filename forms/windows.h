@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/date.h"
+
 namespace veyra {
 
 /// What one window may ask about another. The windows know each other only through this.
@@ -49,8 +51,22 @@ class Windows {
   virtual void OpenSettings() = 0;
   virtual void OpenAbout() = 0;
 
+  /// Loads and shows the find window.
+  virtual void OpenFind() = 0;
+
+  /// Picks the facility in the month window, turns to the day and opens it for booking, as a left
+  /// click on it does.
+  virtual void OpenDayOf(const std::string& facility, Date day) = 0;
+
   /// Shows that topic of the help file, one of those in logic/help_viewer.h, beside the windows.
   virtual void ShowHelp(int topic) = 0;
+
+  /// Takes back what the desk did last, when the operator agrees.
+  virtual void Undo() = 0;
+
+  /// Fills all windows that are loaded anew with what the calendar holds. The active facility is
+  /// picked where none was. Throws DatabaseError.
+  virtual void ShowWhatIsStored() = 0;
 
   /// Ends the program, closing every window.
   virtual void EndProgram() = 0;

@@ -112,6 +112,10 @@ void frmDay::mnuHelp_Click() {
   windows_.ShowHelp(kHelpFile);
 }
 
+void frmDay::UndoKey() {
+  windows_.Undo();
+}
+
 void frmDay::Form_Unload() {
   if (session_.DayOpener == kDayViewer) {
     windows_.ShowDayViewer();

@@ -42,6 +42,8 @@ class frmDay {
   void Command2_Click();  ///< "Close"
   void mnuHelp_Click();
 
+  void UndoKey();  ///< Control and Z.
+
   /// Fills the grid anew with what the calendar holds. Throws DatabaseError.
   void FillGrid();
 

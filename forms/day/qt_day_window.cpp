@@ -48,6 +48,7 @@ QtDayWindow::QtDayWindow(const HandlerGuard& guard) : guard_(guard) {
   BuildContents();
   WireGrid();
   WireNameBox();
+  AddUndoKey(*this, [this] { Report(&frmDay::UndoKey); });
   connect(Command2_, &QPushButton::clicked, this, [this] { Report(&frmDay::Command2_Click); });
   setFixedWidth(Pixels(kWidth));
   setMinimumHeight(Pixels(kLeastHeight));

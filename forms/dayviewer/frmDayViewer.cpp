@@ -41,6 +41,10 @@ void frmDayViewer::mnuHelp_Click() {
   windows_.ShowHelp(kHelpDayViewer);
 }
 
+void frmDayViewer::UndoKey() {
+  windows_.Undo();
+}
+
 void frmDayViewer::FillList() {
   modRes::FillDayList(session_, view_, session_.DayDate);
 }

@@ -27,6 +27,7 @@ class frmDayViewer {
   void lstDay_MouseDown(MouseButton button, const std::vector<std::string>& selected);
 
   void mnuHelp_Click();
+  void UndoKey();  ///< Control and Z.
 
   /// Fills the list anew with what the calendar holds. Throws DatabaseError.
   void FillList();

@@ -37,6 +37,7 @@ QtDayViewerWindow::QtDayViewerWindow(const HandlerGuard& guard) : guard_(guard) 
   BuildContents();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
+  AddUndoKey(*this, [this] { guard_.Run([this] { handler_->UndoKey(); }); });
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 

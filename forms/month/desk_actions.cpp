@@ -9,8 +9,22 @@
 
 namespace veyra {
 
-DeskActions::DeskActions(frmCalendar& month, Dialogs& dialogs, const Clock& clock)
-    : month_(month), dialogs_(dialogs), clock_(clock) {}
+DeskActions::DeskActions(frmCalendar& month, Windows& windows, Dialogs& dialogs, const Clock& clock)
+    : month_(month), windows_(windows), dialogs_(dialogs), clock_(clock) {}
+
+void DeskActions::Find() {
+  windows_.EnableMonthWindow(false);
+  try {
+    windows_.OpenFind();
+  } catch (...) {
+    windows_.EnableMonthWindow(true);
+    throw;
+  }
+}
+
+void DeskActions::Undo() {
+  windows_.Undo();
+}
 
 void DeskActions::ShowToday() {
   month_.ShowDay(clock_.Today());

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "forms/month/frmCalendar.h"
+#include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/dialogs.h"
 
@@ -16,7 +17,7 @@ class DeskActions {
   static constexpr std::size_t kFacilityKeys = 9;
 
   /// All of them must outlive it.
-  DeskActions(frmCalendar& month, Dialogs& dialogs, const Clock& clock);
+  DeskActions(frmCalendar& month, Windows& windows, Dialogs& dialogs, const Clock& clock);
 
   /// Turns to the month of today and chooses its cell.
   void ShowToday();
@@ -28,8 +29,15 @@ class DeskActions {
   /// Picks that facility of the box, counted from 1. Nothing happens when there are not so many.
   void PickFacility(std::size_t number);
 
+  /// Opens the find window.
+  void Find();
+
+  /// Takes back what the desk did last, when the operator agrees.
+  void Undo();
+
  private:
   frmCalendar& month_;
+  Windows& windows_;
   Dialogs& dialogs_;
   const Clock& clock_;
 };

@@ -249,6 +249,13 @@ void frmCalendar::ShowDay(Date day) {
   view_.ChooseDay(CellOf(day));
 }
 
+void frmCalendar::OpenDay(const std::string& facility, Date day) {
+  PickFacility(facility);
+  ShowDay(day);
+  session_.PrintLayoutOn = false;
+  lstDay_MouseDown(CellOf(day), MouseButton::Left);
+}
+
 void frmCalendar::ReloadFacilities() {
   modRes::ReloadFacilities(session_, Combo1_);
   view_.ShowFacilityBox(Combo1_);

@@ -76,6 +76,10 @@ class frmCalendar {
   /// kLastYear.
   void ShowDay(Date day);
 
+  /// Picks the facility, turns to the day and opens it for booking, whatever else the first click
+  /// after printing would do. REQUIRES: as for ShowDay.
+  void OpenDay(const std::string& facility, Date day);
+
   /// Picks that entry of the facility box, as Combo1_Click does, and shows it in the box.
   void PickFacility(const std::string& name);
 

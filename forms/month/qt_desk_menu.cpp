@@ -27,6 +27,8 @@ QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
            &DeskActions::ShowToday);
   AddEntry(*this, "mnuGoToDate", "Go to Date...", {QKeySequence(Qt::CTRL | Qt::Key_G)},
            &DeskActions::GoToDate);
+  AddEntry(*this, "mnuFind", "Find...", {QKeySequence(Qt::CTRL | Qt::Key_F)}, &DeskActions::Find);
+  AddEntry(*this, "mnuUndo", "Undo...", {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &DeskActions::Undo);
   facilities_ = addMenu(QStringLiteral("Facility"));
   facilities_->setObjectName(QStringLiteral("mnuFacility"));
   for (std::size_t place = 0; place < facility_.size(); ++place) {

@@ -15,6 +15,12 @@ void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen) {
   QObject::connect(mnuHelp, &QAction::triggered, &window, chosen);
 }
 
+void AddUndoKey(QMainWindow& window, const std::function<void()>& pressed) {
+  auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &window);
+  undo->setAutoRepeat(false);
+  QObject::connect(undo, &QShortcut::activated, &window, pressed);
+}
+
 void AddHelpKey(QMainWindow& window, const std::function<void()>& chosen) {
   auto* help = new QShortcut(QKeySequence(Qt::Key_F1), &window);
   QObject::connect(help, &QShortcut::activated, &window, chosen);

@@ -8,6 +8,9 @@ namespace veyra {
 /// Puts the item mnuHelp, "Help", which F1 chooses too, into the window's menu bar.
 void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen);
 
+/// Control and Z for a window.
+void AddUndoKey(QMainWindow& window, const std::function<void()>& pressed);
+
 /// F1 for a window that has no menu.
 void AddHelpKey(QMainWindow& window, const std::function<void()>& chosen);
 

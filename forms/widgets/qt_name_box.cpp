@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QScopedValueRollback>
@@ -136,6 +137,16 @@ void QtNameBox::wheelEvent(QWheelEvent* event) {
   } else {
     event->ignore();
   }
+}
+
+/// While nothing was typed, what is to be undone is not in the box.
+bool QtNameBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && !lineEdit()->isUndoAvailable() &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+    event->ignore();
+    return false;
+  }
+  return QComboBox::event(event);
 }
 
 bool QtNameBox::eventFilter(QObject* watched, QEvent* event) {

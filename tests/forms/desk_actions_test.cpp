@@ -10,7 +10,7 @@ class DeskActionsTest : public MonthFixture {
  protected:
   void StartDesk(const std::vector<std::string>& facilities = {"Pool", "Hall"}) {
     Start(facilities);
-    desk_ = std::make_unique<DeskActions>(*calendar_, dialogs_, clock_);
+    desk_ = std::make_unique<DeskActions>(*calendar_, windows_, dialogs_, clock_);
   }
 
   std::unique_ptr<DeskActions> desk_;

@@ -32,7 +32,13 @@ class FakeWindows : public Windows {
   }
   void OpenSettings() override { Load("open settings", ""); }
   void OpenAbout() override { Load("open about", ""); }
+  void OpenFind() override { Load("open find", ""); }
+  void OpenDayOf(const std::string& facility, Date day) override {
+    Add("open " + DateText(day) + " of " + facility);
+  }
   void ShowHelp(int topic) override { Add("help " + std::to_string(topic)); }
+  void Undo() override { Add("undo"); }
+  void ShowWhatIsStored() override { Add("show what is stored"); }
   void EndProgram() override { Add("end"); }
 
  private:

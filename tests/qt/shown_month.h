@@ -27,7 +27,7 @@ class ShownMonth {
     session_ = folder_.OpenSession();
     session_->CurrentColors = {"16777215", "12582912", "0", "255", "13434879"};
     logic_.emplace(*session_, Window, windows_, Dialogs, clock_, *printer_);
-    desk_.emplace(*logic_, Dialogs, clock_);
+    desk_.emplace(*logic_, windows_, Dialogs, clock_);
     Window.SetHandler(&*logic_, &*desk_);
     logic_->LoadFacilityBox();
     logic_->SelectActiveFacility();

@@ -1,0 +1,33 @@
+#include "forms/desk_undo.h"
+
+#include "logic/desk_undo.h"
+
+namespace veyra {
+
+void DeskUndo::Undo() {
+  if (const auto undone = modRes::UndoLastAction(session_, dialogs_)) {
+    windows_.ShowWhatIsStored();
+    foot_.ShowFootLine("Undone. " + *undone);
+  }
+}
+
+void DeskUndo::TellOfChange() {
+  if (!session_.ResCon) {
+    return;
+  }
+  if (told_of_ != session_.ResCon.get()) {
+    told_of_ = session_.ResCon.get();
+    told_ = 0;
+  }
+  const auto& actions = session_.ResCon->Notes().Actions();
+  if (actions.empty() || actions.back().Number <= told_) {
+    return;
+  }
+  told_ = actions.back().Number;
+  const std::string line = modRes::ActionLine(session_, modRes::AsJournalAction(actions.back()));
+  if (!line.empty()) {
+    foot_.ShowFootLine(line + "   Undo (Ctrl+Z)");
+  }
+}
+
+}  // namespace veyra

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace veyra {
+
+/// What the find window is to show.
+struct FindPicture {
+  std::vector<std::string> Upcoming;  ///< The next one first.
+  std::vector<std::string> Past;      ///< Below a line, the last one first.
+  std::string State;                  ///< What is to be said of them.
+};
+
+/// What the find window's logic tells its screen. The screen reports gestures to frmFind.
+class FindView {
+ public:
+  virtual ~FindView() = default;
+
+  /// Shows these lines. The chosen one stays chosen where it is among them still.
+  virtual void ShowFound(const FindPicture& picture) = 0;
+
+  /// Asks for frmFind::Work again and again, whenever there is nothing else to be done, or for no
+  /// more of it.
+  virtual void KeepWorking(bool working) = 0;
+
+  /// Takes the window off the screen, which is then told to frmFind::Form_Unload.
+  virtual void CloseWindow() = 0;
+};
+
+}  // namespace veyra

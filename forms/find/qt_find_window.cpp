@@ -1,0 +1,159 @@
+#include "forms/find/qt_find_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "forms/widgets/qt_text.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kMargin = 10;
+constexpr QSize kComfortableSize(640, 460);
+constexpr double kShareOfScreen = 0.85;
+
+/// Which line of frmFind an item stands for.
+constexpr int kLineRole = Qt::UserRole;
+constexpr int kDividerHeight = 9;
+
+bool IsChoosing(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+         key == Qt::Key_PageDown;
+}
+
+}  // namespace
+
+QtFindWindow::QtFindWindow(const HandlerGuard& guard) : guard_(guard) {
+  setObjectName(QStringLiteral("frmFind"));
+  setWindowTitle(QStringLiteral("Find a Booking"));
+  BuildContents();
+  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(escape, &QShortcut::activated, this, &QWidget::close);
+  connect(&work_, &QTimer::timeout, this, [this] { guard_.Run([this] { handler_->Work(); }); });
+  resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
+}
+
+void QtFindWindow::BuildContents() {
+  auto* contents = new QWidget(this);
+  auto* label = new QLabel(QStringLiteral("&Name"), contents);
+  Text1_ = new QLineEdit(contents);
+  Text1_->setObjectName(QStringLiteral("Text1"));
+  Text1_->setAccessibleName(QStringLiteral("Name"));
+  Text1_->setClearButtonEnabled(true);
+  Text1_->installEventFilter(this);
+  label->setBuddy(Text1_);
+  List1_ = new QListWidget(contents);
+  List1_->setObjectName(QStringLiteral("List1"));
+  List1_->setAccessibleName(QStringLiteral("Bookings"));
+  List1_->setTextElideMode(Qt::ElideRight);
+  List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  List1_->installEventFilter(this);
+  lblState_ = new QLabel(contents);
+  lblState_->setObjectName(QStringLiteral("lblState"));
+  lblState_->setTextFormat(Qt::PlainText);
+  auto* column = new QVBoxLayout(contents);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->addWidget(label);
+  column->addWidget(Text1_);
+  column->addWidget(List1_, 1);
+  column->addWidget(lblState_);
+  setCentralWidget(contents);
+  Text1_->setFocus();
+  connect(Text1_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    guard_.Run([&] { handler_->Text1_Change(ToUtf8(text)); });
+  });
+  connect(List1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    if (item->flags().testFlag(Qt::ItemIsEnabled)) {
+      ReportChosen();
+    }
+  });
+}
+
+void QtFindWindow::ShowFound(const FindPicture& picture) {
+  const QString chosen = List1_->currentItem() != nullptr ? List1_->currentItem()->text() : "";
+  List1_->clear();
+  AddLines(picture.Upcoming, 0);
+  if (!picture.Past.empty()) {
+    AddDivider();
+  }
+  AddLines(picture.Past, static_cast<int>(picture.Upcoming.size()));
+  const auto same = List1_->findItems(chosen, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (!chosen.isEmpty() && !same.isEmpty()) {
+    List1_->setCurrentItem(same.first());
+  } else {
+    List1_->setCurrentRow(picture.Upcoming.empty() && !picture.Past.empty() ? 1 : 0);
+  }
+  lblState_->setText(ToQString(picture.State));
+}
+
+void QtFindWindow::AddLines(const std::vector<std::string>& lines, int first) {
+  for (const std::string& line : lines) {
+    auto* item = new QListWidgetItem(OneLine(line), List1_);
+    item->setToolTip(PlainToolTip(line));
+    item->setData(kLineRole, first++);
+  }
+}
+
+void QtFindWindow::AddDivider() {
+  auto* item = new QListWidgetItem(List1_);
+  item->setFlags(Qt::NoItemFlags);
+  item->setSizeHint({0, kDividerHeight});
+  item->setData(Qt::AccessibleTextRole, QStringLiteral("Past"));
+  auto* line = new QFrame;
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  List1_->setItemWidget(item, line);
+}
+
+void QtFindWindow::KeepWorking(bool working) {
+  if (working) {
+    work_.start();
+  } else {
+    work_.stop();
+  }
+}
+
+void QtFindWindow::CloseWindow() {
+  close();
+}
+
+void QtFindWindow::ReportChosen() {
+  const QListWidgetItem* item = List1_->currentItem();
+  if (item != nullptr && item->flags().testFlag(Qt::ItemIsEnabled)) {
+    const auto line = static_cast<std::size_t>(item->data(kLineRole).toInt());
+    guard_.Run([&] { handler_->List1_Chosen(line); });
+  }
+}
+
+/// The text keeps the focus: what chooses a line is handed on to the list.
+bool QtFindWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) {
+    return QMainWindow::eventFilter(watched, event);
+  }
+  auto& key = static_cast<QKeyEvent&>(*event);
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+    if (!key.isAutoRepeat()) {
+      ReportChosen();
+    }
+    return true;
+  }
+  if (watched == Text1_ && IsChoosing(key.key())) {
+    QCoreApplication::sendEvent(List1_, event);
+    return true;
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void QtFindWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  guard_.Run([this] { handler_->Form_Unload(); });
+}
+
+}  // namespace veyra

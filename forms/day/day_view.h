@@ -10,6 +10,9 @@ namespace veyra {
 /// What the day window's logic tells its screen. The screen reports gestures to frmDay.
 class DayView : public DayGridScreen {
  public:
+  /// Shows, beside the fixed controls, which facility and which weekday is booked.
+  virtual void ShowHeading(const std::string& facility, const std::string& weekday) = 0;
+
   /// Combo1: shows the list and the text.
   virtual void ShowNameBox(const NameBox& Combo1) = 0;
 

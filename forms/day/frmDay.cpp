@@ -6,6 +6,7 @@
 #include "data/text.h"
 #include "logic/bookings.h"
 #include "logic/delete_bookings.h"
+#include "logic/facilities.h"
 #include "logic/guests.h"
 #include "logic/help_viewer.h"
 #include "logic/name_length.h"
@@ -41,6 +42,8 @@ bool frmDay::Form_Load() {
     return false;
   }
   view_.PlaceOnScreen();
+  view_.ShowHeading(modRes::CurrentFacility(session_).value_or(""),
+                    modRes::WeekdayName(session_.DayDate));
   view_.ScrollToRow(kFirstRowSeen);
   modRes::LoadGuestNames(session_, Combo1_);
   view_.ShowNameBox(Combo1_);

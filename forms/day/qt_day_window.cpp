@@ -4,12 +4,15 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 
+#include "data/shown_name.h"
 #include "forms/day/qt_slot_grid.h"
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_name_box.h"
@@ -27,6 +30,7 @@ constexpr Twips kShortOfScreen = 1000;
 
 constexpr int kMargin = 3;
 constexpr int kGap = 3;
+constexpr int kRoomForMenu = 60;
 constexpr int kGuestColumn = 1;
 constexpr double kSmallestFont = 6.5;
 
@@ -48,6 +52,9 @@ QtDayWindow::QtDayWindow(const HandlerGuard& guard) : guard_(guard) {
   BuildContents();
   WireGrid();
   WireNameBox();
+  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  escape->setAutoRepeat(false);
+  connect(escape, &QShortcut::activated, this, [this] { Report(&frmDay::Command2_Click); });
   AddUndoKey(*this, [this] { Report(&frmDay::UndoKey); });
   connect(Command2_, &QPushButton::clicked, this, [this] { Report(&frmDay::Command2_Click); });
   setFixedWidth(Pixels(kWidth));
@@ -60,6 +67,13 @@ int QtDayWindow::Pixels(Twips twips) const {
 
 void QtDayWindow::BuildMenu() {
   AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
+  heading_ = new QLabel(menuBar());
+  heading_->setObjectName(QStringLiteral("heading"));
+  heading_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  heading_->setFixedWidth(Pixels(kWidth) - kRoomForMenu);
+  heading_->setTextFormat(Qt::PlainText);
+  heading_->setContentsMargins(0, 0, 2 * kMargin, 0);
+  menuBar()->setCornerWidget(heading_);
 }
 
 void QtDayWindow::BuildContents() {
@@ -150,6 +164,17 @@ void QtDayWindow::Report(const std::function<void(frmDay&)>& gesture) {
 
 void QtDayWindow::ShowGrid(const DayGrid& grid) {
   MSFlexGrid1_->ShowGuests(grid);
+}
+
+/// A long name is cut before the weekday is.
+void QtDayWindow::ShowHeading(const std::string& facility, const std::string& weekday) {
+  const QFontMetrics& metrics = heading_->fontMetrics();
+  const QString end = QStringLiteral(", ") + ToQString(weekday);
+  const int room = heading_->contentsRect().width() - metrics.horizontalAdvance(end) - 1;
+  const QString name = OneLine(ShownName(facility));
+  heading_->setText(metrics.elidedText(name, Qt::ElideRight, room) + end);
+  heading_->setAccessibleName(name + end);
+  heading_->setToolTip(PlainToolTip(facility));
 }
 
 void QtDayWindow::ShowNameBox(const NameBox& box) {

@@ -11,6 +11,7 @@
 #include "forms/twips.h"
 
 class QGroupBox;
+class QLabel;
 class QPushButton;
 class QRadioButton;
 
@@ -33,6 +34,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   void SetHandler(frmDay* handler) { handler_ = handler; }
 
   void ShowGrid(const DayGrid& grid) override;
+  void ShowHeading(const std::string& facility, const std::string& weekday) override;
   void ShowNameBox(const NameBox& box) override;
   void ShowName(const std::string& text) override;
   void ShowNameHint(const std::string& hint) override;
@@ -65,6 +67,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   const HandlerGuard& guard_;
   frmDay* handler_ = nullptr;
   QWidget* head_ = nullptr;
+  QLabel* heading_ = nullptr;
   QtNameBox* Combo1_ = nullptr;
   std::array<QRadioButton*, 2> Book_{};
   QtSlotGrid* MSFlexGrid1_ = nullptr;

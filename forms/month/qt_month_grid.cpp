@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QToolTip>
 #include <algorithm>
 #include <functional>
 
@@ -18,6 +19,7 @@ constexpr int kColumns = 7;
 constexpr int kCells = 42;
 constexpr int kWeeks = 6;
 constexpr int kSpacing = 3;
+constexpr int kHintMargin = 16;
 
 /// A cell below this height has no room for a number above its list.
 constexpr int kLowCell = 60;
@@ -78,6 +80,7 @@ QtMonthGrid::QtMonthGrid(QWidget* parent) : QWidget(parent) {
   grid->setSpacing(kSpacing);
   AddHeaders();
   AddCells();
+  AddHint();
 }
 
 void QtMonthGrid::AddHeaders() {
@@ -117,6 +120,30 @@ void QtMonthGrid::AddCells() {
       }
     });
   }
+}
+
+/// It lies over the days and takes no click from them.
+void QtMonthGrid::AddHint() {
+  hint_ = new QLabel(this);
+  hint_->setObjectName(QStringLiteral("emptyHint"));
+  hint_->setTextFormat(Qt::PlainText);
+  hint_->setAlignment(Qt::AlignCenter);
+  hint_->setMargin(kHintMargin);
+  hint_->setFrameShape(QFrame::Box);
+  hint_->setAutoFillBackground(true);
+  hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  QPalette colors = QToolTip::palette();
+  colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
+  colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
+  hint_->setPalette(colors);
+  hint_->hide();
+  static_cast<QGridLayout*>(layout())->addWidget(hint_, 1, 0, kWeeks, kColumns, Qt::AlignCenter);
+}
+
+void QtMonthGrid::ShowHint(const QString& hint) {
+  hint_->setText(hint);
+  hint_->setVisible(!hint.isEmpty());
+  hint_->raise();
 }
 
 void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {

@@ -31,6 +31,9 @@ class QtMonthGrid : public QWidget {
   /// Gives the focus to lstDay(index), a cell that holds a day.
   void Choose(int index);
 
+  /// Says in the middle of the days what is to be done first; nothing when the text is empty.
+  void ShowHint(const QString& hint);
+
   void SetHeaderColor(const QColor& color);
 
   /// Whether the widget is one of the weekday headers.
@@ -48,6 +51,7 @@ class QtMonthGrid : public QWidget {
  private:
   void AddHeaders();
   void AddCells();
+  void AddHint();
   QtDayCell& Cell(int index) { return *cells_.at(static_cast<std::size_t>(index)); }
   bool HasDay(int index) const;
   int NearestDay(int index) const;
@@ -57,6 +61,7 @@ class QtMonthGrid : public QWidget {
   std::array<QLabel*, 7> Label2_{};
   std::array<QtDayCell*, 43> cells_{};
   std::array<bool, 43> has_day_{};
+  QLabel* hint_ = nullptr;
   int tab_stop_ = 0;
 };
 

@@ -28,6 +28,9 @@ namespace veyra {
 namespace {
 
 constexpr int kEnterKey = 13;
+constexpr const char* kNoFacilityYet =
+    "There is no facility yet.\nType the name of the first one into the box at the top and press "
+    "Enter.";
 constexpr int kMargin = 10;
 constexpr int kGap = 8;
 constexpr double kShareOfScreen = 0.9;
@@ -239,6 +242,7 @@ void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {
 void QtMonthWindow::ShowFacilityBox(const NameBox& box) {
   Combo1_->ShowNames(box);
   desk_menu_->ShowFacilities(box.Items);
+  grid_->ShowHint(box.Items.empty() ? QLatin1String(kNoFacilityYet) : QLatin1String());
 }
 
 void QtMonthWindow::ShowFacilityHint(const std::string& hint) {

@@ -11,6 +11,7 @@ class FakeDayView : public DayView {
  public:
   DayGrid MSFlexGrid1;
   NameBox Combo1;
+  std::string Heading;
   std::string NameHint;
   int TopRow = 0;
   int CurrentRow = 0;
@@ -20,6 +21,9 @@ class FakeDayView : public DayView {
   bool Closed = false;
 
   void ShowGrid(const DayGrid& grid) override { MSFlexGrid1 = grid; }
+  void ShowHeading(const std::string& facility, const std::string& weekday) override {
+    Heading = facility + ", " + weekday;
+  }
   void ShowNameBox(const NameBox& box) override { Combo1 = box; }
   void ShowName(const std::string& text) override { Combo1.Text = text; }
   void ShowNameHint(const std::string& hint) override { NameHint = hint; }

@@ -254,5 +254,10 @@ TEST_F(FrmDayTest, ItBooksNoSeriesEither) {
   EXPECT_EQ("", Bookings());
 }
 
+TEST_F(FrmDayTest, ItSaysWhichFacilityAndWhichWeekdayItBooks) {
+  OpenDay("4/5/2014");
+  EXPECT_EQ("Pool, Saturday", view_.Heading);
+}
+
 }  // namespace
 }  // namespace veyra

@@ -369,5 +369,29 @@ TEST_F(DayWindowTest, AnotherOpeningIsANewWindow) {
   EXPECT_EQ(11, TopRow());
 }
 
+TEST_F(DayWindowTest, ItSaysWhichFacilityAndWhichWeekdayItBooks) {
+  StartAndOpenDay();
+  EXPECT_EQ("Hall, Saturday", In<QLabel>(Day(), QStringLiteral("heading")).text().toStdString());
+}
+
+TEST_F(DayWindowTest, OfALongFacilityNameTheWeekdayStaysInSight) {
+  data_.AddRoom("A" + std::string(500, 'x'), true);
+  Start();
+  Names(Month()).activated(2);
+  PressDay(21);
+  ASSERT_NE(nullptr, Day());
+  const auto& heading = In<QLabel>(Day(), QStringLiteral("heading"));
+  EXPECT_TRUE(heading.text().endsWith(QLatin1String(", Saturday")));
+  EXPECT_LE(heading.fontMetrics().horizontalAdvance(heading.text()), heading.width());
+  EXPECT_LE(heading.mapTo(Day(), heading.rect().topRight()).x(), Day()->width());
+}
+
+TEST_F(DayWindowTest, EscapeClosesIt) {
+  StartAndOpenDay();
+  QTest::keyClick(Day()->focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(nullptr, Day());
+  EXPECT_NE(nullptr, Month());
+}
+
 }  // namespace
 }  // namespace veyra

@@ -249,5 +249,24 @@ TEST_F(MonthWindowTest, DeletingTheFacilityShowsTheFirstOneLeft) {
   EXPECT_EQ("1 Pool active\n", data_.Rooms());
 }
 
+TEST_F(MonthWindowTest, AnEmptyCalendarSaysHowToAddTheFirstFacility) {
+  Start();
+  auto& hint = Label("emptyHint");
+  EXPECT_FALSE(hint.isVisible());
+  dialogs_.AnswerNext(Answer::Yes);
+  dialogs_.AnswerNext(Answer::Yes);
+  Find<QPushButton>("Command4").click();
+  Find<QPushButton>("Command4").click();
+  EXPECT_TRUE(hint.isVisible());
+  EXPECT_EQ(
+      "There is no facility yet.\nType the name of the first one into the box at the top and press "
+      "Enter.",
+      hint.text().toStdString());
+  dialogs_.AnswerNext(Answer::Yes);
+  QTest::keyClicks(Facility().lineEdit(), QStringLiteral("Court"));
+  QTest::keyClick(Facility().lineEdit(), Qt::Key_Return);
+  EXPECT_FALSE(hint.isVisible());
+}
+
 }  // namespace
 }  // namespace veyra

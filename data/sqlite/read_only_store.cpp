@@ -22,6 +22,9 @@ namespace {
 
 using std::chrono::steady_clock;
 
+/// So many failures, while nothing is seen to change, are those of the file itself.
+constexpr int kProof = 3;
+
 /// The rows of a file that cannot change while they are read.
 class OpenRows : public RowSource {
  public:
@@ -154,11 +157,13 @@ class ReadOnlyStore : public FileStore {
   void Ask(const Question& question) {
     const auto deadline = steady_clock::now() + policy_.Timeout;
     Wait wait(policy_);
-    while (!IsAnswered(question, deadline, wait)) {
+    int failures = 0;
+    while (!IsAnswered(question, deadline, wait, failures)) {
     }
   }
 
-  bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait) {
+  bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait,
+                  int& failures) {
     const FilesBeside before(file_);
     try {
       const auto reading = std::make_shared<FileReading>(file_, policy_);
@@ -172,8 +177,10 @@ class ReadOnlyStore : public FileStore {
         throw;
       }
     } catch (const DatabaseError&) {
-      // What was read while the file changed need not make sense: then it is asked again.
-      if (steady_clock::now() >= deadline || FilesBeside(file_) == before) {
+      // What was read while the file changed need not make sense: then it is asked again. A program
+      // that came and went within one question leaves no trace, so that one failure proves nothing.
+      const bool stood_still = FilesBeside(file_) == before;
+      if (steady_clock::now() >= deadline || (stood_still && ++failures == kProof)) {
         throw;
       }
     }

@@ -10,7 +10,7 @@
 namespace veyra {
 
 /// What SQLite asks of the disk.
-enum class DiskCall { Read, Write, Flush, MapIndex };
+enum class DiskCall { Open, Read, Write, Flush, MapIndex };
 
 /// Stands between SQLite and the disk for as long as it lives: `rule` is asked before each call for
 /// a file that is opened meanwhile, and answers SQLITE_OK to let it pass or the failure to report.
@@ -65,6 +65,10 @@ class DiskShim {
 
   static int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out) {
     DiskShim& shim = *Current();
+    if (const int refused = shim.rule_(DiskCall::Open); refused != SQLITE_OK) {
+      file->pMethods = nullptr;
+      return refused;
+    }
     const int code = shim.disk_->xOpen(shim.disk_, name, file, flags, out);
     if (code == SQLITE_OK && file->pMethods != nullptr) {
       file->pMethods = &shim.ShimFor(file->pMethods);

@@ -12,6 +12,7 @@
 
 #include "data/errors.h"
 #include "data/query.h"
+#include "tests/data/sqlite/disk_shim.h"
 #include "tests/data/sqlite/host_program.h"
 #include "tests/temp_folder.h"
 
@@ -159,6 +160,18 @@ TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeOfAHostThatStartsAndEnds) {
     const std::size_t half = guests.size() / 2;
     ASSERT_TRUE(guests.substr(0, half) == guests.substr(half)) << guests.size();
   }
+}
+
+TEST_F(ReadOnlyStoreTest, AFileThatIsGoneForAMomentIsNoReport) {
+  MakeGuests("WAL");
+  HostAdds("Bob");
+  Open();
+  int failing = 1;
+  const DiskShim shim([&](DiskCall call) {
+    return call == DiskCall::Open && failing-- > 0 ? SQLITE_CANTOPEN : SQLITE_OK;
+  });
+  EXPECT_EQ("Ann;Bob;", Guests());
+  EXPECT_LT(failing, 1);
 }
 
 TEST_F(ReadOnlyStoreTest, LetsTheHostCloseItsLogWhileItStaysOpen) {

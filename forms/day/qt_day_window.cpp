@@ -73,6 +73,8 @@ void QtDayWindow::BuildMenu() {
   heading_->setFixedWidth(Pixels(kWidth) - kRoomForMenu);
   heading_->setTextFormat(Qt::PlainText);
   heading_->setContentsMargins(0, 0, 2 * kMargin, 0);
+  // The bar would put it at its top, above the line of its menus.
+  heading_->setMinimumHeight(menuBar()->sizeHint().height());
   menuBar()->setCornerWidget(heading_);
 }
 

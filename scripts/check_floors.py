@@ -17,12 +17,15 @@ import sys
 ROOMS = {
     "data": [],
     "data/sqlite": ["data"],
+    "data/sqlite/salvage": ["data", "data/sqlite"],
     "data/access/format": ["data"],
     "data/access/pages": ["data", "data/access/format"],
     "data/access/read": ["data", "data/access/format", "data/access/pages"],
     "data/access/write": ["data", "data/access/format", "data/access/pages", "data/access/read"],
     "data/access/check": ["data", "data/access/format", "data/access/pages", "data/access/read",
                           "data/access/write"],
+    "data/access/salvage": ["data", "data/access/format", "data/access/pages", "data/access/read",
+                            "data/access/write"],
     "data/access": ["data", "data/access/format", "data/access/pages", "data/access/read",
                     "data/access/write", "data/access/check"],
     "logic": ["data"],
@@ -37,7 +40,7 @@ ROOMS = {
     "forms/month": ["data", "logic", "forms", "forms/month/print", "forms/widgets"],
     "app": ["data", "logic", "help", "forms"],
 }
-WINDOWS = ["about", "day", "dayviewer", "multiday", "settings"]
+WINDOWS = ["about", "day", "dayviewer", "find", "multiday", "settings"]
 for window in WINDOWS:
     ROOMS[f"forms/{window}"] = ["data", "logic", "forms", "forms/widgets"]
 ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]
@@ -46,6 +49,7 @@ ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]
 DOORS = {
     "data/open_store.cpp": ["data/sqlite", "data/access"],
     "data/create_store.cpp": ["data/sqlite", "data/access", "data/access/write"],
+    "data/salvage_file.cpp": ["data/sqlite/salvage", "data/access/salvage"],
 }
 
 # The floors that know no Qt, but for the files named qt_*.

@@ -10,6 +10,7 @@
 #include "data/names.h"
 #include "data/open_file_store.h"
 #include "data/open_store.h"
+#include "data/salvage_file.h"
 #include "data/schema.h"
 #include "tools/care/salvaged_store.h"
 #include "tools/copy_database.h"

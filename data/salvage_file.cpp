@@ -1,4 +1,4 @@
-#include "data/salvage.h"
+#include "data/salvage_file.h"
 
 #include <algorithm>
 #include <array>

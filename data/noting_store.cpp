@@ -23,7 +23,7 @@ void ActionNotes::End() {
   last_number_ = noted_.Number;
   changes_ += noted_.Changes.size();
   actions_.push_back(std::exchange(noted_, {}));
-  while (changes_ > kMostChanges) {
+  while (changes_ > kMostChanges && actions_.size() > 1) {
     changes_ -= actions_.front().Changes.size();
     actions_.pop_front();
   }

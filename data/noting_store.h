@@ -29,11 +29,12 @@ struct NotedAction {
 };
 
 /// Keeps in memory what a program changes in a calendar, whether the file keeps a journal or not:
-/// the named actions, less one of which it is not known whether all of it was carried out. The
-/// oldest are forgotten when all of them together have more than kMostChanges.
+/// the named actions, less one of which it is not known whether all of it was carried out. Of older
+/// ones so many are kept that all of them together have no more than kMostChanges; the last one is
+/// kept whatever its size.
 class ActionNotes {
  public:
-  static constexpr std::size_t kMostChanges = 200'000;
+  static constexpr std::size_t kMostChanges = 10'000;
 
   void Begin(const std::string& name);
   void End();

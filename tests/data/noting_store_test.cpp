@@ -137,6 +137,17 @@ TEST(ActionNotesTest, TheOldestAreForgottenWhenThereAreTooMany) {
   EXPECT_EQ(ActionNotes::kMostChanges - 1, notes.Actions().front().Changes.size());
 }
 
+TEST(ActionNotesTest, TheLastIsKeptWhateverItsSize) {
+  ActionNotes notes;
+  notes.Begin("Facility deleted");
+  for (std::size_t i = 0; i <= ActionNotes::kMostChanges; ++i) {
+    notes.Add({"Reserv", {}, {}});
+  }
+  notes.End();
+  ASSERT_EQ(1U, notes.Actions().size());
+  EXPECT_EQ(ActionNotes::kMostChanges + 1, notes.Actions().front().Changes.size());
+}
+
 TEST_F(NotingStoreTest, AConnectionNotesWhatItsRecordSetsDo) {
   Connection connection(OpenStore(folder_.File("Calendar.mdb").string(), StoreAccess::ReadWrite));
   {

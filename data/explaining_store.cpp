@@ -9,7 +9,7 @@ namespace veyra {
 
 ExplainingStore::ExplainingStore(std::unique_ptr<Store> store, std::vector<NamedItem> items,
                                  Report failure)
-    : store_(std::move(store)), items_(std::move(items)), failure_(std::move(failure)) {}
+    : ForwardingStore(std::move(store)), items_(std::move(items)), failure_(std::move(failure)) {}
 
 bool ExplainingStore::Concerns(const MissingItemError& missing) const {
   return std::any_of(items_.begin(), items_.end(), [&](const NamedItem& item) {
@@ -39,65 +39,49 @@ auto ExplainingStore::Explaining(const Work& work) const {
   }
 }
 
-const std::string& ExplainingStore::FileName() const {
-  return store_->FileName();
-}
-
-std::vector<std::string> ExplainingStore::TableNames() {
-  return store_->TableNames();
-}
-
 std::vector<std::string> ExplainingStore::ColumnNames(const std::string& table) {
-  return Explaining([&] { return store_->ColumnNames(table); });
-}
-
-StoreDescription ExplainingStore::Describe() {
-  return store_->Describe();
+  return Explaining([&] { return ForwardingStore::ColumnNames(table); });
 }
 
 std::unique_ptr<RowSource> ExplainingStore::Select(const Query& query) {
-  return Explaining([&] { return store_->Select(query); });
+  return Explaining([&] { return ForwardingStore::Select(query); });
 }
 
 std::size_t ExplainingStore::FittingCharacters(const std::string& table, const std::string& column,
                                                std::string_view text) {
-  return Explaining([&] { return store_->FittingCharacters(table, column, text); });
+  return Explaining([&] { return ForwardingStore::FittingCharacters(table, column, text); });
 }
 
 Row ExplainingStore::Insert(const std::string& table, const FieldValues& fields) {
-  return Explaining([&] { return store_->Insert(table, fields); });
+  return Explaining([&] { return ForwardingStore::Insert(table, fields); });
 }
 
 Row ExplainingStore::Update(const std::string& table, const Row& before,
                             const FieldValues& fields) {
-  return Explaining([&] { return store_->Update(table, before, fields); });
+  return Explaining([&] { return ForwardingStore::Update(table, before, fields); });
 }
 
 void ExplainingStore::Delete(const std::string& table, const Row& before) {
-  Explaining([&] { store_->Delete(table, before); });
+  Explaining([&] { ForwardingStore::Delete(table, before); });
 }
 
 void ExplainingStore::ChangeAll(const std::vector<RowChange>& changes,
                                 const std::vector<QueryResult>& seen) {
-  Explaining([&] { store_->ChangeAll(changes, seen); });
-}
-
-void ExplainingStore::CreateTable(const TableDefinition& definition) {
-  store_->CreateTable(definition);
+  Explaining([&] { ForwardingStore::ChangeAll(changes, seen); });
 }
 
 void ExplainingStore::AddColumn(const std::string& table, const ColumnDefinition& column) {
-  Explaining([&] { store_->AddColumn(table, column); });
+  Explaining([&] { ForwardingStore::AddColumn(table, column); });
 }
 
 std::vector<Row> ExplainingStore::InsertAll(const std::string& table,
                                             const std::vector<FieldValues>& rows) {
-  return Explaining([&] { return store_->InsertAll(table, rows); });
+  return Explaining([&] { return ForwardingStore::InsertAll(table, rows); });
 }
 
 MissingItemError ExplainingStore::NoSuchColumn(const std::string& table,
                                                const std::string& column) const {
-  return Explained(store_->NoSuchColumn(table, column));
+  return Explained(ForwardingStore::NoSuchColumn(table, column));
 }
 
 }  // namespace veyra

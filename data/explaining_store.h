@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "data/errors.h"
-#include "data/store.h"
+#include "data/forwarding_store.h"
 
 namespace veyra {
 
@@ -17,31 +17,23 @@ struct NamedItem {
 
 /// A store whose file could not be brought up to date. What fails in it because one of these items
 /// is missing is reported with the reason why that could not be made, and what to do about it.
-class ExplainingStore : public Store {
+class ExplainingStore : public ForwardingStore {
  public:
   /// `failure` is the report of the attempt to make what is missing.
   ExplainingStore(std::unique_ptr<Store> store, std::vector<NamedItem> items, Report failure);
 
-  const std::string& FileName() const override;
-  std::vector<std::string> TableNames() override;
   std::vector<std::string> ColumnNames(const std::string& table) override;
   std::size_t FittingCharacters(const std::string& table, const std::string& column,
                                 std::string_view text) override;
-  StoreDescription Describe() override;
   std::unique_ptr<RowSource> Select(const Query& query) override;
   Row Insert(const std::string& table, const FieldValues& fields) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;
   void ChangeAll(const std::vector<RowChange>& changes,
                  const std::vector<QueryResult>& seen) override;
-  bool KeepsJournal() override { return store_->KeepsJournal(); }
-  void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
-  std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
-  void BeginAction(const std::string& name) override { store_->BeginAction(name); }
-  void EndAction() override { store_->EndAction(); }
   MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const override;
 
  private:
@@ -50,7 +42,6 @@ class ExplainingStore : public Store {
   bool Concerns(const MissingItemError& missing) const;
   MissingItemError Explained(const MissingItemError& missing) const;
 
-  std::unique_ptr<Store> store_;
   std::vector<NamedItem> items_;
   Report failure_;
 };

@@ -59,9 +59,8 @@ const std::vector<std::string>* NotingStore::ColumnsToNote(const std::string& ta
     return nullptr;
   }
   const auto known = columns_.find(table);
-  return known != columns_.end()
-             ? &known->second
-             : &columns_.emplace(table, store_->ColumnNames(table)).first->second;
+  return known != columns_.end() ? &known->second
+                                 : &columns_.emplace(table, ColumnNames(table)).first->second;
 }
 
 /// Another program may have added a column meanwhile: then the row is not known as a whole.
@@ -85,32 +84,32 @@ void NotingStore::Note(const std::string& table, const std::vector<std::string>*
 
 Row NotingStore::Insert(const std::string& table, const FieldValues& fields) {
   const auto* columns = ColumnsToNote(table);
-  Row row = Noting([&] { return store_->Insert(table, fields); });
+  Row row = Noting([&] { return ForwardingStore::Insert(table, fields); });
   Note(table, columns, nullptr, &row);
   return row;
 }
 
 Row NotingStore::Update(const std::string& table, const Row& before, const FieldValues& fields) {
   const auto* columns = ColumnsToNote(table);
-  Row row = Noting([&] { return store_->Update(table, before, fields); });
+  Row row = Noting([&] { return ForwardingStore::Update(table, before, fields); });
   Note(table, columns, &before, &row);
   return row;
 }
 
 void NotingStore::Delete(const std::string& table, const Row& before) {
   const auto* columns = ColumnsToNote(table);
-  Noting([&] { store_->Delete(table, before); });
+  Noting([&] { ForwardingStore::Delete(table, before); });
   Note(table, columns, &before, nullptr);
 }
 
 /// Where rows are added one by one a failure leaves the first of them, which count.
 std::vector<Row> NotingStore::InsertAll(const std::string& table,
                                         const std::vector<FieldValues>& rows) {
-  if (store_->RowsAtOnce() == 1) {
+  if (RowsAtOnce() == 1) {
     return Store::InsertAll(table, rows);
   }
   const auto* columns = ColumnsToNote(table);
-  std::vector<Row> added = Noting([&] { return store_->InsertAll(table, rows); });
+  std::vector<Row> added = Noting([&] { return ForwardingStore::InsertAll(table, rows); });
   for (const Row& row : added) {
     Note(table, columns, nullptr, &row);
   }
@@ -118,14 +117,14 @@ std::vector<Row> NotingStore::InsertAll(const std::string& table,
 }
 
 void NotingStore::BeginAction(const std::string& name) {
-  store_->BeginAction(name);
+  ForwardingStore::BeginAction(name);
   notes_.Begin(name);
 }
 
 void NotingStore::EndAction() {
   notes_.End();
   columns_.clear();
-  store_->EndAction();
+  ForwardingStore::EndAction();
 }
 
 }  // namespace veyra

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "data/forwarding_store.h"
 #include "data/journal.h"
 #include "data/store.h"
 
@@ -60,51 +61,25 @@ class ActionNotes {
 };
 
 /// A store that notes what is changed through it. What ChangeAll does is not noted.
-class NotingStore : public Store {
+class NotingStore : public ForwardingStore {
  public:
-  explicit NotingStore(std::unique_ptr<Store> store) : store_(std::move(store)) {}
+  using ForwardingStore::ForwardingStore;
 
   ActionNotes& Notes() { return notes_; }
 
   /// Puts another store between this one and what it has noted from.
   template <typename Wrap>
   void WrapInner(const Wrap& wrap) {
-    store_ = wrap(std::move(store_));
+    SetInner(wrap(TakeInner()));
   }
 
-  const std::string& FileName() const override { return store_->FileName(); }
-  std::optional<Report> TakeNotice() override { return store_->TakeNotice(); }
-  std::vector<std::string> TableNames() override { return store_->TableNames(); }
-  std::vector<std::string> ColumnNames(const std::string& table) override {
-    return store_->ColumnNames(table);
-  }
-  std::size_t FittingCharacters(const std::string& table, const std::string& column,
-                                std::string_view text) override {
-    return store_->FittingCharacters(table, column, text);
-  }
-  StoreDescription Describe() override { return store_->Describe(); }
-  std::unique_ptr<RowSource> Select(const Query& query) override { return store_->Select(query); }
   Row Insert(const std::string& table, const FieldValues& fields) override;
-  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
-  void Delete(const std::string& table, const Row& before) override;
-  void ChangeAll(const std::vector<RowChange>& changes,
-                 const std::vector<QueryResult>& seen) override {
-    store_->ChangeAll(changes, seen);
-  }
-  bool KeepsJournal() override { return store_->KeepsJournal(); }
-  void CreateTable(const TableDefinition& definition) override { store_->CreateTable(definition); }
-  void AddColumn(const std::string& table, const ColumnDefinition& column) override {
-    store_->AddColumn(table, column);
-  }
-  void BeginAction(const std::string& name) override;
-  void EndAction() override;
-  MissingItemError NoSuchColumn(const std::string& table,
-                                const std::string& column) const override {
-    return store_->NoSuchColumn(table, column);
-  }
-  std::size_t RowsAtOnce() const override { return store_->RowsAtOnce(); }
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
+  void Delete(const std::string& table, const Row& before) override;
+  void BeginAction(const std::string& name) override;
+  void EndAction() override;
 
  private:
   template <typename Work>
@@ -114,7 +89,6 @@ class NotingStore : public Store {
   void Note(const std::string& table, const std::vector<std::string>* columns, const Row* before,
             const Row* after);
 
-  std::unique_ptr<Store> store_;
   ActionNotes notes_;
   std::map<std::string, std::vector<std::string>> columns_;  ///< Of the action that goes on.
 };

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "data/errors.h"
-#include "tests/forwarding_store.h"
+#include "data/forwarding_store.h"
 
 namespace veyra {
 

@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "data/forwarding_store.h"
 #include "data/open_store.h"
 #include "data/recordset.h"
 #include "data/schema.h"
-#include "tests/forwarding_store.h"
 #include "tests/store_kind.h"
 #include "tests/temp_folder.h"
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/forwarding_store.h"
+#include "data/forwarding_store.h"
 
 namespace veyra::faults {
 

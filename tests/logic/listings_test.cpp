@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "data/forwarding_store.h"
 #include "data/open_store.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
-#include "tests/forwarding_store.h"
 #include "tests/logic/fake_screens.h"
 
 namespace veyra::modRes {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,12 +12,14 @@
 
 namespace veyra {
 
-/// A store that hands everything on to another: what stores for tests are made of.
+/// A store that hands everything on to another. What stands between a store and who uses it is
+/// derived from it and has members of its own for what it does otherwise.
 class ForwardingStore : public Store {
  public:
   explicit ForwardingStore(std::unique_ptr<Store> store) : store_(std::move(store)) {}
 
   const std::string& FileName() const override { return store_->FileName(); }
+  std::optional<Report> TakeNotice() override { return store_->TakeNotice(); }
   std::vector<std::string> TableNames() override { return store_->TableNames(); }
   std::vector<std::string> ColumnNames(const std::string& table) override {
     return store_->ColumnNames(table);
@@ -52,6 +55,15 @@ class ForwardingStore : public Store {
   }
   void BeginAction(const std::string& name) override { store_->BeginAction(name); }
   void EndAction() override { store_->EndAction(); }
+  MissingItemError NoSuchColumn(const std::string& table,
+                                const std::string& column) const override {
+    return store_->NoSuchColumn(table, column);
+  }
+
+ protected:
+  /// The store that it hands everything on to.
+  std::unique_ptr<Store> TakeInner() { return std::move(store_); }
+  void SetInner(std::unique_ptr<Store> store) { store_ = std::move(store); }
 
  private:
   std::unique_ptr<Store> store_;

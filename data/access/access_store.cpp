@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "data/access/broken_change.h"
 #include "data/access/check/check_file.h"
 #include "data/access/format/file_header.h"
 #include "data/access/pages/copy_file.h"
@@ -60,7 +61,7 @@ class AccessStore : public FileStore {
     return Reporting(file_name_, table, [&] {
       watch_.CheckBeforeReading();
       file_.SetPath(watch_.NameInFolder());
-      FinishBrokenChange();
+      broken_change_.Finish();
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
       return work();
     });
@@ -75,7 +76,7 @@ class AccessStore : public FileStore {
       watch_.CheckBeforeChange();
       file_.SetPath(watch_.NameInFolder());
       const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
-      RecoverUnderLock();
+      broken_change_.FinishUnderLock();
       snapshot_.Tables();
       access::PageChanges changes(file_);
       journal_.BeginCommit();
@@ -114,7 +115,7 @@ class AccessStore : public FileStore {
       file_.ExpectNoOtherWriter();
     }
     TakeFile(access);
-    FinishBrokenChange();
+    broken_change_.Finish();
   }
 
   const std::string& FileName() const override { return file_name_; }
@@ -283,7 +284,7 @@ class AccessStore : public FileStore {
     });
   }
 
-  std::optional<Report> TakeNotice() override { return std::exchange(notice_, std::nullopt); }
+  std::optional<Report> TakeNotice() override { return broken_change_.TakeNotice(); }
 
  private:
   void CheckStillGiven(const QueryResult& result) {
@@ -345,59 +346,10 @@ class AccessStore : public FileStore {
       const access::TableLayout& layout = snapshot_.Table(table)->Layout();
       const std::size_t place = layout.FindColumn(column);
       if (place == layout.Columns.size()) {
-        throw access::StoreProblem(access::Wrong::NoColumn, column);
+        throw access::StoreProblem(access::Refusal::NoColumn, column);
       }
       return known_columns_[{table, column}] = layout.Columns[place];
     });
-  }
-
-  /// Another copy of this program may have broken off in the middle of a change. A file that is
-  /// only read, or cannot be written just now, shows the change as made.
-  void FinishBrokenChange() {
-    const bool has_journal = access::HasJournal(file_.Path());
-    if (has_journal && file_.IsWritable() && RecoverNow()) {
-      return;
-    }
-    if (has_journal || shows_broken_change_) {
-      ShowBrokenChange();
-    }
-  }
-
-  /// Returns false when the file cannot be written.
-  bool RecoverNow() {
-    const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
-    try {
-      RecoverUnderLock();
-      return true;
-    } catch (const access::FileProblem&) {
-      return false;
-    }
-  }
-
-  void RecoverUnderLock() {
-    if (!access::HasJournal(file_.Path())) {
-      return;
-    }
-    const auto unfinished = access::Recover(file_);
-    shows_broken_change_ = false;
-    snapshot_.Forget();
-    if (unfinished) {
-      notice_ = Report{
-          file_name_,
-          "The program broke off while it was writing " + unfinished->What +
-              ", and another program has changed the file since. This change was not finished.",
-          "Look whether it is there, and make it again if it is not. What was to be written is "
-          "kept as " +
-              unfinished->KeptAs.filename().string() + "."};
-    }
-  }
-
-  void ShowBrokenChange() {
-    const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
-    shows_broken_change_ = access::HasJournal(file_.Path());
-    file_.SetOverlay({});
-    file_.SetOverlay(shows_broken_change_ ? access::PendingPages(file_) : access::PageImages());
-    snapshot_.Forget();
   }
 
   void Commit(const access::PageImages& pages, const std::string& what) {
@@ -410,7 +362,7 @@ class AccessStore : public FileStore {
 
   void CheckMayWrite() const {
     if (!file_.IsWritable()) {
-      throw access::StoreProblem(access::Wrong::ReadingOnly);
+      throw access::StoreProblem(access::Refusal::ReadingOnly);
     }
     access::CheckMayWrite(file_.Header());
     CheckNobodyElse();
@@ -429,11 +381,10 @@ class AccessStore : public FileStore {
   FileWatch watch_;
   access::PageFile file_;
   access::Snapshot snapshot_;
+  access::BrokenChange broken_change_{file_name_, policy_, file_, snapshot_};
   access::JournalWriter journal_;
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::optional<FileLock> use_;
-  bool shows_broken_change_ = false;
-  std::optional<Report> notice_;
 };
 
 }  // namespace

@@ -1,52 +1,21 @@
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
+#include "bench/raw_calendar.h"
 #include "data/connection.h"
-#include "data/create_store.h"
 #include "data/open_store.h"
-#include "data/schema.h"
 #include "tests/temp_folder.h"
 
 namespace veyra {
 namespace {
 
-constexpr std::int64_t kRooms = 50;
 const Date kFirstOfMonth = DateFromIsoText("2014-03-01").value();
 constexpr int kDaysOfMonth = 31;
 constexpr int kDaysOfCalendar = 4000;
-
-void Check(int code) {
-  if (code != SQLITE_OK && code != SQLITE_DONE) throw std::runtime_error(sqlite3_errstr(code));
-}
-
-/// A SQLite file as SQLite alone uses it.
-class RawFile {
- public:
-  explicit RawFile(const std::string& file) { Check(sqlite3_open(file.c_str(), &handle_)); }
-  ~RawFile() {
-    sqlite3_finalize(statement_);
-    sqlite3_close(handle_);
-  }
-  RawFile(const RawFile&) = delete;
-  RawFile& operator=(const RawFile&) = delete;
-
-  void Run(const char* sql) { Check(sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr)); }
-
-  sqlite3_stmt* Prepare(const char* sql) {
-    Check(sqlite3_prepare_v2(handle_, sql, -1, &statement_, nullptr));
-    return statement_;
-  }
-
- private:
-  sqlite3* handle_ = nullptr;
-  sqlite3_stmt* statement_ = nullptr;
-};
 
 /// A calendar of so many bookings, spread evenly over facilities and days; made once a run.
 std::string CalendarOf(std::int64_t bookings) {
@@ -54,28 +23,11 @@ std::string CalendarOf(std::int64_t bookings) {
   static std::map<std::int64_t, std::string> made;
   if (const auto found = made.find(bookings); found != made.end()) return found->second;
   const std::string file = folder.File(std::to_string(bookings) + ".mdb").string();
-  {
-    const auto store = CreateStore(file);
-    store->CreateTable(RoomsTable());
-    store->CreateTable(ReservTable());
-  }
-  RawFile raw(file);
-  raw.Run("BEGIN");
-  sqlite3_stmt* insert = raw.Prepare(
-      "INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo) VALUES (?, ?, ?, ?, ?)");
-  for (std::int64_t i = 0; i < bookings; ++i) {
-    const std::int64_t slot = i % 47 + 1;
-    const std::string event = "Guest number " + std::to_string(i);
-    const std::string day = IsoText(AddDays(kFirstOfMonth, i / kRooms % kDaysOfCalendar - 1000));
-    Check(sqlite3_bind_int64(insert, 1, i % kRooms + 1));
-    Check(sqlite3_bind_text(insert, 2, event.c_str(), -1, SQLITE_STATIC));
-    Check(sqlite3_bind_text(insert, 3, day.c_str(), -1, SQLITE_STATIC));
-    Check(sqlite3_bind_int64(insert, 4, slot));
-    Check(sqlite3_bind_int64(insert, 5, slot + 1));
-    Check(sqlite3_step(insert));
-    Check(sqlite3_reset(insert));
-  }
-  raw.Run("COMMIT");
+  MakeRawCalendar(file,
+                  {.Count = bookings,
+                   .FirstDay = AddDays(kFirstOfMonth, -1000),
+                   .Days = kDaysOfCalendar,
+                   .Name = [](std::int64_t i) { return "Guest number " + std::to_string(i); }});
   made[bookings] = file;
   return file;
 }
@@ -131,7 +83,7 @@ void BookingThroughARecordset(benchmark::State& state) {
   for (auto _ : state) {
     const auto rows = connection.Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
     rows->AddNew();
-    rows->SetField("RmID", std::int64_t{kRooms + 1});
+    rows->SetField("RmID", std::int64_t{kRoomsOfRawCalendar + 1});
     rows->SetField("Event", "No Title");
     rows->SetField("DateOfRes", kFirstOfMonth);
     rows->SetField("TimeFrom", std::int64_t{19});

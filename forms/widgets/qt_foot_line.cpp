@@ -1,10 +1,9 @@
 #include "forms/widgets/qt_foot_line.h"
 
-#include <QAccessible>
 #include <QEvent>
-#include <QToolTip>
 #include <algorithm>
 
+#include "forms/widgets/qt_notice.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -21,16 +20,8 @@ constexpr int kNarrow = 500;
 
 QtFootLabel::QtFootLabel(QWidget& window) : QLabel(&window) {
   setObjectName(QStringLiteral("footLine"));
-  setTextFormat(Qt::PlainText);
-  setMargin(kPadding);
-  setFrameShape(QFrame::Box);
-  setAutoFillBackground(true);
-  QPalette colors = QToolTip::palette();
-  colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
-  colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
-  setPalette(colors);
+  DressAsNotice(*this, kPadding);
   window.installEventFilter(this);
-  hide();
 }
 
 void QtFootLabel::ShowLine(const QString& line) {
@@ -42,8 +33,7 @@ void QtFootLabel::ShowLine(const QString& line) {
   }
   Place();
   raise();
-  QAccessibleEvent alert(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  Announce(*this);
 }
 
 /// A narrow window has buttons above its foot, and little room below them. The end of the line,

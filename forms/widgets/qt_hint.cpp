@@ -1,9 +1,9 @@
 #include "forms/widgets/qt_hint.h"
 
-#include <QAccessible>
 #include <QEvent>
-#include <QToolTip>
 #include <algorithm>
+
+#include "forms/widgets/qt_notice.h"
 
 namespace veyra {
 namespace {
@@ -15,16 +15,8 @@ constexpr int kPadding = 4;
 
 QtHint::QtHint(QWidget& control) : QLabel(&control), control_(control) {
   setObjectName(QStringLiteral("hint"));
-  setTextFormat(Qt::PlainText);
+  DressAsNotice(*this, kPadding);
   setWordWrap(true);
-  setMargin(kPadding);
-  setFrameShape(QFrame::Box);
-  setAutoFillBackground(true);
-  QPalette colors = QToolTip::palette();
-  colors.setColor(QPalette::Window, colors.color(QPalette::ToolTipBase));
-  colors.setColor(QPalette::WindowText, colors.color(QPalette::ToolTipText));
-  setPalette(colors);
-  hide();
 }
 
 void QtHint::ShowText(const QString& text) {
@@ -43,8 +35,7 @@ void QtHint::ShowText(const QString& text) {
   Place();
   show();
   raise();
-  QAccessibleEvent alert(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  Announce(*this);
 }
 
 void QtHint::Place() {

@@ -52,7 +52,7 @@ class Parser {
     ExpectWord("FROM");
     query.Table = ReadName();
     if (TakeWord("WHERE")) {
-      query.Where.push_back(ReadCondition());
+      query.Where = ReadCondition();
     }
     if (TakeWord("ORDER")) {
       query.OrderBy = ReadOrder();
@@ -67,20 +67,19 @@ class Parser {
 
  private:
   Condition ReadCondition() {
-    return ReadJoined("OR", Condition::Kind::Or, &Parser::ReadConjunction);
+    return ReadJoined("OR", Junction::Kind::Or, &Parser::ReadConjunction);
   }
 
   Condition ReadConjunction() {
-    return ReadJoined("AND", Condition::Kind::And, &Parser::ReadPrimary);
+    return ReadJoined("AND", Junction::Kind::And, &Parser::ReadPrimary);
   }
 
-  Condition ReadJoined(std::string_view word, Condition::Kind kind, Condition (Parser::*part)()) {
+  Condition ReadJoined(std::string_view word, Junction::Kind kind, Condition (Parser::*part)()) {
     Condition first = (this->*part)();
     if (!TakeWord(word)) {
       return first;
     }
-    Condition joined;
-    joined.What = kind;
+    Junction joined{kind, {}};
     joined.Parts.push_back(std::move(first));
     do {
       joined.Parts.push_back((this->*part)());
@@ -101,26 +100,26 @@ class Parser {
     return condition;
   }
 
-  Condition ReadComparison() {
-    Condition comparison;
+  Comparison ReadComparison() {
+    Comparison comparison;
     comparison.Left = ReadOperand();
     comparison.Test = ReadTest();
     comparison.Right = ReadOperand();
     return comparison;
   }
 
-  Comparison ReadTest() {
+  Relation ReadTest() {
     if (Take('=')) {
-      return Comparison::Equal;
+      return Relation::Equal;
     }
     if (Take('<')) {
       if (TakeNext('>')) {
-        return Comparison::NotEqual;
+        return Relation::NotEqual;
       }
-      return TakeNext('=') ? Comparison::LessOrEqual : Comparison::Less;
+      return TakeNext('=') ? Relation::LessOrEqual : Relation::Less;
     }
     if (Take('>')) {
-      return TakeNext('=') ? Comparison::GreaterOrEqual : Comparison::Greater;
+      return TakeNext('=') ? Relation::GreaterOrEqual : Relation::Greater;
     }
     Fail("a comparison");
   }

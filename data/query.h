@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -17,18 +18,27 @@ struct ColumnName {
 /// One side of a comparison.
 using Operand = std::variant<ColumnName, Value>;
 
-enum class Comparison { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual };
+enum class Relation { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual };
 
-/// What a row must satisfy: a comparison, or several conditions joined by And or by Or. A
-/// comparison with a null on either side is not satisfied.
-struct Condition {
-  enum class Kind { Compare, And, Or };
+/// Not satisfied when there is a null on either side.
+struct Comparison {
+  Operand Left;
+  Relation Test = Relation::Equal;
+  Operand Right;
+};
 
-  Kind What = Kind::Compare;
-  Comparison Test = Comparison::Equal;  ///< Compare only.
-  Operand Left;                         ///< Compare only.
-  Operand Right;                        ///< Compare only.
-  std::vector<Condition> Parts;         ///< And, Or only: two or more.
+struct Condition;
+
+struct Junction {
+  enum class Kind { And, Or };
+
+  Kind By = Kind::And;
+  std::vector<Condition> Parts;  ///< Two or more.
+};
+
+/// What a row must satisfy.
+struct Condition : std::variant<Comparison, Junction> {
+  using variant::variant;
 };
 
 struct OrderTerm {
@@ -40,7 +50,7 @@ struct OrderTerm {
 /// order leaves equal, and all rows when it is empty, come in the order they were added.
 struct Query {
   std::string Table;
-  std::vector<Condition> Where;  ///< None, or exactly one.
+  std::optional<Condition> Where;
   std::vector<OrderTerm> OrderBy;
   bool WithTimes = false;  ///< A date with a time of day is given as text, "2014-04-06 13:30:00",
                            ///< not as a date only, in files that keep times of day.

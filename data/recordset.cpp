@@ -26,21 +26,37 @@ bool IsHeldAlready(const Value& held, const Value& value) {
   return both_numbers && ToDouble(held) == ToDouble(value);
 }
 
-void CheckCondition(const Condition& condition, const std::vector<std::string>& columns,
-                    const Store& store, const std::string& table) {
-  for (const Operand* operand : {&condition.Left, &condition.Right}) {
-    const auto* column = std::get_if<ColumnName>(operand);
-    if (condition.What != Condition::Kind::Compare || column == nullptr) {
-      continue;
-    }
-    if (!FindName(columns, column->Name)) {
-      throw store.NoSuchColumn(table, column->Name);
+/// Whether every column that a condition names is one of these.
+class ColumnCheck {
+ public:
+  ColumnCheck(const Store& store, const std::string& table, const std::vector<std::string>& columns)
+      : store_(store), table_(table), columns_(columns) {}
+
+  void Require(const std::string& name) const {
+    if (!FindName(columns_, name)) {
+      throw store_.NoSuchColumn(table_, name);
     }
   }
-  for (const Condition& part : condition.Parts) {
-    CheckCondition(part, columns, store, table);
+
+  void operator()(const Comparison& comparison) const {
+    for (const Operand* operand : {&comparison.Left, &comparison.Right}) {
+      if (const auto* column = std::get_if<ColumnName>(operand)) {
+        Require(column->Name);
+      }
+    }
   }
-}
+
+  void operator()(const Junction& junction) const {
+    for (const Condition& part : junction.Parts) {
+      std::visit(*this, part);
+    }
+  }
+
+ private:
+  const Store& store_;
+  const std::string& table_;
+  const std::vector<std::string>& columns_;
+};
 
 }  // namespace
 
@@ -87,13 +103,12 @@ const Recordset::HeldRow& Recordset::RequireRow() {
 }
 
 void Recordset::CheckNames() {
-  for (const Condition& condition : query_.Where) {
-    CheckCondition(condition, columns_, *store_, query_.Table);
+  const ColumnCheck check(*store_, query_.Table, columns_);
+  if (query_.Where) {
+    std::visit(check, *query_.Where);
   }
   for (const OrderTerm& term : query_.OrderBy) {
-    if (!FindName(columns_, term.Column)) {
-      throw store_->NoSuchColumn(query_.Table, term.Column);
-    }
+    check.Require(term.Column);
   }
 }
 

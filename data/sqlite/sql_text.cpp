@@ -20,19 +20,19 @@ std::string Enclosed(std::string_view text, char quote) {
   return enclosed + quote;
 }
 
-const char* TestText(Comparison test) {
+const char* TestText(Relation test) {
   switch (test) {
-    case Comparison::Equal:
+    case Relation::Equal:
       return " = ";
-    case Comparison::NotEqual:
+    case Relation::NotEqual:
       return " <> ";
-    case Comparison::Less:
+    case Relation::Less:
       return " < ";
-    case Comparison::LessOrEqual:
+    case Relation::LessOrEqual:
       return " <= ";
-    case Comparison::Greater:
+    case Relation::Greater:
       return " > ";
-    case Comparison::GreaterOrEqual:
+    case Relation::GreaterOrEqual:
       return " >= ";
   }
   return "";
@@ -55,9 +55,9 @@ class SelectWriter {
   BoundSql Write(const Query& query) {
     sql_.Text =
         "SELECT " + (table_.Key.empty() ? "NULL" : table_.Key) + ", * FROM " + Quoted(table_.Name);
-    if (!query.Where.empty()) {
+    if (query.Where) {
       sql_.Text += " WHERE ";
-      WriteCondition(query.Where.front());
+      WriteCondition(*query.Where);
     }
     WriteOrder(query.OrderBy);
     return std::move(sql_);
@@ -65,15 +65,19 @@ class SelectWriter {
 
  private:
   void WriteCondition(const Condition& condition) {
-    if (condition.What == Condition::Kind::Compare) {
-      WriteOperand(condition.Left);
-      sql_.Text += TestText(condition.Test);
-      WriteOperand(condition.Right);
-      return;
-    }
-    const char* word = condition.What == Condition::Kind::And ? " AND " : " OR ";
+    std::visit([this](const auto& one) { WriteOne(one); }, condition);
+  }
+
+  void WriteOne(const Comparison& comparison) {
+    WriteOperand(comparison.Left);
+    sql_.Text += TestText(comparison.Test);
+    WriteOperand(comparison.Right);
+  }
+
+  void WriteOne(const Junction& junction) {
+    const char* word = junction.By == Junction::Kind::And ? " AND " : " OR ";
     const char* before = "(";
-    for (const Condition& part : condition.Parts) {
+    for (const Condition& part : junction.Parts) {
       sql_.Text += std::exchange(before, word);
       WriteCondition(part);
     }

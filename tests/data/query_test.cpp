@@ -19,21 +19,30 @@ std::string Shown(const Operand& operand) {
   return std::string(kKinds.at(value.index())) + ":" + ToText(value);
 }
 
-std::string Shown(const Condition& condition) {
-  if (condition.What == Condition::Kind::Compare) {
-    constexpr std::array kTests{"=", "<>", "<", "<=", ">", ">="};
-    return Shown(condition.Left) + kTests.at(static_cast<std::size_t>(condition.Test)) +
-           Shown(condition.Right);
-  }
+std::string Shown(const Condition& condition);
+
+std::string Shown(const Comparison& comparison) {
+  constexpr std::array kTests{"=", "<>", "<", "<=", ">", ">="};
+  return Shown(comparison.Left) + kTests.at(static_cast<std::size_t>(comparison.Test)) +
+         Shown(comparison.Right);
+}
+
+std::string Shown(const Junction& junction) {
   std::string parts;
-  for (const Condition& part : condition.Parts) parts += " " + Shown(part);
-  return (condition.What == Condition::Kind::And ? "(and" : "(or") + parts + ")";
+  for (const Condition& part : junction.Parts) parts += " " + Shown(part);
+  return (junction.By == Junction::Kind::And ? "(and" : "(or") + parts + ")";
+}
+
+std::string Shown(const Condition& condition) {
+  return std::visit([](const auto& one) { return Shown(one); }, condition);
 }
 
 /// The query in a form that shows how it was understood.
 std::string Shown(const Query& query) {
   std::string text = query.Table;
-  for (const Condition& condition : query.Where) text += " where " + Shown(condition);
+  if (query.Where) {
+    text += " where " + Shown(*query.Where);
+  }
   for (const OrderTerm& term : query.OrderBy) {
     text += " by [" + term.Column + "]" + (term.Descending ? " down" : "");
   }
@@ -193,7 +202,7 @@ TEST(ParseQueryTest, RefusesAMillionParenthesesWithoutFallingOver) {
 TEST(ParseQueryTest, UnderstandsAnyNumberOfParenthesesBesideEachOther) {
   std::string sql = "SELECT * FROM T WHERE (a=1)";
   for (int i = 0; i < 200; ++i) sql += " AND (a=1)";
-  EXPECT_EQ(201u, ParseQuery(sql).Where.at(0).Parts.size());
+  EXPECT_EQ(201u, std::get<Junction>(ParseQuery(sql).Where.value()).Parts.size());
 }
 
 TEST(ParseQueryTest, UnderstandsOrReportsAnyText) {

@@ -74,33 +74,36 @@ bool SortsBefore(const Value& one, const Value& other) {
   return CompareValues(one, other) == std::partial_ordering::less;
 }
 
-RowCondition::RowCondition(const Condition& condition, const TableLayout& table)
-    : what_(condition.What), test_(condition.Test) {
-  if (what_ == Condition::Kind::Compare) {
-    left_ = SideOf(condition.Left, table);
-    right_ = SideOf(condition.Right, table);
+RowCondition::RowCondition(const Condition& condition, const TableLayout& table) {
+  if (const auto* comparison = std::get_if<Comparison>(&condition)) {
+    condition_ = RowComparison{SideOf(comparison->Left, table), comparison->Test,
+                               SideOf(comparison->Right, table)};
+    return;
   }
-  for (const Condition& part : condition.Parts) {
-    parts_.emplace_back(part, table);
+  const auto& junction = std::get<Junction>(condition);
+  RowJunction joined{junction.By, {}};
+  for (const Condition& part : junction.Parts) {
+    joined.Parts.emplace_back(part, table);
   }
+  condition_ = std::move(joined);
 }
 
-bool RowCondition::Satisfies(std::optional<std::partial_ordering> order) const {
+bool RowComparison::Satisfies(std::optional<std::partial_ordering> order) const {
   if (!order || *order == std::partial_ordering::unordered) {
     return false;
   }
-  switch (test_) {
-    case Comparison::Equal:
+  switch (Test) {
+    case Relation::Equal:
       return std::is_eq(*order);
-    case Comparison::NotEqual:
+    case Relation::NotEqual:
       return std::is_neq(*order);
-    case Comparison::Less:
+    case Relation::Less:
       return std::is_lt(*order);
-    case Comparison::LessOrEqual:
+    case Relation::LessOrEqual:
       return std::is_lteq(*order);
-    case Comparison::Greater:
+    case Relation::Greater:
       return std::is_gt(*order);
-    case Comparison::GreaterOrEqual:
+    case Relation::GreaterOrEqual:
       return std::is_gteq(*order);
   }
   return false;
@@ -108,17 +111,20 @@ bool RowCondition::Satisfies(std::optional<std::partial_ordering> order) const {
 
 std::vector<std::pair<std::size_t, Value>> RowCondition::NeededEquals() const {
   std::vector<std::pair<std::size_t, Value>> equals;
-  if (what_ == Condition::Kind::And) {
-    for (const RowCondition& part : parts_) {
-      const auto more = part.NeededEquals();
-      equals.insert(equals.end(), more.begin(), more.end());
+  if (const auto* junction = std::get_if<RowJunction>(&condition_)) {
+    if (junction->By == Junction::Kind::And) {
+      for (const RowCondition& part : junction->Parts) {
+        const auto more = part.NeededEquals();
+        equals.insert(equals.end(), more.begin(), more.end());
+      }
     }
-  } else if (what_ == Condition::Kind::Compare && test_ == Comparison::Equal) {
-    if (left_.index() != right_.index()) {
-      const bool column_left = std::holds_alternative<std::size_t>(left_);
-      equals.emplace_back(std::get<std::size_t>(column_left ? left_ : right_),
-                          std::get<Value>(column_left ? right_ : left_));
-    }
+    return equals;
+  }
+  const auto& [left, test, right] = std::get<RowComparison>(condition_);
+  if (test == Relation::Equal && left.index() != right.index()) {
+    const bool column_left = std::holds_alternative<std::size_t>(left);
+    equals.emplace_back(std::get<std::size_t>(column_left ? left : right),
+                        std::get<Value>(column_left ? right : left));
   }
   return equals;
 }
@@ -126,7 +132,7 @@ std::vector<std::pair<std::size_t, Value>> RowCondition::NeededEquals() const {
 std::size_t PlaceOfColumn(const TableLayout& table, std::string_view name) {
   const std::size_t place = table.FindColumn(name);
   if (place == table.Columns.size()) {
-    throw StoreProblem(Wrong::NoColumn, std::string(name));
+    throw StoreProblem(Refusal::NoColumn, std::string(name));
   }
   return place;
 }

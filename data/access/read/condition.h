@@ -22,6 +22,35 @@ bool SortsBefore(const Value& one, const Value& other);
 /// A side of a comparison: a column by its place in the table, or a value.
 using Side = std::variant<std::size_t, Value>;
 
+/// A comparison of a row's columns, by their places in the table.
+struct RowComparison {
+  Side Left;
+  Relation Test = Relation::Equal;
+  Side Right;
+
+  /// Whether values of that order satisfy it; nothing when they do not compare.
+  bool Satisfies(std::optional<std::partial_ordering> order) const;
+
+  template <typename ValueOf>
+  bool Holds(const ValueOf& value_of) const {
+    const auto value = [&](const Side& side) {
+      const auto* place = std::get_if<std::size_t>(&side);
+      return place == nullptr ? std::get<Value>(side) : value_of(*place);
+    };
+    return Satisfies(CompareValues(value(Left), value(Right)));
+  }
+};
+
+class RowCondition;
+
+struct RowJunction {
+  Junction::Kind By = Junction::Kind::And;
+  std::vector<RowCondition> Parts;
+
+  template <typename ValueOf>
+  bool Holds(const ValueOf& value_of) const;
+};
+
 /// A condition over the columns of one table, by their places.
 class RowCondition {
  public:
@@ -31,33 +60,26 @@ class RowCondition {
   /// Whether a row satisfies the condition; `value_of(place)` gives its columns.
   template <typename ValueOf>
   bool Holds(const ValueOf& value_of) const {
-    if (what_ == Condition::Kind::Compare) {
-      const auto side = [&](const Side& from) {
-        const auto* place = std::get_if<std::size_t>(&from);
-        return place == nullptr ? std::get<Value>(from) : value_of(*place);
-      };
-      return Satisfies(CompareValues(side(left_), side(right_)));
-    }
-    for (const RowCondition& part : parts_) {
-      if (part.Holds(value_of) == (what_ == Condition::Kind::Or)) {
-        return what_ == Condition::Kind::Or;
-      }
-    }
-    return what_ == Condition::Kind::And;
+    return std::visit([&](const auto& one) { return one.Holds(value_of); }, condition_);
   }
 
   /// The columns that must equal a value wherever the condition holds, with those values.
   std::vector<std::pair<std::size_t, Value>> NeededEquals() const;
 
  private:
-  bool Satisfies(std::optional<std::partial_ordering> order) const;
-
-  Condition::Kind what_;
-  Comparison test_;
-  Side left_;
-  Side right_;
-  std::vector<RowCondition> parts_;
+  std::variant<RowComparison, RowJunction> condition_;
 };
+
+template <typename ValueOf>
+bool RowJunction::Holds(const ValueOf& value_of) const {
+  const bool ends_it = By == Junction::Kind::Or;
+  for (const RowCondition& part : Parts) {
+    if (part.Holds(value_of) == ends_it) {
+      return ends_it;
+    }
+  }
+  return !ends_it;
+}
 
 /// The place of a column. Throws FileProblem when the table has none of that name.
 std::size_t PlaceOfColumn(const TableLayout& table, std::string_view name);

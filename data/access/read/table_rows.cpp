@@ -25,8 +25,8 @@ bool MayLookUp(const TableImage& image, std::size_t column, const Value& value) 
 
 TableRows::TableRows(PageSource& file, std::shared_ptr<TableImage> image, const Query& query)
     : image_(std::move(image)), cells_(file, query.WithTimes) {
-  if (!query.Where.empty()) {
-    condition_.emplace(query.Where.front(), image_->Layout());
+  if (query.Where) {
+    condition_.emplace(*query.Where, image_->Layout());
     Narrow();
   }
   if (!query.OrderBy.empty()) {

@@ -36,14 +36,14 @@ std::vector<std::string> Catalogue::TableNames() {
 }
 
 const Table& Catalogue::Find(const std::string& name) {
-  HasChanged();
+  Refresh();
   const auto found = tables_.find(name);
   if (found != tables_.end()) return found->second;
   return tables_.emplace(name, Read(name)).first->second;
 }
 
 bool Catalogue::KeepsJournal() {
-  HasChanged();
+  Refresh();
   if (!keeps_journal_) {
     const auto triggers = statements_.Take(
         "SELECT 1 FROM sqlite_schema WHERE type = 'trigger'"
@@ -53,7 +53,7 @@ bool Catalogue::KeepsJournal() {
   return *keeps_journal_;
 }
 
-bool Catalogue::HasChanged() {
+bool Catalogue::Refresh() {
   // To ask for the schema's version takes a lock on the file. What SQLite noticed of changes when
   // it last read the file costs nothing.
   if (file_version_ == database_.Version()) return false;

@@ -36,9 +36,8 @@ class Catalogue {
   /// Whether triggers enter changes in the journal.
   bool KeepsJournal();
 
-  /// Whether the schema was changed since the last call of a member; then what was found before
-  /// counts for nothing.
-  bool HasChanged();
+  /// Drops what was found before when the schema was changed since. Returns whether it was.
+  bool Refresh();
 
  private:
   Table Read(const std::string& name);

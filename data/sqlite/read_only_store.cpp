@@ -158,12 +158,12 @@ class ReadOnlyStore : public FileStore {
     const auto deadline = steady_clock::now() + policy_.Timeout;
     Wait wait(policy_);
     int failures = 0;
-    while (!IsAnswered(question, deadline, wait, failures)) {
+    while (!TryToAnswer(question, deadline, wait, failures)) {
     }
   }
 
-  bool IsAnswered(const Question& question, steady_clock::time_point deadline, Wait& wait,
-                  int& failures) {
+  bool TryToAnswer(const Question& question, steady_clock::time_point deadline, Wait& wait,
+                   int& failures) {
     const FilesBeside before(file_);
     try {
       const auto reading = std::make_shared<FileReading>(file_, policy_);

@@ -53,12 +53,12 @@ std::unique_ptr<RowSource> Reader::SelectNow(const Query& query) {
   while (true) {
     try {
       auto rows = Run(query);
-      if (!catalogue_.HasChanged()) return rows;
+      if (!catalogue_.Refresh()) return rows;
     } catch (const DatabaseBusyError&) {
       throw;
     } catch (const DatabaseError&) {
       // A table or column that is missing may have been there when the catalogue was last asked.
-      if (!catalogue_.HasChanged()) throw;
+      if (!catalogue_.Refresh()) throw;
     }
   }
 }

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <array>
 #include <string>
+
+#include "data/one_based.h"
 
 namespace veyra {
 
 /// The "Guest" column of the day grid: for each row 1 to 48 the name of the booking that covers the
-/// slot of that number, empty where the slot is free. Entry 0 stands for the header row.
+/// slot of that number, empty where the slot is free.
 struct DayGrid {
-  std::array<std::string, 49> Guest;
+  OneBased<std::string, 48> Guest;
 
   bool operator==(const DayGrid&) const = default;
 };
@@ -30,7 +31,7 @@ struct ShownGrid {
   /// Writes `name` into rows `first` to `last`, both included, and shows the grid.
   void Write(int first, int last, const std::string& name) {
     for (int row = first; row <= last; ++row) {
-      MSFlexGrid1.Guest.at(static_cast<std::size_t>(row)) = name;
+      MSFlexGrid1.Guest[row] = name;
     }
     Screen.ShowGrid(MSFlexGrid1);
   }

@@ -105,7 +105,7 @@ void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int
   const int first_cell = WeekdayNumber(first_day);
   const Date today = clock.Today();
   for (int day = 0; day < DaysInMonth(year, month); ++day) {
-    picture.Cells.at(static_cast<std::size_t>(first_cell + day)) =
+    picture.Cells[first_cell + day] =
         CellOf(session, AddDays(first_day, day), today);
   }
   screen.ShowMonth(picture);
@@ -121,7 +121,7 @@ void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day) {
     const SlotRange rows = RowsOf(bookings->Field("TimeFrom"), bookings->Field("TimeTo"));
     const std::string name = ToText(bookings->Field("Event"));
     for (TimeSlot slot = rows.First; slot <= rows.Last; ++slot) {
-      MSFlexGrid1.Guest.at(static_cast<std::size_t>(slot)) = name;
+      MSFlexGrid1.Guest[slot] = name;
     }
   }
 }

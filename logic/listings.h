@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "data/date.h"
+#include "data/one_based.h"
 #include "logic/clock.h"
 #include "logic/day_grid.h"
 #include "logic/session.h"
@@ -30,7 +30,7 @@ struct MonthCell {
 /// What the month grid is to show.
 struct MonthPicture {
   std::optional<std::string> Title;  ///< lblMonth: "March 2014"; nothing leaves it as it is.
-  std::array<MonthCell, 43> Cells;   ///< By cell number 1 to 42, Sundays at 1, 8, ... 36.
+  OneBased<MonthCell, 42> Cells;     ///< By cell number 1 to 42, Sundays at 1, 8, ... 36.
 };
 
 /// The month grid, as the routines here reach it.

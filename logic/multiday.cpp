@@ -91,7 +91,7 @@ bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
       return false;
     }
     const Date day = AddDays(range.From, i);
-    if (range.Days.at(static_cast<std::size_t>(WeekdayNumber(day)))) {
+    if (range.Days[WeekdayNumber(day)]) {
       visit(day);
     }
   }

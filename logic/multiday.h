@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/date.h"
+#include "data/one_based.h"
 #include "logic/clock.h"
 #include "logic/dialogs.h"
 #include "logic/session.h"
@@ -16,7 +17,7 @@ namespace veyra {
 /// What the multiple-day window holds: the dates of a range that fall on the ticked weekdays.
 struct MultiDayPlan {
   std::array<std::string, 2> Text1;  ///< From and To as typed; both ends belong to the range.
-  std::array<bool, 8> Days{};        ///< By weekday, 1 for Sunday to 7; entry 0 is not used.
+  OneBased<bool, 7> Days;            ///< By weekday, 1 for Sunday to 7.
 
   bool operator==(const MultiDayPlan&) const = default;
 };
@@ -27,7 +28,7 @@ namespace modRes {
 struct PlannedRange {
   Date From{};
   Date To{};  ///< Included. Before From when the plan has no date.
-  std::array<bool, 8> Days{};
+  OneBased<bool, 7> Days;
 };
 
 /// Reads the plan's two texts. Throws ValueError when one is not a date.

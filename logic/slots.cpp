@@ -38,7 +38,7 @@ std::string LabelOrUnknown(const SlotLabelTable& labels, TimeSlot slot) {
 
 void SlotLabels(SlotLabelTable& labels) {
   for (TimeSlot slot = kFirstSlot; slot <= kLastSlot; ++slot) {
-    labels[static_cast<std::size_t>(slot)] = ShortLabel(slot);
+    labels[slot] = ShortLabel(slot);
   }
 }
 
@@ -46,7 +46,7 @@ const std::string& LabelOf(const SlotLabelTable& labels, TimeSlot slot) {
   if (!IsSlot(slot)) {
     throw std::out_of_range("There is no time slot " + std::to_string(slot) + ".");
   }
-  return labels[static_cast<std::size_t>(slot)];
+  return labels[slot];
 }
 
 TimeSlot EndLabelSlot(TimeSlot last) {

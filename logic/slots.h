@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
+#include "data/one_based.h"
 #include "data/value.h"
 
 namespace veyra::modRes {
@@ -16,8 +16,8 @@ using TimeSlot = int;
 inline constexpr TimeSlot kFirstSlot = 1;
 inline constexpr TimeSlot kLastSlot = 48;
 
-/// The short labels by slot, each six characters such as " 9:30A"; entry 0 is not used.
-using SlotLabelTable = std::array<std::string, 49>;
+/// The short labels by slot, each six characters such as " 9:30A".
+using SlotLabelTable = OneBased<std::string, kLastSlot>;
 
 /// A booked range: from the beginning of First to the end of Last, both included. 9:00 AM to
 /// 10:30 AM is 19 to 21; its end label is that of slot 22.

@@ -138,13 +138,13 @@ void frmDay::SelectRows(int row) {
 }
 
 int frmDay::BookedRowsInSelection() const {
-  const auto first = MSFlexGrid1_.Guest.begin() + session_.SelFirstSlot;
-  const auto end = MSFlexGrid1_.Guest.begin() + session_.SelLastSlot + 1;
+  const auto first = MSFlexGrid1_.Guest.begin() + session_.SelFirstSlot - 1;
+  const auto end = MSFlexGrid1_.Guest.begin() + session_.SelLastSlot;
   return static_cast<int>(std::count_if(first, end, IsBooked));
 }
 
 void frmDay::ChangeSelectedBooking() {
-  const std::string name = MSFlexGrid1_.Guest.at(static_cast<std::size_t>(session_.SelFirstSlot));
+  const std::string name = MSFlexGrid1_.Guest[session_.SelFirstSlot];
   const std::string details = modRes::PickedDetails(session_, name);
   if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + ShownName(name) + "?",
                        .Choice = Buttons::YesNo,

@@ -81,7 +81,7 @@ void QtSlotGrid::AddRows() {
 void QtSlotGrid::ShowGuests(const DayGrid& grid) {
   const QBrush booked = BookedBackground();
   for (int row = 1; row <= kRows; ++row) {
-    const std::string& name = grid.Guest.at(static_cast<std::size_t>(row));
+    const std::string& name = grid.Guest[row];
     QTableWidgetItem* cell = item(row - 1, kGuestColumn);
     cell->setText(OneLine(name));
     cell->setBackground(name.empty() ? QBrush() : booked);

@@ -16,7 +16,6 @@ namespace {
 using modRes::MonthCell;
 
 constexpr int kColumns = 7;
-constexpr int kCells = 42;
 constexpr int kWeeks = 6;
 constexpr int kSpacing = 3;
 constexpr int kHintMargin = 16;
@@ -65,11 +64,11 @@ double FittingPointSize(const QFont& font, int cell_width) {
 }
 
 /// The cell of today, or the first one when today is not among them.
-int TodayIn(const std::array<MonthCell, 43>& cells) {
+int TodayIn(const OneBased<MonthCell, 42>& cells) {
   const auto today = std::find_if(cells.begin(), cells.end(), [](const MonthCell& cell) {
     return cell.Visible && cell.IsToday;
   });
-  return today == cells.end() ? 1 : static_cast<int>(today - cells.begin());
+  return today == cells.end() ? 1 : cells.NumberOf(today);
 }
 
 }  // namespace
@@ -104,7 +103,7 @@ void QtMonthGrid::AddCells() {
   auto* slim_bars = new QtSlimBars(this);
   for (int index = 1; index <= kCells; ++index) {
     auto* cell = new QtDayCell(index, this);
-    cells_.at(static_cast<std::size_t>(index)) = cell;
+    cells_[index] = cell;
     const int row = 1 + (index - 1) / kColumns;
     grid->addWidget(cell, row, (index - 1) % kColumns);
     grid->setRowStretch(row, 1);
@@ -146,12 +145,12 @@ void QtMonthGrid::ShowHint(const QString& hint) {
   hint_->raise();
 }
 
-void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
+void QtMonthGrid::ShowCells(const OneBased<modRes::MonthCell, 42>& cells) {
   const bool focused = tab_stop_ == 0 || window()->focusWidget() == &Cell(tab_stop_).List();
   std::transform(cells.begin(), cells.end(), has_day_.begin(), std::mem_fn(&MonthCell::Visible));
   for (int index = 1; index <= kCells; ++index) {
     if (HasDay(index)) {
-      Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+      Cell(index).ShowDay(cells[index]);
     }
   }
   MakeTabStop(NearestDay(tab_stop_ == 0 ? TodayIn(cells) : tab_stop_));
@@ -161,7 +160,7 @@ void QtMonthGrid::ShowCells(const std::array<modRes::MonthCell, 43>& cells) {
   // Last, for a list that is hidden while it has the focus passes it to any other control.
   for (int index = 1; index <= kCells; ++index) {
     if (!HasDay(index)) {
-      Cell(index).ShowDay(cells.at(static_cast<std::size_t>(index)));
+      Cell(index).ShowDay(cells[index]);
     }
   }
 }
@@ -201,13 +200,13 @@ bool QtMonthGrid::IsHeader(const QWidget* widget) const {
 void QtMonthGrid::DescribeOn(QtMonthPage& page) const {
   std::transform(Label2_.begin(), Label2_.end(), page.Weekdays.begin(),
                  [](const QLabel* header) { return header->text(); });
-  std::transform(cells_.begin() + 1, cells_.end(), page.Days.begin() + 1,
+  std::transform(cells_.begin(), cells_.end(), page.Days.begin(),
                  [](const QtDayCell* cell) { return cell->InSight(); });
-  page.ListFamily = cells_.back()->List().font().family();
+  page.ListFamily = Cell(kCells).List().font().family();
 }
 
 bool QtMonthGrid::HasDay(int index) const {
-  return index >= 1 && index <= kCells && has_day_.at(static_cast<std::size_t>(index));
+  return index >= 1 && index <= kCells && has_day_[index];
 }
 
 /// The cell nearest to `index` that holds a day; `index` itself when none does.

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 
+#include "data/one_based.h"
 #include "forms/month/print/qt_month_page.h"
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
@@ -23,7 +24,7 @@ class QtMonthGrid : public QWidget {
 
   /// Shows the cells 1 to 42. The cell that has the focus keeps it, or passes it to the nearest one
   /// that holds a day; the first month ever shown gives it to today's cell.
-  void ShowCells(const std::array<modRes::MonthCell, 43>& cells);
+  void ShowCells(const OneBased<modRes::MonthCell, 42>& cells);
 
   /// Shows these lines in lstDay(index), 1 to 42.
   void ShowLines(int index, const modRes::DayLines& lines);
@@ -49,18 +50,20 @@ class QtMonthGrid : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  static constexpr int kCells = 42;
+
   void AddHeaders();
   void AddCells();
   void AddHint();
-  QtDayCell& Cell(int index) { return *cells_.at(static_cast<std::size_t>(index)); }
+  QtDayCell& Cell(int index) { return *cells_[index]; }
   bool HasDay(int index) const;
   int NearestDay(int index) const;
   void Move(int index, int key);
   void MakeTabStop(int index);
 
   std::array<QLabel*, 7> Label2_{};
-  std::array<QtDayCell*, 43> cells_{};
-  std::array<bool, 43> has_day_{};
+  OneBased<QtDayCell*, kCells> cells_;
+  OneBased<bool, kCells> has_day_;
   QLabel* hint_ = nullptr;
   int tab_stop_ = 0;
 };

@@ -41,7 +41,7 @@ void frmMultiDay::Text1_DblClick(std::size_t index) {
 }
 
 void frmMultiDay::Days_Click(std::size_t index, bool checked) {
-  plan_.Days.at(index) = checked;
+  plan_.Days[index] = checked;
 }
 
 void frmMultiDay::Calendar1_DblClick(Date selected) {
@@ -69,7 +69,7 @@ void frmMultiDay::Command1_Click() {
 }
 
 void frmMultiDay::Command2_Click() {
-  std::fill(plan_.Days.begin() + 1, plan_.Days.end(), true);
+  std::fill(plan_.Days.begin(), plan_.Days.end(), true);
   view_.ShowPlan(plan_);
 }
 
@@ -84,7 +84,7 @@ void frmMultiDay::HelpKey() {
 /// The order of the two dates does not matter here: a reversed range is complete and has no date.
 bool frmMultiDay::IsComplete() const {
   const Date today = clock_.Today();
-  return std::find(plan_.Days.begin() + 1, plan_.Days.end(), true) != plan_.Days.end() &&
+  return std::find(plan_.Days.begin(), plan_.Days.end(), true) != plan_.Days.end() &&
          ParseDate(plan_.Text1[0], today) && ParseDate(plan_.Text1[1], today);
 }
 

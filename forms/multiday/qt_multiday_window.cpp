@@ -30,14 +30,13 @@ struct Weekday {
   const char* Plural;
 };
 
-constexpr std::array<Weekday, 8> kWeekdays = {{{"", ""},
-                                               {"Sun", "Sundays"},
-                                               {"Mon", "Mondays"},
-                                               {"Tue", "Tuesdays"},
-                                               {"Wed", "Wednesdays"},
-                                               {"Thu", "Thursdays"},
-                                               {"Fri", "Fridays"},
-                                               {"Sat", "Saturdays"}}};
+constexpr OneBased<Weekday, 7> kWeekdays({{{"Sun", "Sundays"},
+                                           {"Mon", "Mondays"},
+                                           {"Tue", "Tuesdays"},
+                                           {"Wed", "Wednesdays"},
+                                           {"Thu", "Thursdays"},
+                                           {"Fri", "Fridays"},
+                                           {"Sat", "Saturdays"}}});
 
 constexpr std::array<const char*, 2> kFieldLabels = {"From", "To"};
 
@@ -102,15 +101,15 @@ QWidget* QtMultiDayWindow::BuildWeekdays() {
   auto* Frame1 = new QGroupBox(QStringLiteral("Days of the Week "), upper_part_);
   Frame1->setObjectName(QStringLiteral("Frame1"));
   auto* grid = new QGridLayout(Frame1);
-  for (std::size_t day = 1; day < kWeekdays.size(); ++day) {
-    auto* box = new QCheckBox(QLatin1String(kWeekdays.at(day).Caption), Frame1);
+  for (std::size_t day = 1; day <= kWeekdays.size(); ++day) {
+    auto* box = new QCheckBox(QLatin1String(kWeekdays[day].Caption), Frame1);
     box->setObjectName(IndexedName("Days", day));
     box->setToolTip(QStringLiteral("Check to Schedule all %1 between the Dates Below")
-                        .arg(QLatin1String(kWeekdays.at(day).Plural)));
+                        .arg(QLatin1String(kWeekdays[day].Plural)));
     connect(box, &QCheckBox::clicked, this,
             [this, day](bool checked) { guard_.Run([&] { handler_->Days_Click(day, checked); }); });
     grid->addWidget(box, static_cast<int>(day - 1) / 4, static_cast<int>(day - 1) % 4);
-    Days_.at(day) = box;
+    Days_[day] = box;
   }
   Command2_ = AddButton("Command2", "Ck ALL", "Press to Select ALL Days between the Dates Below",
                         &frmMultiDay::Command2_Click);
@@ -206,8 +205,8 @@ void QtMultiDayWindow::ShowPlan(const MultiDayPlan& plan) {
       Text1_.at(index)->setText(text);
     }
   }
-  for (std::size_t day = 1; day < Days_.size(); ++day) {
-    Days_.at(day)->setChecked(plan.Days.at(day));
+  for (std::size_t day = 1; day <= Days_.size(); ++day) {
+    Days_[day]->setChecked(plan.Days[day]);
   }
 }
 
@@ -229,7 +228,7 @@ void QtMultiDayWindow::HidePicker(bool keep_close_button) {
 }
 
 void QtMultiDayWindow::ShowWindow() {
-  Days_.at(1)->setFocus(Qt::OtherFocusReason);
+  Days_[1]->setFocus(Qt::OtherFocusReason);
   ShowBeside(*this, neighbour_());
 }
 

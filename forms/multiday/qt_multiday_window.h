@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "data/one_based.h"
 #include "forms/handler_guard.h"
 #include "forms/multiday/frmMultiDay.h"
 #include "forms/multiday/multiday_view.h"
@@ -61,7 +62,7 @@ class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   frmMultiDay* handler_ = nullptr;
   QWidget* upper_part_ = nullptr;
   std::array<QtDateField*, 2> Text1_{};
-  std::array<QCheckBox*, 8> Days_{};  ///< By weekday, 1 to 7.
+  OneBased<QCheckBox*, 7> Days_;  ///< By weekday, 1 to 7.
   QtDatePicker* Calendar1_ = nullptr;
   QPushButton* Command1_ = nullptr;
   QPushButton* Command2_ = nullptr;

@@ -39,7 +39,7 @@ void frmSettings::Option1_Click(ColorRole role) {
 }
 
 void frmSettings::Colors_MouseDown(std::size_t index, SwatchClick click) {
-  SwatchClicked(index == 0 ? NumberOf(CustomColor()) : kPalette.at(index), click, true);
+  SwatchClicked(index == 0 ? NumberOf(CustomColor()) : kPalette[index], click, true);
 }
 
 void frmSettings::CurColors_MouseDown(std::size_t index, SwatchClick click) {

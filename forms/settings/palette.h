@@ -1,16 +1,15 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 
+#include "data/one_based.h"
 #include "forms/twips.h"
 
 namespace veyra {
 
-/// The colour numbers of the palette's squares Colors(1) to Colors(48); entry 0 stands for the
-/// mixed colour and is not used. Squares run down the columns: 1 to 6 are the first column, a ramp
-/// of greys that begins with the theme's button face.
-extern const std::array<std::int32_t, 49> kPalette;
+/// The colour numbers of the palette's squares Colors(1) to Colors(48). Squares run down the
+/// columns: 1 to 6 are the first column, a ramp of greys that begins with the theme's button face.
+extern const OneBased<std::int32_t, 48> kPalette;
 
 inline constexpr int kPaletteRows = 6;
 inline constexpr int kPaletteColumns = 8;

@@ -50,7 +50,7 @@ std::size_t Neighbour(std::size_t index, int key) {
 }  // namespace
 
 QtColorSelector::QtColorSelector(QWidget* parent) : QWidget(parent) {
-  for (std::size_t index = 1; index < Colors_.size(); ++index) {
+  for (std::size_t index = 1; index <= Colors_.size(); ++index) {
     AddSquare(index);
   }
   MakeTabStop(tab_stop_);
@@ -60,7 +60,7 @@ QtColorSelector::QtColorSelector(QWidget* parent) : QWidget(parent) {
 
 void QtColorSelector::AddSquare(std::size_t index) {
   auto* square = new QtSwatch(this);
-  const QColor color = ToQColor(kPalette.at(index), QGuiApplication::palette());
+  const QColor color = ToQColor(kPalette[index], QGuiApplication::palette());
   square->setObjectName(QStringLiteral("Colors(%1)").arg(index));
   square->setAccessibleName(QStringLiteral("Color ") + WebName(color));
   square->setToolTip(WebName(color));
@@ -73,22 +73,22 @@ void QtColorSelector::AddSquare(std::size_t index) {
     emit Pressed(index, click);
   });
   connect(square, &QtSwatch::MoveKeyPressed, this, [this, index](int key) { Move(index, key); });
-  Colors_.at(index) = square;
+  Colors_[index] = square;
 }
 
 void QtColorSelector::Move(std::size_t index, int key) {
   if (const std::size_t neighbour = Neighbour(index, key); neighbour != 0) {
     MakeTabStop(neighbour);
-    Colors_.at(neighbour)->setFocus(Qt::OtherFocusReason);
+    Colors_[neighbour]->setFocus(Qt::OtherFocusReason);
   }
 }
 
 /// The square with the focus lies over the edges of its neighbours.
 void QtColorSelector::MakeTabStop(std::size_t index) {
-  Colors_.at(tab_stop_)->setFocusPolicy(Qt::NoFocus);
+  Colors_[tab_stop_]->setFocusPolicy(Qt::NoFocus);
   tab_stop_ = index;
-  Colors_.at(index)->setFocusPolicy(Qt::TabFocus);
-  Colors_.at(index)->raise();
+  Colors_[index]->setFocusPolicy(Qt::TabFocus);
+  Colors_[index]->raise();
 }
 
 }  // namespace veyra

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 
 #include "forms/settings/frmSettings.h"
 #include "forms/settings/palette.h"
@@ -26,7 +25,7 @@ class QtColorSelector : public QWidget {
   void Move(std::size_t index, int key);
   void MakeTabStop(std::size_t index);
 
-  std::array<QtSwatch*, std::tuple_size_v<decltype(kPalette)>> Colors_{};
+  OneBased<QtSwatch*, decltype(kPalette)::size()> Colors_;
   std::size_t tab_stop_ = 1;
 };
 

@@ -70,8 +70,8 @@ TEST_F(DeskActionsTest, TheLastDayThereIsCanBeGoneTo) {
   dialogs_.TypeNext("12/31/9999");
   desk_->GoToDate();
   EXPECT_EQ("December 9999", view_.Picture.Title);
-  EXPECT_TRUE(view_.Picture.Cells.at(static_cast<std::size_t>(view_.ChosenCell)).Visible);
-  EXPECT_EQ("31", view_.Picture.Cells.at(static_cast<std::size_t>(view_.ChosenCell)).Number);
+  EXPECT_TRUE(view_.Picture.Cells[view_.ChosenCell].Visible);
+  EXPECT_EQ("31", view_.Picture.Cells[view_.ChosenCell].Number);
 }
 
 TEST_F(DeskActionsTest, AMonthThatCannotBeReadIsNotGoneTo) {

@@ -28,7 +28,7 @@ class FakeMonthView : public MonthView {
 
   void ShowMonth(const modRes::MonthPicture& picture) override {
     Picture = picture;
-    for (std::size_t i = 1; i < picture.Cells.size(); ++i) {
+    for (std::size_t i = 1; i <= picture.Cells.size(); ++i) {
       if (picture.Cells[i].ListColor) {
         ListBackground[i] = picture.Cells[i].ListColor;
       }
@@ -36,7 +36,7 @@ class FakeMonthView : public MonthView {
     ++MonthsShown;
   }
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override {
-    Picture.Cells.at(static_cast<std::size_t>(cell_index)).Lines = lines;
+    Picture.Cells[cell_index].Lines = lines;
   }
   void ShowFacilityBox(const NameBox& box) override { Combo1 = box; }
   void ShowFacilityHint(const std::string& hint) override { FacilityHint = hint; }

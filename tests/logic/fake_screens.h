@@ -38,7 +38,7 @@ class FakeScreens : public modRes::MonthScreen, public modRes::DayListScreen, pu
 /// The rows that hold a name, a line each: "19 Smith".
 inline std::string Rendered(const DayGrid& grid) {
   std::string text;
-  for (std::size_t row = 0; row < grid.Guest.size(); ++row) {
+  for (std::size_t row = 1; row <= grid.Guest.size(); ++row) {
     if (!grid.Guest[row].empty()) {
       text += std::to_string(row) + " " + grid.Guest[row] + "\n";
     }

@@ -73,7 +73,7 @@ class MonthPageTest : public testing::Test {
   }
 
   QStringList LinesInSight(int day) {
-    return month_.Window.InSight().Days.at(static_cast<std::size_t>(day) + 6)->Lines;
+    return month_.Window.InSight().Days[day + 6]->Lines;
   }
 
   TempFolder folder_;
@@ -196,13 +196,13 @@ TEST_F(MonthPageTest, NoMoreLinesAreInSightThanTheListHasRoomFor) {
 
 TEST_F(MonthPageTest, ACellWithMoreLinesIsMarked) {
   ShowFullMonth();
-  EXPECT_TRUE(month_.Window.InSight().Days.at(11)->HasMore);
+  EXPECT_TRUE(month_.Window.InSight().Days[11]->HasMore);
 }
 
 TEST_F(MonthPageTest, ACellThatShowsAllItsLinesIsNotMarked) {
   month_.Book(5, 2);
   month_.Show();
-  EXPECT_FALSE(month_.Window.InSight().Days.at(11)->HasMore);
+  EXPECT_FALSE(month_.Window.InSight().Days[11]->HasMore);
 }
 
 TEST_F(MonthPageTest, AScrolledListIsPrintedAsItStands) {

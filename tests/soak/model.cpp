@@ -26,7 +26,7 @@ std::vector<Date> DatesOf(const MultiDayPlan& plan) {
     return dates;
   }
   for (Date day = *from; day <= *to; day = AddDays(day, 1)) {
-    if (plan.Days.at(static_cast<std::size_t>(WeekdayNumber(day)))) {
+    if (plan.Days[WeekdayNumber(day)]) {
       dates.push_back(day);
     }
   }

@@ -84,7 +84,7 @@ class PagePainter {
     PaintWeekdays();
     ChooseLineSize();
     for (int index = 1; index <= kCells; ++index) {
-      if (const auto& day = page_.Days.at(static_cast<std::size_t>(index))) {
+      if (const auto& day = page_.Days[index]) {
         PaintDay(*day, CellRect(index));
       }
     }
@@ -107,7 +107,7 @@ class PagePainter {
   int Weeks() const {
     int last = 1;
     for (int index = 1; index <= kCells; ++index) {
-      if (page_.Days.at(static_cast<std::size_t>(index))) {
+      if (page_.Days[index]) {
         last = index;
       }
     }

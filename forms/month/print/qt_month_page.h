@@ -11,6 +11,8 @@
 class QPainter;
 class QRectF;
 
+#include "data/one_based.h"
+
 namespace veyra {
 
 /// What the month window shows but for its controls: all that a printed page needs to know.
@@ -30,7 +32,7 @@ struct QtMonthPage {
   QString Title;  ///< "March 2014"
   QString Room;   ///< The facility's name; may be empty.
   std::array<QString, 7> Weekdays;
-  std::array<std::optional<Day>, 43> Days;  ///< By cell 1 to 42; nothing where there is no day.
+  OneBased<std::optional<Day>, 42> Days;  ///< By cell 1 to 42; nothing where there is no day.
   QColor Background;
   QColor Header;       ///< Colour of the title, the facility's name and the weekdays.
   QString TextFamily;  ///< The font of all but the lines.

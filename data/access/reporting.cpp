@@ -4,19 +4,19 @@ namespace veyra::access {
 
 void ReportAs(const StoreProblem& problem, const std::string& file, const std::string& table) {
   switch (problem.What()) {
-    case Wrong::NoTable:
+    case Refusal::NoTable:
       throw MissingTable(file, problem.Name());
-    case Wrong::NoColumn:
+    case Refusal::NoColumn:
       throw MissingColumn(file, table, problem.Name());
-    case Wrong::TableExists:
+    case Refusal::TableExists:
       throw TableExists(file, problem.Name());
-    case Wrong::ColumnExists:
+    case Refusal::ColumnExists:
       throw ColumnExists(file, table, problem.Name());
-    case Wrong::RowChanged:
+    case Refusal::RowChanged:
       throw RowChanged(file, table);
-    case Wrong::RowRemoved:
+    case Refusal::RowRemoved:
       throw RowRemoved(file, table);
-    case Wrong::ReadingOnly:
+    case Refusal::ReadingOnly:
       break;
   }
   throw OpenedForReadingOnly(file);

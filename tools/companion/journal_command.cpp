@@ -45,7 +45,7 @@ int DaysOf(const std::string& length) {
   const bool is_known = unit.empty() || unit == "d" || unit == "w" || unit == "y";
   if (error != std::errc{} || !is_known || number < 1 || number > kMostYears) {
     throw ValueError({{},
-                      "\"" + OneLine(length) + "\" is no time to keep entries for.",
+                      "\"" + OneLine(length) + "\" is not a time to keep entries for.",
                       "Write it as 2y, 8w or 90d."});
   }
   return number * DaysFor(unit.empty() ? 'd' : unit.front());

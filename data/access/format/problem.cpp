@@ -16,7 +16,7 @@ DamagedFile::DamagedFile(const std::string& cause) : FileProblem(cause, kRepairA
 OutcomeUnknown::OutcomeUnknown(const FileProblem& cause)
     : FileProblem(cause.what(), cause.advice()) {}
 
-StoreProblem::StoreProblem(Wrong what, std::string name)
+StoreProblem::StoreProblem(Refusal what, std::string name)
     : FileProblem("The change cannot be made.", ""), what_(what), name_(std::move(name)) {}
 
 }  // namespace veyra::access

@@ -52,7 +52,7 @@ class OutcomeUnknown : public FileProblem {
 };
 
 /// What every kind of store reports in the same words.
-enum class Wrong {
+enum class Refusal {
   NoTable,
   NoColumn,
   TableExists,
@@ -65,13 +65,13 @@ enum class Wrong {
 class StoreProblem : public FileProblem {
  public:
   /// `name` is that of the table or the column that is missing or there already.
-  explicit StoreProblem(Wrong what, std::string name = {});
+  explicit StoreProblem(Refusal what, std::string name = {});
 
-  Wrong What() const { return what_; }
+  Refusal What() const { return what_; }
   const std::string& Name() const { return name_; }
 
  private:
-  Wrong what_;
+  Refusal what_;
   std::string name_;
 };
 

@@ -24,7 +24,7 @@ short TypeOf(Kind kind) {
   return kind == Kind::Writing || kind == Kind::Exclusive ? F_WRLCK : F_RDLCK;
 }
 
-FileBusy Refusal(Kind kind, bool is_cancelled) {
+FileBusy BusyReport(Kind kind, bool is_cancelled) {
   if (is_cancelled) {
     return {"Another program is using the file.",
             "You did not want to wait. Try again when it has finished.", true};
@@ -60,7 +60,7 @@ FileLock::FileLock(int descriptor, Kind kind, const WaitPolicy& policy)
   Wait wait(policy);
   while (IsHeldByAnother(SetLock(descriptor_, TypeOf(kind), ByteOf(kind)))) {
     if (!wait.GoOn()) {
-      throw Refusal(kind, wait.WasCancelled());
+      throw BusyReport(kind, wait.WasCancelled());
     }
   }
 }

@@ -129,7 +129,7 @@ PageFile::~PageFile() {
 FileStamp PageFile::Stamp() const {
   const struct stat status = StatusOf(descriptor_);
   if (!S_ISREG(status.st_mode)) {
-    throw FileProblem("The database is no file.", "Check the data folder.");
+    throw FileProblem("The database is not a file.", "Check the data folder.");
   }
   return {status.st_size, clock_.Changed(descriptor_)};
 }

@@ -58,7 +58,7 @@ const std::vector<CatalogueEntry>& Snapshot::Tables() {
 PageNumber Snapshot::DefinitionOf(std::string_view name) {
   const CatalogueEntry* entry = FindTable(Tables(), name);
   if (entry == nullptr) {
-    throw StoreProblem(Wrong::NoTable, std::string(name));
+    throw StoreProblem(Refusal::NoTable, std::string(name));
   }
   return entry->Definition;
 }

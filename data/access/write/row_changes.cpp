@@ -15,7 +15,7 @@ namespace {
 Row ReadRow(PageChanges& pages, const TableLayout& layout, RowPointer home) {
   const std::optional<RowPointer> place = ResolveRow(pages, home);
   if (!place) {
-    throw StoreProblem(Wrong::RowRemoved);
+    throw StoreProblem(Refusal::RowRemoved);
   }
   const PagePtr page = pages.ReadPage(place->Page, PageKind::Data);
   const ByteView bytes = DataPage(*page, Format::Jet4).RowBytes(place->Row);
@@ -29,7 +29,7 @@ void CheckUnchanged(PageChanges& pages, TableWriter& writer, const Row& before) 
   const Row now = ReadRow(pages, writer.Layout(), HomeOf(before.Key));
   if (!std::equal(now.Values.begin(), now.Values.end(), before.Values.begin(), before.Values.end(),
                   IsSame)) {
-    throw StoreProblem(Wrong::RowChanged);
+    throw StoreProblem(Refusal::RowChanged);
   }
 }
 

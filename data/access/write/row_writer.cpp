@@ -34,7 +34,7 @@ Bytes WholeNumber(const Value& value, const ColumnLayout& column) {
   const std::optional<std::int64_t> number = ToInteger(value);
   if (!number || *number < std::numeric_limits<Number>::min() ||
       *number > std::numeric_limits<Number>::max()) {
-    RefuseValue(column, "it is no whole number of its range");
+    RefuseValue(column, "it is not a whole number of its range");
   }
   return BytesOf(static_cast<Number>(*number));
 }
@@ -42,7 +42,7 @@ Bytes WholeNumber(const Value& value, const ColumnLayout& column) {
 double Number(const Value& value, const ColumnLayout& column) {
   const std::optional<double> number = ToDouble(value);
   if (!number) {
-    RefuseValue(column, "it is no number");
+    RefuseValue(column, "it is not a number");
   }
   return *number;
 }
@@ -61,7 +61,7 @@ Bytes DateTime(const Value& value, const ColumnLayout& column) {
   }
   const std::optional<Date> date = ToDate(value);
   if (!date) {
-    RefuseValue(column, "it is no date");
+    RefuseValue(column, "it is not a date");
   }
   return BytesOf(static_cast<double>(DaysFromDate(*date)));
 }

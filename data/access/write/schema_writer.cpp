@@ -111,7 +111,7 @@ void AddFirstRows(PageChanges& pages, PageNumber table, const std::vector<FieldV
 
 void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   if (FindTable(ReadCatalogue(pages), definition.Name) != nullptr) {
-    throw StoreProblem(Wrong::TableExists, definition.Name);
+    throw StoreProblem(Refusal::TableExists, definition.Name);
   }
   if (!IsTableName(definition.Name)) {
     throw FileProblem(
@@ -134,7 +134,7 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition) {
 void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition& column) {
   const TableLayout table = ReadTableLayout(pages, definition);
   if (table.FindColumn(column.Name) != table.Columns.size()) {
-    throw StoreProblem(Wrong::ColumnExists, column.Name);
+    throw StoreProblem(Refusal::ColumnExists, column.Name);
   }
   if (table.ColumnsEver >= kMostColumns) {
     throw FileProblem("The table has as many columns as an Access file allows.",

@@ -71,15 +71,15 @@ TableWriter::TableWriter(PageChanges& pages, PageNumber definition)
 
 RowPointer TableWriter::Resolve(RowPointer home) {
   if (home.Page >= pages_.PageCount()) {
-    throw StoreProblem(Wrong::RowRemoved);
+    throw StoreProblem(Refusal::RowRemoved);
   }
   const PagePtr page = pages_.ReadPage(home.Page);
   if (!IsOwnedBy(*page, table_.Page) || home.Row >= DataPage(*page, Format::Jet4).RowCount()) {
-    throw StoreProblem(Wrong::RowRemoved);
+    throw StoreProblem(Refusal::RowRemoved);
   }
   const std::optional<RowPointer> place = ResolveRow(pages_, home);
   if (!place) {
-    throw StoreProblem(Wrong::RowRemoved);
+    throw StoreProblem(Refusal::RowRemoved);
   }
   return *place;
 }

@@ -62,7 +62,7 @@ class AccessStore : public FileStore {
       watch_.CheckBeforeReading();
       file_.SetPath(watch_.NameInFolder());
       broken_change_.Finish();
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
+      const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Reading, policy_);
       return work();
     });
   }
@@ -75,7 +75,7 @@ class AccessStore : public FileStore {
       CheckMayWrite();
       watch_.CheckBeforeChange();
       file_.SetPath(watch_.NameInFolder());
-      const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
+      const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
       broken_change_.FinishUnderLock();
       snapshot_.Tables();
       access::PageChanges changes(file_);
@@ -332,7 +332,7 @@ class AccessStore : public FileStore {
     if (exclusive) {
       CheckNobodyElse();
     }
-    use_.emplace(file_.Descriptor(), exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open,
+    use_.emplace(file_.File().Descriptor(), exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open,
                  policy_);
   }
 

@@ -32,7 +32,7 @@ void BrokenChange::Finish() {
 
 /// Returns false when the file cannot be written.
 bool BrokenChange::FinishNow() {
-  const FileLock lock(file_.Descriptor(), FileLock::Kind::Writing, policy_);
+  const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
   try {
     FinishUnderLock();
     return true;
@@ -54,7 +54,7 @@ void BrokenChange::FinishUnderLock() {
 }
 
 void BrokenChange::Show() {
-  const FileLock lock(file_.Descriptor(), FileLock::Kind::Reading, policy_);
+  const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Reading, policy_);
   is_shown_ = HasJournal(file_.Path());
   file_.SetOverlay({});
   file_.SetOverlay(is_shown_ ? PendingPages(file_) : PageImages());

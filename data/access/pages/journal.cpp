@@ -1,6 +1,5 @@
 #include "data/access/pages/journal.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +11,7 @@
 #include <iterator>
 #include <set>
 
+#include "data/access/pages/disk_call.h"
 #include "data/access/pages/journal_text.h"
 
 namespace veyra::access {
@@ -21,57 +21,15 @@ namespace {
 constexpr std::size_t kSector = 512;
 constexpr PageNumber kFreeMapPage = 1;
 
-[[noreturn]] void FailFor(const std::string& what) {
-  throw FileProblem(what + ": " + std::strerror(errno) + ".",
-                    "Check that the disk is not full and that you may write to the folder.");
-}
-
-/// A file descriptor that closes itself.
-class OpenFile {
- public:
-  OpenFile(const std::filesystem::path& path, int flags)
-      : descriptor_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {
-    if (descriptor_ < 0) {
-      FailFor("The journal " + path.filename().string() + " cannot be written");
-    }
-  }
-  ~OpenFile() { close(descriptor_); }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  void Write(const Bytes& bytes) const {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-      const ssize_t written = write(descriptor_, bytes.data() + done, bytes.size() - done);
-      if (written < 0 && errno != EINTR) {
-        FailFor("The journal of the database cannot be written");
-      }
-      done += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
-    }
-  }
-
-  void Flush() const {
-    if (fsync(descriptor_) != 0) {
-      FailFor("The journal of the database cannot be written");
-    }
-  }
-
- private:
-  int descriptor_;
-};
-
-/// Some file systems have no folders to flush: what they promise without it must do there.
+/// Some file systems have no folders to flush, and some folders may not be read: what they promise
+/// without it must do there.
 void FlushFolder(const std::filesystem::path& database) {
-  const std::filesystem::path folder = database.parent_path();
-  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) {
-    return;
-  }
-  const int error = fsync(descriptor) == 0 ? 0 : errno;
-  close(descriptor);
-  if (error == EIO || error == ENOSPC || error == EDQUOT) {
-    errno = error;
-    FailFor("The journal of the database cannot be written");
+  try {
+    FlushFolderOf(database);
+  } catch (const PosixFileError& error) {
+    if (error.Number() == EIO || error.Number() == ENOSPC || error.Number() == EDQUOT) {
+      throw;
+    }
   }
 }
 
@@ -192,12 +150,15 @@ bool TakeBack(PageFile& file, const Journal& journal) {
 void WriteJournal(const PageFile& file, const Bytes& bytes, const CommitObserver& tell) {
   bool is_complete = false;
   try {
-    const OpenFile journal(JournalPath(file.Path()), O_WRONLY | O_CREAT | O_TRUNC);
-    journal.Write(bytes);
-    is_complete = true;
-    tell(CommitStep::JournalWritten);
-    journal.Flush();
-    FlushFolder(file.Path());
+    DiskCall("The journal of the database cannot be written",
+             "Check that the disk is not full and that you may write to the folder.", [&] {
+               const PosixFile journal(JournalPath(file.Path()), PosixFile::Use::Empty);
+               journal.Write(bytes);
+               is_complete = true;
+               tell(CommitStep::JournalWritten);
+               journal.Flush();
+               FlushFolder(file.Path());
+             });
   } catch (const FileProblem& problem) {
     if (!DropJournal(file.Path()) && is_complete) {
       throw OutcomeUnknown(problem);

@@ -1,67 +1,38 @@
 #include "data/access/pages/page_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <span>
 #include <string>
 
 #include "data/access/format/rc4.h"
+#include "data/access/pages/disk_call.h"
 
 namespace veyra::access {
 
 namespace {
 
-[[noreturn]] void FailFor(const std::string& what) {
-  throw FileProblem(what + ": " + std::strerror(errno) + ".",
-                    "Check the disk or network folder that holds the file.");
+constexpr const char* kCheckDisk = "Check the disk or network folder that holds the file.";
+
+PosixFile OpenFile(const std::filesystem::path& path, bool writable) {
+  return DiskCall(
+      "The database cannot be opened", "Check that the file is there and that you may use it.",
+      [&] { return PosixFile(path, writable ? PosixFile::Use::ReadWrite : PosixFile::Use::Read); });
 }
 
-int OpenFile(const std::filesystem::path& path, bool writable) {
-  const int descriptor =
-      open(path.c_str(), (writable ? O_RDWR : O_RDONLY) | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) {
-    throw FileProblem(std::string("The database cannot be opened: ") + std::strerror(errno) + ".",
-                      "Check that the file is there and that you may use it.");
-  }
-  return descriptor;
+std::size_t ReadAt(const PosixFile& file, std::span<Byte> bytes, std::uint64_t offset) {
+  return DiskCall("The database cannot be read", kCheckDisk,
+                  [&] { return file.ReadAt(bytes, offset); });
 }
 
-/// Reads until `bytes` is full or the file ends; returns how many bytes were read.
-std::size_t ReadAt(int descriptor, std::span<Byte> bytes, std::uint64_t offset) {
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t read = pread(descriptor, bytes.data() + done, bytes.size() - done,
-                               static_cast<off_t>(offset + done));
-    if (read == 0) {
-      break;
-    }
-    if (read > 0) {
-      done += static_cast<std::size_t>(read);
-    } else if (errno != EINTR) {
-      FailFor("The database cannot be read");
-    }
-  }
-  return done;
-}
-
-void WriteAt(int descriptor, std::span<const Byte> bytes, std::uint64_t offset) {
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t written = pwrite(descriptor, bytes.data() + done, bytes.size() - done,
-                                   static_cast<off_t>(offset + done));
-    if (written >= 0) {
-      done += static_cast<std::size_t>(written);
-    } else if (errno != EINTR) {
-      FailFor("The database cannot be written");
-    }
-  }
+/// As DiskCall, for what writes to the database.
+template <typename Call>
+void WriteCall(const Call& call) {
+  DiskCall("The database cannot be written", kCheckDisk, call);
 }
 
 /// The longest tick of a file system's clock, and then some.
@@ -70,16 +41,11 @@ constexpr std::chrono::milliseconds kClockTick{20};
 /// How far the clock of the machine that has the file may be behind or before this one's.
 constexpr std::chrono::minutes kMostSkew{10};
 
-struct stat StatusOf(int descriptor) {
+TimePoint TimeOfChange(int descriptor) {
   struct stat status {};
   if (fstat(descriptor, &status) != 0) {
-    FailFor("The database cannot be read");
+    throw FileProblem("The database cannot be read: " + SystemErrorText(errno) + ".", kCheckDisk);
   }
-  return status;
-}
-
-TimePoint TimeOfChange(int descriptor) {
-  const struct stat status = StatusOf(descriptor);
   return TimePoint(std::chrono::seconds(status.st_mtim.tv_sec)) +
          std::chrono::nanoseconds(status.st_mtim.tv_nsec);
 }
@@ -91,9 +57,9 @@ std::filesystem::path RealPath(const std::filesystem::path& path) {
   return error ? path : real;
 }
 
-FileHeader HeaderOf(int descriptor) {
+FileHeader HeaderOf(const PosixFile& file) {
   std::array<Byte, kHeaderBytes> bytes;
-  const std::size_t size = ReadAt(descriptor, bytes, 0);
+  const std::size_t size = ReadAt(file, bytes, 0);
   if (size == 0) {
     throw FileProblem("The database file is empty.", "Go back to a copy of the file.");
   }
@@ -107,31 +73,20 @@ FileClock::FileClock() : Changed(TimeOfChange) {}
 PageFile::PageFile(const std::filesystem::path& path, bool writable, FileClock clock)
     : path_(RealPath(path)),
       writable_(writable),
-      descriptor_(OpenFile(path, writable)),
+      file_(OpenFile(path, writable)),
+      header_(HeaderOf(file_)),
       clock_(std::move(clock)) {
-  try {
-    header_ = HeaderOf(descriptor_);
-    Refresh(true);
-  } catch (...) {
-    close(descriptor_);
-    throw;
-  }
+  Refresh(true);
 }
 
 void PageFile::SetPath(const std::filesystem::path& path) {
   path_ = RealPath(path);
 }
 
-PageFile::~PageFile() {
-  close(descriptor_);
-}
-
 FileStamp PageFile::Stamp() const {
-  const struct stat status = StatusOf(descriptor_);
-  if (!S_ISREG(status.st_mode)) {
-    throw FileProblem("The database is not a file.", "Check the data folder.");
-  }
-  return {status.st_size, clock_.Changed(descriptor_)};
+  const std::uint64_t size =
+      DiskCall("The database cannot be read", kCheckDisk, [&] { return file_.Size(); });
+  return {static_cast<std::int64_t>(size), clock_.Changed(file_.Descriptor())};
 }
 
 /// Notes the stamp that the file has, and since when.
@@ -162,7 +117,7 @@ bool PageFile::Refresh(bool always) {
 
 void PageFile::ReadRaw(PageNumber number, Bytes& page) const {
   page.resize(PageSize());
-  if (ReadAt(descriptor_, page, std::uint64_t{number} * PageSize()) < PageSize()) {
+  if (ReadAt(file_, page, std::uint64_t{number} * PageSize()) < PageSize()) {
     throw DamagedFile("The database file is cut short.");
   }
   if (number != 0 && header_.IsEncoded()) {
@@ -217,7 +172,7 @@ void PageFile::SetOverlay(PageImages overlay) {
 
 void PageFile::Write(const PageImages& pages) {
   for (const auto& [number, page] : pages) {
-    WriteAt(descriptor_, page, std::uint64_t{number} * PageSize());
+    WriteCall([&] { file_.WriteAt(page, std::uint64_t{number} * PageSize()); });
   }
   for (const auto& [number, page] : pages) {
     pages_.resize(std::max<std::size_t>(pages_.size(), number + std::size_t{1}));
@@ -227,16 +182,12 @@ void PageFile::Write(const PageImages& pages) {
 }
 
 void PageFile::CutTo(std::uint64_t size) {
-  if (ftruncate(descriptor_, static_cast<off_t>(size)) != 0) {
-    FailFor("The database cannot be written");
-  }
+  WriteCall([&] { file_.Truncate(size); });
   Refresh(true);
 }
 
 void PageFile::Flush() {
-  if (fsync(descriptor_) != 0) {
-    FailFor("The database cannot be written");
-  }
+  WriteCall([&] { file_.Flush(); });
 }
 
 }  // namespace veyra::access

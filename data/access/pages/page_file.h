@@ -9,6 +9,7 @@
 
 #include "data/access/format/bytes.h"
 #include "data/access/pages/page_source.h"
+#include "data/posix_file.h"
 
 namespace veyra::access {
 
@@ -44,7 +45,6 @@ class PageFile : public PageSource {
   /// Opens an existing file. Throws FileProblem when it is missing, no Access file, of a newer
   /// version or protected by a password.
   PageFile(const std::filesystem::path& path, bool writable, FileClock clock = {});
-  ~PageFile() override;
   PageFile(const PageFile&) = delete;
   PageFile& operator=(const PageFile&) = delete;
 
@@ -55,7 +55,7 @@ class PageFile : public PageSource {
 
   const FileHeader& Header() const override { return header_; }
   bool IsWritable() const { return writable_; }
-  int Descriptor() const { return descriptor_; }
+  const PosixFile& File() const { return file_; }
 
   /// How many whole pages the file had at the last Refresh.
   PageNumber PageCount() const override { return static_cast<PageNumber>(pages_.size()); }
@@ -96,7 +96,7 @@ class PageFile : public PageSource {
 
   std::filesystem::path path_;
   bool writable_;
-  int descriptor_;
+  PosixFile file_;
   FileHeader header_;
   FileStamp stamp_;
   FileClock clock_;

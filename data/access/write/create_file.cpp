@@ -1,10 +1,6 @@
 #include "data/access/write/create_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
+#include <algorithm>
 #include <string_view>
 
 #include "data/access/format/data_page.h"
@@ -14,6 +10,7 @@
 #include "data/access/write/system_tables.h"
 #include "data/access/write/usage_map_writer.h"
 #include "data/errors.h"
+#include "data/posix_file.h"
 
 namespace veyra {
 
@@ -81,17 +78,6 @@ void WriteFreeMap(PageChanges& pages) {
   }
 }
 
-void WriteAll(int descriptor, const Bytes& bytes) {
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t written = write(descriptor, bytes.data() + done, bytes.size() - done);
-    if (written < 0 && errno != EINTR) {
-      throw access::FileProblem(std::strerror(errno), "");
-    }
-    done += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
-  }
-}
-
 Bytes NewDatabase() {
   NoPages none;
   PageChanges pages(none);
@@ -106,32 +92,26 @@ Bytes NewDatabase() {
   return file;
 }
 
-[[noreturn]] void FailFor(const std::string& file_name, int error) {
-  throw DatabaseError({file_name,
-                       std::string("The database cannot be made: ") + std::strerror(error) + ".",
-                       "Check the folder."});
+void MakeFile(const std::string& file_name, const Bytes& bytes) {
+  const PosixFile file(file_name, PosixFile::Use::MakeNew);
+  try {
+    file.Write(bytes);
+    file.Flush();
+  } catch (...) {
+    RemoveFile(file_name);
+    throw;
+  }
 }
 
 }  // namespace
 
 void CreateAccessFile(const std::string& file_name) {
-  const Bytes bytes = NewDatabase();
-  const int descriptor = open(file_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (descriptor < 0) {
-    FailFor(file_name, errno);
-  }
-  bool written = true;
   try {
-    WriteAll(descriptor, bytes);
-    written = fsync(descriptor) == 0;
-  } catch (const access::FileProblem&) {
-    written = false;
-  }
-  const int error = errno;
-  close(descriptor);
-  if (!written) {
-    unlink(file_name.c_str());
-    FailFor(file_name, error);
+    MakeFile(file_name, NewDatabase());
+  } catch (const PosixFileError& error) {
+    throw DatabaseError({file_name,
+                         std::string("The database cannot be made: ") + error.what() + ".",
+                         "Check the folder."});
   }
 }
 

@@ -2,13 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <regex>
 #include <string>
 #include <vector>
 
 #include "data/access/access_store.h"
+#include "data/access/check/check_file.h"
+#include "data/date.h"
 #include "data/errors.h"
 #include "tests/data/access/file_text.h"
+#include "tests/temp_folder.h"
 
 namespace veyra {
 namespace {
@@ -31,14 +36,18 @@ class KnownTables : public testing::TestWithParam<KnownTable> {
   std::string Table() const { return Rows().stem().string(); }
 };
 
-TEST_P(KnownTables, ReadAsTheyWereWritten) {
-  access::PageFile file(Database(), false);
-  std::vector<std::string> expected = Lines(Rows());
+void ExpectTable(const std::filesystem::path& database, const std::filesystem::path& rows) {
+  access::PageFile file(database, false);
+  std::vector<std::string> expected = Lines(rows);
   ASSERT_FALSE(expected.empty());
   const std::string columns = std::regex_replace(expected.front(), std::regex(":[^\t]*"), "");
   expected.erase(expected.begin());
-  EXPECT_EQ(columns, ColumnsText(file, Table()));
-  EXPECT_EQ(expected, TableText(file, Table()));
+  EXPECT_EQ(columns, ColumnsText(file, rows.stem().string()));
+  EXPECT_EQ(expected, TableText(file, rows.stem().string()));
+}
+
+TEST_P(KnownTables, ReadAsTheyWereWritten) {
+  ExpectTable(Database(), Rows());
 }
 
 TEST_P(KnownTables, AreNamedInTheCatalogue) {
@@ -69,6 +78,39 @@ INSTANTIATE_TEST_SUITE_P(
                    "real/truth-jet4-a2003-unicodecomp/Table.tsv"},
         KnownTable{"real/jet4-dates.mdb", "real/truth-jet4-dates/DateTest.tsv"},
         KnownTable{"real/jet4-encoded-rc4.mdb", "real/truth-jet4-encoded-rc4/Table1.tsv"}));
+
+/// A calendar of our own making, with rows that were taken out again; mdb-export wrote its rows.
+class OwnFile : public testing::TestWithParam<const char*> {
+ protected:
+  static std::filesystem::path Folder() { return VEYRA_OWN_FILES_FOLDER; }
+};
+
+TEST_P(OwnFile, IsReadAsItWasWritten) {
+  ExpectTable(Folder() / "Calendar.mdb", (Folder() / GetParam()).replace_extension(".tsv"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Access, OwnFile, testing::Values("Rooms", "Reserv"));
+
+TEST_F(OwnFile, TakesABookingAndStaysWhole) {
+  const TempFolder folder;
+  const auto copy = folder.File("Calendar.mdb");
+  std::filesystem::copy_file(Folder() / "Calendar.mdb", copy);
+  std::filesystem::permissions(copy, std::filesystem::perms::owner_all);
+  auto expected = Lines(Folder() / "Reserv.tsv");
+  expected.front() = "2\tneu 名\t2014-04-06T00:00:00\t19\t21\t\\N";
+  std::sort(expected.begin(), expected.end());
+  OpenAccessStore(copy.string(), StoreAccess::ReadWrite)
+      ->Insert("Reserv", {{"RmID", 2},
+                          {"Event", "neu 名"},
+                          {"DateOfRes", MakeDate(2014, 4, 6).value()},
+                          {"TimeFrom", 19},
+                          {"TimeTo", 21}});
+  auto rows = TableText(copy, "Reserv");
+  std::sort(rows.begin(), rows.end());
+  EXPECT_EQ(expected, rows);
+  access::PageFile file(copy, false);
+  EXPECT_EQ(std::vector<std::string>{}, access::CheckFile(file));
+}
 
 TEST(PasswordProtectedFile, IsRefusedWithAWordOnThePassword) {
   VEYRA_NEED_FIXTURES();

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+
 #include "data/color_settings.h"
 #include "forms/settings/palette.h"
 #include "tests/calendar_folder.h"
@@ -207,13 +210,26 @@ TEST_F(FrmSettingsTest, ClosingEnablesTheMonth) {
   EXPECT_EQ("enable month\n", windows_.Log);
 }
 
-TEST(PaletteTest, TheCornersAndTheOddOneAreAsGiven) {
-  EXPECT_EQ(kButtonFace, kPalette[1]);
-  EXPECT_EQ(0x000000, kPalette[6]);
-  EXPECT_EQ(0x0000FF, kPalette[9]);
-  EXPECT_EQ(0x404080, kPalette[18]);
-  EXPECT_EQ(0xFFC0FF, kPalette[43]);
-  EXPECT_EQ(0x400040, kPalette[48]);
+TEST(PaletteTest, HasTheseColoursRowByRow) {
+  const std::array<std::array<const char*, kPaletteColumns>, kPaletteRows> rows{
+      {{"", "FFC0C0", "FFE0C0", "FFFFC0", "C0FFC0", "C0FFFF", "C0C0FF", "FFC0FF"},
+       {"E0E0E0", "FF8080", "FFC080", "FFFF80", "80FF80", "80FFFF", "8080FF", "FF80FF"},
+       {"C0C0C0", "FF0000", "FF8000", "FFFF00", "00FF00", "00FFFF", "0000FF", "FF00FF"},
+       {"808080", "C00000", "C04000", "C0C000", "00C000", "00C0C0", "0000C0", "C000C0"},
+       {"404040", "800000", "804000", "808000", "008000", "008080", "000080", "800080"},
+       {"000000", "400000", "804040", "404000", "004000", "004040", "000040", "400040"}}};
+  std::size_t row_number = 0;
+  for (const auto& row : rows) {
+    std::size_t square = ++row_number;
+    for (const std::string web : row) {
+      // A colour number has red in its lowest byte.
+      const std::string reversed =
+          web.empty() ? "" : web.substr(4, 2) + web.substr(2, 2) + web.substr(0, 2);
+      EXPECT_EQ(web.empty() ? kButtonFace : std::stoi(reversed, nullptr, 16), kPalette[square])
+          << "Colors(" << square << ")";
+      square += kPaletteRows;
+    }
+  }
 }
 
 }  // namespace

@@ -21,7 +21,9 @@ constexpr int kDaysOfCalendar = 4000;
 std::string CalendarOf(std::int64_t bookings) {
   static const TempFolder folder;
   static std::map<std::int64_t, std::string> made;
-  if (const auto found = made.find(bookings); found != made.end()) return found->second;
+  if (const auto found = made.find(bookings); found != made.end()) {
+    return found->second;
+  }
   const std::string file = folder.File(std::to_string(bookings) + ".mdb").string();
   MakeRawCalendar(file,
                   {.Count = bookings,

@@ -34,8 +34,12 @@ bool BeginsWith(const PosixFile& file, std::string_view start) {
 /// when no page is one of a database.
 std::optional<FileKind> KindOf(const PosixFile& file) {
   try {
-    if (BeginsWith(file, kSqliteStart)) return FileKind::Sqlite;
-    if (BeginsWith(file, kAccessStart)) return FileKind::Access;
+    if (BeginsWith(file, kSqliteStart)) {
+      return FileKind::Sqlite;
+    }
+    if (BeginsWith(file, kAccessStart)) {
+      return FileKind::Access;
+    }
   } catch (const PosixFileError&) {
     // The disk cannot read the beginning.
   }
@@ -45,7 +49,9 @@ std::optional<FileKind> KindOf(const PosixFile& file) {
   for (const std::size_t size : kSqlitePages) {
     trees = std::max(trees, sqlite::CountTreePages(file, size));
   }
-  if (access == 0 && trees == 0) return std::nullopt;
+  if (access == 0 && trees == 0) {
+    return std::nullopt;
+  }
   return access > trees ? FileKind::Access : FileKind::Sqlite;
 }
 

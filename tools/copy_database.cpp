@@ -36,9 +36,13 @@ class SourceTable {
 
   /// Goes to the next row, its values as the new columns hold them.
   bool Next() {
-    if (!rows_->Next(row_)) return false;
+    if (!rows_->Next(row_)) {
+      return false;
+    }
     ++number_;
-    for (std::size_t i = 0; i < row_.Values.size(); ++i) row_.Values[i] = Converted(i);
+    for (std::size_t i = 0; i < row_.Values.size(); ++i) {
+      row_.Values[i] = Converted(i);
+    }
     return true;
   }
 
@@ -60,7 +64,9 @@ class SourceTable {
   Value Converted(std::size_t i) const {
     const ColumnDefinition& column = table_.Columns[i];
     const std::optional<Value> converted = ValueAs(column.Type, row_.Values[i]);
-    if (converted) return *converted;
+    if (converted) {
+      return *converted;
+    }
     Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is no " +
          WordFor(column.Type) + ".");
   }
@@ -143,7 +149,9 @@ void CompareRow(const SourceTable& from, const Row& row, const TableDefinition& 
   for (std::size_t i = 0; i < table.Columns.size(); ++i) {
     const ColumnDefinition& column = table.Columns[i];
     const Value& before = from.Values()[i];
-    if (ValueAs(column.Type, row.Values[i]) == before) continue;
+    if (ValueAs(column.Type, row.Values[i]) == before) {
+      continue;
+    }
     from.Fail(column.Name + " is \"" + ToText(before) + "\" and would become \"" +
               ToText(row.Values[i]) + "\".");
   }
@@ -158,17 +166,23 @@ void CompareTable(Store& source, Store& target, const TablePlan& plan,
   const auto rows = target.Select(all);
   Row row;
   while (from.Next()) {
-    if (!rows->Next(row)) from.Fail("It is missing in the new file.");
+    if (!rows->Next(row)) {
+      from.Fail("It is missing in the new file.");
+    }
     CompareRow(from, row, plan.Table);
     tell();
   }
-  if (rows->Next(row)) from.Fail("The new file has more rows after it.");
+  if (rows->Next(row)) {
+    from.Fail("The new file has more rows after it.");
+  }
 }
 
 }  // namespace
 
 std::optional<Value> ValueAs(ColumnType type, const Value& value) {
-  if (IsNull(value)) return value;
+  if (IsNull(value)) {
+    return value;
+  }
   switch (type) {
     case ColumnType::WholeNumber:
       return Found(ToInteger(value));

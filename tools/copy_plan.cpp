@@ -43,7 +43,9 @@ bool IsDay(const Value& value) {
 }
 
 void Note(const Value& value, FileKind target, ColumnFacts& facts) {
-  if (IsNull(value)) return;
+  if (IsNull(value)) {
+    return;
+  }
   const auto* whole = std::get_if<std::int64_t>(&value);
   facts.HasValue = true;
   facts.AreWhole = facts.AreWhole && whole != nullptr && IsWholeIn(*whole, target);
@@ -71,17 +73,25 @@ bool Fits(ColumnType type, const ColumnFacts& facts) {
 }
 
 ColumnType TypeFor(const std::optional<ColumnType>& declared, const ColumnFacts& facts) {
-  if (!facts.HasValue) return declared.value_or(ColumnType::Text);
-  if (declared && Fits(*declared, facts)) return *declared;
+  if (!facts.HasValue) {
+    return declared.value_or(ColumnType::Text);
+  }
+  if (declared && Fits(*declared, facts)) {
+    return *declared;
+  }
   for (const ColumnType type : {ColumnType::WholeNumber, ColumnType::Double, ColumnType::Day}) {
-    if (Fits(type, facts)) return type;
+    if (Fits(type, facts)) {
+      return type;
+    }
   }
   return ColumnType::Text;
 }
 
 int TextSize(int wanted, int longest) {
   for (const int size : kTextSizes) {
-    if (size >= std::max(wanted, longest)) return size;
+    if (size >= std::max(wanted, longest)) {
+      return size;
+    }
   }
   return 0;
 }
@@ -103,8 +113,12 @@ ColumnDefinition DefinitionOf(const ColumnDescription& column, const ColumnDefin
   made.Name = column.Name;
   // Names have no limit here; in an Access file they are texts rather than memos.
   const bool is_name = known != nullptr && made.Type == ColumnType::Text && made.Size == 0;
-  if (is_name && target == FileKind::Access) made.Size = kTextSizes.back();
-  if (made.Size > 0) made.Size = TextSize(made.Size, facts.Longest);
+  if (is_name && target == FileKind::Access) {
+    made.Size = kTextSizes.back();
+  }
+  if (made.Size > 0) {
+    made.Size = TextSize(made.Size, facts.Longest);
+  }
   return made;
 }
 
@@ -131,7 +145,9 @@ std::vector<IndexDefinition> PossibleIndexes(const TableDefinition& known,
 
 void RequireReadable(const Store& source, const TableDescription& table) {
   for (const ColumnDescription& column : table.Columns) {
-    if (column.IsReadable) continue;
+    if (column.IsReadable) {
+      continue;
+    }
     throw DatabaseError({source.FileName(),
                          "The column " + column.Name + " of the table " + table.Name +
                              " holds pictures or other objects, which cannot be converted.",
@@ -146,12 +162,16 @@ class Planner {
 
   CopyPlan Plan() {
     for (TableDescription& table : source_.Describe().Tables) {
-      if (table.IsView) continue;
+      if (table.IsView) {
+        continue;
+      }
       step_.Of += table.RowCount;
       tables_.push_back(std::move(table));
     }
     CopyPlan plan{.Tables = {}, .RowCount = step_.Of};
-    for (const TableDescription& table : tables_) plan.Tables.push_back(PlanTable(table));
+    for (const TableDescription& table : tables_) {
+      plan.Tables.push_back(PlanTable(table));
+    }
     return plan;
   }
 
@@ -170,7 +190,9 @@ class Planner {
     std::vector<ColumnFacts> facts(columns);
     const auto rows = source_.Select(query);
     for (Row row; rows->Next(row);) {
-      for (std::size_t i = 0; i < columns; ++i) Note(row.Values[i], target_, facts[i]);
+      for (std::size_t i = 0; i < columns; ++i) {
+        Note(row.Values[i], target_, facts[i]);
+      }
       ++step_.Rows;
       observer_(step_);
     }
@@ -187,15 +209,21 @@ class Planner {
       const ColumnDefinition* same = known == nullptr ? nullptr : Find(known->Columns, column.Name);
       made.Columns.push_back(DefinitionOf(column, same, facts[i], target_));
     }
-    if (known != nullptr) made.Indexes = PossibleIndexes(*known, made.Columns);
+    if (known != nullptr) {
+      made.Indexes = PossibleIndexes(*known, made.Columns);
+    }
     return made;
   }
 
   /// A SQLite table with a key gives its rows in the key's order, whatever order they came in.
   void OrderByKey(TablePlan& plan) const {
-    if (target_ != FileKind::Sqlite) return;
+    if (target_ != FileKind::Sqlite) {
+      return;
+    }
     for (const ColumnDefinition& column : plan.Table.Columns) {
-      if (column.AutoIncrement) plan.Rows.OrderBy.push_back({column.Name});
+      if (column.AutoIncrement) {
+        plan.Rows.OrderBy.push_back({column.Name});
+      }
     }
   }
 

@@ -16,7 +16,9 @@ constexpr int kLongestAccessText = 255;
 TableDefinition AsUsualIn(FileKind kind, TableDefinition table) {
   for (ColumnDefinition& column : table.Columns) {
     const bool is_memo = column.Type == ColumnType::Text && column.Size == 0;
-    if (kind == FileKind::Access && is_memo) column.Size = kLongestAccessText;
+    if (kind == FileKind::Access && is_memo) {
+      column.Size = kLongestAccessText;
+    }
   }
   return table;
 }

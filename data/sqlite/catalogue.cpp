@@ -16,7 +16,9 @@ constexpr std::int64_t kOrdinary = 0;
 /// The first of SQLite's names for the row number that no column bears.
 std::string FreeKeyName(const std::vector<std::string>& columns) {
   for (const char* name : {"rowid", "_rowid_", "oid"}) {
-    if (!FindName(columns, name)) return name;
+    if (!FindName(columns, name)) {
+      return name;
+    }
   }
   return {};
 }
@@ -31,14 +33,18 @@ std::vector<std::string> Catalogue::TableNames() {
       "SELECT name FROM sqlite_schema WHERE type IN ('table', 'view')"
       " AND substr(name, 1, 7) <> 'sqlite_' ORDER BY rowid");
   std::vector<std::string> names;
-  while (statement->Step()) names.push_back(statement->Text(0));
+  while (statement->Step()) {
+    names.push_back(statement->Text(0));
+  }
   return names;
 }
 
 const Table& Catalogue::Find(const std::string& name) {
   Refresh();
   const auto found = tables_.find(name);
-  if (found != tables_.end()) return found->second;
+  if (found != tables_.end()) {
+    return found->second;
+  }
   return tables_.emplace(name, Read(name)).first->second;
 }
 
@@ -56,11 +62,15 @@ bool Catalogue::KeepsJournal() {
 bool Catalogue::Refresh() {
   // To ask for the schema's version takes a lock on the file. What SQLite noticed of changes when
   // it last read the file costs nothing.
-  if (file_version_ == database_.Version()) return false;
+  if (file_version_ == database_.Version()) {
+    return false;
+  }
   const auto statement = statements_.Take("PRAGMA schema_version");
   const std::int64_t version = statement->Step() ? statement->Integer(0) : -1;
   file_version_ = database_.Version();
-  if (version == schema_version_) return false;
+  if (version == schema_version_) {
+    return false;
+  }
   tables_.clear();
   keeps_journal_.reset();
   schema_version_ = version;
@@ -74,7 +84,9 @@ Table Catalogue::Read(const std::string& name) {
       "SELECT name, type = 'view' OR wr FROM pragma_table_list"
       " WHERE schema = 'main' AND name = ? COLLATE NOCASE");
   tables->Bind(asked);
-  if (!tables->Step()) throw MissingTable(database_.file(), name);
+  if (!tables->Step()) {
+    throw MissingTable(database_.file(), name);
+  }
   table.Name = tables->Text(0);
   const bool has_keys = tables->Integer(1) == 0;
 
@@ -83,11 +95,15 @@ Table Catalogue::Read(const std::string& name) {
   columns->Bind(asked);
   while (columns->Step()) {
     const std::int64_t kind = columns->Integer(1);
-    if (kind == kHidden) continue;
+    if (kind == kHidden) {
+      continue;
+    }
     table.Columns.push_back(columns->Text(0));
     table.Computed.push_back(kind != kOrdinary);
   }
-  if (has_keys) table.Key = FreeKeyName(table.Columns);
+  if (has_keys) {
+    table.Key = FreeKeyName(table.Columns);
+  }
   return table;
 }
 

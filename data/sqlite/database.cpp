@@ -78,7 +78,9 @@ std::string Database::ReadBytes(std::int64_t from, std::size_t count) {
   sqlite3_file* file = MainFile();
   std::string bytes(count, '\0');
   const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(count), from);
-  if (code != SQLITE_IOERR_SHORT_READ) Check(code);
+  if (code != SQLITE_IOERR_SHORT_READ) {
+    Check(code);
+  }
   return bytes;
 }
 
@@ -89,7 +91,9 @@ std::string Database::LogIndexHead(std::size_t count) {
   Check(file->pMethods->xShmMap(file, 0, kRegionBytes, 0, &region));
   std::string bytes(count, '\0');
   const auto* from = static_cast<const char volatile*>(region);
-  if (from != nullptr) std::copy_n(from, count, bytes.begin());
+  if (from != nullptr) {
+    std::copy_n(from, count, bytes.begin());
+  }
   return bytes;
 }
 
@@ -153,11 +157,15 @@ void Database::ReadAsWhole() {
   // the file's end as a whole one.
   std::error_code no_log;
   const auto log_size = std::filesystem::file_size(file_ + "-wal", no_log);
-  if (!no_log && log_size > 0) return;
+  if (!no_log && log_size > 0) {
+    return;
+  }
   sqlite3_file* file = MainFile();
   sqlite3_int64 size = 0;
   Check(file->pMethods->xFileSize(file, &size));
-  if (size < whole_size) ThrowError(file_, SQLITE_CORRUPT, {});
+  if (size < whole_size) {
+    ThrowError(file_, SQLITE_CORRUPT, {});
+  }
 }
 
 unsigned Database::Version() {
@@ -190,7 +198,9 @@ void Database::Check(int code) {
   if (IsForFullDisk(handle_, file_, code)) {
     ThrowError(file_, SQLITE_FULL, {});
   }
-  if (code != SQLITE_OK) ThrowError(file_, code, sqlite3_errmsg(handle_));
+  if (code != SQLITE_OK) {
+    ThrowError(file_, code, sqlite3_errmsg(handle_));
+  }
 }
 
 Transaction::Transaction(Database& database) : database_(database) {
@@ -199,7 +209,9 @@ Transaction::Transaction(Database& database) : database_(database) {
 
 Transaction::~Transaction() {
   // A failure that SQLite itself rolled back leaves nothing to roll back: its answer is no news.
-  if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (open_) {
+    sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  }
 }
 
 void Transaction::Commit() {

@@ -17,7 +17,9 @@ constexpr std::int64_t kHidden = 1;
 
 std::string UpperAscii(std::string text) {
   for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (c >= 'a' && c <= 'z') {
+      c = static_cast<char>(c - 'a' + 'A');
+    }
   }
   return text;
 }
@@ -31,7 +33,9 @@ std::optional<ColumnType> TypeOf(const std::string& declared) {
   };
   const std::string name = UpperAscii(declared);
   for (const auto& [word, type] : kWords) {
-    if (name.find(word) != std::string::npos) return type;
+    if (name.find(word) != std::string::npos) {
+      return type;
+    }
   }
   return std::nullopt;
 }
@@ -39,7 +43,9 @@ std::optional<ColumnType> TypeOf(const std::string& declared) {
 /// Takes "(50)" off the end of "VARCHAR(50)" and returns its number, or 0.
 int TakeSize(std::string& declared) {
   const std::size_t at = declared.find('(');
-  if (at == std::string::npos) return 0;
+  if (at == std::string::npos) {
+    return 0;
+  }
   int size = 0;
   std::from_chars(declared.data() + at + 1, declared.data() + declared.size(), size);
   declared.erase(declared.find_last_not_of(' ', at - 1) + 1);
@@ -64,7 +70,9 @@ std::string Text(Reader& reader, std::string sql) {
 
 /// SQLite gives the rows' own numbers to the one column of a key that is declared exactly so.
 void MarkAutoNumber(std::vector<ColumnDescription>& columns, const std::vector<bool>& in_key) {
-  if (std::count(in_key.begin(), in_key.end(), true) != 1) return;
+  if (std::count(in_key.begin(), in_key.end(), true) != 1) {
+    return;
+  }
   const auto key = std::find(in_key.begin(), in_key.end(), true) - in_key.begin();
   ColumnDescription& column = columns[static_cast<std::size_t>(key)];
   column.AutoNumber = UpperAscii(column.TypeName) == "INTEGER";
@@ -77,14 +85,18 @@ std::vector<ColumnDescription> Columns(Reader& reader, const std::string& table,
   std::vector<ColumnDescription> columns;
   std::vector<bool> in_key;
   while (rows->Step()) {
-    if (rows->Integer(2) == kHidden) continue;
+    if (rows->Integer(2) == kHidden) {
+      continue;
+    }
     ColumnDescription column{.Name = rows->Text(0), .TypeName = rows->Text(1)};
     column.Type = TypeOf(column.TypeName);
     column.Size = TakeSize(column.TypeName);
     columns.push_back(std::move(column));
     in_key.push_back(rows->Integer(3) > 0);
   }
-  if (has_numbers) MarkAutoNumber(columns, in_key);
+  if (has_numbers) {
+    MarkAutoNumber(columns, in_key);
+  }
   return columns;
 }
 
@@ -97,7 +109,9 @@ std::vector<IndexDescription> Indexes(Reader& reader, const std::string& table) 
     IndexDescription index{.Name = rows->Text(0), .IsUnique = rows->Integer(1) != 0};
     const std::vector<Value> name{index.Name};
     const auto columns = Ask(reader, "SELECT name FROM pragma_index_info(?) ORDER BY seqno", name);
-    while (columns->Step()) index.Columns.push_back(columns->Text(0));
+    while (columns->Step()) {
+      index.Columns.push_back(columns->Text(0));
+    }
     indexes.push_back(std::move(index));
   }
   return indexes;
@@ -110,7 +124,9 @@ std::string Version(Reader& reader) {
   for (std::size_t at = kWrittenByAt; at < kHeaderBytes; ++at) {
     number = number << 8U | static_cast<unsigned char>(header[at]);
   }
-  if (number == 0) return "3";
+  if (number == 0) {
+    return "3";
+  }
   return "3, written by " + std::to_string(number / 1'000'000) + '.' +
          std::to_string(number / 1'000 % 1'000) + '.' + std::to_string(number % 1'000);
 }

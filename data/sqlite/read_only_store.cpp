@@ -42,11 +42,15 @@ class OpenRows : public RowSource {
 class HeldRows : public RowSource {
  public:
   explicit HeldRows(RowSource& rows) {
-    for (Row row; rows.Next(row); row = Row()) rows_.push_back(std::move(row));
+    for (Row row; rows.Next(row); row = Row()) {
+      rows_.push_back(std::move(row));
+    }
   }
 
   bool Next(Row& row) override {
-    if (next_ == rows_.size()) return false;
+    if (next_ == rows_.size()) {
+      return false;
+    }
     row = std::move(rows_[next_++]);
     return true;
   }
@@ -82,7 +86,9 @@ class ReadOnlyStore : public FileStore {
 
   std::size_t FittingCharacters(const std::string& table, const std::string& column,
                                 std::string_view text) override {
-    if (!FindName(ColumnNames(table), column)) throw MissingColumn(file_, table, column);
+    if (!FindName(ColumnNames(table), column)) {
+      throw MissingColumn(file_, table, column);
+    }
     return CharacterCount(text);
   }
 
@@ -108,7 +114,9 @@ class ReadOnlyStore : public FileStore {
   void CopyTo(const std::string& new_file) override {
     bool is_made = false;
     const auto drop = [&] {
-      if (std::exchange(is_made, false)) std::filesystem::remove(new_file);
+      if (std::exchange(is_made, false)) {
+        std::filesystem::remove(new_file);
+      }
     };
     try {
       Ask([&](const auto& reading) {

@@ -16,15 +16,21 @@ class StatementRows : public RowSource {
  public:
   StatementRows(StatementCache::Handle statement, std::vector<Value> parameters, bool has_row)
       : parameters_(std::move(parameters)), statement_(std::move(statement)), has_row_(has_row) {
-    if (!has_row_) statement_->Reset();
+    if (!has_row_) {
+      statement_->Reset();
+    }
   }
 
   bool Next(Row& row) override {
-    if (!std::exchange(has_row_, false)) return false;
+    if (!std::exchange(has_row_, false)) {
+      return false;
+    }
     TakeRow(*statement_, row);
     has_row_ = statement_->Step();
     // Lets go of the file as soon as the last row is read, not when the caller is done with it.
-    if (!has_row_) statement_->Reset();
+    if (!has_row_) {
+      statement_->Reset();
+    }
     return true;
   }
 
@@ -53,12 +59,16 @@ std::unique_ptr<RowSource> Reader::SelectNow(const Query& query) {
   while (true) {
     try {
       auto rows = Run(query);
-      if (!catalogue_.Refresh()) return rows;
+      if (!catalogue_.Refresh()) {
+        return rows;
+      }
     } catch (const DatabaseBusyError&) {
       throw;
     } catch (const DatabaseError&) {
       // A table or column that is missing may have been there when the catalogue was last asked.
-      if (!catalogue_.Refresh()) throw;
+      if (!catalogue_.Refresh()) {
+        throw;
+      }
     }
   }
 }
@@ -76,7 +86,9 @@ void TakeRow(const Statement& statement, Row& row) {
   const int columns = statement.ColumnCount() - 1;
   row.Values.clear();
   row.Values.reserve(static_cast<std::size_t>(columns));
-  for (int column = 1; column <= columns; ++column) row.Values.push_back(statement.Column(column));
+  for (int column = 1; column <= columns; ++column) {
+    row.Values.push_back(statement.Column(column));
+  }
 }
 
 }  // namespace veyra::sqlite

@@ -14,7 +14,9 @@ namespace {
 std::string Enclosed(std::string_view text, char quote) {
   std::string enclosed(1, quote);
   for (const char c : text) {
-    if (c == quote) enclosed += quote;
+    if (c == quote) {
+      enclosed += quote;
+    }
     enclosed += c;
   }
   return enclosed + quote;
@@ -41,7 +43,9 @@ const char* TestText(Relation test) {
 std::string List(const std::vector<std::string>& items) {
   std::string list;
   for (const std::string& item : items) {
-    if (!list.empty()) list += ", ";
+    if (!list.empty()) {
+      list += ", ";
+    }
     list += item;
   }
   return list;
@@ -98,14 +102,20 @@ class SelectWriter {
     for (const OrderTerm& term : order) {
       sql_.Text += std::exchange(before, ", ");
       WriteColumn(term.Column);
-      if (term.Descending) sql_.Text += " DESC";
+      if (term.Descending) {
+        sql_.Text += " DESC";
+      }
     }
-    if (!table_.Key.empty()) sql_.Text += before + table_.Key;
+    if (!table_.Key.empty()) {
+      sql_.Text += before + table_.Key;
+    }
   }
 
   void WriteColumn(const std::string& name) {
     const auto column = FindName(table_.Columns, name);
-    if (!column) throw MissingColumn(file_, table_.Name, name);
+    if (!column) {
+      throw MissingColumn(file_, table_.Name, name);
+    }
     sql_.Text += Quoted(table_.Columns[*column]);
   }
 
@@ -123,8 +133,12 @@ std::string DoubleLiteral(double number) {
 }
 
 std::string Literal(const Value& value) {
-  if (const auto* number = std::get_if<double>(&value)) return DoubleLiteral(*number);
-  if (std::holds_alternative<std::int64_t>(value)) return ToText(value);
+  if (const auto* number = std::get_if<double>(&value)) {
+    return DoubleLiteral(*number);
+  }
+  if (std::holds_alternative<std::int64_t>(value)) {
+    return ToText(value);
+  }
   return Enclosed(ToText(value), '\'');
 }
 
@@ -144,7 +158,9 @@ std::string TypeText(const ColumnDefinition& column) {
 
 std::string ColumnText(const ColumnDefinition& column) {
   std::string text = Quoted(column.Name) + " " + TypeText(column);
-  if (!IsNull(column.Default)) text += " DEFAULT " + Literal(column.Default);
+  if (!IsNull(column.Default)) {
+    text += " DEFAULT " + Literal(column.Default);
+  }
   return text;
 }
 
@@ -170,7 +186,9 @@ std::string InsertSql(const Table& table) {
   std::vector<std::string> names;
   std::vector<std::string> marks;
   for (std::size_t i = 0; i < table.Columns.size(); ++i) {
-    if (table.Computed[i]) continue;
+    if (table.Computed[i]) {
+      continue;
+    }
     names.push_back(Quoted(table.Columns[i]));
     marks.emplace_back("?");
   }
@@ -180,7 +198,9 @@ std::string InsertSql(const Table& table) {
 
 std::string UpdateSql(const Table& table, const std::vector<std::string>& columns) {
   std::vector<std::string> settings;
-  for (const std::string& column : columns) settings.push_back(Quoted(column) + " = ?");
+  for (const std::string& column : columns) {
+    settings.push_back(Quoted(column) + " = ?");
+  }
   return "UPDATE " + Quoted(table.Name) + " SET " + List(settings) + " WHERE " + table.Key + " = ?";
 }
 
@@ -190,13 +210,17 @@ std::string DeleteSql(const Table& table) {
 
 std::string CreateTableSql(const TableDefinition& definition) {
   std::vector<std::string> columns;
-  for (const ColumnDefinition& column : definition.Columns) columns.push_back(ColumnText(column));
+  for (const ColumnDefinition& column : definition.Columns) {
+    columns.push_back(ColumnText(column));
+  }
   return "CREATE TABLE " + Quoted(definition.Name) + " (" + List(columns) + ")";
 }
 
 std::string CreateIndexSql(const std::string& table, const IndexDefinition& index) {
   std::vector<std::string> columns;
-  for (const std::string& column : index.Columns) columns.push_back(Quoted(column));
+  for (const std::string& column : index.Columns) {
+    columns.push_back(Quoted(column));
+  }
   return "CREATE INDEX " + Quoted(index.Name) + " ON " + Quoted(table) + " (" + List(columns) + ")";
 }
 

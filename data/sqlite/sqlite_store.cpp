@@ -31,7 +31,9 @@ constexpr std::chrono::milliseconds kNoWait{0};
 
 std::size_t ColumnIndex(const std::string& file, const Table& table, const std::string& name) {
   const auto column = FindName(table.Columns, name);
-  if (!column) throw MissingColumn(file, table.Name, name);
+  if (!column) {
+    throw MissingColumn(file, table.Name, name);
+  }
   return *column;
 }
 
@@ -51,7 +53,9 @@ class NoteRemover {
  public:
   explicit NoteRemover(std::string file) : file_(std::move(file)) {}
   ~NoteRemover() {
-    if (!HasLeftLog(file_)) RemoveOpenNote(file_);
+    if (!HasLeftLog(file_)) {
+      RemoveOpenNote(file_);
+    }
   }
   NoteRemover(const NoteRemover&) = delete;
   NoteRemover& operator=(const NoteRemover&) = delete;
@@ -80,7 +84,9 @@ class SqliteStore : public FileStore {
         notice_(std::move(notice)) {}
 
   ~SqliteStore() override {
-    if (keeper_) keeper_->BeforeClosing(reader_.database());
+    if (keeper_) {
+      keeper_->BeforeClosing(reader_.database());
+    }
   }
 
   const std::string& FileName() const override { return reader_.file(); }
@@ -121,14 +127,18 @@ class SqliteStore : public FileStore {
   /// The reader, once it is sure that it reads the file that is meant.
   Reader& Watched() {
     watch_.CheckBeforeReading();
-    if (keeper_) keeper_->CheckBeforeReading(reader_.database());
+    if (keeper_) {
+      keeper_->CheckBeforeReading(reader_.database());
+    }
     return reader_;
   }
 
   /// The database to be changed, once it is sure that the change will be found again.
   Database& ForChange() {
     watch_.CheckBeforeChange();
-    if (keeper_) keeper_->CheckBeforeChange(reader_.database());
+    if (keeper_) {
+      keeper_->CheckBeforeChange(reader_.database());
+    }
     return reader_.database();
   }
 
@@ -189,7 +199,9 @@ bool SqliteStore::ReadRow(const Table& table, RowKey key, Row& row) {
   const std::vector<Value> parameters{key};
   const auto statement = reader_.statements().Take(SelectRowSql(table));
   statement->Bind(parameters);
-  if (!statement->Step()) return false;
+  if (!statement->Step()) {
+    return false;
+  }
   TakeRow(*statement, row);
   return true;
 }
@@ -202,12 +214,16 @@ void SqliteStore::Commit(Change& change, const Look& is_made) {
   } catch (const DatabaseBusyError&) {
     throw;
   } catch (const DatabaseError& failure) {
-    if (!IsMadeAfterAll(failure, is_made)) throw;
+    if (!IsMadeAfterAll(failure, is_made)) {
+      throw;
+    }
   }
   if (number) {
     journal_.action().SetNumber(*number);
   }
-  if (keeper_) keeper_->AfterChange(reader_.database());
+  if (keeper_) {
+    keeper_->AfterChange(reader_.database());
+  }
 }
 
 /// A change whose last step failed may stand in the log all the same. When it can be taken from
@@ -215,7 +231,9 @@ void SqliteStore::Commit(Change& change, const Look& is_made) {
 bool SqliteStore::IsMadeAfterAll(const DatabaseError& failure, const Look& is_made) {
   const bool has_log = keeper_ && keeper_->HasLog();
   try {
-    if (!has_log || reader_.database().DropLogOfFailedChange()) return is_made();
+    if (!has_log || reader_.database().DropLogOfFailedChange()) {
+      return is_made();
+    }
   } catch (const DatabaseError&) {
     // Not even reading works now.
   }
@@ -227,16 +245,24 @@ bool SqliteStore::IsMadeAfterAll(const DatabaseError& failure, const Look& is_ma
 /// that ignores it, the number 1 and the text "1").
 void SqliteStore::CheckUnchanged(const Table& table, const Row& before) {
   Row now;
-  if (!ReadRow(table, before.Key, now)) throw RowRemoved(FileName(), table.Name);
-  if (now.Values != before.Values) throw RowChanged(FileName(), table.Name);
+  if (!ReadRow(table, before.Key, now)) {
+    throw RowRemoved(FileName(), table.Name);
+  }
+  if (now.Values != before.Values) {
+    throw RowChanged(FileName(), table.Name);
+  }
 }
 
 void SqliteStore::InsertRow(const Table& table, const FieldValues& fields) {
   std::vector<Value> by_column(table.Columns.size());
-  for (const auto& [name, value] : fields) by_column[ColumnIndex(FileName(), table, name)] = value;
+  for (const auto& [name, value] : fields) {
+    by_column[ColumnIndex(FileName(), table, name)] = value;
+  }
   std::vector<Value> stored;
   for (std::size_t i = 0; i < by_column.size(); ++i) {
-    if (!table.Computed[i]) stored.push_back(std::move(by_column[i]));
+    if (!table.Computed[i]) {
+      stored.push_back(std::move(by_column[i]));
+    }
   }
   Run(InsertSql(table), stored);
 }
@@ -249,7 +275,9 @@ Row SqliteStore::ReadNewRow(const Table& table) {
 
 Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldValues& fields) {
   CheckUnchanged(table, before);
-  if (fields.empty()) return before;
+  if (fields.empty()) {
+    return before;
+  }
   std::vector<std::string> columns;
   std::vector<Value> parameters;
   for (const auto& [name, value] : fields) {
@@ -259,7 +287,9 @@ Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldVal
   parameters.emplace_back(before.Key);
   Run(UpdateSql(table, columns), parameters);
   Row after;
-  if (!ReadRow(table, before.Key, after)) throw RowRemoved(FileName(), table.Name);
+  if (!ReadRow(table, before.Key, after)) {
+    throw RowRemoved(FileName(), table.Name);
+  }
   return after;
 }
 
@@ -281,7 +311,9 @@ Row SqliteStore::Update(const std::string& table_name, const Row& before,
                         const FieldValues& fields) {
   Change change(*this);
   Row after = ChangeRow(FindForWriting(table_name), before, fields);
-  if (fields.empty()) return after;
+  if (fields.empty()) {
+    return after;
+  }
   Commit(change, [&] { return IsStored(table_name, after); });
   return after;
 }
@@ -326,7 +358,9 @@ void SqliteStore::ChangeAll(const std::vector<RowChange>& changes,
 
 void SqliteStore::CreateTable(const TableDefinition& definition) {
   Change change(*this);
-  if (FindName(TableNames(), definition.Name)) throw TableExists(FileName(), definition.Name);
+  if (FindName(TableNames(), definition.Name)) {
+    throw TableExists(FileName(), definition.Name);
+  }
   reader_.database().Execute(CreateTableSql(definition));
   for (const IndexDefinition& index : definition.Indexes) {
     reader_.database().Execute(CreateIndexSql(definition.Name, index));

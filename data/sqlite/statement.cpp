@@ -24,7 +24,9 @@ Statement::~Statement() {
 
 void Statement::Bind(const std::vector<Value>& values) {
   int parameter = 0;
-  for (const Value& value : values) BindOne(++parameter, value);
+  for (const Value& value : values) {
+    BindOne(++parameter, value);
+  }
 }
 
 void Statement::BindOne(int parameter, const Value& value) {
@@ -49,8 +51,12 @@ void Statement::BindOne(int parameter, const Value& value) {
 bool Statement::Step() {
   const int code = sqlite3_step(statement_);
   database_.EndWait();
-  if (code == SQLITE_ROW) return true;
-  if (code != SQLITE_DONE) database_.Check(code);
+  if (code == SQLITE_ROW) {
+    return true;
+  }
+  if (code != SQLITE_DONE) {
+    database_.Check(code);
+  }
   return false;
 }
 
@@ -99,7 +105,9 @@ StatementCache::Handle::Handle(StatementCache& cache, std::string sql,
     : cache_(&cache), sql_(std::move(sql)), statement_(std::move(statement)) {}
 
 StatementCache::Handle::~Handle() {
-  if (statement_ != nullptr) cache_->GiveBack(std::move(sql_), std::move(statement_));
+  if (statement_ != nullptr) {
+    cache_->GiveBack(std::move(sql_), std::move(statement_));
+  }
 }
 
 StatementCache::Handle StatementCache::Take(std::string sql) {
@@ -113,7 +121,9 @@ StatementCache::Handle StatementCache::Take(std::string sql) {
 
 void StatementCache::GiveBack(std::string sql, std::unique_ptr<Statement> statement) {
   statement->Reset();
-  if (kept_.size() >= kMostKept) Clear();
+  if (kept_.size() >= kMostKept) {
+    Clear();
+  }
   kept_.insert_or_assign(std::move(sql), std::move(statement));
 }
 

@@ -28,7 +28,9 @@ class OpenStoreTest : public testing::Test {
     const auto store = CreateStore(File());
     store->CreateTable(RoomsTable());
     store->CreateTable(ReservTable());
-    for (int i = 0; i < 6; ++i) store->Insert("Reserv", {{"Event", std::string(3000, 'x')}});
+    for (int i = 0; i < 6; ++i) {
+      store->Insert("Reserv", {{"Event", std::string(3000, 'x')}});
+    }
   }
 
   Report ReportOf(const std::string& file, StoreAccess access) const {

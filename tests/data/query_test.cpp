@@ -13,7 +13,9 @@ namespace veyra {
 namespace {
 
 std::string Shown(const Operand& operand) {
-  if (const auto* column = std::get_if<ColumnName>(&operand)) return "[" + column->Name + "]";
+  if (const auto* column = std::get_if<ColumnName>(&operand)) {
+    return "[" + column->Name + "]";
+  }
   const Value& value = std::get<Value>(operand);
   constexpr std::array kKinds{"null", "int", "double", "text", "date"};
   return std::string(kKinds.at(value.index())) + ":" + ToText(value);
@@ -29,7 +31,9 @@ std::string Shown(const Comparison& comparison) {
 
 std::string Shown(const Junction& junction) {
   std::string parts;
-  for (const Condition& part : junction.Parts) parts += " " + Shown(part);
+  for (const Condition& part : junction.Parts) {
+    parts += " " + Shown(part);
+  }
   return (junction.By == Junction::Kind::And ? "(and" : "(or") + parts + ")";
 }
 
@@ -201,7 +205,9 @@ TEST(ParseQueryTest, RefusesAMillionParenthesesWithoutFallingOver) {
 
 TEST(ParseQueryTest, UnderstandsAnyNumberOfParenthesesBesideEachOther) {
   std::string sql = "SELECT * FROM T WHERE (a=1)";
-  for (int i = 0; i < 200; ++i) sql += " AND (a=1)";
+  for (int i = 0; i < 200; ++i) {
+    sql += " AND (a=1)";
+  }
   EXPECT_EQ(201u, std::get<Junction>(ParseQuery(sql).Where.value()).Parts.size());
 }
 

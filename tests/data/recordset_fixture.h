@@ -98,7 +98,9 @@ class RecordsetTest : public testing::Test {
   /// The names from the cursor to the end, each followed by a semicolon.
   static std::string NamesFrom(Recordset& rows) {
     std::string names;
-    for (; !rows.AtEnd(); rows.MoveNext()) names += Name(rows) + ";";
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+      names += Name(rows) + ";";
+    }
     return names;
   }
 

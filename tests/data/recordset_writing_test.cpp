@@ -278,7 +278,9 @@ TEST_F(RecordsetTest, GoesToTheEndFromADeletedLastRow) {
 TEST_F(RecordsetTest, DeletesEachRowInALoop) {
   AddRooms({"Pool", "Hall", "Bar"});
   const auto rows = OpenStatic();
-  for (; !rows->AtEnd(); rows->MoveNext()) rows->Delete();
+  for (; !rows->AtEnd(); rows->MoveNext()) {
+    rows->Delete();
+  }
   EXPECT_EQ("", Names());
 }
 

@@ -49,14 +49,18 @@ class StoreTest : public testing::TestWithParam<StoreKind> {
   std::vector<Row> Rows(const std::string& sql) {
     std::vector<Row> rows;
     const auto source = store_->Select(ParseQuery(sql));
-    for (Row row; source->Next(row);) rows.push_back(row);
+    for (Row row; source->Next(row);) {
+      rows.push_back(row);
+    }
     return rows;
   }
 
   /// One column of the rows found, each followed by a semicolon.
   std::string Found(const std::string& sql, std::size_t column) {
     std::string found;
-    for (const Row& row : Rows(sql)) found += ToText(row.Values.at(column)) + ";";
+    for (const Row& row : Rows(sql)) {
+      found += ToText(row.Values.at(column)) + ";";
+    }
     return found;
   }
 

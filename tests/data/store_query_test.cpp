@@ -13,7 +13,9 @@ TEST_P(StoreTest, FindsNothingInAnEmptyTable) {
 }
 
 TEST_P(StoreTest, GivesRowsInTheOrderTheyWereAdded) {
-  for (const char* name : {"Pool", "Hall", "Bar"}) AddRoom(name);
+  for (const char* name : {"Pool", "Hall", "Bar"}) {
+    AddRoom(name);
+  }
   EXPECT_EQ("Pool;Hall;Bar;", RoomNames());
 }
 
@@ -26,7 +28,9 @@ TEST_P(StoreTest, FindsAFacilitysDayInSlotOrder) {
 }
 
 TEST_P(StoreTest, KeepsTheOrderOfAddingAmongEqualRows) {
-  for (const char* event : {"c", "a", "b"}) AddBooking(1, "2014-04-06", 5, 6, event);
+  for (const char* event : {"c", "a", "b"}) {
+    AddBooking(1, "2014-04-06", 5, 6, event);
+  }
   EXPECT_EQ("c;a;b;", Events(" Where RmID = 1 And DateOfRes = #4/6/2014# Order By TimeFrom"));
 }
 
@@ -110,7 +114,9 @@ TEST_P(StoreTest, SeesARowThatAnotherProgramAdds) {
 }
 
 TEST_P(StoreTest, AnswersTheSameQuestionForTwoReadersAtOnce) {
-  for (const char* name : {"Pool", "Hall"}) AddRoom(name);
+  for (const char* name : {"Pool", "Hall"}) {
+    AddRoom(name);
+  }
   const Query query = ParseQuery("SELECT * FROM Rooms");
   const auto first = store_->Select(query);
   const auto second = store_->Select(query);

@@ -65,7 +65,9 @@ TEST_P(StoreTest, KeepsAnyName) {
 
 TEST_P(StoreTest, KeepsANameOfTenThousandCharacters) {
   std::string name;
-  for (int i = 0; i < 10000; ++i) name += "\xC3\xA9";
+  for (int i = 0; i < 10000; ++i) {
+    name += "\xC3\xA9";
+  }
   AddRoom(name);
   Reopen();
   EXPECT_EQ(name + ";", RoomNames());

@@ -14,7 +14,9 @@ namespace {
 /// Characters of two UTF-16 code units each.
 std::string Balls(int count) {
   std::string text;
-  for (int i = 0; i < count; ++i) text += "\U0001F3BE";
+  for (int i = 0; i < count; ++i) {
+    text += "\U0001F3BE";
+  }
   return text;
 }
 

@@ -31,13 +31,17 @@ class WholeStoreTest : public testing::TestWithParam<StoreKind> {
   static QueryResult Rooms(Store& store) {
     QueryResult rooms{ParseQuery("SELECT * FROM Rooms"), {}};
     const auto source = store.Select(rooms.Asked);
-    for (Row row; source->Next(row);) rooms.Rows.push_back(row);
+    for (Row row; source->Next(row);) {
+      rooms.Rows.push_back(row);
+    }
     return rooms;
   }
 
   static std::string Names(Store& store) {
     std::string names;
-    for (const Row& row : Rooms(store).Rows) names += ToText(row.Values.at(1)) + ";";
+    for (const Row& row : Rooms(store).Rows) {
+      names += ToText(row.Values.at(1)) + ";";
+    }
     return names;
   }
 
@@ -130,7 +134,9 @@ TEST_P(WholeStoreTest, ASoundFileHasNothingWrong) {
 
 TEST_P(WholeStoreTest, ADamagedFileSaysWhatIsWrong) {
   std::vector<RowChange> rooms;
-  for (int i = 0; i < 300; ++i) rooms.push_back(Added("Room " + std::to_string(i)));
+  for (int i = 0; i < 300; ++i) {
+    rooms.push_back(Added("Room " + std::to_string(i)));
+  }
   store_->ChangeAll(rooms, {});
   store_.reset();
   std::string bytes = folder_.Read("Calendar.mdb");

@@ -76,7 +76,9 @@ TEST_F(DaySeriesTest, AfterAStoppedSeriesTheGridShowsWhatIsBooked) {
   AnswerNext(Answer::Ok);
   AnswerNext(Answer::Keep);
   dialogs_.WhileShown = [&] {
-    if (dialogs_.LastMessage().Choice == Buttons::OkCancel) dialogs_.EndEarlyAfter(55);
+    if (dialogs_.LastMessage().Choice == Buttons::OkCancel) {
+      dialogs_.EndEarlyAfter(55);
+    }
   };
   Drag(19, 19);
   EXPECT_EQ("19 No Title\n", Grid());

@@ -46,7 +46,9 @@ TEST(ContentsTest, EntitiesAreResolved) {
 
 TEST(ContentsTest, ListsThatNeverEndDoNotGoDeeperThanTheDeepestLevel) {
   std::string hhc;
-  for (int i = 0; i < 5000; ++i) hhc += "<UL>" + Line("x", "x.htm");
+  for (int i = 0; i < 5000; ++i) {
+    hhc += "<UL>" + Line("x", "x.htm");
+  }
   const auto entries = ParseContents(hhc);
   ASSERT_EQ(5000U, entries.size());
   EXPECT_EQ(kDeepestLevel, entries.back().Level);

@@ -39,8 +39,12 @@ class DamagedHelpTest : public testing::Test {
   }
 
   static void AskEverything(const ChmArchive& archive) {
-    for (const int number : {20, 30, 60, 80}) archive.Topic(number);
-    for (const ContentsEntry& entry : archive.Contents()) archive.Page(entry.Page);
+    for (const int number : {20, 30, 60, 80}) {
+      archive.Topic(number);
+    }
+    for (const ContentsEntry& entry : archive.Contents()) {
+      archive.Page(entry.Page);
+    }
     archive.Page(archive.FirstPage());
     TopicSearch(archive).Find("month");
   }
@@ -95,10 +99,14 @@ TEST_F(DamagedHelpTest, HundredsOfDamagedFilesNeitherCrashNorHangTheProgram) {
       [&](std::string& file) { file[Place(0, file.size())] = Byte(); },
       [&](std::string& file) { file[Place(0, 0x100)] = Byte(); },
       [&](std::string& file) {
-        for (int i = 0; i < 8; ++i) file[Place(0, kDirectoryEnd)] = Byte();
+        for (int i = 0; i < 8; ++i) {
+          file[Place(0, kDirectoryEnd)] = Byte();
+        }
       },
       [&](std::string& file) {
-        for (int i = 0; i < 32; ++i) file[Place(kDirectoryEnd, file.size())] = Byte();
+        for (int i = 0; i < 32; ++i) {
+          file[Place(kDirectoryEnd, file.size())] = Byte();
+        }
       },
       [&](std::string& file) {
         const std::size_t begin = Place(0, file.size() - 600);
@@ -110,7 +118,9 @@ TEST_F(DamagedHelpTest, HundredsOfDamagedFilesNeitherCrashNorHangTheProgram) {
   for (int i = 0; i < 480; ++i) {
     std::string file = good_;
     damages[static_cast<std::size_t>(i) % std::size(damages)](file);
-    if (!Reads(file)) ++unreadable;
+    if (!Reads(file)) {
+      ++unreadable;
+    }
   }
   RecordProperty("unreadable", unreadable);
   EXPECT_GT(unreadable, 100);

@@ -26,8 +26,12 @@ class HelpFileTest : public testing::Test {
     std::istringstream project(Source("VeyraCalendar.hhp"));
     std::vector<std::string> names;
     std::string line;
-    while (std::getline(project, line) && line != "[FILES]") continue;
-    while (std::getline(project, line) && !line.empty()) names.push_back(line);
+    while (std::getline(project, line) && line != "[FILES]") {
+      continue;
+    }
+    while (std::getline(project, line) && !line.empty()) {
+      names.push_back(line);
+    }
     return names;
   }
 
@@ -52,7 +56,9 @@ TEST_F(HelpFileTest, HoldsEverySourceByteForByte) {
 TEST_F(HelpFileTest, HoldsNoPageThatTheSourcesDoNot) {
   std::set<std::string> pages;
   for (const std::string& name : Listed()) {
-    if (IsPage(name)) pages.insert(name);
+    if (IsPage(name)) {
+      pages.insert(name);
+    }
   }
   EXPECT_EQ(pages, std::set<std::string>(archive_.Pages().begin(), archive_.Pages().end()));
 }
@@ -89,7 +95,9 @@ TEST_F(HelpFileTest, BeginsWithItsContents) {
 TEST_F(HelpFileTest, EveryPageStandsInTheContents) {
   std::set<std::string> pages;
   for (const ContentsEntry& entry : archive_.Contents()) {
-    if (!entry.Page.empty()) pages.insert(entry.Page.substr(0, entry.Page.find('#')));
+    if (!entry.Page.empty()) {
+      pages.insert(entry.Page.substr(0, entry.Page.find('#')));
+    }
   }
   EXPECT_EQ(pages, std::set<std::string>(archive_.Pages().begin(), archive_.Pages().end()));
 }
@@ -98,7 +106,9 @@ TEST_F(HelpFileTest, EveryLinkAndPictureIsThere) {
   for (const std::string& page : archive_.Pages()) {
     for (const HtmlPiece& piece : HtmlPieces(archive_.Page(page).value_or(""))) {
       const auto target = Attribute(piece, piece.Tag == "img" ? "src" : "href");
-      if (!target) continue;
+      if (!target) {
+        continue;
+      }
       EXPECT_NE(nullptr, archive_.Object(*target)) << page << " -> " << *target;
     }
   }
@@ -118,7 +128,9 @@ TEST_F(HelpFileTest, EveryAnchorOfALinkIsThere) {
 TEST_F(HelpFileTest, EveryPictureSaysWhatItShows) {
   for (const std::string& page : archive_.Pages()) {
     for (const HtmlPiece& piece : HtmlPieces(archive_.Page(page).value_or(""))) {
-      if (piece.Tag != "img") continue;
+      if (piece.Tag != "img") {
+        continue;
+      }
       EXPECT_NE("", Attribute(piece, "alt").value_or("")) << page;
     }
   }

@@ -24,7 +24,9 @@ inline std::string FileBytes(const std::filesystem::path& file) {
 /// A number of `size` bytes, lowest first.
 inline std::string NumberBytes(std::uint32_t number, int size) {
   std::string bytes;
-  for (int i = 0; i < size; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
+  for (int i = 0; i < size; ++i) {
+    bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
+  }
   return bytes;
 }
 

@@ -67,7 +67,9 @@ TEST(TopicSearchExcerptTest, TheExcerptDoesNotRepeatTheTitle) {
 
 TEST(TopicSearchExcerptTest, TheExcerptShowsTheWordsAroundTheFirstPlace) {
   std::string text;
-  for (int i = 0; i < 50; ++i) text += "wörd ";
+  for (int i = 0; i < 50; ++i) {
+    text += "wörd ";
+  }
   const ChmArchive archive({{"/a.htm", text + "Target " + text}});
   const auto found = TopicSearch(archive).Find("target");
   ASSERT_EQ(1U, found.size());

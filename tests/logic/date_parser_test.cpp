@@ -218,7 +218,9 @@ TEST(ParseDateTest, RefusesAVeryLongText) {
 
 TEST(ParseDateTest, RefusesVeryManyNumbers) {
   std::string text = "3";
-  for (int i = 0; i < 100000; ++i) text += "/5";
+  for (int i = 0; i < 100000; ++i) {
+    text += "/5";
+  }
   EXPECT_EQ("no date", Parsed(text));
 }
 
@@ -271,7 +273,9 @@ TEST(ParseDateTest, GivesOnlyDatesThatItReadsAgain) {
   for (int i = 0; i < 100000; ++i) {
     const std::string text = random.Next();
     const std::optional<Date> date = ParseDate(text, Today());
-    if (!date) continue;
+    if (!date) {
+      continue;
+    }
     ++dates;
     ASSERT_EQ(date, ParseDate(DateText(*date), Today())) << text;
   }

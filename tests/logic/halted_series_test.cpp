@@ -24,13 +24,17 @@ class HaltedSeriesTest : public BookingsFixture {
     const auto store = folder_.Calendar();
     const auto source = store->Select(ParseQuery("SELECT * FROM Reserv Order By DateOfRes"));
     std::vector<Row> rows;
-    for (Row row; source->Next(row); row = Row()) rows.push_back(row);
+    for (Row row; source->Next(row); row = Row()) {
+      rows.push_back(row);
+    }
     return rows;
   }
 
   std::size_t GroupKeys() {
     std::map<std::string, int> keys;
-    for (const Row& row : Rows_()) ++keys[ToText(row.Values.at(5))];
+    for (const Row& row : Rows_()) {
+      ++keys[ToText(row.Values.at(5))];
+    }
     return keys.size();
   }
 };
@@ -63,7 +67,9 @@ TEST_F(HaltedSeriesTest, TheQuestionSaysWhatEachAnswerDoesAndEnterChangesNothing
   dialogs_.AnswerNext(Answer::Keep);
   Message question;
   dialogs_.WhileShown = [&] {
-    if (question.Text.empty()) question = dialogs_.LastMessage();
+    if (question.Text.empty()) {
+      question = dialogs_.LastMessage();
+    }
   };
   BookSundays();
   EXPECT_EQ(

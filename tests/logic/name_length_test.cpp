@@ -29,7 +29,9 @@ TEST_F(NameLengthTest, ALongerOneIsToldWithBothCountsWhereTheCalendarHasALimit) 
 
 TEST_F(NameLengthTest, CharactersCountAsTheOperatorCountsThem) {
   std::string balls;
-  for (int i = 0; i < 50; ++i) balls += "\U0001F3BE";
+  for (int i = 0; i < 50; ++i) {
+    balls += "\U0001F3BE";
+  }
   const std::string expected =
       IsLimited() ? "This name is 50 characters long; the calendar holds 25." : "";
   EXPECT_EQ(expected, BookingNameTooLong(*session_, balls));

@@ -51,7 +51,9 @@ TEST_F(PickedBookingTest, TheQuestionAboutAGroupTellsItsDatesAndEnterSaysNo) {
   dialogs_.AnswerNext(Answer::No);
   Message question;
   dialogs_.WhileShown = [&] {
-    if (dialogs_.LastMessage().Choice == Buttons::YesNo) question = dialogs_.LastMessage();
+    if (dialogs_.LastMessage().Choice == Buttons::YesNo) {
+      question = dialogs_.LastMessage();
+    }
   };
   Delete(20, 20);
   EXPECT_EQ("Pool: 3 dates, 4/6/2014 to 4/20/2014", question.Details);
@@ -63,7 +65,9 @@ TEST_F(PickedBookingTest, TheQuestionAboutRenamingAGroupTellsItsDates) {
   dialogs_.AnswerNext(Answer::No);
   Message question;
   dialogs_.WhileShown = [&] {
-    if (dialogs_.LastMessage().Choice == Buttons::YesNo) question = dialogs_.LastMessage();
+    if (dialogs_.LastMessage().Choice == Buttons::YesNo) {
+      question = dialogs_.LastMessage();
+    }
   };
   Rename(20, 20, "Band");
   EXPECT_EQ("Pool: 3 dates, 4/6/2014 to 4/20/2014", question.Details);

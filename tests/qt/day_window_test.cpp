@@ -29,7 +29,9 @@ class DayWindowTest : public ProgramFixture {
   /// The rows that are highlighted, "19-21".
   static std::string Range() {
     const QItemSelection selection = Grid().selectionModel()->selection();
-    if (selection.isEmpty()) return "none";
+    if (selection.isEmpty()) {
+      return "none";
+    }
     return std::to_string(selection.first().top() + 1) + "-" +
            std::to_string(selection.first().bottom() + 1);
   }
@@ -261,7 +263,9 @@ TEST_F(DayWindowTest, ARangeOfTheKeyboardIsBooked) {
   StartAndOpenDay();
   Grid().setFocus(Qt::TabFocusReason);
   EXPECT_EQ(11, Grid().currentRow() + 1);
-  for (int row = 11; row < 19; ++row) Key(Qt::Key_Down);
+  for (int row = 11; row < 19; ++row) {
+    Key(Qt::Key_Down);
+  }
   Key(Qt::Key_Down, Qt::ShiftModifier);
   Key(Qt::Key_Down, Qt::ShiftModifier);
   EXPECT_EQ("19-21", Range());

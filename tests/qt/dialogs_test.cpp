@@ -92,7 +92,9 @@ TEST(MsgBox, EnterAnswersTheDefaultButton) {
 TEST(MsgBox, OffersThreeWaysInTheirOrder) {
   WhenShown<QMessageBox>([](QMessageBox& box) {
     std::string captions;
-    for (QAbstractButton* button : box.buttons()) captions += button->text().toStdString() + " ";
+    for (QAbstractButton* button : box.buttons()) {
+      captions += button->text().toStdString() + " ";
+    }
     EXPECT_EQ("&Continue &Undo &Keep ", captions);
     box.buttons().at(1)->click();
   });
@@ -160,13 +162,17 @@ TEST(MsgBox, ShowsTitleIconAndPlainTextWithItsLineBreaks) {
 
 std::string ManyLines() {
   std::string text;
-  for (int i = 0; i < 400; ++i) text += "There is a clash on 3/" + std::to_string(i) + "\n";
+  for (int i = 0; i < 400; ++i) {
+    text += "There is a clash on 3/" + std::to_string(i) + "\n";
+  }
   return text;
 }
 
 std::string ManyWords() {
   std::string text;
-  for (int i = 0; i < 3000; ++i) text += "word ";
+  for (int i = 0; i < 3000; ++i) {
+    text += "word ";
+  }
   return text;
 }
 

@@ -43,7 +43,9 @@ std::pair<int, int> RunOf(const QImage& picture, int row, QRgb color) {
 
 bool HasColor(const QImage& picture, QRgb color) {
   for (int row = 0; row < picture.height(); ++row) {
-    if (RunOf(picture, row, color).first >= 0) return true;
+    if (RunOf(picture, row, color).first >= 0) {
+      return true;
+    }
   }
   return false;
 }
@@ -72,9 +74,7 @@ class MonthPageTest : public testing::Test {
     return month_.Window.findChild<QListWidget*>(QStringLiteral("lstDay(%1)").arg(day + 6));
   }
 
-  QStringList LinesInSight(int day) {
-    return month_.Window.InSight().Days[day + 6]->Lines;
-  }
+  QStringList LinesInSight(int day) { return month_.Window.InSight().Days[day + 6]->Lines; }
 
   TempFolder folder_;
   ShownMonth month_;

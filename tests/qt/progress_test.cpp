@@ -38,7 +38,9 @@ class ProgressTest : public testing::Test {
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < 300) {
-      if (!progress_->Report(366, 3650)) return true;
+      if (!progress_->Report(366, 3650)) {
+        return true;
+      }
     }
     return false;
   }

@@ -33,7 +33,9 @@ class QtHelpViewerTest : public testing::Test {
 
   /// The first line of the page that is seen; "none" without a help window.
   static std::string Heading() {
-    if (Window() == nullptr) return "none";
+    if (Window() == nullptr) {
+      return "none";
+    }
     const auto* page = Window()->findChild<QtHelpPage*>("helpPage");
     return page->toPlainText().section('\n', 0, 0).toStdString();
   }
@@ -85,7 +87,9 @@ TEST_F(QtHelpViewerTest, DamagedPagesAreShownAsFarAsTheyGo) {
   std::mt19937 random(20140406);
   for (int i = 0; i < 60; ++i) {
     std::string damaged = good_;
-    for (int k = 0; k < 4; ++k) damaged[random() % damaged.size()] = static_cast<char>(random());
+    for (int k = 0; k < 4; ++k) {
+      damaged[random() % damaged.size()] = static_cast<char>(random());
+    }
     InstallHelp(damaged + std::string(static_cast<std::size_t>(i), ' '));
     viewer_.ShowTopic(kHelpOverview);
     QCoreApplication::processEvents();

@@ -130,7 +130,9 @@ TEST(SampleDataTest, AKeyIsSharedByTheDatesOfOneClassAndByNoOther) {
 
 TEST(SampleDataTest, KeysAreFourteenDigitsOfADateAndTime) {
   for (const SampleBooking& booking : MakeSampleData(kToday).Bookings) {
-    if (!booking.MultKey) continue;
+    if (!booking.MultKey) {
+      continue;
+    }
     const std::string digits = std::to_string(*booking.MultKey);
     ASSERT_EQ(14U, digits.size());
     EXPECT_EQ("20260921", digits.substr(0, 8));

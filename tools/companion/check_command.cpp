@@ -56,10 +56,14 @@ struct ReservFacts {
 ReservFacts FactsOf(const StoreDescription& description) {
   ReservFacts facts;
   for (const TableDescription& table : description.Tables) {
-    if (!SameName(table.Name, "Reserv")) continue;
+    if (!SameName(table.Name, "Reserv")) {
+      continue;
+    }
     facts.Rows = table.RowCount;
     for (const ColumnDescription& column : table.Columns) {
-      if (SameName(column.Name, "Event")) facts.LongestName = static_cast<std::size_t>(column.Size);
+      if (SameName(column.Name, "Event")) {
+        facts.LongestName = static_cast<std::size_t>(column.Size);
+      }
     }
   }
   return facts;
@@ -122,7 +126,9 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
   const JournalledAction journalled(store, "check --mend");
   store.ChangeAll(MendingOf(findings), {});
   for (const Finding& finding : findings) {
-    if (!finding.Mending.empty()) streams.Err << finding.Mended << '\n';
+    if (!finding.Mending.empty()) {
+      streams.Err << finding.Mended << '\n';
+    }
   }
   streams.Err << "The calendar as it was is kept as " << OneLine(kept.filename().string()) << ".\n";
   return count == static_cast<std::ptrdiff_t>(findings.size()) ? ExitStatus::Fine
@@ -155,7 +161,9 @@ ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, St
     PrintForPeople(findings, streams.Out);
   }
   if (findings.empty()) {
-    if (!options.Json) streams.Out << OneLine(store->FileName()) << ": nothing is wrong.\n";
+    if (!options.Json) {
+      streams.Out << OneLine(store->FileName()) << ": nothing is wrong.\n";
+    }
     return ExitStatus::Fine;
   }
   streams.Out.flush();

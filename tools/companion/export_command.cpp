@@ -56,7 +56,9 @@ std::size_t DropDamaged(std::vector<ExchangedBooking>& bookings) {
 
 std::string CsvFile(const std::vector<ExchangedBooking>& bookings) {
   std::string text = CsvHead();
-  for (const ExchangedBooking& booking : bookings) text += CsvOf(booking);
+  for (const ExchangedBooking& booking : bookings) {
+    text += CsvOf(booking);
+  }
   return text;
 }
 

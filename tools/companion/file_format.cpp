@@ -18,8 +18,12 @@ void AddFormat(CLI::App& app, std::optional<FileFormat>& format) {
 
 FileFormat FormatOfName(const std::string& file) {
   const std::string upper = UpperCase(file);
-  if (upper.ends_with(".ICS")) return FileFormat::Ical;
-  if (upper.ends_with(".CSV")) return FileFormat::Csv;
+  if (upper.ends_with(".ICS")) {
+    return FileFormat::Ical;
+  }
+  if (upper.ends_with(".CSV")) {
+    return FileFormat::Csv;
+  }
   throw ValueError({file, "The name ends neither in .ics nor in .csv.",
                     "Say with --format which of the two the file is."});
 }

@@ -40,7 +40,9 @@ struct Options {
 
 std::vector<std::string> NamesOf(const std::vector<Facility>& facilities) {
   std::vector<std::string> names;
-  for (const Facility& facility : facilities) names.push_back(facility.Name);
+  for (const Facility& facility : facilities) {
+    names.push_back(facility.Name);
+  }
   return names;
 }
 
@@ -82,26 +84,34 @@ ImportPlan PlanAndWrite(FileStore& store, const Exchanged& exchanged, const Opti
   for (int attempt = 1;; ++attempt) {
     ImportPlan plan = PlanImport(store, exchanged, options.Facility, now);
     is_written = MayWrite(plan, options);
-    if (!is_written) return plan;
+    if (!is_written) {
+      return plan;
+    }
     try {
       const JournalledAction journalled(
           store, "Import of " + NativePath(options.File).filename().string());
       store.ChangeAll(plan.Additions, plan.Seen);
       return plan;
     } catch (const RowChangedError&) {
-      if (attempt == kAttempts) throw;
+      if (attempt == kAttempts) {
+        throw;
+      }
     }
   }
 }
 
 void PrintLines(const std::vector<std::string>& lines, const char* before, std::ostream& out) {
-  for (const std::string& line : lines) out << before << line << '\n';
+  for (const std::string& line : lines) {
+    out << before << line << '\n';
+  }
 }
 
 void PrintForPeople(const ImportPlan& plan, bool is_written, bool is_dry, std::ostream& out) {
   PrintLines(plan.Notes, "note: ", out);
   PrintLines(plan.Clashes, "clash: ", out);
-  if (is_dry) PrintLines(plan.Added, "would add: ", out);
+  if (is_dry) {
+    PrintLines(plan.Added, "would add: ", out);
+  }
   const std::size_t added = is_written ? plan.Added.size() : 0;
   out << "Added " << added << " bookings; " << plan.AlreadyThere << " were there already, "
       << plan.Clashes.size() << " clash.\n";

@@ -26,8 +26,9 @@ ExitStatus RunRestore(const Options& options, const Surroundings& surroundings, 
   const fs::path kept = RestoreBackup(backup, calendar, surroundings.Now.Day);
   out << OneLine(calendar.string()) << " is " << OneLine(backup.filename().string())
       << " now, checked.\n";
-  if (!kept.empty())
+  if (!kept.empty()) {
     out << "The file it replaces is kept as " << OneLine(kept.filename().string()) << ".\n";
+  }
   return ExitStatus::Fine;
 }
 

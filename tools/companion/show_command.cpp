@@ -25,7 +25,9 @@ std::string OrNothing(const std::string& text) {
 
 std::string Joined(const std::vector<std::string>& names) {
   std::string list;
-  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + OrNothing(name);
+  for (const std::string& name : names) {
+    list += (list.empty() ? "" : ", ") + OrNothing(name);
+  }
   return OrNothing(list);
 }
 
@@ -64,10 +66,14 @@ void PrintTable(const TableDescription& table, std::ostream& out) {
   out << '\n' << (table.IsView ? "view " : "table ") << OneLine(table.Name) << '\n';
   PrintAligned({{"rows", std::to_string(table.RowCount)}}, out);
   std::vector<Line> columns;
-  for (const ColumnDescription& column : table.Columns) columns.push_back(ColumnLine(column));
+  for (const ColumnDescription& column : table.Columns) {
+    columns.push_back(ColumnLine(column));
+  }
   PrintAligned(std::move(columns), out);
   std::vector<Line> indexes;
-  for (const IndexDescription& index : table.Indexes) indexes.push_back(IndexLine(index));
+  for (const IndexDescription& index : table.Indexes) {
+    indexes.push_back(IndexLine(index));
+  }
   PrintAligned(std::move(indexes), out);
 }
 
@@ -80,7 +86,9 @@ void Print(const std::string& file, const StoreDescription& store, std::ostream&
                 {"encoded", store.IsEncoded ? "yes" : "no"},
                 {"tables", std::to_string(store.Tables.size())}},
                out);
-  for (const TableDescription& table : store.Tables) PrintTable(table, out);
+  for (const TableDescription& table : store.Tables) {
+    PrintTable(table, out);
+  }
 }
 
 void RunShow(const std::string& file, std::ostream& out) {

@@ -74,7 +74,9 @@ int main(int argc, char** argv) {
   veyra::ProgressLines progress(std::cerr);
   const bool is_watched = isatty(STDERR_FILENO) == 1;
   const auto show = [&](const veyra::CopyStep& step) {
-    if (is_watched) progress.Show(step);
+    if (is_watched) {
+      progress.Show(step);
+    }
   };
   const veyra::ExitStatus status = Run({argv + 1, argv + argc}, show);
   if (!std::cout.flush()) {

@@ -16,7 +16,9 @@ constexpr std::chrono::milliseconds kNoWait{0};
 
 std::string UpperAscii(std::string text) {
   for (char& c : text) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    if (c >= 'a' && c <= 'z') {
+      c = static_cast<char>(c - 'a' + 'A');
+    }
   }
   return text;
 }
@@ -35,7 +37,9 @@ std::vector<Value> DefaultsIn(Reader& reader, const std::string& name, std::size
     Statement(reader.database(), "INSERT INTO " + Quoted(name) + " DEFAULT VALUES").Run();
     Statement rows(reader.database(), "SELECT * FROM " + Quoted(name));
     if (rows.Step()) {
-      for (std::size_t i = 0; i < count; ++i) values[i] = rows.Column(static_cast<int>(i));
+      for (std::size_t i = 0; i < count; ++i) {
+        values[i] = rows.Column(static_cast<int>(i));
+      }
     }
   } catch (const DatabaseError&) {
     // A column that must not be empty has no default, and so was there from the first row on.
@@ -44,7 +48,9 @@ std::vector<Value> DefaultsIn(Reader& reader, const std::string& name, std::size
 }
 
 bool FitsColumn(const ColumnDescription& column, const Value& value) {
-  if (IsNull(value) || !column.Type) return true;
+  if (IsNull(value) || !column.Type) {
+    return true;
+  }
   const bool is_whole = std::holds_alternative<std::int64_t>(value);
   switch (*column.Type) {
     case ColumnType::WholeNumber:
@@ -62,7 +68,9 @@ bool FitsColumn(const ColumnDescription& column, const Value& value) {
 }  // namespace
 
 std::optional<TableShape> ShapeOf(const std::string& name, const std::string& sql) {
-  if (!MakesTable(sql)) return std::nullopt;
+  if (!MakesTable(sql)) {
+    return std::nullopt;
+  }
   try {
     // In memory: it takes nothing from the damaged file but that statement.
     Reader reader(std::make_unique<Database>(":memory:", ":memory:", OpenMode::ReadWrite, kNoWait));
@@ -84,7 +92,9 @@ TableShape ShapeOf(const TableDefinition& definition) {
 
 bool FitsShape(const TableShape& shape, const std::vector<Value>& record) {
   const auto& columns = shape.Table.Columns;
-  if (record.empty() || record.size() > columns.size()) return false;
+  if (record.empty() || record.size() > columns.size()) {
+    return false;
+  }
   for (std::size_t i = 0; i < record.size(); ++i) {
     if (!FitsColumn(columns[i], record[i]) || (columns[i].AutoNumber && !IsNull(record[i]))) {
       return false;

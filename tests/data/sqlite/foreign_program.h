@@ -13,7 +13,9 @@ class ForeignProgram {
  public:
   explicit ForeignProgram(const std::string& file) {
     const int code = sqlite3_open(file.c_str(), &handle_);
-    if (code != SQLITE_OK) throw std::runtime_error(sqlite3_errstr(code));
+    if (code != SQLITE_OK) {
+      throw std::runtime_error(sqlite3_errstr(code));
+    }
   }
   ~ForeignProgram() { sqlite3_close(handle_); }
   ForeignProgram(const ForeignProgram&) = delete;

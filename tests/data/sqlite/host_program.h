@@ -18,9 +18,13 @@ class HostProgram {
   explicit HostProgram(const std::string& file) {
     int to_host[2];
     int from_host[2];
-    if (pipe(to_host) != 0 || pipe(from_host) != 0) throw std::runtime_error("no pipe");
+    if (pipe(to_host) != 0 || pipe(from_host) != 0) {
+      throw std::runtime_error("no pipe");
+    }
     process_ = fork();
-    if (process_ < 0) throw std::runtime_error("no process");
+    if (process_ < 0) {
+      throw std::runtime_error("no process");
+    }
     if (process_ == 0) {
       close(to_host[1]);
       close(from_host[0]);
@@ -50,7 +54,9 @@ class HostProgram {
 
   /// Returns while the host is at work. REQUIRES: the statements are shorter than a page.
   void Start(const std::string& sql) {
-    if (write(to_host_, sql.c_str(), sql.size() + 1) < 0) throw std::runtime_error("no host");
+    if (write(to_host_, sql.c_str(), sql.size() + 1) < 0) {
+      throw std::runtime_error("no host");
+    }
   }
 
   /// Waits until the host has done what it was started on.
@@ -78,7 +84,9 @@ class HostProgram {
           continue;
         }
         const char answer = Try(program, sql);
-        if (write(out, &answer, 1) != 1) break;
+        if (write(out, &answer, 1) != 1) {
+          break;
+        }
         sql.clear();
       }
     }

@@ -36,7 +36,9 @@ class ReadOnlyStoreTest : public testing::Test {
 
   /// The host starts up and adds a guest, which is in its log only.
   void HostAdds(const std::string& name) {
-    if (!host_) host_.emplace(File());
+    if (!host_) {
+      host_.emplace(File());
+    }
     host_->Run("PRAGMA wal_autocheckpoint = 0; INSERT INTO Guest VALUES ('" + name + "')");
   }
 
@@ -51,7 +53,9 @@ class ReadOnlyStoreTest : public testing::Test {
   std::string Guests() {
     std::string names;
     const auto source = store_->Select(ParseQuery("SELECT * FROM Guest"));
-    for (Row row; source->Next(row);) names += ToText(row.Values.at(0)) + ";";
+    for (Row row; source->Next(row);) {
+      names += ToText(row.Values.at(0)) + ";";
+    }
     return names;
   }
 
@@ -128,7 +132,9 @@ TEST_F(ReadOnlyStoreTest, ReadsNoHalfOfAChangeThatTheHostIsMaking) {
   HostAdds("Ann");
   Open();
   std::string changes = "PRAGMA wal_autocheckpoint = 3;";
-  for (int i = 0; i < 60; ++i) changes += "UPDATE Guest SET Name = Name || 'a';";
+  for (int i = 0; i < 60; ++i) {
+    changes += "UPDATE Guest SET Name = Name || 'a';";
+  }
   for (int round = 0; round < 5; ++round) {
     host_->Start(changes);
     for (int i = 0; i < 40; ++i) {
@@ -248,7 +254,9 @@ TEST_F(ReadOnlyStoreTest, ReportsAChangeThatAHostWithAJournalBrokeOff) {
   MakeGuests("DELETE");
   host_.emplace(File());
   host_->Run("PRAGMA cache_size = 1; PRAGMA cache_spill = 1; CREATE TABLE Big(b); BEGIN");
-  for (int i = 0; i < 20; ++i) host_->Run("INSERT INTO Big VALUES (zeroblob(4000))");
+  for (int i = 0; i < 20; ++i) {
+    host_->Run("INSERT INTO Big VALUES (zeroblob(4000))");
+  }
   host_->Run("UPDATE Guest SET Name = 'half'");
   HostBreaksDown();
   const std::string before = Folder();

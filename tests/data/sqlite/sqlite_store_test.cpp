@@ -38,13 +38,17 @@ class SqliteStoreTest : public testing::Test {
   std::vector<Row> Rows(const std::string& sql = "SELECT * FROM T") {
     std::vector<Row> rows;
     const auto source = store_->Select(ParseQuery(sql));
-    for (Row row; source->Next(row);) rows.push_back(row);
+    for (Row row; source->Next(row);) {
+      rows.push_back(row);
+    }
     return rows;
   }
 
   std::string Column(std::size_t column, const std::string& sql = "SELECT * FROM T") {
     std::string text;
-    for (const Row& row : Rows(sql)) text += ToText(row.Values.at(column)) + ";";
+    for (const Row& row : Rows(sql)) {
+      text += ToText(row.Values.at(column)) + ";";
+    }
     return text;
   }
 

@@ -17,10 +17,14 @@ std::string KeptAfter(Date from, Date to) {
   std::set<Date> days;
   for (Date day = from; day <= to; day = AddDays(day, 1)) {
     days.insert(day);
-    for (const Date old : BackupsToDrop(days)) days.erase(old);
+    for (const Date old : BackupsToDrop(days)) {
+      days.erase(old);
+    }
   }
   std::string kept;
-  for (const Date day : days) kept += IsoText(day) + " ";
+  for (const Date day : days) {
+    kept += IsoText(day) + " ";
+  }
   return kept;
 }
 
@@ -34,7 +38,9 @@ TEST(RollingBackupsTest, SevenDaysFourWeeksAndTwelveMonthsStay) {
 
 TEST(RollingBackupsTest, NothingGoesWithinTheFirstWeek) {
   std::set<Date> days;
-  for (int i = 0; i < 7; ++i) days.insert(AddDays(Day("2026-03-02"), i));
+  for (int i = 0; i < 7; ++i) {
+    days.insert(AddDays(Day("2026-03-02"), i));
+  }
   EXPECT_TRUE(BackupsToDrop(days).empty());
 }
 

@@ -15,7 +15,9 @@ class BackupCommandTest : public KeptCalendarTest {
   }
   Ended Rolling(bool once = false) const {
     Arguments arguments{"backup", "--rolling", Folder()};
-    if (once) arguments.push_back("--once");
+    if (once) {
+      arguments.push_back("--once");
+    }
     return RunProgram(arguments);
   }
   Ended Restore(const std::string& name) const {
@@ -37,7 +39,9 @@ class BackupCommandTest : public KeptCalendarTest {
     const auto store = OpenStore(other.File("Calendar.mdb").string(), StoreAccess::ReadOnly);
     std::string events;
     const auto rows = store->Select(ParseQuery("SELECT * FROM Reserv"));
-    for (Row row; rows->Next(row);) events += ToText(row.Values.at(1)) + ";";
+    for (Row row; rows->Next(row);) {
+      events += ToText(row.Values.at(1)) + ";";
+    }
     return events;
   }
 };
@@ -63,7 +67,9 @@ TEST_P(BackupCommandTest, AFileThatIsThereIsNeverWrittenOver) {
 }
 
 TEST_P(BackupCommandTest, ADiskThatFillsHalfWayLeavesNothing) {
-  for (int i = 1; i <= 40; ++i) Book(pool_, "2026-03-02", i, i, "Booking");
+  for (int i = 1; i <= 40; ++i) {
+    Book(pool_, "2026-03-02", i, i, "Booking");
+  }
   const Ended ended =
       RunShell("trap '' XFSZ; ulimit -f 8; " + ProgramLine({"backup", File("copy.mdb"), Folder()}));
   EXPECT_EQ(2, ended.Status);
@@ -72,7 +78,9 @@ TEST_P(BackupCommandTest, ADiskThatFillsHalfWayLeavesNothing) {
 }
 
 TEST_P(BackupCommandTest, ADamagedCalendarIsNotTakenForABackup) {
-  for (int i = 1; i <= 48; ++i) Book(pool_, "2026-03-02", i, i, "Booking");
+  for (int i = 1; i <= 48; ++i) {
+    Book(pool_, "2026-03-02", i, i, "Booking");
+  }
   std::string bytes = temp_.Read("data/Calendar.mdb");
   const auto half = static_cast<std::ptrdiff_t>(bytes.size() / 2);
   std::fill(bytes.begin() + half, bytes.end(), 'Z');

@@ -137,7 +137,10 @@ TEST_P(CheckCommandTest, GroupsWhoseRowsDiffer) {
 }
 
 TEST_P(CheckCommandTest, ANameLongerThanTheColumn) {
-  if (GetParam() == StoreKind::Access) return;  // Such a file cannot hold one.
+  if (GetParam() == StoreKind::Access) {
+    // Such a file cannot hold one.
+    return;
+  }
   Book(pool_, "2026-03-02", 1, 2, std::string(50, 'a'));
   EXPECT_EQ(0, Check({Folder()}).Status);
   Book(pool_, "2026-03-03", 1, 2, std::string(51, 'a'));
@@ -219,7 +222,9 @@ TEST_P(CheckCommandTest, ALogThatNobodyIsUsingIsNamed) {
 }
 
 TEST_P(CheckCommandTest, ADamagedFileIsFoundToBeSo) {
-  for (int i = 1; i <= 48; ++i) Book(pool_, "2026-03-02", i, i, "Booking");
+  for (int i = 1; i <= 48; ++i) {
+    Book(pool_, "2026-03-02", i, i, "Booking");
+  }
   std::string bytes = temp_.Read("data/Calendar.mdb");
   const auto half = static_cast<std::ptrdiff_t>(bytes.size() / 2);
   std::fill(bytes.begin() + half, bytes.end(), 'Z');

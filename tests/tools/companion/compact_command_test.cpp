@@ -31,7 +31,9 @@ class CompactCommandTest : public testing::Test {
   void Make(FileKind kind) const {
     const auto store = CreateStore(File(), Durability::WhenAsked, kind);
     store->CreateTable(RoomsTable());
-    for (const char* name : {"Pool", "Hall", "Bar"}) store->Insert("Rooms", {{"Name", name}});
+    for (const char* name : {"Pool", "Hall", "Bar"}) {
+      store->Insert("Rooms", {{"Name", name}});
+    }
     store->CreateTable({.Name = "Notes", .Columns = {{.Name = "Text"}}});
     store->Delete("Notes", store->Insert("Notes", {{"Text", std::string(900'000, 'x')}}));
   }
@@ -84,7 +86,9 @@ TEST_F(CompactCommandTest, BrokenOffLeavesTheFileAsItWas) {
   const std::string before = temp_.Read("Calendar.mdb");
   for (const std::string verb : {"Read", "Copied", "Compared"}) {
     EXPECT_THROW(Compact([&verb](const CopyStep& step) {
-                   if (step.Verb == verb) throw std::runtime_error("broken off");
+                   if (step.Verb == verb) {
+                     throw std::runtime_error("broken off");
+                   }
                  }),
                  std::runtime_error);
     EXPECT_EQ(before, temp_.Read("Calendar.mdb"));

@@ -36,7 +36,9 @@ inline Lines RowsOf(Store& store, const std::string& table) {
   Lines lines;
   for (Row row; rows->Next(row);) {
     std::string line;
-    for (const Value& value : row.Values) line += (line.empty() ? "" : "|") + ValueText(value);
+    for (const Value& value : row.Values) {
+      line += (line.empty() ? "" : "|") + ValueText(value);
+    }
     lines.push_back(line);
   }
   return lines;
@@ -47,7 +49,9 @@ inline Lines Everything(Store& store) {
   Lines lines;
   for (const std::string& table : store.TableNames()) {
     lines.push_back("table " + table);
-    for (const std::string& column : store.ColumnNames(table)) lines.push_back(column);
+    for (const std::string& column : store.ColumnNames(table)) {
+      lines.push_back(column);
+    }
     const Lines rows = RowsOf(store, table);
     lines.insert(lines.end(), rows.begin(), rows.end());
   }
@@ -84,7 +88,9 @@ class ConvertCommandTest : public ::testing::Test {
       store.Insert("Rooms", {{"ID", i * i + 2}, {"Name", names[i]}, {"Active", std::int64_t{0}}});
     }
     store.Insert("Rooms", {{"ID", std::int64_t{40}}});
-    for (std::int64_t i = 0; i < bookings; ++i) AddBooking(store, i);
+    for (std::int64_t i = 0; i < bookings; ++i) {
+      AddBooking(store, i);
+    }
   }
 
   static void AddBooking(Store& store, std::int64_t i) {
@@ -113,7 +119,9 @@ class ConvertCommandTest : public ::testing::Test {
   static const ColumnDescription& Column(const StoreDescription& store, const std::string& name) {
     for (const TableDescription& table : store.Tables) {
       for (const ColumnDescription& column : table.Columns) {
-        if (column.Name == name) return column;
+        if (column.Name == name) {
+          return column;
+        }
       }
     }
     throw std::runtime_error("no column " + name);
@@ -148,7 +156,9 @@ class ConvertToTest : public ConvertCommandTest, public ::testing::WithParamInte
     Fill(*Make(From()), 10);
     const std::string before = temp_.Read("Calendar.mdb");
     const auto break_off = [&](const CopyStep& step) {
-      if (step.Verb == verb && step.Rows == 12) throw std::runtime_error("broken off");
+      if (step.Verb == verb && step.Rows == 12) {
+        throw std::runtime_error("broken off");
+      }
     };
     EXPECT_THROW(Convert(To(), break_off), std::runtime_error);
     EXPECT_EQ(Lines{"Calendar.mdb"}, temp_.Names());

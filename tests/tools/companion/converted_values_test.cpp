@@ -93,7 +93,9 @@ TEST_F(ConvertCommandTest, NamesOfFacilitiesAreTextsInAnAccessFileAsLongAsTheyFi
 
 TEST_F(ConvertCommandTest, AnEmojiCountsAsAccessCountsIt) {
   std::string event;
-  for (int i = 0; i < 26; ++i) event += "🍰";
+  for (int i = 0; i < 26; ++i) {
+    event += "🍰";
+  }
   Make(FileKind::Sqlite)->Insert("Reserv", {{"Event", event}});
   Convert("access");
   EXPECT_EQ(255, Column(Open()->Describe(), "Event").Size);
@@ -139,7 +141,9 @@ class ConvertFixtureTest : public ConvertToTest {
     for (std::string line; std::getline(file, line);) {
       std::replace(line.begin(), line.end(), '\t', '|');
       const std::size_t midnight = line.find("T00:00:00");
-      if (midnight != std::string::npos) line.erase(midnight, 9);
+      if (midnight != std::string::npos) {
+        line.erase(midnight, 9);
+      }
       lines.push_back(line);
     }
     lines.erase(lines.begin());
@@ -150,7 +154,9 @@ class ConvertFixtureTest : public ConvertToTest {
     const auto store = Open();
     for (const auto& entry : fs::directory_iterator(Source())) {
       const fs::path name = entry.path().filename();
-      if (name.extension() != ".tsv") continue;
+      if (name.extension() != ".tsv") {
+        continue;
+      }
       EXPECT_EQ(Expected(name.stem()), RowsOf(*store, name.stem())) << name;
     }
   }

@@ -65,8 +65,12 @@ TEST_P(ExchangeTest, WhatWasExportedComesBackTheSame) {
     const auto desk = Desk();
     std::vector<Row> rows;
     const auto source = desk->Select(ParseQuery("SELECT * FROM Reserv"));
-    for (Row row; source->Next(row);) rows.push_back(row);
-    for (const Row& row : rows) desk->Delete("Reserv", row);
+    for (Row row; source->Next(row);) {
+      rows.push_back(row);
+    }
+    for (const Row& row : rows) {
+      desk->Delete("Reserv", row);
+    }
     ASSERT_EQ("", Rows("Reserv"));
     const Ended ended = Import(name, temp_.Read(name));
     EXPECT_EQ(0, ended.Status) << ended.Err << ended.Out;

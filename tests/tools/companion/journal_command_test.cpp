@@ -21,7 +21,9 @@ class JournalCommandTest : public KeptCalendarTest {
     std::vector<Row> rows;
     const auto source = store->Select(ParseQuery("SELECT * FROM ChangeJournal"));
     for (Row row; source->Next(row);) {
-      if (ToText(row.Values.back()).find(from) != std::string::npos) rows.push_back(row);
+      if (ToText(row.Values.back()).find(from) != std::string::npos) {
+        rows.push_back(row);
+      }
     }
     ASSERT_EQ(1U, rows.size());
     store->Update("ChangeJournal", rows.front(), {{"ChangedAt", to}});

@@ -17,7 +17,9 @@ class KeptCalendarTest : public testing::TestWithParam<StoreKind> {
  protected:
   KeptCalendarTest() {
     Arguments made{"new", Folder()};
-    if (GetParam() == StoreKind::Access) made.push_back("--access");
+    if (GetParam() == StoreKind::Access) {
+      made.push_back("--access");
+    }
     EXPECT_EQ(0, RunProgram(made).Status);
     pool_ = AddRoom("Pool", true);
     hall_ = AddRoom("Main Hall", false);
@@ -59,7 +61,9 @@ class KeptCalendarTest : public testing::TestWithParam<StoreKind> {
     const auto rows = store->Select(ParseQuery("SELECT * FROM " + table));
     for (Row row; rows->Next(row);) {
       std::string line;
-      for (const Value& value : row.Values) line += (line.empty() ? "" : " ") + ToText(value);
+      for (const Value& value : row.Values) {
+        line += (line.empty() ? "" : " ") + ToText(value);
+      }
       lines += line + "\n";
     }
     return lines;

@@ -44,7 +44,9 @@ class PackagedWordsTest : public testing::Test {
   /// What Bash offers after these words, each between blanks.
   static std::string Offered(const std::vector<std::string>& words) {
     std::string line;
-    for (const std::string& word : words) line += " " + ShellQuoted(word);
+    for (const std::string& word : words) {
+      line += " " + ShellQuoted(word);
+    }
     const std::string script = ". " + ShellQuoted(Packaged("veyra-data.bash")) +
                                "; COMP_WORDS=(veyra-data" + line +
                                "); COMP_CWORD=" + std::to_string(words.size()) +
@@ -81,7 +83,9 @@ TEST_F(PackagedWordsTest, TheManualPageNamesEveryCommandAndOption) {
   for (const std::string& command : Commands()) {
     EXPECT_NE(std::string::npos, page.find(command)) << command;
     for (const std::string& option : OptionsOf(command)) {
-      if (option == "--help" || option == "--version") continue;
+      if (option == "--help" || option == "--version") {
+        continue;
+      }
       EXPECT_NE(std::string::npos, page.find(option)) << command << ' ' << option;
     }
   }

@@ -19,7 +19,9 @@ struct Ended {
 
 inline std::string ShellQuoted(const std::string& text) {
   std::string quoted = "'";
-  for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  for (const char c : text) {
+    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  }
   return quoted + "'";
 }
 
@@ -39,7 +41,9 @@ inline Ended RunShell(const std::string& script, const std::string& input = {}) 
 inline std::string ProgramLine(const Arguments& arguments,
                                const std::string& program = VEYRA_DATA_PROGRAM) {
   std::string line = ShellQuoted(program);
-  for (const std::string& argument : arguments) line += " " + ShellQuoted(argument);
+  for (const std::string& argument : arguments) {
+    line += " " + ShellQuoted(argument);
+  }
   return line;
 }
 

@@ -31,8 +31,9 @@ class UndoCommandTest : public KeptCalendarTest {
     for (std::size_t at = 0; at < history.size(); at = end + 1) {
       end = history.find('\n', at);
       const std::string line = history.substr(at, end - at);
-      if (line.front() != ' ')
+      if (line.front() != ' ') {
         heads += line.substr(line.find("  ", line.find("  ") + 2) + 2) + "\n";
+      }
     }
     return heads;
   }
@@ -65,8 +66,12 @@ class UndoCommandTest : public KeptCalendarTest {
     const Query query = ParseQuery("SELECT * FROM " + from);
     std::vector<Row> rows;
     const auto source = desk.Select(query);
-    for (Row row; source->Next(row);) rows.push_back(row);
-    for (const Row& row : rows) desk.Delete(query.Table, row);
+    for (Row row; source->Next(row);) {
+      rows.push_back(row);
+    }
+    for (const Row& row : rows) {
+      desk.Delete(query.Table, row);
+    }
   }
 };
 

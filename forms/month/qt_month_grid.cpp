@@ -25,6 +25,7 @@ constexpr int kLowCell = 60;
 
 /// The list's font is made smaller until a line shows so many characters.
 constexpr int kCharactersSeen = 20;
+constexpr int kCells = 42;
 constexpr double kLargestFont = 9;
 constexpr double kSmallestFont = 7;
 constexpr double kFontStep = 0.5;
@@ -202,7 +203,7 @@ void QtMonthGrid::DescribeOn(QtMonthPage& page) const {
                  [](const QLabel* header) { return header->text(); });
   std::transform(cells_.begin(), cells_.end(), page.Days.begin(),
                  [](const QtDayCell* cell) { return cell->InSight(); });
-  page.ListFamily = Cell(kCells).List().font().family();
+  page.ListFamily = cells_[kCells]->List().font().family();
 }
 
 bool QtMonthGrid::HasDay(int index) const {

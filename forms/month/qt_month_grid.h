@@ -50,8 +50,6 @@ class QtMonthGrid : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  static constexpr int kCells = 42;
-
   void AddHeaders();
   void AddCells();
   void AddHint();
@@ -62,8 +60,8 @@ class QtMonthGrid : public QWidget {
   void MakeTabStop(int index);
 
   std::array<QLabel*, 7> Label2_{};
-  OneBased<QtDayCell*, kCells> cells_;
-  OneBased<bool, kCells> has_day_;
+  OneBased<QtDayCell*, 42> cells_;
+  OneBased<bool, 42> has_day_;
   QLabel* hint_ = nullptr;
   int tab_stop_ = 0;
 };

@@ -33,13 +33,13 @@ bool FirstPaint::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-void StartDailyBackup(const std::string& app_folder, const std::string& data_folder) {
+void StartDailyBackup(const std::string& program_folder, const std::string& data_folder) {
   std::error_code unreachable;
   if (!std::filesystem::is_directory(NativePath(data_folder) / "backups", unreachable)) {
     return;
   }
   QProcess companion;
-  companion.setProgram(ToQString(app_folder + kCompanion));
+  companion.setProgram(ToQString(program_folder + kCompanion));
   companion.setArguments({QStringLiteral("backup"), QStringLiteral("--rolling"),
                           QStringLiteral("--once"), ToQString(data_folder)});
   companion.setStandardOutputFile(QProcess::nullDevice());

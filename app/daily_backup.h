@@ -22,6 +22,6 @@ class FirstPaint : public QObject {
 /// Lets the companion program make the day's first copy of the calendar when the data folder has a
 /// folder "backups": in a process of its own, which is not waited for. Nothing is said when that
 /// fails; the companion's "check" says so when copies are no longer made.
-void StartDailyBackup(const std::string& app_folder, const std::string& data_folder);
+void StartDailyBackup(const std::string& program_folder, const std::string& data_folder);
 
 }  // namespace veyra

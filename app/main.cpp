@@ -3,13 +3,42 @@
 #include <cstdlib>
 
 #include "app/end_requests.h"
+#include "app/first_start.h"
 #include "app/program.h"
+#include "data/application_folder.h"
+#include "data/errors.h"
+#include "forms/handler_guard.h"
 #include "forms/widgets/qt_dialogs.h"
 #include "forms/widgets/qt_gesture_guard.h"
 #include "forms/widgets/qt_program_icon.h"
 #include "forms/widgets/qt_style.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/clock.h"
+
+namespace {
+
+/// Runs the program from its start to its end; returns its exit status.
+int Run(veyra::Program& program, veyra::Dialogs& dialogs) {
+  const std::string program_folder = veyra::ToUtf8(QApplication::applicationDirPath());
+  const std::string app_folder = veyra::ApplicationFolder(program_folder, veyra::UserDataHome());
+  bool is_new = false;
+  try {
+    is_new = veyra::MakeApplicationFolder(app_folder, program_folder);
+  } catch (const veyra::Error& failure) {
+    dialogs.MsgBox(veyra::StandardReport(failure));
+    return EXIT_FAILURE;
+  }
+  const veyra::EndRequests ending(program);
+  if (!program.Start(app_folder, program_folder)) {
+    return EXIT_FAILURE;
+  }
+  if (is_new) {
+    dialogs.MsgBox({.Text = veyra::WelcomeText(app_folder), .Sign = veyra::Icon::Information});
+  }
+  return ending.WereMade() ? EXIT_SUCCESS : QApplication::exec();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -24,12 +53,5 @@ int main(int argc, char** argv) {
   const veyra::SystemClock clock;
   veyra::QtDialogs dialogs;
   veyra::Program program(clock, dialogs);
-  const veyra::EndRequests ending(program);
-  if (!program.Start(veyra::ToUtf8(QApplication::applicationDirPath()))) {
-    return EXIT_FAILURE;
-  }
-  if (ending.WereMade()) {
-    return EXIT_SUCCESS;
-  }
-  return QApplication::exec();
+  return Run(program, dialogs);
 }

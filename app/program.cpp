@@ -130,7 +130,8 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
 
 Program::~Program() = default;
 
-bool Program::Start(const std::string& app_folder) {
+bool Program::Start(const std::string& app_folder, const std::string& program_folder) {
+  program_folder_ = program_folder.empty() ? app_folder : program_folder;
   try {
     StartUp(session_, month_, dialogs_, app_folder);
   } catch (const std::exception& failure) {
@@ -138,8 +139,8 @@ bool Program::Start(const std::string& app_folder) {
     return false;
   }
   // By value: the call may come when the program has ended.
-  new FirstPaint(month_window_, [app = session_.AppFolder, data = session_.DataFolder] {
-    StartDailyBackup(app, data);
+  new FirstPaint(month_window_, [companion = program_folder_, data = session_.DataFolder] {
+    StartDailyBackup(companion, data);
   });
   ShowMonthWindow();
   return true;
@@ -323,8 +324,7 @@ void Program::OpenDayOf(const std::string& facility, Date day) {
 void Program::ShowHelp(int topic) {
   if (!help_) {
     help_ = std::make_unique<QtHelpViewer>(
-        session_.AppFolder + QtHelpViewer::kFileName,
-        session_.AppFolder + QtHelpViewer::kReaderName,
+        program_folder_ + QtHelpViewer::kFileName, program_folder_ + QtHelpViewer::kReaderName,
         [this](const QUrl& link) { browser_.Open(ToUtf8(link.toString())); });
   }
   help_->ShowTopic(topic);

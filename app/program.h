@@ -36,8 +36,9 @@ class Program : public Windows {
   ~Program() override;
 
   /// Starts up and shows the month window. When that fails the operator is told and it returns
-  /// false: the program must then end. `app_folder` has no separator at its end.
-  bool Start(const std::string& app_folder);
+  /// false: the program must then end. `app_folder` has no separator at its end. The help and the
+  /// companion program lie in `program_folder`; in `app_folder` when that is empty.
+  bool Start(const std::string& app_folder, const std::string& program_folder = {});
 
   /// Ends the program from outside, whatever box is open: what is being done is finished, or broken
   /// off where the operator may do so too, and every question is answered as if its box were
@@ -90,6 +91,7 @@ class Program : public Windows {
   HandlerGuard guard_;
   QtWaitingSign sign_{guard_};
   QtBrowser browser_;
+  std::string program_folder_;
   Session session_;
   QtMonthWindow month_window_;
   QtInputGate month_gate_;

@@ -10,7 +10,7 @@ namespace veyra {
 /// When and where veyra-data runs. Handed in, so that a test can say.
 struct Surroundings {
   DateTime Now;           ///< The local time.
-  std::string AppFolder;  ///< The folder of the program, in which path.txt lies.
+  std::string AppFolder;  ///< The folder in which path.txt lies.
   CopyObserver Watch;     ///< Told how far long work has come.
 };
 

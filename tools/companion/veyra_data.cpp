@@ -5,6 +5,7 @@
 #include <iostream>
 #include <vector>
 
+#include "data/application_folder.h"
 #include "logic/clock.h"
 #include "tools/companion/backup_command.h"
 #include "tools/companion/check_command.h"
@@ -26,7 +27,7 @@
 
 namespace {
 
-std::string AppFolder() {
+std::string ProgramFolder() {
   std::error_code unknown;
   return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().string();
 }
@@ -41,9 +42,7 @@ veyra::DateTime UtcNow() {
 
 std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
   const veyra::Date today = here.Now.Day;
-  const auto ical = [folder = here.AppFolder]() -> const veyra::IcalCodec& {
-    return veyra::LoadIcal(folder);
-  };
+  const auto ical = []() -> const veyra::IcalCodec& { return veyra::LoadIcal(ProgramFolder()); };
   return {veyra::NewCommand(today),
           veyra::ConvertCommand(today, here.Watch),
           veyra::CompactCommand(today, here.Watch),
@@ -63,8 +62,9 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
 
 veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserver& watch) {
   veyra::Streams streams{std::cin, std::cout, std::cerr};
-  return veyra::RunCommandLine(Commands({veyra::SystemClock().Now(), AppFolder(), watch}),
-                               arguments, streams);
+  const std::string app_folder = veyra::ApplicationFolder(ProgramFolder(), veyra::UserDataHome());
+  return veyra::RunCommandLine(Commands({veyra::SystemClock().Now(), app_folder, watch}), arguments,
+                               streams);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ foreach(line name address telephone web)
   string(TOUPPER VEYRA_MAKER_${line} variable)
   set(${variable} "${found}")
 endforeach()
+set(VEYRA_MAKER_NAME "${VEYRA_MAKER_NAME}" PARENT_SCOPE)
 configure_file(about/maker.h.in ${PROJECT_BINARY_DIR}/generated/forms/about/maker.h @ONLY)
 
 set(VEYRA_METAINFO_URL "")

@@ -80,8 +80,12 @@ std::string TextOf(const std::string& file, const OpenNote& note) {
        << "\nwritten: " << note.Mark.Written << "\ncontent: " << Hexadecimal(note.Mark.Content)
        << "\nlog: " << note.Mark.LogNumber
        << "\nlog is being put into the file: " << (note.Mark.IsTakingLog ? "yes" : "no") << '\n';
-  for (const auto& [page, digest] : note.Mark.PagesBefore) {
-    text << kPage << page << ": " << Hexadecimal(digest) << '\n';
+  for (const auto& [page, digests] : note.Mark.PagesBefore) {
+    text << kPage << page << ':';
+    for (const std::uint64_t digest : digests) {
+      text << ' ' << Hexadecimal(digest);
+    }
+    text << '\n';
   }
   return text.str();
 }
@@ -113,6 +117,15 @@ OpenUser UserFrom(std::string line) {
   return user;
 }
 
+std::vector<std::uint64_t> DigestsFrom(const std::string& text) {
+  std::vector<std::uint64_t> digests;
+  std::istringstream words(text);
+  for (std::string word; words >> word;) {
+    ReadNumber(word, digests.emplace_back(), kHexadecimal);
+  }
+  return digests;
+}
+
 std::optional<FileMark> MarkFrom(const std::map<std::string, std::string>& entries) {
   const auto entry = [&](const char* name) {
     const auto found = entries.find(name);
@@ -129,7 +142,7 @@ std::optional<FileMark> MarkFrom(const std::map<std::string, std::string>& entri
   for (const auto& [name, value] : entries) {
     std::uint32_t page = 0;
     if (name.starts_with(kPage) && ReadNumber(name.substr(kPage.size()), page)) {
-      ReadNumber(value, mark.PagesBefore[page], kHexadecimal);
+      mark.PagesBefore[page] = DigestsFrom(value);
     }
   }
   return is_whole ? std::optional(mark) : std::nullopt;

@@ -31,8 +31,9 @@ struct FileMark {
   /// is a digest of the pages that are not in the log.
   bool IsTakingLog = false;
 
-  /// While it is: a digest of what each page that is in the log was before, by its number from 1.
-  std::map<std::uint32_t, std::uint64_t> PagesBefore = {};
+  /// While it is: what each page that is in the log was before, by its number from 1; a digest of
+  /// each of its sectors.
+  std::map<std::uint32_t, std::vector<std::uint64_t>> PagesBefore = {};
 
   bool operator==(const FileMark&) const = default;
 };

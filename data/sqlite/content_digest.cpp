@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "data/sqlite/page_digest.h"
@@ -23,10 +24,8 @@ std::int64_t PageSize(Database& database) {
   return size == 1 ? 65536 : std::max(size, kSmallestPage);
 }
 
-std::uint64_t DigestOfPage(Database& database, std::int64_t at, std::int64_t page_size) {
-  const std::string page = database.ReadBytes(at, static_cast<std::size_t>(page_size));
-  return PageDigest({reinterpret_cast<const unsigned char*>(page.data()),  // NOLINT: bytes
-                     page.size()});
+std::span<const unsigned char> BytesOf(const std::string& page) {
+  return {reinterpret_cast<const unsigned char*>(page.data()), page.size()};  // NOLINT: bytes
 }
 
 }  // namespace
@@ -39,20 +38,23 @@ std::uint64_t ContentDigest(Database& database, std::int64_t size, const WalCont
     const auto number = static_cast<std::uint32_t>(at / page_size + 1);
     if (!is_in_the_middle && !log.Pages.contains(number)) {
       AddToDigest(digest, number);
-      AddToDigest(digest, DigestOfPage(database, at, page_size));
+      const std::string page = database.ReadBytes(at, static_cast<std::size_t>(page_size));
+      AddToDigest(digest, PageDigest(BytesOf(page)));
     }
   }
   return digest;
 }
 
-std::map<std::uint32_t, std::uint64_t> DigestsInFile(Database& database, std::int64_t size,
-                                                     const WalContents& log) {
+std::map<std::uint32_t, std::vector<std::uint64_t>> DigestsInFile(Database& database,
+                                                                  std::int64_t size,
+                                                                  const WalContents& log) {
   const std::int64_t page_size = PageSize(database);
-  std::map<std::uint32_t, std::uint64_t> digests;
+  std::map<std::uint32_t, std::vector<std::uint64_t>> digests;
   for (const auto& [number, in_log] : log.Pages) {
     const std::int64_t at = (std::int64_t{number} - 1) * page_size;
     if (at < size) {
-      digests[number] = DigestOfPage(database, at, page_size);
+      const std::string page = database.ReadBytes(at, static_cast<std::size_t>(page_size));
+      digests[number] = SectorDigests(BytesOf(page));
     }
   }
   return digests;

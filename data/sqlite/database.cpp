@@ -118,6 +118,19 @@ bool Database::DropLogOfFailedChange() {
   return is_dropped;
 }
 
+void Database::ChangeHead() {
+  std::int64_t number = 0;
+  Check(sqlite3_exec(handle_, "PRAGMA user_version", TakeNumber, &number, nullptr));
+  const std::string next = std::to_string(number % INT32_MAX + 1);
+  sqlite3_busy_handler(handle_, nullptr, nullptr);
+  const int code =
+      sqlite3_exec(handle_, ("PRAGMA user_version = " + next).c_str(), nullptr, nullptr, nullptr);
+  sqlite3_busy_handler(handle_, GoesOnWaiting, wait_.get());
+  if ((code & 0xFF) != SQLITE_BUSY) {
+    Check(code);
+  }
+}
+
 /// The log's index counts the frames of whole changes only.
 bool Database::CutLog() {
   constexpr std::size_t kPageSizeAt = 14;

@@ -64,6 +64,10 @@ class Database {
   /// change is open.
   bool DropLogOfFailedChange();
 
+  /// Changes, in a change of its own, a number in the file's head that tells nobody anything;
+  /// unless another program is changing the file just now.
+  void ChangeHead();
+
   /// To be told the result code of every call that may have waited, before it is looked at.
   void EndWait() { wait_->End(); }
 

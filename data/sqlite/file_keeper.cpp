@@ -163,6 +163,7 @@ void FileKeeper::AfterChange(Database& database) {
 
 void FileKeeper::PutLogAway(Database& database) {
   const OpenNoteLock lock(FileNow());
+  database.ChangeHead();
   PutNote(MarkTakingLog(database));
   is_note_current_ = false;
   sqlite3_wal_checkpoint_v2(database.handle(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
@@ -180,6 +181,7 @@ void FileKeeper::BeforeClosing(Database& database) {
     const LogState log = StateOfLog(database);
     if (log.Frames > log.PutAway) {
       closing_ = std::make_unique<OpenNoteLock>(FileNow());
+      database.ChangeHead();
       PutNote(MarkTakingLog(database));
     }
   } catch (const Error&) {

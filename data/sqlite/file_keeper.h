@@ -13,7 +13,10 @@ namespace veyra::sqlite {
 
 /// Keeps a database file, its log and the note beside it (open_note.h) together for as long as the
 /// file is open for writing: whenever the log is put into the file the note is brought up to date,
-/// so that at any moment a log that is left behind can be told to belong to its file.
+/// so that at any moment a log that is left behind can be told to belong to its file. And it always
+/// begins with the head of the file, which is changed for that: a file into which a part of the log
+/// was put is not what it was before, even where the next pages of the log say what the file says.
+/// So it is not taken for a backup of the file as it was, copied over it since.
 ///
 /// To be made when the file has been opened and read, and dropped when it has been closed.
 class FileKeeper {

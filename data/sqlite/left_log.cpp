@@ -18,6 +18,7 @@
 #include "data/private_folder.h"
 #include "data/sqlite/content_digest.h"
 #include "data/sqlite/database.h"
+#include "data/sqlite/page_digest.h"
 #include "data/sqlite/rollback_journal.h"
 #include "data/sqlite/sqlite_errors.h"
 #include "data/sqlite/statement.h"
@@ -165,8 +166,23 @@ struct Pair {
   }
 };
 
-/// Whether a file into which the log was just being put still is the one: each page that is in the
-/// log is as it was before or as the log has it, all others are as they were.
+/// Whether each sector of a page is as it was before, or as the log has it. A page that the file
+/// did not have before is made of zeros until it is written.
+bool IsMixture(const std::vector<std::uint64_t>& page, const std::vector<std::uint64_t>* before,
+               const std::vector<std::set<std::uint64_t>>& in_log) {
+  constexpr std::array<unsigned char, kSectorBytes> kZeros{};
+  for (std::size_t i = 0; i < page.size(); ++i) {
+    const bool is_as_before = before == nullptr ? page[i] == PageDigest(kZeros)
+                                                : i < before->size() && (*before)[i] == page[i];
+    if (!is_as_before && !(i < in_log.size() && in_log[i].contains(page[i]))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+/// Whether a file into which the log was just being put still is the one: each sector of a page
+/// that is in the log is as it was before or as the log has it, all other pages are as they were.
 bool FitsHalfway(const Pair& pair) {
   const FileMark& mark = pair.Mark;
   if (pair.FileNow.Size < mark.Size ||
@@ -179,8 +195,8 @@ bool FitsHalfway(const Pair& pair) {
   }
   return std::all_of(digests.begin(), digests.end(), [&](const auto& page) {
     const auto before = mark.PagesBefore.find(page.first);
-    return (before != mark.PagesBefore.end() && before->second == page.second) ||
-           pair.Log.Pages.at(page.first).contains(page.second);
+    return IsMixture(page.second, before == mark.PagesBefore.end() ? nullptr : &before->second,
+                     pair.Log.Pages.at(page.first));
   });
 }
 

@@ -21,4 +21,12 @@ std::uint64_t PageDigest(std::span<const unsigned char> page) {
   return digest;
 }
 
+std::vector<std::uint64_t> SectorDigests(std::span<const unsigned char> page) {
+  std::vector<std::uint64_t> digests;
+  for (std::size_t at = 0; at + kSectorBytes <= page.size(); at += kSectorBytes) {
+    digests.push_back(PageDigest(page.subspan(at, kSectorBytes)));
+  }
+  return digests;
+}
+
 }  // namespace veyra::sqlite

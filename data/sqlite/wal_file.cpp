@@ -66,12 +66,21 @@ bool Fill(std::istream& stream, std::span<unsigned char> bytes) {
 /// A page in the log.
 struct Frame {
   std::uint32_t Number;
-  std::uint64_t Digest;
-  std::uint64_t At;  ///< Where its bytes begin.
+  std::vector<std::uint64_t> Digests;  ///< Of its sectors.
+  std::uint64_t At;                    ///< Where its bytes begin.
 };
 
 bool BearsMarksOf(Bytes head, Bytes frame) {
   return BigEndian(frame, 8) == BigEndian(head, 16) && BigEndian(frame, 12) == BigEndian(head, 20);
+}
+
+void Add(const Frame& frame, WalContents& contents) {
+  auto& sectors = contents.Pages[frame.Number];
+  sectors.resize(frame.Digests.size());
+  for (std::size_t i = 0; i < sectors.size(); ++i) {
+    sectors[i].insert(frame.Digests[i]);
+  }
+  contents.Latest[frame.Number] = frame.At;
 }
 
 }  // namespace
@@ -99,11 +108,10 @@ WalContents ReadWal(const std::string& log) {
       break;
     }
     const Bytes page = Bytes(frame).subspan(kFrameHeadBytes);
-    unfinished.push_back({BigEndian(frame, 0), PageDigest(page), at + kFrameHeadBytes});
+    unfinished.push_back({BigEndian(frame, 0), SectorDigests(page), at + kFrameHeadBytes});
     if (BigEndian(frame, 4) != 0) {
       for (const Frame& done : unfinished) {
-        contents.Pages[done.Number].insert(done.Digest);
-        contents.Latest[done.Number] = done.At;
+        Add(done, contents);
       }
       unfinished.clear();
     }

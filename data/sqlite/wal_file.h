@@ -4,14 +4,15 @@
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace veyra::sqlite {
 
 /// What SQLite would take from a write-ahead log.
 struct WalContents {
-  /// Of each page, by its number from 1, the digests of what the log has it to be, one change after
-  /// another.
-  std::map<std::uint32_t, std::set<std::uint64_t>> Pages;
+  /// Of each page, by its number from 1, and of each of its sectors the digests of what the log has
+  /// it to be, one change after another.
+  std::map<std::uint32_t, std::vector<std::set<std::uint64_t>>> Pages;
 
   /// Of each page, where in the log it lies as it was last.
   std::map<std::uint32_t, std::uint64_t> Latest = {};

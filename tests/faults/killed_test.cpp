@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <optional>
+#include <set>
 
 #include "tests/faults/judge.h"
 
@@ -10,8 +11,23 @@ namespace veyra::faults {
 namespace {
 
 constexpr int kPart = 12;
+constexpr int kWhole = 200;
+constexpr int kClosing = 8;
 
-/// Kills the program at points spread over everything it writes, from its start to its end.
+std::set<int> PointsOf(int steps) {
+  std::set<int> points;
+  const int spread = std::min(Tries(kPart, kWhole), steps);
+  for (int point = 0; point < spread; ++point) {
+    points.insert(1 + point * (steps - 1) / std::max(spread - 1, 1));
+  }
+  for (int step = std::max(1, steps - kClosing); step <= steps; ++step) {
+    points.insert(step);
+  }
+  return points;
+}
+
+/// Kills the program at points spread over everything it writes, from its start to its end, and at
+/// each of its last steps, when what it has written is put in order.
 class KilledTest : public testing::TestWithParam<Case> {
  protected:
   const Action& Done() const { return std::get<Action>(GetParam()); }
@@ -36,16 +52,15 @@ class KilledTest : public testing::TestWithParam<Case> {
 
 TEST_P(KilledTest, WhatWasReportedAsSavedIsThereOnceAndTheCalendarStarts) {
   const int steps = StepsOfWholeAction();
-  const int points = std::min(Tries(kPart, 200), steps);
-  for (int point = 0; point < points; ++point) {
-    const int step = 1 + point * (steps - 1) / std::max(points - 1, 1);
+  const std::set<int> points = PointsOf(steps);
+  for (const int step : points) {
     const TempFolder folder;
     const Outcome outcome = RunIn(folder, step);
     EXPECT_TRUE(outcome.WasKilled);
     EXPECT_EQ("", judge_.FaultOf(outcome, folder.path().string()))
         << "killed at step " << step << " of " << steps;
   }
-  std::cout << points << " kills\n";
+  std::cout << points.size() << " kills\n";
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, KilledTest, kAllCases, NameOfCase);

@@ -35,7 +35,8 @@ namespace fs = std::filesystem;
 
 using Names = std::vector<std::string>;
 
-constexpr int kPart = 6;  ///< Of the points of a work, so many are tried.
+constexpr int kPart = 6;     ///< Of the points of a work, so many are tried,
+constexpr int kWhole = 200;  ///< or so many.
 constexpr int kLastSteps = 4;
 const Date kToday = MakeDate(2026, 11, 21).value();
 
@@ -64,7 +65,7 @@ class MadeFilesTest : public testing::Test {
     Watch({.Folder = Folder()});
     work();
     const int steps = EndWatch().Steps;
-    const int points = std::min(Tries(kPart, steps), steps);
+    const int points = std::min(Tries(kPart, kWhole), steps);
     std::set<int> chosen;
     for (int point = 0; point < points; ++point) {
       chosen.insert(1 + point * (steps - 1) / std::max(points - 1, 1));

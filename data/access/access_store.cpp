@@ -34,8 +34,9 @@ namespace veyra {
 
 namespace {
 
-/// So many that their flushes count for little, and so few that the operator sees them come.
-constexpr std::size_t kRowsAtOnce = 50;
+/// So many that a booking on every day of a year is made in three changes, and so few that the
+/// operator sees them come.
+constexpr std::size_t kRowsAtOnce = 128;
 
 using access::FileLock;
 using access::Reporting;

@@ -62,6 +62,7 @@ TEST_P(FullDiskTest, WhatWasSavedBeforeStaysAndNothingIsHalfMade) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, FullDiskTest, kAllCases, NameOfCase);
+INSTANTIATE_TEST_SUITE_P(ManyRowsAtOnce, FullDiskTest, kManyRowsAtOnce, NameOfCase);
 
 }  // namespace
 }  // namespace veyra::faults

@@ -81,6 +81,7 @@ TEST_P(IoErrorTest, WhatIsReportedIsWhatTheFileHolds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, IoErrorTest, kAllCases, NameOfCase);
+INSTANTIATE_TEST_SUITE_P(ManyRowsAtOnce, IoErrorTest, kManyRowsAtOnce, NameOfCase);
 
 }  // namespace
 }  // namespace veyra::faults

@@ -64,6 +64,7 @@ TEST_P(KilledTest, WhatWasReportedAsSavedIsThereOnceAndTheCalendarStarts) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, KilledTest, kAllCases, NameOfCase);
+INSTANTIATE_TEST_SUITE_P(ManyRowsAtOnce, KilledTest, kManyRowsAtOnce, NameOfCase);
 
 }  // namespace
 }  // namespace veyra::faults

@@ -146,6 +146,15 @@ void Office::BookSeries(const std::string& name) {
   modRes::MakeBookings(session_, {name, true, plan}, {grid_, screens_}, clock_, dialogs_);
 }
 
+void Office::BookDays(const std::string& name) {
+  Select(kGroupMonth, kGroupDay);
+  MultiDayPlan plan{{"5/1/2014", "9/30/2014"}, {}};
+  for (int weekday = 1; weekday <= 7; ++weekday) {
+    plan.Days[weekday] = true;
+  }
+  modRes::MakeBookings(session_, {name, true, plan}, {grid_, screens_}, clock_, dialogs_);
+}
+
 void Office::Delete(int month, int day, Answer whole_group) {
   Select(month, day);
   if (whole_group == Answer::Yes) {
@@ -202,6 +211,12 @@ const std::vector<Action>& Actions() {
       {"Upgrade", DoNothing, DoNothing, Before::Old},
   };
   return actions;
+}
+
+const Action& DailySeries() {
+  static const Action action{"DailySeries", DoNothing,
+                             [](Office& office) { office.BookDays("Summer school"); }};
+  return action;
 }
 
 std::string NameOfCase(const testing::TestParamInfo<Case>& info) {

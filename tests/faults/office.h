@@ -33,6 +33,7 @@ class Office {
 
   void Book(int day, const std::string& name);  ///< In April 2014, 9:00 to 10:30.
   void BookSeries(const std::string& name);     ///< On Tuesdays and Thursdays in May 2014.
+  void BookDays(const std::string& name);       ///< On every day from May to September 2014.
   void Delete(int month, int day, Answer whole_group = Answer::No);
   void Rename(int month, int day, const std::string& name, Answer whole_group = Answer::No);
   void AddFacility(const std::string& name);
@@ -80,12 +81,18 @@ inline void PrintTo(const Action& action, std::ostream* stream) {
 
 const std::vector<Action>& Actions();
 
+/// A series of so many dates that an Access file takes them in several changes, each of many.
+const Action& DailySeries();
+
 /// An action on one kind of file: what most tests here are done for.
 using Case = std::tuple<StoreKind, Action>;
 
 /// All of them, named as "Access_Series".
 const auto kAllCases =
     testing::Combine(testing::ValuesIn(kAllStoreKinds), testing::ValuesIn(Actions()));
+
+/// The daily series, for tests that an Access file makes another thing of.
+const auto kManyRowsAtOnce = testing::Values(Case(StoreKind::Access, DailySeries()));
 std::string NameOfCase(const testing::TestParamInfo<Case>& info);
 
 /// `whole` when every fault is to be tried, else `part`: VEYRA_FAULTS=whole tells.

@@ -95,6 +95,7 @@ TEST_P(PowerCutTest, LosesNothingThatWasReportedAsSaved) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, PowerCutTest, kAllCases, NameOfCase);
+INSTANTIATE_TEST_SUITE_P(ManyRowsAtOnce, PowerCutTest, kManyRowsAtOnce, NameOfCase);
 
 }  // namespace
 }  // namespace veyra::faults

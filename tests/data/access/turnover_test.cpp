@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include "data/access/write/create_file.h"
 #include "data/create_store.h"
@@ -141,6 +143,29 @@ TEST_F(Turnover, OfAGroupOfRowsIsOneChangeOfTheFile) {
   ASSERT_TRUE(rows.MoveTo(bookmarks.front()));
   rows.Delete();
   EXPECT_EQ(added.size() - 1, AllRows(*store_, "Reserv").size());
+}
+
+TEST_F(Turnover, ADailySeriesOfAYearWaitsForTheDiskThreeTimesAsOftenAsOneBooking) {
+  int steps = 0;
+  const auto store =
+      OpenAccessStore(file_, StoreAccess::ReadWrite, {}, [&steps](access::CommitStep) { ++steps; });
+  store->Insert("Reserv", BookingOf(0));
+  const int of_one = std::exchange(steps, 0);
+  ASSERT_LT(0, of_one);
+  const auto book = [&](std::size_t dates) {
+    for (std::size_t at = 0; at < dates; at += store->RowsAtOnce()) {
+      std::vector<FieldValues> rows;
+      for (std::size_t i = at; i < std::min(at + store->RowsAtOnce(), dates); ++i) {
+        rows.push_back(BookingOf(static_cast<int>(i)));
+      }
+      store->InsertAll("Reserv", rows);
+    }
+    return std::exchange(steps, 0);
+  };
+  constexpr std::size_t kDaysOfALeapYear = 366;
+  constexpr std::size_t kWeeks = 53;
+  EXPECT_LE(book(kDaysOfALeapYear), 3 * of_one);
+  EXPECT_EQ(of_one, book(kWeeks));
 }
 
 TEST_F(Turnover, RefusesOneNumberTwiceAmongManyRows) {

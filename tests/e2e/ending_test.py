@@ -4,6 +4,7 @@ import os
 import signal
 import sqlite3
 import subprocess
+import sys
 import time
 
 from desk_test import DeskTest, main, screen
@@ -28,7 +29,9 @@ class ClosedFiles(DeskTest):
         self.assertEqual(CLOSED, self.files())
 
 
-class EndingTest(ClosedFiles):
+class AtWork(ClosedFiles):
+    """A booking is about to be made."""
+
     def ask_for_a_booking(self):
         """Leaves the question on the screen, and returns the day."""
         self.desk.choose("Studio")
@@ -42,6 +45,8 @@ class EndingTest(ClosedFiles):
         return self.sql(f"SELECT TimeFrom FROM Reserv WHERE DateOfRes = '{day.isoformat()}' "
                         "AND Event = 'No Title';")
 
+
+class EndingTest(AtWork):
     def hold(self):
         """Another program in the middle of a change."""
         other = sqlite3.connect(self.calendar(), isolation_level=None)
@@ -151,6 +156,55 @@ class EndingTest(ClosedFiles):
         if folder:
             subprocess.run(["import", "-window", "root", os.path.join(folder, f"{name}.png")],
                            env=screen().environment, check=True)
+
+
+class SessionEndTest(AtWork):
+    """The user logs out: the desktop's session manager asks its programs to save and to end."""
+
+    def setUp(self):
+        super().setUp()
+        self.manager = subprocess.Popen(
+            [sys.executable, os.path.join(os.path.dirname(__file__), "session_manager.py")],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.addCleanup(self.stop_manager)
+        self.address = self.manager.stdout.readline().strip()
+        if not self.address:
+            self.skipTest(self.manager.stderr.read().strip() or "no session manager")
+
+    def stop_manager(self):
+        end(self.manager)
+        for pipe in (self.manager.stdin, self.manager.stdout, self.manager.stderr):
+            pipe.close()
+
+    def start_in_session(self):
+        self.start(SESSION_MANAGER=self.address)
+        self.assertEqual("saved", self.manager.stdout.readline().strip())
+        self.assertNotEqual(CLOSED, self.files())
+
+    def end_session(self):
+        self.manager.stdin.write("end\n")
+        self.manager.stdin.flush()
+
+    def test_closes_the_calendar(self):
+        self.start_in_session()
+        self.end_session()
+        self.assert_ends_properly()
+
+    def test_an_open_question_is_no_obstacle(self):
+        self.start_in_session()
+        day = self.ask_for_a_booking()
+        self.end_session()
+        self.assert_ends_properly()
+        self.assertEqual([], self.bookings_on(day))
+
+    def test_an_open_message_is_no_obstacle(self):
+        self.start_in_session()
+        day = self.ask_for_a_booking()
+        self.desk.press("OK")
+        self.assert_message("1 Booking(s) Made.")
+        self.end_session()
+        self.assert_ends_properly()
+        self.assertEqual(["19"], self.bookings_on(day))
 
 
 class LostScreenTest(ClosedFiles):

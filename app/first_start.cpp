@@ -63,7 +63,7 @@ std::string WelcomeText(const std::string& app_folder) {
   return "Welcome to Veyra Calendar.\r\n\r\n"
          "Your calendar is still empty. To add the first facility, a room for instance, type its "
          "name into the box at the top right and press Enter.\r\n\r\n"
-         "It lies in " +
+         "The calendar lies in " +
          app_folder +
          ".\r\n\r\n"
          "To try a sample first, run\r\n"

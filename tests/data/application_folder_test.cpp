@@ -43,8 +43,7 @@ TEST(ApplicationFolderTest, IsTheProgramsOwnWhereTheUserMayWrite) {
 }
 
 TEST(ApplicationFolderTest, IsTheUsersOwnBelowUsr) {
-  EXPECT_EQ("/home/x/data/veyra-calendar",
-            ApplicationFolder("/usr/lib/veyra-calendar", "/home/x/data"));
+  EXPECT_EQ("/home/x/data/veyra-calendar", ApplicationFolder("/usr/bin", "/home/x/data"));
 }
 
 TEST(ApplicationFolderTest, IsTheUsersOwnWhereHeMayNotWrite) {

@@ -171,9 +171,11 @@ void PageFile::SetOverlay(PageImages overlay) {
 }
 
 void PageFile::Write(const PageImages& pages) {
-  for (const auto& [number, page] : pages) {
-    WriteCall([&] { file_.WriteAt(page, std::uint64_t{number} * PageSize()); });
-  }
+  WriteCall([&] {
+    for (const auto& [number, page] : pages) {
+      file_.WriteAt(page, std::uint64_t{number} * PageSize());
+    }
+  });
   for (const auto& [number, page] : pages) {
     pages_.resize(std::max<std::size_t>(pages_.size(), number + std::size_t{1}));
     pages_[number] = std::make_shared<const Bytes>(page);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "data/access/pages/journal.h"
+#include "data/access/write/create_file.h"
 #include "data/errors.h"
 #include "tests/data/access/access_folder.h"
 #include "tests/data/access/failing_calls.h"
@@ -50,6 +51,13 @@ class FailingDiskTest : public testing::Test {
   AccessFolder folder_;
   FailingDisk disk_;
 };
+
+TEST_F(FailingDiskTest, LeavesNoNewFileThatCouldNotBeWritten) {
+  const std::string file = folder_.Folder().File("New.mdb").string();
+  FailingDisk::Fail(DiskCall::Write, 1, 1);
+  EXPECT_THROW(CreateAccessFile(file), DatabaseError);
+  EXPECT_FALSE(std::filesystem::exists(file));
+}
 
 TEST_F(FailingDiskTest, LeavesABookingMadeOnceWhenTheJournalCannotBeRemoved) {
   const auto store =

@@ -90,4 +90,12 @@ std::string RangeLabel(const SlotLabelTable& labels, SlotRange range) {
   return LabelOrUnknown(labels, range.First) + "-" + LabelOrUnknown(labels, end);
 }
 
+std::string LengthText(int half_hours) {
+  const std::string hours = half_hours < 2 ? "" : std::to_string(half_hours / 2) + " h";
+  if (half_hours % 2 == 0) {
+    return hours;
+  }
+  return hours + (hours.empty() ? "30 min" : " 30 min");
+}
+
 }  // namespace veyra::modRes

@@ -54,4 +54,7 @@ SlotRange RowsOf(const Value& time_from, const Value& time_to);
 /// a damaged row may hold, shows as "**:***".
 std::string RangeLabel(const SlotLabelTable& labels, SlotRange range);
 
+/// "30 min", "2 h" or "1 h 30 min".
+std::string LengthText(int half_hours);
+
 }  // namespace veyra::modRes

@@ -1,19 +1,15 @@
 #include "tools/day_listing.h"
 
 #include <algorithm>
-#include <array>
+#include <chrono>
+#include <limits>
+#include <utility>
 
 #include "data/text.h"
+#include "logic/free_times.h"
 
 namespace veyra {
 namespace {
-
-using modRes::kFirstSlot;
-using modRes::kLastSlot;
-using modRes::TimeSlot;
-
-/// By slot, whether it is taken; entry 0 is not used.
-using TakenSlots = std::array<bool, kLastSlot + 1>;
 
 std::optional<std::size_t> PlaceOf(const std::vector<Facility>& facilities, std::int64_t id) {
   for (std::size_t i = 0; i < facilities.size(); ++i) {
@@ -36,38 +32,12 @@ void AddBooking(const Booking& booking, const ListingRequest& request, const std
   listing[{*booking.Day, *place}].push_back({booking.Slots, booking.Event, booking.Group});
 }
 
-TakenSlots TakenBy(const std::vector<Stretch>& bookings) {
-  TakenSlots taken{};
-  for (const Stretch& booking : bookings) {
-    const TimeSlot first = std::max(booking.Slots.First, kFirstSlot);
-    for (TimeSlot slot = first; slot <= booking.Slots.Last; ++slot) {
-      taken.at(static_cast<std::size_t>(slot)) = true;
-    }
-  }
-  return taken;
-}
-
-std::vector<Stretch> FreeOf(const TakenSlots& taken, int half_hours) {
-  std::vector<Stretch> free;
-  TimeSlot first = kFirstSlot;
-  for (TimeSlot slot = kFirstSlot; slot <= kLastSlot + 1; ++slot) {
-    if (slot <= kLastSlot && !taken.at(static_cast<std::size_t>(slot))) {
-      continue;
-    }
-    if (slot - first >= half_hours) {
-      free.push_back({{first, slot - 1}, {}, {}});
-    }
-    first = slot + 1;
-  }
-  return free;
-}
-
 }  // namespace
 
 DayListing ListBookings(Store& store, const ListingRequest& request) {
-  std::optional<std::int64_t> only;
+  std::vector<std::int64_t> only;
   if (request.Facilities.size() == 1) {
-    only = request.Facilities.front().ID;
+    only.push_back(request.Facilities.front().ID);
   }
   DayListing listing;
   const std::string guest = UpperCase(request.Guest);
@@ -84,21 +54,20 @@ DayListing ListBookings(Store& store, const ListingRequest& request) {
 }
 
 DayListing ListFreeTimes(Store& store, const ListingRequest& request, int half_hours) {
-  ListingRequest everybody = request;
-  everybody.Guest.clear();
-  const DayListing bookings = ListBookings(store, everybody);
-  DayListing free;
-  for (Date day = *request.Days.From; day <= *request.Days.To; day = AddDays(day, 1)) {
-    for (std::size_t i = 0; i < request.Facilities.size(); ++i) {
-      const auto booked = bookings.find({day, i});
-      const TakenSlots taken = booked == bookings.end() ? TakenSlots{} : TakenBy(booked->second);
-      auto stretches = FreeOf(taken, half_hours);
-      if (!stretches.empty()) {
-        free.emplace(std::pair{day, i}, std::move(stretches));
-      }
-    }
+  modRes::FreeTimeWish wish{.From = *request.Days.From,
+                            .To = *request.Days.To,
+                            .HalfHours = half_hours,
+                            .Facilities = request.Facilities};
+  std::fill(wish.Weekdays.begin(), wish.Weekdays.end(), true);
+  modRes::FreeTimeFinder finder(store, std::numeric_limits<std::size_t>::max());
+  finder.LookFor(std::move(wish));
+  while (finder.WorkOn(std::chrono::hours{1})) {
   }
-  return free;
+  DayListing listing;
+  for (const modRes::FreeTime& free : finder.Found()) {
+    listing[{free.Day, free.Place}].push_back({free.Slots, {}, {}});
+  }
+  return listing;
 }
 
 }  // namespace veyra

@@ -10,12 +10,16 @@
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
 #include "forms/about/qt_about_window.h"
+#include "forms/board/frmBoard.h"
+#include "forms/board/qt_board_window.h"
 #include "forms/day/frmDay.h"
 #include "forms/day/qt_day_window.h"
 #include "forms/dayviewer/frmDayViewer.h"
 #include "forms/dayviewer/qt_dayviewer_window.h"
 #include "forms/find/frmFind.h"
 #include "forms/find/qt_find_window.h"
+#include "forms/free/frmFree.h"
+#include "forms/free/qt_free_window.h"
 #include "forms/multiday/frmMultiDay.h"
 #include "forms/multiday/qt_multiday_window.h"
 #include "forms/settings/frmSettings.h"
@@ -96,6 +100,30 @@ class OpenFindWindow {
   frmFind Logic;
 };
 
+class OpenFreeWindow {
+ public:
+  OpenFreeWindow(Session& session, FreeFields& fields, Windows& windows, const Clock& clock,
+                 const HandlerGuard& guard)
+      : Window(guard), Logic(session, fields, Window, windows, clock) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtFreeWindow Window;
+  frmFree Logic;
+};
+
+class OpenBoard {
+ public:
+  OpenBoard(Session& session, Windows& windows, const Clock& clock, const HandlerGuard& guard,
+            QWidget& owner)
+      : Window(guard, owner), Logic(session, Window, windows, clock) {
+    Window.SetHandler(&Logic);
+  }
+
+  QtBoardWindow Window;
+  frmBoard Logic;
+};
+
 /// The multiple-day window and its logic, made with the first day window and kept for the run.
 class OpenMultiDay {
  public:
@@ -157,18 +185,24 @@ void Program::End() {
 
 void Program::CloseDatabases() {
   if (!sign_.IsWaiting()) {
-    if (find_) {
-      find_->Logic.Drop();
-    }
+    DropSearches();
     session_.ResCon.reset();
     session_.GuestCon.reset();
   }
 }
 
-void Program::OpenCalendarAnew() {
+/// They read the calendar that is about to be closed.
+void Program::DropSearches() {
   if (find_) {
     find_->Logic.Drop();
   }
+  if (free_) {
+    free_->Logic.Drop();
+  }
+}
+
+void Program::OpenCalendarAnew() {
+  DropSearches();
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
   modRes::RefreshListings(session_, ListingsOfDay());
   if (day_) {
@@ -196,6 +230,9 @@ void Program::FillAnew() {
   if (day_) {
     day_->Logic.FillGrid();
   }
+  if (board_ && board_->Window.isVisible()) {
+    board_->Logic.Fill();
+  }
 }
 
 void Program::ShowMonthWindow() {
@@ -216,7 +253,8 @@ void Program::OpenDayWindow(const std::string& caption) {
     day->Logic.Form_Unload();
     return;
   }
-  QObject::connect(&day->Window, &QtDayWindow::Unloaded, &day->Window, [this] { DropDayWindow(); });
+  QObject::connect(&day->Window, &QtDayWindow::Unloaded, &day->Window,
+                   [this] { DayWindowClosed(); });
   foot_.Add(day->Window);
   day->Window.setWindowTitle(ToQString(caption));
   if (session_.DayOpener == kDayViewer) {
@@ -232,6 +270,13 @@ void Program::OpenDayWindow(const std::string& caption) {
 void Program::DropDayWindow() {
   if (day_) {
     day_.release()->deleteLater();
+  }
+}
+
+void Program::DayWindowClosed() {
+  DropDayWindow();
+  if (board_) {
+    guard_.Run([this] { board_->Logic.DayClosed(); });
   }
 }
 
@@ -317,8 +362,29 @@ void Program::OpenFind() {
   ShowOver(find_->Window, month_window_);
 }
 
-void Program::OpenDayOf(const std::string& facility, Date day) {
+void Program::OpenFreeTimes() {
+  auto free = std::make_unique<OpenFreeWindow>(session_, free_fields_, *this, clock_, guard_);
+  free->Logic.Form_Load();
+  free_ = std::move(free);
+  ShowOver(free_->Window, month_window_);
+}
+
+void Program::OpenDayBoard(Date day) {
+  auto board = std::make_unique<OpenBoard>(session_, *this, clock_, guard_, month_window_);
+  board->Logic.Form_Load(day);
+  board_ = std::move(board);
+  board_->Window.ShowWindow();
+}
+
+bool Program::OpenDayOf(const std::string& facility, Date day) {
   month_.OpenDay(facility, day);
+  return day_ != nullptr;
+}
+
+void Program::ChooseRows(modRes::SlotRange rows) {
+  if (day_) {
+    day_->Logic.ChooseRows(rows);
+  }
 }
 
 void Program::ShowHelp(int topic) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "forms/desk_undo.h"
+#include "forms/free/free_view.h"
 #include "forms/handler_guard.h"
 #include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
@@ -22,8 +23,10 @@
 namespace veyra {
 
 class OpenAboutBox;
+class OpenBoard;
 class OpenDay;
 class OpenFindWindow;
+class OpenFreeWindow;
 class OpenMultiDay;
 class OpenSettingsWindow;
 class OpenViewer;
@@ -64,7 +67,10 @@ class Program : public Windows {
   void OpenSettings() override;
   void OpenAbout() override;
   void OpenFind() override;
-  void OpenDayOf(const std::string& facility, Date day) override;
+  void OpenFreeTimes() override;
+  void OpenDayBoard(Date day) override;
+  bool OpenDayOf(const std::string& facility, Date day) override;
+  void ChooseRows(modRes::SlotRange rows) override;
   void ShowHelp(int topic) override;
   void Undo() override;
   void ShowWhatIsStored() override;
@@ -83,6 +89,8 @@ class Program : public Windows {
   void FillAnew();
 
   void DropDayWindow();
+  void DayWindowClosed();
+  void DropSearches();
   modRes::Listings ListingsOfDay();
   OpenMultiDay& MultiDay();
 
@@ -106,6 +114,9 @@ class Program : public Windows {
   std::unique_ptr<OpenSettingsWindow> settings_;
   std::unique_ptr<OpenAboutBox> about_;
   std::unique_ptr<OpenFindWindow> find_;
+  FreeFields free_fields_;
+  std::unique_ptr<OpenFreeWindow> free_;
+  std::unique_ptr<OpenBoard> board_;
   std::unique_ptr<OpenDay> day_;
   std::unique_ptr<HelpViewer> help_;
 };

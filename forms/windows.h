@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/date.h"
+#include "logic/slots.h"
 
 namespace veyra {
 
@@ -51,12 +52,20 @@ class Windows {
   virtual void OpenSettings() = 0;
   virtual void OpenAbout() = 0;
 
-  /// Loads and shows the find window.
+  /// Loads and shows the find window, the window of free times.
   virtual void OpenFind() = 0;
+  virtual void OpenFreeTimes() = 0;
+
+  /// Loads and shows the board of that day.
+  virtual void OpenDayBoard(Date day) = 0;
 
   /// Picks the facility in the month window, turns to the day and opens it for booking, as a left
-  /// click on it does.
-  virtual void OpenDayOf(const std::string& facility, Date day) = 0;
+  /// click on it does. Returns whether it is open.
+  virtual bool OpenDayOf(const std::string& facility, Date day) = 0;
+
+  /// Chooses these rows of the day window, if there is one, as Shift and the arrow keys do. Nothing
+  /// is booked.
+  virtual void ChooseRows(modRes::SlotRange rows) = 0;
 
   /// Shows that topic of the help file, one of those in logic/help_viewer.h, beside the windows.
   virtual void ShowHelp(int topic) = 0;

@@ -40,7 +40,7 @@ ROOMS = {
     "forms/month": ["data", "logic", "forms", "forms/month/print", "forms/widgets"],
     "app": ["data", "logic", "help", "forms"],
 }
-WINDOWS = ["about", "day", "dayviewer", "find", "multiday", "settings"]
+WINDOWS = ["about", "board", "day", "dayviewer", "find", "free", "multiday", "settings"]
 for window in WINDOWS:
     ROOMS[f"forms/{window}"] = ["data", "logic", "forms", "forms/widgets"]
 ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]

@@ -28,6 +28,9 @@ class DayView : public DayGridScreen {
   /// Makes `row` (1 to 48) of the time column the grid's current cell.
   virtual void SetCurrentRow(int row) = 0;
 
+  /// Highlights these rows and brings them in sight: Enter in the grid ends the range there.
+  virtual void ChooseRows(int first, int last) = 0;
+
   /// Selects the whole text of Combo1, which has the focus.
   virtual void SelectAllText() = 0;
 

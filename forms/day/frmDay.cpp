@@ -119,6 +119,10 @@ void frmDay::UndoKey() {
   windows_.Undo();
 }
 
+void frmDay::ChooseRows(modRes::SlotRange rows) {
+  view_.ChooseRows(rows.First, rows.Last);
+}
+
 void frmDay::Form_Unload() {
   if (session_.DayOpener == kDayViewer) {
     windows_.ShowDayViewer();

@@ -44,6 +44,9 @@ class frmDay {
 
   void UndoKey();  ///< Control and Z.
 
+  /// Chooses a range that the operator may then book, by Enter in the grid.
+  void ChooseRows(modRes::SlotRange rows);
+
   /// Fills the grid anew with what the calendar holds. Throws DatabaseError.
   void FillGrid();
 

@@ -199,6 +199,10 @@ void QtDayWindow::SetCurrentRow(int row) {
   MSFlexGrid1_->SetCurrentRow(row);
 }
 
+void QtDayWindow::ChooseRows(int first, int last) {
+  MSFlexGrid1_->ChooseRows(first, last);
+}
+
 void QtDayWindow::ShowMode(bool multiple) {
   Book_[multiple ? 1 : 0]->setChecked(true);
 }

@@ -40,6 +40,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   void ShowNameHint(const std::string& hint) override;
   void ScrollToRow(int row) override;
   void SetCurrentRow(int row) override;
+  void ChooseRows(int first, int last) override;
   void ShowMode(bool multiple) override;
   void SelectAllText() override;
   void PlaceOnScreen() override;

@@ -24,7 +24,6 @@ constexpr int kRowPadding = 5;
 constexpr double kSmallestFont = 6.5;
 constexpr double kFontStep = 0.25;
 constexpr int kScrollMilliseconds = 60;
-constexpr double kBookedTint = 0.22;
 
 QTableWidgetItem* MakeItem() {
   auto* item = new QTableWidgetItem;
@@ -40,11 +39,6 @@ QTableWidgetItem* MakeTimeItem(int row) {
   item->setBackground(theme.color(QPalette::Button));
   item->setForeground(theme.color(QPalette::ButtonText));
   return item;
-}
-
-QBrush BookedBackground() {
-  const QPalette theme = QGuiApplication::palette();
-  return Blend(theme.color(QPalette::Base), theme.color(QPalette::Highlight), kBookedTint);
 }
 
 }  // namespace
@@ -79,7 +73,7 @@ void QtSlotGrid::AddRows() {
 }
 
 void QtSlotGrid::ShowGuests(const DayGrid& grid) {
-  const QBrush booked = BookedBackground();
+  const QBrush booked = BookedColor(QGuiApplication::palette());
   for (int row = 1; row <= kRows; ++row) {
     const std::string& name = grid.Guest[row];
     QTableWidgetItem* cell = item(row - 1, kGuestColumn);
@@ -108,6 +102,14 @@ void QtSlotGrid::SetCurrentRow(int row) {
   end_row_ = row;
   selectionModel()->setCurrentIndex(model()->index(row - 1, kTimeColumn),
                                     QItemSelectionModel::NoUpdate);
+}
+
+/// The first row is the one that is seen for certain.
+void QtSlotGrid::ChooseRows(int first, int last) {
+  SetCurrentRow(first);
+  StretchRangeTo(last);
+  scrollTo(model()->index(last - 1, kTimeColumn));
+  scrollTo(model()->index(first - 1, kTimeColumn));
 }
 
 void QtSlotGrid::StretchRangeTo(int row) {

@@ -27,6 +27,9 @@ class QtSlotGrid : public QTableWidget {
   /// sight stays there.
   void SetCurrentRow(int row);
 
+  /// Highlights the range and brings it in sight, as if the keyboard had stretched it.
+  void ChooseRows(int first, int last);
+
   int CurrentRow() const { return currentRow() + 1; }
 
  signals:

@@ -79,8 +79,10 @@ void frmFind::List1_Chosen(std::size_t line) {
 }
 
 void frmFind::Drop() {
-  finder_.reset();
-  view_.CloseWindow();
+  if (finder_) {
+    finder_.reset();
+    view_.CloseWindow();
+  }
 }
 
 void frmFind::Form_Unload() {

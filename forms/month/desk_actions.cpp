@@ -13,9 +13,22 @@ DeskActions::DeskActions(frmCalendar& month, Windows& windows, Dialogs& dialogs,
     : month_(month), windows_(windows), dialogs_(dialogs), clock_(clock) {}
 
 void DeskActions::Find() {
+  OpenOver([this] { windows_.OpenFind(); });
+}
+
+void DeskActions::FindFreeTime() {
+  OpenOver([this] { windows_.OpenFreeTimes(); });
+}
+
+void DeskActions::ShowDayBoard() {
+  OpenOver([this] { windows_.OpenDayBoard(month_.ChosenDate()); });
+}
+
+/// The month window waits for the one that is opened, unless that fails to open.
+void DeskActions::OpenOver(const std::function<void()>& open) {
   windows_.EnableMonthWindow(false);
   try {
-    windows_.OpenFind();
+    open();
   } catch (...) {
     windows_.EnableMonthWindow(true);
     throw;

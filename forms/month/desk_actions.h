@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 
 #include "forms/month/frmCalendar.h"
 #include "forms/windows.h"
@@ -29,13 +30,19 @@ class DeskActions {
   /// Picks that facility of the box, counted from 1. Nothing happens when there are not so many.
   void PickFacility(std::size_t number);
 
-  /// Opens the find window.
+  /// Opens the find window, the window of free times.
   void Find();
+  void FindFreeTime();
+
+  /// Opens the board of the chosen day.
+  void ShowDayBoard();
 
   /// Takes back what the desk did last, when the operator agrees.
   void Undo();
 
  private:
+  void OpenOver(const std::function<void()>& open);
+
   frmCalendar& month_;
   Windows& windows_;
   Dialogs& dialogs_;

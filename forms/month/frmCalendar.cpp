@@ -249,8 +249,18 @@ void frmCalendar::ShowDay(Date day) {
   view_.ChooseDay(CellOf(day));
 }
 
+Date frmCalendar::ChosenDate() const {
+  const Date first_day = MakeDate(session_.CurYear, session_.CurMonth, 1).value();
+  return DateOfCell(std::max(view_.ChosenDay(), WeekdayNumber(first_day)));
+}
+
 void frmCalendar::OpenDay(const std::string& facility, Date day) {
   PickFacility(facility);
+  if (modRes::CurrentFacility(session_) != facility) {
+    dialogs_.MsgBox({.Text = "The facility " + ShownName(facility) + " is not there any more.",
+                     .Sign = Icon::Exclamation});
+    return;
+  }
   ShowDay(day);
   session_.PrintLayoutOn = false;
   lstDay_MouseDown(CellOf(day), MouseButton::Left);

@@ -76,8 +76,11 @@ class frmCalendar {
   /// kLastYear.
   void ShowDay(Date day);
 
+  /// The day of the cell that is chosen, or was last; the first of the month when none was.
+  Date ChosenDate() const;
+
   /// Picks the facility, turns to the day and opens it for booking, whatever else the first click
-  /// after printing would do. REQUIRES: as for ShowDay.
+  /// after printing would do; says so when the facility is gone. REQUIRES: as for ShowDay.
   void OpenDay(const std::string& facility, Date day);
 
   /// Picks that entry of the facility box, as Combo1_Click does, and shows it in the box.

@@ -36,6 +36,9 @@ class MonthView : public modRes::MonthScreen {
   /// Gives the focus to lstDay(cell_index), 1 to 42, which belongs to the month.
   virtual void ChooseDay(int cell_index) = 0;
 
+  /// The cell, 1 to 42, that has the focus or had it last; 0 when there was none yet.
+  virtual int ChosenDay() const = 0;
+
   /// Places the window at the top of the screen, centred across it.
   virtual void PlaceAtTopCentre() = 0;
 };

@@ -28,6 +28,10 @@ QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
   AddEntry(*this, "mnuGoToDate", "Go to Date...", {QKeySequence(Qt::CTRL | Qt::Key_G)},
            &DeskActions::GoToDate);
   AddEntry(*this, "mnuFind", "Find...", {QKeySequence(Qt::CTRL | Qt::Key_F)}, &DeskActions::Find);
+  AddEntry(*this, "mnuFreeTime", "Free Time...", {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+           &DeskActions::FindFreeTime);
+  AddEntry(*this, "mnuDayBoard", "Day Board", {QKeySequence(Qt::CTRL | Qt::Key_B)},
+           &DeskActions::ShowDayBoard);
   AddEntry(*this, "mnuUndo", "Undo...", {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &DeskActions::Undo);
   facilities_ = addMenu(QStringLiteral("Facility"));
   facilities_->setObjectName(QStringLiteral("mnuFacility"));

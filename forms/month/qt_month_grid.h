@@ -32,6 +32,9 @@ class QtMonthGrid : public QWidget {
   /// Gives the focus to lstDay(index), a cell that holds a day.
   void Choose(int index);
 
+  /// The cell that has the focus or had it last; 0 before any month was shown.
+  int Chosen() const { return tab_stop_; }
+
   /// Says in the middle of the days what is to be done first; nothing when the text is empty.
   void ShowHint(const QString& hint);
 

@@ -285,6 +285,10 @@ void QtMonthWindow::ChooseDay(int cell_index) {
   grid_->Choose(cell_index);
 }
 
+int QtMonthWindow::ChosenDay() const {
+  return grid_->Chosen();
+}
+
 void QtMonthWindow::PlaceAtTopCentre() {
   const QRect room = screen()->availableGeometry();
   const QSize most(room.width(), room.height() - kRoomForWindowFrame);

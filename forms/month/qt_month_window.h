@@ -46,6 +46,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void SelectAllText() override;
   void FocusPrintButton() override;
   void ChooseDay(int cell_index) override;
+  int ChosenDay() const override;
   void PlaceAtTopCentre() override;
 
  protected:

@@ -116,4 +116,9 @@ QColor Blend(const QColor& first, const QColor& second, double share) {
           mix(first.blue(), second.blue())};
 }
 
+QColor BookedColor(const QPalette& theme) {
+  constexpr double kTint = 0.22;
+  return Blend(theme.color(QPalette::Base), theme.color(QPalette::Highlight), kTint);
+}
+
 }  // namespace veyra

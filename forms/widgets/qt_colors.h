@@ -25,4 +25,7 @@ void SetColor(QWidget& widget, QPalette::ColorRole role, const QColor& color);
 /// The colour between two: `first` at 0, `second` at 1.
 QColor Blend(const QColor& first, const QColor& second, double share);
 
+/// The background of a half hour that is booked.
+QColor BookedColor(const QPalette& theme);
+
 }  // namespace veyra

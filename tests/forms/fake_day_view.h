@@ -13,6 +13,7 @@ class FakeDayView : public DayView {
   NameBox Combo1;
   std::string Heading;
   std::string NameHint;
+  std::string ChosenRows;
   int TopRow = 0;
   int CurrentRow = 0;
   int TextsSelected = 0;
@@ -29,6 +30,9 @@ class FakeDayView : public DayView {
   void ShowNameHint(const std::string& hint) override { NameHint = hint; }
   void ScrollToRow(int row) override { TopRow = row; }
   void SetCurrentRow(int row) override { CurrentRow = row; }
+  void ChooseRows(int first, int last) override {
+    ChosenRows = std::to_string(first) + "-" + std::to_string(last);
+  }
   void SelectAllText() override { ++TextsSelected; }
   void ShowMode(bool multiple) override { Multiple = multiple; }
   void PlaceOnScreen() override { Placed = true; }

@@ -49,6 +49,7 @@ class FakeMonthView : public MonthView {
   void SelectAllText() override { ++TextsSelected; }
   void FocusPrintButton() override { PrintButtonFocused = true; }
   void ChooseDay(int cell_index) override { ChosenCell = cell_index; }
+  int ChosenDay() const override { return ChosenCell; }
   void PlaceAtTopCentre() override { Placed = true; }
 };
 

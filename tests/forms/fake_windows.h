@@ -33,8 +33,14 @@ class FakeWindows : public Windows {
   void OpenSettings() override { Load("open settings", ""); }
   void OpenAbout() override { Load("open about", ""); }
   void OpenFind() override { Load("open find", ""); }
-  void OpenDayOf(const std::string& facility, Date day) override {
+  void OpenFreeTimes() override { Load("open free times", ""); }
+  void OpenDayBoard(Date day) override { Load("open board", DateText(day)); }
+  bool OpenDayOf(const std::string& facility, Date day) override {
     Add("open " + DateText(day) + " of " + facility);
+    return DayMayBeOpened;
+  }
+  void ChooseRows(modRes::SlotRange rows) override {
+    Add("choose " + std::to_string(rows.First) + "-" + std::to_string(rows.Last));
   }
   void ShowHelp(int topic) override { Add("help " + std::to_string(topic)); }
   void Undo() override { Add("undo"); }

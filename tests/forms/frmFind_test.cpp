@@ -111,5 +111,13 @@ TEST_F(FrmFindTest, ADayOfAnotherFacilityIsOpened) {
   EXPECT_EQ("hide month\nopen day \"  12/22/2014 Bookings\"\n", windows_.Log);
 }
 
+TEST_F(FrmFindTest, AFacilityThatIsGoneOpensNoDayOfAnother) {
+  Start({"Pool", "Hall"});
+  Remove("Hall");
+  calendar_->OpenDay("Hall", MakeDate(2014, 12, 22).value());
+  EXPECT_EQ("The facility Hall is not there any more.", dialogs_.LastMessage().Text);
+  EXPECT_EQ("", windows_.Log);
+}
+
 }  // namespace
 }  // namespace veyra

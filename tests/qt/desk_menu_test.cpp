@@ -88,7 +88,8 @@ TEST_F(DeskMenuTest, ARightClickOnTheBackgroundOpensTheMenu) {
   RightClick(Label("lblMonth"));
   ASSERT_TRUE(IsMenuOpen());
   EXPECT_EQ(
-      "Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nUndo... [Ctrl+Z]\nFacility []\n",
+      "Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nFree Time... "
+      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\nFacility []\n",
       Entries(Menu()));
   EXPECT_EQ("Pool [Ctrl+1]\nHall [Ctrl+2]\n", Entries(Find<QMenu>("mnuFacility")));
   Menu().close();
@@ -154,8 +155,10 @@ TEST_F(DeskMenuTest, WithoutFacilitiesTheMenuHasNoPlaceForThem) {
   dialogs_.AnswerNext(Answer::Yes);
   Find<QPushButton>("Command4").click();
   Find<QPushButton>("Command4").click();
-  EXPECT_EQ("Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nUndo... [Ctrl+Z]\n",
-            Entries(Menu()));
+  EXPECT_EQ(
+      "Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nFree Time... "
+      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\n",
+      Entries(Menu()));
 }
 
 TEST_F(DeskMenuTest, WhileAnotherWindowIsWaitedForTheKeysDoNothing) {

@@ -19,11 +19,20 @@ std::string NameOf(const fs::path& path) {
   return OneLine(path.filename().string());
 }
 
+/// A log that holds no change does no harm, and the next change uses it.
+bool IsEmpty(const fs::path& log) {
+  std::error_code gone;
+  return fs::file_size(log, gone) == 0 && !gone;
+}
+
 void CheckLogs(const fs::path& calendar, Findings& findings) {
   if (IsInUse(calendar)) {
     return;
   }
   for (const fs::path& log : LogsBeside(calendar)) {
+    if (IsEmpty(log)) {
+      continue;
+    }
     findings.push_back(
         {.Kind = "log-left",
          .What = NameOf(log) + " was left by a calendar that was not closed properly.",

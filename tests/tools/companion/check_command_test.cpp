@@ -221,6 +221,11 @@ TEST_P(CheckCommandTest, ALogThatNobodyIsUsingIsNamed) {
   EXPECT_NE(std::string::npos, Found().find("log-left: Calendar.mdb-journal was left"));
 }
 
+TEST_P(CheckCommandTest, ALogWithoutAnyChangeIsNothingWrong) {
+  temp_.Write("data/Calendar.mdb-journal", "");
+  EXPECT_EQ(std::string::npos, Found().find("log-left")) << Found();
+}
+
 TEST_P(CheckCommandTest, ADamagedFileIsFoundToBeSo) {
   for (int i = 1; i <= 48; ++i) {
     Book(pool_, "2026-03-02", i, i, "Booking");

@@ -11,6 +11,13 @@
 
 namespace veyra::faults {
 
+/// What a program that the disk was loaded into shares with the test that started it.
+struct Meter {
+  std::int32_t KillAt =
+      0;  ///< The step at which the program is killed; 0 for none. Set by the test.
+  std::int32_t Steps = 0;  ///< Those that have been.
+};
+
 /// The disk as the calls meet it. Every member but NameOf counts or changes something, so each is
 /// asked once a call, under the mutex.
 class Disk {
@@ -51,6 +58,7 @@ class Disk {
   Disk();
 
   Plan plan_;
+  Meter* meter_ = nullptr;
   std::string real_folder_;
   Seen seen_;
 };

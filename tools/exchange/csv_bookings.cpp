@@ -97,6 +97,9 @@ class RecordReader {
     if (span.To <= span.From) {
       span.To += kDay;
     }
+    if (span.To > kDay && YearOf(AddDays(span.Day, 1)) > kLastYear) {
+      throw Unreadable(place_, "it ends after the last day that there is.");
+    }
     return span;
   }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/daily_backup.h"
+#include "app/front_refresh.h"
 #include "app/startup.h"
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
@@ -171,6 +172,23 @@ bool Program::Start(const std::string& app_folder, const std::string& program_fo
     StartDailyBackup(companion, data);
   });
   ShowMonthWindow();
+  new FrontRefresh(
+      &month_window_, clock_,
+      {[this] {
+         return QApplication::activeModalWidget() != nullptr ||
+                QApplication::activePopupWidget() != nullptr || sign_.IsWaiting() ||
+                (day_ && day_->Window.IsDragging());
+       },
+       [this] {
+         guard_.Run([this] {
+           // A facility's name that is being typed stays.
+           if (month_.FacilityBox().Text == modRes::CurrentFacility(session_).value_or("")) {
+             FillAnew();
+           } else {
+             month_.RefreshMonth();
+           }
+         });
+       }});
   return true;
 }
 

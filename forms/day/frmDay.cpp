@@ -95,6 +95,8 @@ void frmDay::Book_Click(int index) {
   multiple_ = index == 1;
   if (multiple_) {
     PlanSeveralDays();
+  } else {
+    EndSeveralDays();
   }
 }
 
@@ -189,6 +191,7 @@ void frmDay::BookSelection() {
   }
   const bool grid_is_right = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_},
                                                   Grid(), listings_.Time, dialogs_);
+  grid_is_old_ = multiple_;
   if (!grid_is_right) {
     FillGrid();
   }
@@ -236,7 +239,15 @@ void frmDay::PlanSeveralDays() {
   windows_.ShowMultiDayWindow(DateText(session_.DayDate));
 }
 
+/// From here on the grid is trusted, so it must show the series that was just booked.
+void frmDay::EndSeveralDays() {
+  if (grid_is_old_) {
+    FillGrid();
+  }
+}
+
 void frmDay::FillGrid() {
+  grid_is_old_ = false;
   MSFlexGrid1_ = {};
   modRes::FillDayList(session_, MSFlexGrid1_, session_.DayDate);
   view_.ShowGrid(MSFlexGrid1_);

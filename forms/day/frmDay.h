@@ -67,6 +67,7 @@ class frmDay {
   std::string Question() const;
   bool Confirm(const std::string& question);
   void PlanSeveralDays();
+  void EndSeveralDays();
   ShownGrid Grid() { return {MSFlexGrid1_, view_}; }
 
   Session& session_;
@@ -78,6 +79,7 @@ class frmDay {
   DayGrid MSFlexGrid1_;
   NameBox Combo1_;
   bool multiple_ = false;
+  bool grid_is_old_ = false;  ///< A series was booked since it was filled.
 };
 
 }  // namespace veyra

@@ -164,6 +164,10 @@ void QtDayWindow::Report(const std::function<void(frmDay&)>& gesture) {
   }
 }
 
+bool QtDayWindow::IsDragging() const {
+  return MSFlexGrid1_->IsDragging();
+}
+
 void QtDayWindow::ShowGrid(const DayGrid& grid) {
   MSFlexGrid1_->ShowGuests(grid);
 }

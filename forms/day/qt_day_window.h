@@ -33,6 +33,9 @@ class QtDayWindow : public QMainWindow, public DayView {
   /// nothing.
   void SetHandler(frmDay* handler) { handler_ = handler; }
 
+  /// Whether rows are being dragged over.
+  bool IsDragging() const;
+
   void ShowGrid(const DayGrid& grid) override;
   void ShowHeading(const std::string& facility, const std::string& weekday) override;
   void ShowNameBox(const NameBox& box) override;

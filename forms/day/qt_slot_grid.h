@@ -30,6 +30,8 @@ class QtSlotGrid : public QTableWidget {
   /// Highlights the range and brings it in sight, as if the keyboard had stretched it.
   void ChooseRows(int first, int last);
 
+  bool IsDragging() const { return dragging_; }
+
   int CurrentRow() const { return currentRow() + 1; }
 
  signals:

@@ -1,12 +1,15 @@
 #include "forms/month/qt_day_cell.h"
 
 #include <QBoxLayout>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "forms/month/qt_day_list.h"
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_mouse_button.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -51,6 +54,7 @@ void QtDayCell::ShowDay(const modRes::MonthCell& cell) {
     }
     lstDay_->ShowLines(cell.Lines);
   }
+  setToolTip(cell.Visible ? lstDay_->toolTip() : QString());
   lblDate_->setVisible(cell.Visible);
   lstDay_->setVisible(cell.Visible);
   update();
@@ -92,6 +96,22 @@ std::optional<QtMonthPage::Day> QtDayCell::InSight() const {
   day.Lines = lstDay_->LinesInSight();
   day.HasMore = day.Lines.size() < lstDay_->count();
   return day;
+}
+
+/// What is done beside the list, on the number's row or below the last line, is done to the day.
+void QtDayCell::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(has_day_);
+  if (has_day_) {
+    emit lstDay_->Pressed(ToMouseButton(event->button()));
+  }
+}
+
+void QtDayCell::mouseReleaseEvent(QMouseEvent* event) {
+  event->setAccepted(has_day_);
+}
+
+void QtDayCell::contextMenuEvent(QContextMenuEvent* event) {
+  event->setAccepted(has_day_);
 }
 
 QColor QtDayCell::FrameColor() const {

@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QGlyphRun>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QRawFont>
@@ -9,8 +10,10 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTextLayout>
+#include <QToolTip>
 
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_cut_line.h"
 #include "forms/widgets/qt_gesture_guard.h"
 #include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
@@ -21,16 +24,27 @@ namespace {
 
 constexpr int kPointSize = 9;
 
-/// Lines bear no focus frame of their own.
+/// Lines bear no focus frame of their own, and are drawn as far as they are to be seen.
 class LineDelegate : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  explicit LineDelegate(QtDayList* list) : QStyledItemDelegate(list), list_(*list) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem line = option;
+    initStyleOption(&line, index);
+    line.text = list_.ShownText(line.text);
+    list_.style()->drawControl(QStyle::CE_ItemViewItem, &line, painter, &list_);
+  }
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     option->state &= ~QStyle::State_HasFocus;
   }
+
+ private:
+  const QtDayList& list_;
 };
 
 QFont FixedPitchFont() {
@@ -97,6 +111,28 @@ void QtDayList::ShowLines(const modRes::DayLines& lines) {
   }
   horizontalScrollBar()->setValue(0);
   verticalScrollBar()->setValue(0);
+}
+
+QString QtDayList::ShownText(const QString& line) const {
+  if (horizontalScrollBar()->value() != 0) {
+    return line;
+  }
+  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+  return CutLine(line, fontMetrics(), viewport()->width() - 2 * margin);
+}
+
+/// Over a line that is cut, the whole of it; the list's own tooltip over all else.
+bool QtDayList::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QListWidgetItem* line = itemAt(help->pos());
+    if (line != nullptr && ShownText(line->text()) != line->text()) {
+      QToolTip::showText(help->globalPos(), PlainToolTip(ToUtf8(line->text())), viewport(),
+                         visualItemRect(line).intersected(viewport()->rect()));
+      return true;
+    }
+  }
+  return QListWidget::viewportEvent(event);
 }
 
 void QtDayList::SetBackground(const QColor& color) {

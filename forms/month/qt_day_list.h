@@ -19,6 +19,10 @@ class QtDayList : public QListWidget {
   /// Shows these lines, each on one line, from the first one's beginning.
   void ShowLines(const modRes::DayLines& lines);
 
+  /// What is to be seen of a line: as the list begins it, its beginning and an ellipsis when it is
+  /// longer than the list is wide; all of it once the list has been scrolled sideways.
+  QString ShownText(const QString& line) const;
+
   void SetBackground(const QColor& color);
 
   /// The lines that can be read as the list stands, each as far as it can: of a line and of a
@@ -37,6 +41,7 @@ class QtDayList : public QListWidget {
   void FocusChanged();
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

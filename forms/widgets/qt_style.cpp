@@ -10,6 +10,7 @@ constexpr int kScrollBarWidth = 12;
 constexpr int kButtonWidth = 86;
 constexpr int kButtonHeight = 27;
 constexpr int kButtonPadding = 24;
+constexpr int kToolTipDelay = 500;
 
 }  // namespace
 
@@ -23,9 +24,14 @@ int QtStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 int QtStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                        QStyleHintReturn* more) const {
-  return hint == SH_DialogButtonBox_ButtonsHaveIcons
-             ? 0
-             : QProxyStyle::styleHint(hint, option, widget, more);
+  switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+      return 0;
+    case SH_ToolTip_WakeUpDelay:
+      return kToolTipDelay;
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, more);
+  }
 }
 
 QSize QtStyle::sizeFromContents(ContentsType type, const QStyleOption* option,

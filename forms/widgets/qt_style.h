@@ -4,8 +4,8 @@
 
 namespace veyra {
 
-/// The desktop's own style, with buttons of an even size that bear texts only, and slender scroll
-/// bars.
+/// The desktop's own style, with buttons of an even size that bear texts only, slender scroll
+/// bars, and tooltips after half a second.
 /// REQUIRES: a QApplication.
 class QtStyle : public QProxyStyle {
   Q_OBJECT

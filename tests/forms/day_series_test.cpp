@@ -95,6 +95,16 @@ TEST_F(DaySeriesTest, AfterAMultipleBookingAnotherOnTheSameRowsFindsTheConflict)
             dialogs_.Boxes().back());
 }
 
+TEST_F(DaySeriesTest, ChoosingSingleBookingAfterAMultipleBookingFillsTheGridAgain) {
+  OpenDay();
+  Plan("4/6/2014", "4/6/2014", {1});
+  AnswerNext(Answer::Ok);
+  Drag(19, 21);
+  EXPECT_EQ("", Grid());
+  day_->Book_Click(0);
+  EXPECT_EQ("19 No Title\n20 No Title\n21 No Title\n", Grid());
+}
+
 TEST_F(DaySeriesTest, AfterAMultipleBookingTheSingleModeTrustsTheGrid) {
   OpenDay();
   Plan("4/6/2014", "4/6/2014", {1});

@@ -1,5 +1,7 @@
+#include <QHelpEvent>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "tests/qt/month_window_fixture.h"
 
@@ -125,6 +127,60 @@ TEST_F(MonthGesturesTest, ControlWithAnArrowKeyScrollsTheList) {
   Key(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ("lstDay(21)", FocusName());
   EXPECT_GT(List(21).horizontalScrollBar()->value(), 0);
+}
+
+class DayCellTest : public MonthWindowFixture {
+ protected:
+  static std::string ToolTipAt(const QPoint& place) {
+    QHelpEvent help(QEvent::ToolTip, place, List(21).viewport()->mapToGlobal(place));
+    QApplication::sendEvent(List(21).viewport(), &help);
+    return QToolTip::text().toStdString();
+  }
+};
+
+TEST_F(DayCellTest, AClickOnTheNumberOpensTheDay) {
+  Start();
+  QTest::mouseClick(&Number(21), Qt::LeftButton);
+  ASSERT_NE(nullptr, Day());
+  EXPECT_EQ("  3/15/2014 Bookings", Day()->windowTitle().toStdString());
+}
+
+TEST_F(DayCellTest, AClickBelowTheListOpensTheDay) {
+  Start();
+  QWidget* cell = List(21).parentWidget();
+  QTest::mouseClick(cell, Qt::LeftButton, {}, QPoint(cell->width() / 2, cell->height() - 2));
+  EXPECT_NE(nullptr, Day());
+}
+
+TEST_F(DayCellTest, TheRightButtonOnTheNumberShowsTheDayLarge) {
+  Start();
+  QTest::mousePress(&Number(21), Qt::RightButton);
+  EXPECT_NE(nullptr, Window("frmDayViewer"));
+}
+
+TEST_F(DayCellTest, WhereThereIsNoDayNothingOpens) {
+  Start();
+  QWidget* cell = List(42).parentWidget();
+  QTest::mouseClick(cell, Qt::LeftButton);
+  EXPECT_EQ(nullptr, Day());
+}
+
+TEST_F(DayCellTest, OverACutLineAllOfItComesUpAndElsewhereTheFixedHint) {
+  const std::string name(100, 'x');
+  data_.AddBooking(hall_, "2014-03-15", 19, 20, name);
+  data_.AddBooking(hall_, "2014-03-15", 25, 25, "A");
+  Start();
+  const auto middle = [](int row) {
+    return List(21)
+        .visualItemRect(List(21).item(row))
+        .intersected(List(21).viewport()->rect())
+        .center();
+  };
+  EXPECT_NE(std::string::npos, ToolTipAt(middle(0)).find(name));
+  EXPECT_EQ(0U, ToolTipAt(middle(1)).find("Left Click to Add/Change"));
+  EXPECT_NE(std::string::npos, ToolTipAt(middle(0)).find(name));
+  const QPoint below(5, List(21).viewport()->height() - 2);
+  EXPECT_EQ(0U, ToolTipAt(below).find("Left Click to Add/Change"));
 }
 
 }  // namespace

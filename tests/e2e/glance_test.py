@@ -1,0 +1,54 @@
+"""What is seen at a glance: cut lines, the whole cell of a day, and what others have changed."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+from datetime import date
+
+from desk import Desk, date_text
+from desk_test import PROGRAM, VEYRA_DATA, DeskTest, main, screen
+
+
+class GlanceTest(DeskTest):
+    def test_a_click_on_the_row_of_the_number_opens_the_day(self):
+        day = date.today().replace(day=17)
+        self.start()
+        x, y, width, _ = self.desk.day_cell(day).box
+        self.desk.screen.click(x + width // 2, y - 6 * self.desk.screen.scale)
+        self.desk.front_window(f"  {date_text(day)} Bookings")
+        self.desk.close_day()
+
+    def test_coming_back_from_another_program_shows_what_has_been_booked(self):
+        day = self.free_day("Main Hall")
+        self.start()
+        with Desk(screen(), self.another_calendar()) as other:
+            other.wait_for_month_window()
+            self.sql("INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo) SELECT ID, "
+                     f"'Quentin Zsolnay', '{day.isoformat()}', 19, 21 FROM Rooms "
+                     "WHERE Name = 'Main Hall';")
+            self.assertNotIn(" 9:00A-10:30A Quentin Zsolnay", self.all_lines_of(day))
+            self.desk.key("alt+Tab")
+            self.desk.wait_for_month_window()
+            self.desk.wait(lambda: " 9:00A-10:30A Quentin Zsolnay" in self.desk.lines_of(day),
+                           "the new booking in the month")
+
+    def all_lines_of(self, day):
+        """The lines of a day of the calendar, which is not in front."""
+        window = next(one for one in self.desk.windows())
+        cell = self.desk.find(f"Bookings on {date_text(day)}", "list", window)
+        return [item.name for item in cell.children if item.role == "list item"]
+
+    def another_calendar(self):
+        folder = tempfile.mkdtemp(prefix="veyra-app-")
+        self.addCleanup(shutil.rmtree, folder)
+        shutil.copy(PROGRAM, os.path.join(folder, "veyra-calendar"))
+        data = os.path.join(folder, "data")
+        subprocess.run([VEYRA_DATA, "new", data, "--sample"], check=True, stdout=subprocess.DEVNULL)
+        with open(os.path.join(folder, "path.txt"), "w", encoding="utf-8", newline="") as file:
+            file.write(f"{data}\r\n{data}\r\n")
+        return folder
+
+
+if __name__ == "__main__":
+    main()

@@ -21,7 +21,7 @@ namespace veyra::modRes {
 struct FreeTimeWish {
   Date From{};
   Date To{};                                  ///< Included.
-  OneBased<bool, 7> Weekdays;                 ///< 1 for Sunday to 7.
+  OneBased<bool, 7> Weekdays = {};            ///< 1 for Sunday to 7.
   SlotRange Hours = {kFirstSlot, kLastSlot};  ///< Of each day: nothing outside them counts.
   int HalfHours = 1;                          ///< The least length.
   std::vector<Facility> Facilities = {};

@@ -106,7 +106,7 @@ bool QtGestureGuard::MayPass(QEvent& event) {
     case QEvent::MouseButtonDblClick:
       return MayPassPress(static_cast<QMouseEvent&>(event));
     case QEvent::MouseButtonRelease:
-      return guard_.ButtonReleased(static_cast<QMouseEvent&>(event).button());
+      return guard_.ButtonReleased(static_cast<int>(static_cast<QMouseEvent&>(event).button()));
     default:
       return true;
   }

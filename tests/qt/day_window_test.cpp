@@ -384,7 +384,7 @@ TEST_F(DayWindowTest, OfALongFacilityNameTheWeekdayStaysInSight) {
   Names(Month()).activated(2);
   PressDay(21);
   ASSERT_NE(nullptr, Day());
-  const auto& heading = In<QLabel>(Day(), QStringLiteral("heading"));
+  auto& heading = In<QLabel>(Day(), QStringLiteral("heading"));
   EXPECT_TRUE(heading.text().endsWith(QLatin1String(", Saturday")));
   EXPECT_LE(heading.fontMetrics().horizontalAdvance(heading.text()), heading.width());
   EXPECT_LE(heading.mapTo(Day(), heading.rect().topRight()).x(), Day()->width());

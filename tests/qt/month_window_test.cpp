@@ -26,7 +26,7 @@ TEST_F(MonthWindowTest, TheButtonsBearTheirCaptionsAndToolTips) {
       {"Command3", "Print", "Print this Month's Calendar on your Default Printer"},
       {"Command4", "Delete Facility", "Delete the Selected Facility and All its Bookings"}};
   for (const Caption& expected : kButtons) {
-    const auto& button = Find<QPushButton>(expected.Name);
+    auto& button = Find<QPushButton>(expected.Name);
     EXPECT_EQ(expected.Text, button.text().toStdString());
     EXPECT_EQ(expected.Text, button.accessibleName().toStdString());
     EXPECT_EQ(expected.ToolTip, button.toolTip().toStdString());
@@ -79,7 +79,7 @@ TEST_F(MonthWindowTest, TheCellsStandSevenToARowSundayLeftmost) {
   Start();
   for (int cell = 7; cell <= 37; ++cell) {
     const int column = (cell - 1) % 7;
-    const QLabel& header = Label(QStringLiteral("Label2(%1)").arg(column));
+    QLabel& header = Label(QStringLiteral("Label2(%1)").arg(column));
     const QWidget* place = List(cell).parentWidget();
     EXPECT_EQ(header.x(), place->x()) << cell;
     EXPECT_EQ(List(cell - column).parentWidget()->y(), place->y()) << cell;

@@ -58,7 +58,7 @@ class SettingsWindowTest : public ProgramFixture {
 
   /// The colours of the sample, without its lines.
   static std::string Sample() {
-    const auto& frame = In<QWidget>(Settings(), "Frame1");
+    auto& frame = In<QWidget>(Settings(), "Frame1");
     const auto name = [](const QColor& color) { return color.name().toUpper().toStdString(); };
     return name(frame.palette().color(QPalette::Window)) + " " + TextColor("Label1") + " " +
            TextColor("Label2") + " " + TextColor("Label3(0)") + " " + TextColor("Label3(4)") + " " +

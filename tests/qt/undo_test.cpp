@@ -105,7 +105,7 @@ TEST_F(UndoKeyTest, TheLineMovesNothingAndCoversNoDay) {
   EXPECT_EQ(close, In<QWidget>(Day(), QStringLiteral("Command2")).geometry());
   EXPECT_EQ(grid, Grid().geometry());
   const QRect line(Foot(Day()).mapTo(Day(), QPoint()), Foot(Day()).size());
-  const auto& button = In<QWidget>(Day(), QStringLiteral("Command2"));
+  auto& button = In<QWidget>(Day(), QStringLiteral("Command2"));
   EXPECT_FALSE(line.intersects({button.mapTo(Day(), QPoint()), button.size()}));
   CloseDay();
   const QRect foot(Foot(Month()).mapTo(Month(), QPoint()), Foot(Month()).size());

@@ -12,7 +12,7 @@ namespace veyra::soak {
 std::string WrongLines(QWidget& month, Date day, std::vector<std::string> expected) {
   const Date first = AddDays(day, 1 - DayOf(day));
   const int cell = WeekdayNumber(first) + DayOf(day) - 1;
-  const auto& list = In<QListWidget>(month, QStringLiteral("lstDay(%1)").arg(cell));
+  auto& list = In<QListWidget>(month, QStringLiteral("lstDay(%1)").arg(cell));
   std::vector<std::string> shown;
   for (int row = 0; row < list.count(); ++row) {
     shown.push_back(ToUtf8(list.item(row)->text()));

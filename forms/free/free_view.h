@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <set>
@@ -14,11 +15,17 @@ namespace veyra {
 
 /// What the fields of the window of free times hold.
 struct FreeFields {
+  static OneBased<bool, 7> EveryWeekday() {
+    OneBased<bool, 7> days;
+    std::fill(days.begin(), days.end(), true);
+    return days;
+  }
+
   int HalfHours = 2;
-  OneBased<bool, 7> Days{{true, true, true, true, true, true, true}};  ///< 1 for Sunday to 7.
-  modRes::SlotRange Hours = {17, 44};   ///< From 8:00 AM to 10:00 PM.
-  std::array<std::string, 2> Text1;     ///< The first and the last date, as typed.
-  std::set<std::int64_t> LeftOut = {};  ///< The facilities that are not ticked, by ID.
+  OneBased<bool, 7> Days = EveryWeekday();  ///< 1 for Sunday to 7.
+  modRes::SlotRange Hours = {17, 44};       ///< From 8:00 AM to 10:00 PM.
+  std::array<std::string, 2> Text1;         ///< The first and the last date, as typed.
+  std::set<std::int64_t> LeftOut = {};      ///< The facilities that are not ticked, by ID.
 };
 
 /// What the window of free times is to show below its fields.

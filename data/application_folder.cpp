@@ -31,7 +31,7 @@ bool IsForAllUsers(const fs::path& program_folder) {
 }  // namespace
 
 std::string UserDataHome() {
-  // A relative one is to be ignored: XDG Base Directory Specification.
+  // A relative folder would be another one at every start.
   const char* named = std::getenv("XDG_DATA_HOME");
   if (named != nullptr && *named == '/') {
     return named;

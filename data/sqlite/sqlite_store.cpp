@@ -18,6 +18,7 @@
 #include "data/sqlite/journal_keeper.h"
 #include "data/sqlite/left_log.h"
 #include "data/sqlite/reader.h"
+#include "data/sqlite/row_writer.h"
 #include "data/sqlite/sql_text.h"
 #include "data/sqlite/verify.h"
 #include "data/store_errors.h"
@@ -28,14 +29,6 @@ namespace veyra::sqlite {
 namespace {
 
 constexpr std::chrono::milliseconds kNoWait{0};
-
-std::size_t ColumnIndex(const std::string& file, const Table& table, const std::string& name) {
-  const auto column = FindName(table.Columns, name);
-  if (!column) {
-    throw MissingColumn(file, table.Name, name);
-  }
-  return *column;
-}
 
 /// A table as it will stand in the catalogue once it is there for good.
 Table NewTable(const TableDefinition& definition) {
@@ -97,7 +90,7 @@ class SqliteStore : public FileStore {
   }
   std::size_t FittingCharacters(const std::string& table, const std::string& column,
                                 std::string_view text) override {
-    ColumnIndex(FileName(), Watched().catalogue().Find(table), column);
+    RequireColumn(FileName(), Watched().catalogue().Find(table), column);
     // SQLite takes texts of any length, whatever length is declared.
     return CharacterCount(text);
   }
@@ -156,55 +149,16 @@ class SqliteStore : public FileStore {
   void Commit(Change& change, const Look& is_made);
   bool IsMadeAfterAll(const DatabaseError& failure, const Look& is_made);
 
-  const Table& FindForWriting(const std::string& name);
-  void InsertRow(const Table& table, const FieldValues& fields);
-  Row ReadNewRow(const Table& table);
-  Row ChangeRow(const Table& table, const Row& before, const FieldValues& fields);
-  void RemoveRow(const Table& table, const Row& before);
   Look Make(const RowChange& change);
-  void Run(std::string sql, const std::vector<Value>& parameters);
-  bool ReadRow(const Table& table, RowKey key, Row& row);
-  void CheckUnchanged(const Table& table, const Row& before);
-  bool IsStored(const std::string& table, const Row& row);
 
   std::unique_ptr<FileKeeper> keeper_;    ///< Goes when the file is closed.
   std::unique_ptr<NoteRemover> remover_;  ///< Likewise.
   Reader reader_;
+  RowWriter rows_{reader_};
   JournalKeeper journal_{reader_};
   FileWatch watch_;
   std::optional<Report> notice_;
 };
-
-const Table& SqliteStore::FindForWriting(const std::string& name) {
-  const Table& table = reader_.catalogue().Find(name);
-  if (table.Key.empty()) {
-    throw DatabaseError({FileName(), "The rows of the table " + table.Name + " cannot be changed.",
-                         "The file was made by another program. Use the file of this program."});
-  }
-  return table;
-}
-
-bool SqliteStore::IsStored(const std::string& table, const Row& row) {
-  Row now;
-  return ReadRow(reader_.catalogue().Find(table), row.Key, now) && now.Values == row.Values;
-}
-
-void SqliteStore::Run(std::string sql, const std::vector<Value>& parameters) {
-  const auto statement = reader_.statements().Take(std::move(sql));
-  statement->Bind(parameters);
-  statement->Run();
-}
-
-bool SqliteStore::ReadRow(const Table& table, RowKey key, Row& row) {
-  const std::vector<Value> parameters{key};
-  const auto statement = reader_.statements().Take(SelectRowSql(table));
-  statement->Bind(parameters);
-  if (!statement->Step()) {
-    return false;
-  }
-  TakeRow(*statement, row);
-  return true;
-}
 
 /// Makes the change; `is_made` looks whether it is.
 void SqliteStore::Commit(Change& change, const Look& is_made) {
@@ -240,105 +194,47 @@ bool SqliteStore::IsMadeAfterAll(const DatabaseError& failure, const Look& is_ma
   throw OutcomeUnknown(FileName(), failure.report().Cause);
 }
 
-/// Compares what SQLite gives now with what it gave when `before` was read, rather than asking
-/// SQLite to compare: its own "=" takes some different values for equal (letter case in a column
-/// that ignores it, the number 1 and the text "1").
-void SqliteStore::CheckUnchanged(const Table& table, const Row& before) {
-  Row now;
-  if (!ReadRow(table, before.Key, now)) {
-    throw RowRemoved(FileName(), table.Name);
-  }
-  if (now.Values != before.Values) {
-    throw RowChanged(FileName(), table.Name);
-  }
-}
-
-void SqliteStore::InsertRow(const Table& table, const FieldValues& fields) {
-  std::vector<Value> by_column(table.Columns.size());
-  for (const auto& [name, value] : fields) {
-    by_column[ColumnIndex(FileName(), table, name)] = value;
-  }
-  std::vector<Value> stored;
-  for (std::size_t i = 0; i < by_column.size(); ++i) {
-    if (!table.Computed[i]) {
-      stored.push_back(std::move(by_column[i]));
-    }
-  }
-  Run(InsertSql(table), stored);
-}
-
-Row SqliteStore::ReadNewRow(const Table& table) {
-  Row row;
-  ReadRow(table, sqlite3_last_insert_rowid(reader_.database().handle()), row);
-  return row;
-}
-
-Row SqliteStore::ChangeRow(const Table& table, const Row& before, const FieldValues& fields) {
-  CheckUnchanged(table, before);
-  if (fields.empty()) {
-    return before;
-  }
-  std::vector<std::string> columns;
-  std::vector<Value> parameters;
-  for (const auto& [name, value] : fields) {
-    columns.push_back(table.Columns[ColumnIndex(FileName(), table, name)]);
-    parameters.push_back(value);
-  }
-  parameters.emplace_back(before.Key);
-  Run(UpdateSql(table, columns), parameters);
-  Row after;
-  if (!ReadRow(table, before.Key, after)) {
-    throw RowRemoved(FileName(), table.Name);
-  }
-  return after;
-}
-
-void SqliteStore::RemoveRow(const Table& table, const Row& before) {
-  CheckUnchanged(table, before);
-  Run(DeleteSql(table), {before.Key});
-}
-
 Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields) {
   Change change(*this);
-  const Table& table = FindForWriting(table_name);
-  InsertRow(table, fields);
-  Row row = ReadNewRow(table);
-  Commit(change, [&] { return IsStored(table_name, row); });
+  const Table& table = rows_.Find(table_name);
+  rows_.Insert(table, fields);
+  Row row = rows_.ReadNew(table);
+  Commit(change, [&] { return rows_.IsStored(table_name, row); });
   return row;
 }
 
 Row SqliteStore::Update(const std::string& table_name, const Row& before,
                         const FieldValues& fields) {
   Change change(*this);
-  Row after = ChangeRow(FindForWriting(table_name), before, fields);
+  Row after = rows_.Change(rows_.Find(table_name), before, fields);
   if (fields.empty()) {
     return after;
   }
-  Commit(change, [&] { return IsStored(table_name, after); });
+  Commit(change, [&] { return rows_.IsStored(table_name, after); });
   return after;
 }
 
 void SqliteStore::Delete(const std::string& table_name, const Row& before) {
   Change change(*this);
-  RemoveRow(FindForWriting(table_name), before);
-  Commit(change, [&] { return !IsStored(table_name, before); });
+  rows_.Remove(rows_.Find(table_name), before);
+  Commit(change, [&] { return !rows_.IsStored(table_name, before); });
 }
 
 /// Returns what looks whether the change is made.
 SqliteStore::Look SqliteStore::Make(const RowChange& change) {
-  const Table& table = FindForWriting(change.Table);
+  const Table& table = rows_.Find(change.Table);
   if (change.What == RowChange::Kind::Remove) {
-    RemoveRow(table, change.Before);
-    return [this, &change] { return !IsStored(change.Table, change.Before); };
+    rows_.Remove(table, change.Before);
+    return [this, &change] { return !rows_.IsStored(change.Table, change.Before); };
   }
   Row after;
   if (change.What == RowChange::Kind::Set) {
-    after = ChangeRow(table, change.Before, change.Fields);
+    after = rows_.Change(table, change.Before, change.Fields);
   } else {
-    InsertRow(table, change.Fields);
-    after = ReadNewRow(table);
+    rows_.Insert(table, change.Fields);
+    after = rows_.ReadNew(table);
   }
-  return [this, &change, after] { return IsStored(change.Table, after); };
+  return [this, &change, after] { return rows_.IsStored(change.Table, after); };
 }
 
 void SqliteStore::ChangeAll(const std::vector<RowChange>& changes,
@@ -366,7 +262,7 @@ void SqliteStore::CreateTable(const TableDefinition& definition) {
     reader_.database().Execute(CreateIndexSql(definition.Name, index));
   }
   for (const FieldValues& fields : definition.FirstRows) {
-    InsertRow(NewTable(definition), fields);
+    rows_.Insert(NewTable(definition), fields);
   }
   journal_.TableWasMade(NewTable(definition));
   Commit(change, [&] { return FindName(TableNames(), definition.Name).has_value(); });
@@ -380,7 +276,7 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
   }
   reader_.database().Execute(AddColumnSql(table, column));
   if (column.Copied) {
-    Run(CopyFieldSql(table, column.Name, *column.Copied), {column.Copied->Row});
+    rows_.Run(CopyFieldSql(table, column.Name, *column.Copied), {column.Copied->Row});
   }
   table.Columns.push_back(column.Name);
   table.Computed.push_back(false);

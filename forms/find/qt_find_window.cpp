@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -10,6 +9,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -22,11 +22,6 @@ constexpr double kShareOfScreen = 0.85;
 /// Which line of frmFind an item stands for.
 constexpr int kLineRole = Qt::UserRole;
 constexpr int kDividerHeight = 9;
-
-bool IsChoosing(int key) {
-  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
-         key == Qt::Key_PageDown;
-}
 
 }  // namespace
 
@@ -47,14 +42,16 @@ void QtFindWindow::BuildContents() {
   Text1_->setObjectName(QStringLiteral("Text1"));
   Text1_->setAccessibleName(QStringLiteral("Name"));
   Text1_->setClearButtonEnabled(true);
-  Text1_->installEventFilter(this);
   label->setBuddy(Text1_);
   List1_ = new QListWidget(contents);
   List1_->setObjectName(QStringLiteral("List1"));
   List1_->setAccessibleName(QStringLiteral("Bookings"));
   List1_->setTextElideMode(Qt::ElideRight);
   List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  List1_->installEventFilter(this);
+  auto* keys = new QtListKeys(
+      *List1_, [this] { ReportChosen(); }, this);
+  keys->Watch(*Text1_);
+  keys->Watch(*List1_);
   lblState_ = new QLabel(contents);
   lblState_->setObjectName(QStringLiteral("lblState"));
   lblState_->setTextFormat(Qt::PlainText);
@@ -77,19 +74,14 @@ void QtFindWindow::BuildContents() {
 }
 
 void QtFindWindow::ShowFound(const FindPicture& picture) {
-  const QString chosen = List1_->currentItem() != nullptr ? List1_->currentItem()->text() : "";
+  const QString chosen = ChosenLine(*List1_);
   List1_->clear();
   AddLines(picture.Upcoming, 0);
   if (!picture.Past.empty()) {
     AddDivider();
   }
   AddLines(picture.Past, static_cast<int>(picture.Upcoming.size()));
-  const auto same = List1_->findItems(chosen, Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (!chosen.isEmpty() && !same.isEmpty()) {
-    List1_->setCurrentItem(same.first());
-  } else {
-    List1_->setCurrentRow(picture.Upcoming.empty() && !picture.Past.empty() ? 1 : 0);
-  }
+  ChooseLine(*List1_, chosen, picture.Upcoming.empty() && !picture.Past.empty() ? 1 : 0);
   lblState_->setText(ToQString(picture.State));
 }
 
@@ -130,25 +122,6 @@ void QtFindWindow::ReportChosen() {
     const auto line = static_cast<std::size_t>(item->data(kLineRole).toInt());
     guard_.Run([&] { handler_->List1_Chosen(line); });
   }
-}
-
-/// The text keeps the focus: what chooses a line is handed on to the list.
-bool QtFindWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) {
-    return QMainWindow::eventFilter(watched, event);
-  }
-  auto& key = static_cast<QKeyEvent&>(*event);
-  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-    if (!key.isAutoRepeat()) {
-      ReportChosen();
-    }
-    return true;
-  }
-  if (watched == Text1_ && IsChoosing(key.key())) {
-    QCoreApplication::sendEvent(List1_, event);
-    return true;
-  }
-  return QMainWindow::eventFilter(watched, event);
 }
 
 void QtFindWindow::closeEvent(QCloseEvent* event) {

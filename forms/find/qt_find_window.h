@@ -29,7 +29,6 @@ class QtFindWindow : public QMainWindow, public FindView {
   void CloseWindow() override;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,6 +15,7 @@
 
 #include "data/shown_name.h"
 #include "forms/widgets/qt_help_item.h"
+#include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -32,11 +32,6 @@ constexpr int kIdRole = Qt::UserRole;
 
 constexpr OneBased<const char*, 7> kWeekdays({"Sunday", "Monday", "Tuesday", "Wednesday",
                                               "Thursday", "Friday", "Saturday"});
-
-bool IsChoosing(int key) {
-  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
-         key == Qt::Key_PageDown;
-}
 
 QHBoxLayout* AddRow(QBoxLayout* column) {
   auto* row = new QHBoxLayout;
@@ -67,9 +62,11 @@ void QtFreeWindow::BuildContents() {
   upper_part->addWidget(BuildFacilities());
   BuildResults(column);
   setCentralWidget(contents);
+  auto* keys = new QtListKeys(
+      *List1_, [this] { ReportChosen(); }, this);
   for (QWidget* field : contents->findChildren<QWidget*>()) {
     if (field->focusPolicy() != Qt::NoFocus) {
-      field->installEventFilter(this);
+      keys->Watch(*field);
     }
   }
   Length_->setFocus();
@@ -260,18 +257,13 @@ void QtFreeWindow::ReportFields() {
 }
 
 void QtFreeWindow::ShowFree(const FreePicture& picture) {
-  const QString chosen = List1_->currentItem() != nullptr ? List1_->currentItem()->text() : "";
+  const QString chosen = ChosenLine(*List1_);
   List1_->clear();
   for (const std::string& line : picture.Lines) {
     auto* item = new QListWidgetItem(OneLine(line), List1_);
     item->setToolTip(PlainToolTip(line));
   }
-  const auto same = List1_->findItems(chosen, Qt::MatchExactly | Qt::MatchCaseSensitive);
-  if (!chosen.isEmpty() && !same.isEmpty()) {
-    List1_->setCurrentItem(same.first());
-  } else {
-    List1_->setCurrentRow(0);
-  }
+  ChooseLine(*List1_, chosen, 0);
   lblState_->setText(ToQString(picture.State));
 }
 
@@ -292,25 +284,6 @@ void QtFreeWindow::ReportChosen() {
   if (line >= 0) {
     guard_.Run([&] { handler_->List1_Chosen(static_cast<std::size_t>(line)); });
   }
-}
-
-/// A date keeps the focus: what chooses a line is handed on to the list.
-bool QtFreeWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) {
-    return QMainWindow::eventFilter(watched, event);
-  }
-  auto& key = static_cast<QKeyEvent&>(*event);
-  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-    if (!key.isAutoRepeat()) {
-      ReportChosen();
-    }
-    return true;
-  }
-  if (qobject_cast<QLineEdit*>(watched) != nullptr && IsChoosing(key.key())) {
-    QCoreApplication::sendEvent(List1_, event);
-    return true;
-  }
-  return QMainWindow::eventFilter(watched, event);
 }
 
 void QtFreeWindow::closeEvent(QCloseEvent* event) {

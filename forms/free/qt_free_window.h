@@ -37,7 +37,6 @@ class QtFreeWindow : public QMainWindow, public FreeView {
   void CloseWindow() override;
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:

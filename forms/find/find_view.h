@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/piecework.h"
+
 namespace veyra {
 
 /// What the find window is to show.
@@ -13,16 +15,10 @@ struct FindPicture {
 };
 
 /// What the find window's logic tells its screen. The screen reports gestures to frmFind.
-class FindView {
+class FindView : public PieceworkView {
  public:
-  virtual ~FindView() = default;
-
   /// Shows these lines. The chosen one stays chosen where it is among them still.
   virtual void ShowFound(const FindPicture& picture) = 0;
-
-  /// Asks for frmFind::Work again and again, whenever there is nothing else to be done, or for no
-  /// more of it.
-  virtual void KeepWorking(bool working) = 0;
 
   /// Takes the window off the screen, which is then told to frmFind::Form_Unload.
   virtual void CloseWindow() = 0;

@@ -1,13 +1,9 @@
 #include "forms/find/frmFind.h"
 
-#include <chrono>
 #include <vector>
 
 namespace veyra {
 namespace {
-
-/// Short enough that nobody feels it in what he types.
-constexpr std::chrono::milliseconds kMoment{12};
 
 std::vector<std::string> Lines(const modRes::SlotLabelTable& labels,
                                const std::vector<modRes::FoundBooking>& found) {
@@ -42,7 +38,7 @@ void frmFind::Text1_Change(const std::string& text) {
     return;
   }
   finder_->LookFor(text);
-  view_.KeepWorking(finder_->WorkOn(kMoment));
+  DoPiece(*finder_, view_);
   Show();
 }
 
@@ -50,16 +46,7 @@ void frmFind::Work() {
   if (!finder_) {
     return;
   }
-  bool is_left = false;
-  try {
-    is_left = finder_->WorkOn(kMoment);
-  } catch (...) {
-    view_.KeepWorking(false);
-    throw;
-  }
-  if (!is_left) {
-    view_.KeepWorking(false);
-  }
+  DoPiece(*finder_, view_);
   const std::size_t found = finder_->Upcoming().size() + finder_->Past().size();
   if (found != shown_ || finder_->IsDone() != shown_done_) {
     Show();

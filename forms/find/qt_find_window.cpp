@@ -31,7 +31,6 @@ QtFindWindow::QtFindWindow(const HandlerGuard& guard) : guard_(guard) {
   BuildContents();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
-  connect(&work_, &QTimer::timeout, this, [this] { guard_.Run([this] { handler_->Work(); }); });
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 
@@ -105,11 +104,7 @@ void QtFindWindow::AddDivider() {
 }
 
 void QtFindWindow::KeepWorking(bool working) {
-  if (working) {
-    work_.start();
-  } else {
-    work_.stop();
-  }
+  work_.KeepWorking(working);
 }
 
 void QtFindWindow::CloseWindow() {

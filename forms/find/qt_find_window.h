@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
 
 #include "forms/find/find_view.h"
 #include "forms/find/frmFind.h"
 #include "forms/handler_guard.h"
+#include "forms/widgets/qt_piecework.h"
 
 class QLabel;
 class QLineEdit;
@@ -42,7 +42,7 @@ class QtFindWindow : public QMainWindow, public FindView {
   QLineEdit* Text1_ = nullptr;
   QListWidget* List1_ = nullptr;
   QLabel* lblState_ = nullptr;
-  QTimer work_;
+  QtPiecework work_{[this] { guard_.Run([this] { handler_->Work(); }); }};
 };
 
 }  // namespace veyra

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/one_based.h"
+#include "forms/piecework.h"
 #include "logic/calendar_rows.h"
 #include "logic/slots.h"
 
@@ -36,19 +37,13 @@ struct FreePicture {
 
 /// What the logic of the window of free times tells its screen. The screen reports gestures to
 /// frmFree.
-class FreeView {
+class FreeView : public PieceworkView {
  public:
-  virtual ~FreeView() = default;
-
   /// Shows the fields, and these facilities to be ticked.
   virtual void ShowFields(const FreeFields& fields, const std::vector<Facility>& facilities) = 0;
 
   /// Shows these lines. The chosen one stays chosen where it is among them still.
   virtual void ShowFree(const FreePicture& picture) = 0;
-
-  /// Asks for frmFree::Work again and again, whenever there is nothing else to be done, or for no
-  /// more of it.
-  virtual void KeepWorking(bool working) = 0;
 
   /// Takes the window off the screen, which is then told to frmFree::Form_Unload.
   virtual void CloseWindow() = 0;

@@ -1,7 +1,6 @@
 #include "forms/free/frmFree.h"
 
 #include <algorithm>
-#include <chrono>
 #include <iterator>
 
 #include "data/shown_name.h"
@@ -11,9 +10,6 @@
 
 namespace veyra {
 namespace {
-
-/// Short enough that nobody feels it in what he types.
-constexpr std::chrono::milliseconds kMoment{12};
 
 /// The dates at first: four weeks.
 constexpr std::int64_t kFirstDays = 27;
@@ -58,10 +54,7 @@ void frmFree::Search() {
   if (Fault().empty()) {
     finder_->LookFor(Wish());
   }
-  view_.KeepWorking(false);
-  if (finder_->WorkOn(kMoment)) {
-    view_.KeepWorking(true);
-  }
+  DoPiece(*finder_, view_);
   Show();
 }
 
@@ -69,16 +62,7 @@ void frmFree::Work() {
   if (!finder_) {
     return;
   }
-  bool is_left = false;
-  try {
-    is_left = finder_->WorkOn(kMoment);
-  } catch (...) {
-    view_.KeepWorking(false);
-    throw;
-  }
-  if (!is_left) {
-    view_.KeepWorking(false);
-  }
+  DoPiece(*finder_, view_);
   if (finder_->Found().size() != shown_ || finder_->IsDone() != shown_done_) {
     Show();
   }

@@ -49,7 +49,6 @@ QtFreeWindow::QtFreeWindow(const HandlerGuard& guard) : guard_(guard) {
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
   AddHelpKey(*this, [this] { guard_.Run([this] { handler_->HelpKey(); }); });
-  connect(&work_, &QTimer::timeout, this, [this] { guard_.Run([this] { handler_->Work(); }); });
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 
@@ -268,11 +267,7 @@ void QtFreeWindow::ShowFree(const FreePicture& picture) {
 }
 
 void QtFreeWindow::KeepWorking(bool working) {
-  if (working) {
-    work_.start();
-  } else {
-    work_.stop();
-  }
+  work_.KeepWorking(working);
 }
 
 void QtFreeWindow::CloseWindow() {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
 #include <array>
 
 #include "data/one_based.h"
 #include "forms/free/free_view.h"
 #include "forms/free/frmFree.h"
 #include "forms/handler_guard.h"
+#include "forms/widgets/qt_piecework.h"
 
 class QBoxLayout;
 class QCheckBox;
@@ -67,7 +67,7 @@ class QtFreeWindow : public QMainWindow, public FreeView {
   QListWidget* Facilities_ = nullptr;
   QListWidget* List1_ = nullptr;
   QLabel* lblState_ = nullptr;
-  QTimer work_;
+  QtPiecework work_{[this] { guard_.Run([this] { handler_->Work(); }); }};
 };
 
 }  // namespace veyra

@@ -217,6 +217,9 @@ void Program::DropSearches() {
   if (free_) {
     free_->Logic.Drop();
   }
+  if (multi_day_) {
+    multi_day_->Logic.Drop();
+  }
 }
 
 void Program::OpenCalendarAnew() {
@@ -357,8 +360,8 @@ void Program::HideDayViewer() {
   viewer_->Window.hide();
 }
 
-void Program::ShowMultiDayWindow(const std::string& from_text) {
-  MultiDay().Logic.Open(from_text);
+void Program::ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange chosen) {
+  MultiDay().Logic.Open(from_text, chosen);
 }
 
 void Program::OpenSettings() {

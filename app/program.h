@@ -63,7 +63,7 @@ class Program : public Windows {
   void OpenDayViewer(const std::string& caption) override;
   void ShowDayViewer() override;
   void HideDayViewer() override;
-  void ShowMultiDayWindow(const std::string& from_text) override;
+  void ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange chosen) override;
   void OpenSettings() override;
   void OpenAbout() override;
   void OpenFind() override;

@@ -45,8 +45,9 @@ class Windows {
   virtual void ShowDayViewer() = 0;
   virtual void HideDayViewer() = 0;
 
-  /// Shows the multiple-day window, its From field set to `from_text`.
-  virtual void ShowMultiDayWindow(const std::string& from_text) = 0;
+  /// Shows the multiple-day window, its From field set to `from_text`. `chosen`: the rows that are
+  /// chosen in the day window; {} when none are.
+  virtual void ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange chosen) = 0;
 
   /// Loads and shows the colour settings window, the about box.
   virtual void OpenSettings() = 0;

@@ -83,6 +83,10 @@ std::int64_t DaysInRange(const PlannedRange& range) {
   return std::max<std::int64_t>(0, DaysBetween(range.From, range.To) + 1);
 }
 
+bool IsPlanned(const PlannedRange& range, Date day) {
+  return range.From <= day && day <= range.To && range.Days[WeekdayNumber(day)];
+}
+
 bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
                         const std::function<void(Date)>& visit) {
   const std::int64_t days = DaysInRange(range);
@@ -91,7 +95,7 @@ bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
       return false;
     }
     const Date day = AddDays(range.From, i);
-    if (range.Days[WeekdayNumber(day)]) {
+    if (IsPlanned(range, day)) {
       visit(day);
     }
   }
@@ -105,10 +109,14 @@ std::vector<Date> PlannedDates(const PlannedRange& range) {
   return dates;
 }
 
+/// Every whole week holds each ticked weekday once; the days after the last one are walked.
 std::int64_t CountPlannedDates(const PlannedRange& range) {
+  constexpr std::int64_t kDaysOfWeek = 7;
+  const std::int64_t weeks = DaysInRange(range) / kDaysOfWeek;
+  std::int64_t count = weeks * std::count(range.Days.begin(), range.Days.end(), true);
   Unseen unseen;
-  std::int64_t count = 0;
-  ForEachPlannedDate(range, unseen, [&count](Date) { ++count; });
+  ForEachPlannedDate({AddDays(range.From, weeks * kDaysOfWeek), range.To, range.Days}, unseen,
+                     [&count](Date) { ++count; });
   return count;
 }
 
@@ -126,6 +134,15 @@ std::string ClashQuery(const Session& session, Date day) {
   // No condition on the facility: a booking anywhere at that time counts. This is meant.
   return "SELECT * FROM Reserv Where DateOfRes = #" + DateText(day) + "# And (" +
          holds(session.SelFirstSlot) + " OR " + holds(session.SelLastSlot) + ");";
+}
+
+bool Clashes(SlotRange selection, const Value& time_from, const Value& time_to) {
+  const auto first = ToDouble(time_from);
+  const auto last = ToDouble(time_to);
+  const auto holds = [&](TimeSlot slot) {
+    return first && last && slot >= *first && slot <= *last;
+  };
+  return holds(selection.First) || holds(selection.Last);
 }
 
 void CheckMultiDayConflicts(Session& session, const MultiDayPlan& plan, const Clock& clock,

@@ -8,9 +8,11 @@
 
 #include "data/date.h"
 #include "data/one_based.h"
+#include "data/value.h"
 #include "logic/clock.h"
 #include "logic/dialogs.h"
 #include "logic/session.h"
+#include "logic/slots.h"
 
 namespace veyra {
 
@@ -37,6 +39,9 @@ PlannedRange RangeOfPlan(const MultiDayPlan& plan, Date today);
 /// How many days the range spans, ticked or not; 0 when To lies before From.
 std::int64_t DaysInRange(const PlannedRange& range);
 
+/// Whether the plan has that date: it lies from From to To and falls on a ticked weekday.
+bool IsPlanned(const PlannedRange& range, Date day);
+
 /// Visits, in their order, the dates from From to To that fall on a ticked weekday, until
 /// `progress` tells that the operator has ended it. Counting, checking and booking all walk by this
 /// routine. Returns false when it was ended early.
@@ -46,7 +51,7 @@ bool ForEachPlannedDate(const PlannedRange& range, Progress& progress,
 /// The dates that ForEachPlannedDate would visit.
 std::vector<Date> PlannedDates(const PlannedRange& range);
 
-/// How many of them there are.
+/// How many of them there are. Takes no longer for many of them.
 std::int64_t CountPlannedDates(const PlannedRange& range);
 
 /// The English name of the date's weekday.
@@ -55,6 +60,9 @@ std::string WeekdayName(Date date);
 /// The text of the query for bookings of any facility on `day` that hold the first or the last slot
 /// of the selection. A booking that lies strictly inside the selection is not found: this is meant.
 std::string ClashQuery(const Session& session, Date day);
+
+/// Whether a booking with these bounds, as stored, is one that ClashQuery finds on its day.
+bool Clashes(SlotRange selection, const Value& time_from, const Value& time_to);
 
 /// Looks for clashes on every date of the plan, lists them to the operator, and sets MultiBookCount
 /// to PlannedDayCount less the number of dates that clash; to 0 when the operator cancels.

@@ -57,6 +57,10 @@ void frmDay::MSFlexGrid1_MouseDown(int row, int current_row) {
   session_.AnchorTimeText = current_row == 0 ? "Time" : modRes::LongSlotLabel(current_row);
 }
 
+void frmDay::MSFlexGrid1_Stretch(int anchor, int end) {
+  chosen_ = modRes::RangeOfRows(anchor, end);
+}
+
 void frmDay::MSFlexGrid1_Click(int row, int column) {
   if (row == 0 || column == 0 || session_.AnchorRow == 0) {
     return;
@@ -236,7 +240,7 @@ bool frmDay::Confirm(const std::string& question) {
 
 void frmDay::PlanSeveralDays() {
   windows_.EnableDayWindow(false);
-  windows_.ShowMultiDayWindow(DateText(session_.DayDate));
+  windows_.ShowMultiDayWindow(DateText(session_.DayDate), chosen_);
 }
 
 /// From here on the grid is trusted, so it must show the series that was just booked.

@@ -28,6 +28,9 @@ class frmDay {
   /// `current_row` is the row the grid's current cell was in.
   void MSFlexGrid1_MouseDown(int row, int current_row);
 
+  /// The rows from `anchor` to `end`, whichever is the upper one, are highlighted now.
+  void MSFlexGrid1_Stretch(int anchor, int end);
+
   /// The mouse was released at the selection's end: the booking flow.
   void MSFlexGrid1_Click(int row, int column);
 
@@ -79,7 +82,8 @@ class frmDay {
   DayGrid MSFlexGrid1_;
   NameBox Combo1_;
   bool multiple_ = false;
-  bool grid_is_old_ = false;  ///< A series was booked since it was filled.
+  modRes::SlotRange chosen_ = {};  ///< The rows that were highlighted last; {} before any.
+  bool grid_is_old_ = false;       ///< A series was booked since it was filled.
 };
 
 }  // namespace veyra

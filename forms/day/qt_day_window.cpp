@@ -143,6 +143,9 @@ void QtDayWindow::WireGrid() {
   connect(MSFlexGrid1_, &QtSlotGrid::Pressed, this, [this](int row, int current_row) {
     Report([=](frmDay& day) { day.MSFlexGrid1_MouseDown(row, current_row); });
   });
+  connect(MSFlexGrid1_, &QtSlotGrid::Stretched, this, [this](int anchor, int end) {
+    Report([=](frmDay& day) { day.MSFlexGrid1_Stretch(anchor, end); });
+  });
   connect(MSFlexGrid1_, &QtSlotGrid::Released, this, [this](int row, int column) {
     Report([=](frmDay& day) { day.MSFlexGrid1_Click(row, column); });
   });

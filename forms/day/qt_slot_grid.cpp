@@ -118,6 +118,7 @@ void QtSlotGrid::StretchRangeTo(int row) {
   const QItemSelection range(model()->index(upper - 1, kTimeColumn),
                              model()->index(lower - 1, kGuestColumn));
   selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
+  emit Stretched(anchor_row_, end_row_);
 }
 
 int QtSlotGrid::RowNear(int y) const {

@@ -35,6 +35,9 @@ class QtSlotGrid : public QTableWidget {
   int CurrentRow() const { return currentRow() + 1; }
 
  signals:
+  /// These rows are highlighted now, `anchor` being the one in which the range was begun.
+  void Stretched(int anchor, int end);
+
   /// A range was begun in `row`, 1 to 48, while `current_row` was the current one.
   void Pressed(int row, int current_row);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/multiday/plan_line.h"
 #include "logic/date_parser.h"
 #include "logic/help_viewer.h"
 
@@ -23,14 +24,40 @@ void frmMultiDay::Form_Load() {
   view_.ShowPlan(plan_);
 }
 
-void frmMultiDay::Open(const std::string& from_text) {
+void frmMultiDay::Open(const std::string& from_text, modRes::SlotRange chosen) {
   plan_.Text1[0] = from_text;
+  Drop();
   view_.ShowPlan(plan_);
+  ShowPlanLine();
   view_.ShowWindow();
+  if (chosen.First >= modRes::kFirstSlot) {
+    taken_.emplace(session_.ResCon->Rows(), chosen);
+    Work();
+  }
+}
+
+void frmMultiDay::Work() {
+  if (!taken_) {
+    return;
+  }
+  try {
+    DoPiece(*taken_, view_);
+  } catch (...) {
+    taken_.reset();
+    ShowPlanLine();
+    throw;
+  }
+  ShowPlanLine();
+}
+
+void frmMultiDay::Drop() {
+  taken_.reset();
+  view_.KeepWorking(false);
 }
 
 void frmMultiDay::Text1_Change(std::size_t index, const std::string& text) {
   plan_.Text1.at(index) = text;
+  ShowPlanLine();
 }
 
 void frmMultiDay::Text1_DblClick(std::size_t index) {
@@ -42,11 +69,13 @@ void frmMultiDay::Text1_DblClick(std::size_t index) {
 
 void frmMultiDay::Days_Click(std::size_t index, bool checked) {
   plan_.Days[index] = checked;
+  ShowPlanLine();
 }
 
 void frmMultiDay::Calendar1_DblClick(Date selected) {
   plan_.Text1.at(static_cast<std::size_t>(session_.PickerTarget)) = DateText(selected);
   view_.ShowPlan(plan_);
+  ShowPlanLine();
   view_.HidePicker(false);
 }
 
@@ -71,6 +100,7 @@ void frmMultiDay::Command1_Click() {
 void frmMultiDay::Command2_Click() {
   std::fill(plan_.Days.begin(), plan_.Days.end(), true);
   view_.ShowPlan(plan_);
+  ShowPlanLine();
 }
 
 void frmMultiDay::Command3_Click() {
@@ -94,7 +124,13 @@ void frmMultiDay::AnnounceDays() {
                    .Sign = Icon::Information});
 }
 
+void frmMultiDay::ShowPlanLine() {
+  view_.ShowPlanLine(
+      DescribePlan(plan_, clock_.Today(), session_.SlotLabel, taken_ ? &*taken_ : nullptr));
+}
+
 void frmMultiDay::LeaveWindow() {
+  Drop();
   view_.HidePicker(false);
   windows_.EnableDayWindow(true);
   view_.HideWindow();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 #include "forms/multiday/multiday_view.h"
@@ -9,11 +10,14 @@
 #include "logic/dialogs.h"
 #include "logic/multiday.h"
 #include "logic/session.h"
+#include "logic/slots.h"
+#include "logic/taken_days.h"
 
 namespace veyra {
 
 /// The multiple-day window: a range of dates and the weekdays of it that are to be booked. Made
-/// once and kept; closing hides it, and it holds its plan for the whole run.
+/// once and kept; closing hides it, and it holds its plan for the whole run. While it is open no
+/// booking may be changed.
 class frmMultiDay {
  public:
   /// All of them must outlive the window.
@@ -23,7 +27,15 @@ class frmMultiDay {
   void Form_Load();
 
   /// Shows the window, its From field set to `from_text`; the other fields are as they were left.
-  void Open(const std::string& from_text);
+  /// `chosen`: the slots for which it counts the dates that are taken; {} when none are chosen.
+  /// Throws DatabaseError: the window is shown, and does not count them.
+  void Open(const std::string& from_text, modRes::SlotRange chosen);
+
+  /// Goes on with what is to be done, for a moment. Throws DatabaseError; it goes on no more then.
+  void Work();
+
+  /// Lets go of the calendar, which is about to be closed: what is taken is counted no more.
+  void Drop();
 
   void Text1_Change(std::size_t index, const std::string& text);  ///< 0 is From, 1 is To.
   void Text1_DblClick(std::size_t index);
@@ -43,6 +55,7 @@ class frmMultiDay {
 
  private:
   bool IsComplete() const;
+  void ShowPlanLine();
   void AnnounceDays();
   void LeaveWindow();
 
@@ -52,6 +65,7 @@ class frmMultiDay {
   Dialogs& dialogs_;
   const Clock& clock_;
   MultiDayPlan plan_;
+  std::optional<modRes::TakenDays> taken_;  ///< Only while the window counts them.
 };
 
 }  // namespace veyra

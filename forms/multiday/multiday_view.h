@@ -1,6 +1,8 @@
 #pragma once
 
 #include "data/date.h"
+#include "forms/multiday/plan_line.h"
+#include "forms/piecework.h"
 #include "forms/twips.h"
 #include "logic/multiday.h"
 
@@ -16,12 +18,13 @@ struct PickerPlace {
 
 /// What the multiple-day window's logic tells its screen. The screen reports gestures to
 /// frmMultiDay.
-class MultiDayView {
+class MultiDayView : public PieceworkView {
  public:
-  virtual ~MultiDayView() = default;
-
   /// Shows the two date fields and the seven weekday boxes.
   virtual void ShowPlan(const MultiDayPlan& plan) = 0;
+
+  /// Says of the plan what it comes to, beside the fixed controls.
+  virtual void ShowPlanLine(const PlanLine& line) = 0;
 
   /// Shows the picker at that place with `selected` as its date, and Command3 beside it.
   virtual void ShowPicker(const PickerPlace& place, Date selected) = 0;

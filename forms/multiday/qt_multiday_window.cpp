@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
@@ -13,7 +14,9 @@
 
 #include "forms/multiday/qt_date_field.h"
 #include "forms/multiday/qt_date_picker.h"
+#include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_help_item.h"
+#include "forms/widgets/qt_notice.h"
 #include "forms/widgets/qt_text.h"
 #include "forms/widgets/qt_window_place.h"
 
@@ -24,6 +27,7 @@ constexpr Twips kMargin = 120;
 constexpr Twips kWindowWidth = 6000;
 constexpr Twips kPickerWidth = 3600;
 constexpr Twips kButtonWidth = 1920;
+constexpr int kNotePadding = 2;
 
 struct Weekday {
   const char* Caption;
@@ -42,6 +46,17 @@ constexpr std::array<const char*, 2> kFieldLabels = {"From", "To"};
 
 QString IndexedName(const char* control, std::size_t index) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(index);
+}
+
+/// Gives the label the looks of a notice, or those of any other text. Its text stays in its place.
+void Mark(QLabel& label, bool marked) {
+  label.setFrameShape(marked ? QFrame::Box : QFrame::NoFrame);
+  label.setMargin(marked ? kNotePadding : kNotePadding + 1);
+  label.setAutoFillBackground(marked);
+  const QPalette theme = QGuiApplication::palette();
+  SetColor(label, QPalette::Window, theme.color(marked ? QPalette::ToolTipBase : QPalette::Window));
+  SetColor(label, QPalette::WindowText,
+           theme.color(marked ? QPalette::ToolTipText : QPalette::WindowText));
 }
 
 QDate ToQDate(Date date) {
@@ -71,6 +86,7 @@ QtMultiDayWindow::QtMultiDayWindow(const HandlerGuard& guard, Neighbour neighbou
   AddDateField(fields, 0);
   AddDateField(fields, 1);
   column->addLayout(fields);
+  AddPlanLine(column);
   AddButtons(column);
   BuildPicker();
   const int width_in_pixels = Pixels(kWindowWidth);
@@ -138,6 +154,24 @@ void QtMultiDayWindow::AddDateField(QBoxLayout* row, std::size_t index) {
   column->addWidget(field);
   row->addLayout(column, 1);
   Text1_.at(index) = field;
+}
+
+/// Both keep their place when they say nothing.
+void QtMultiDayWindow::AddPlanLine(QBoxLayout* column) {
+  planLine_ = new QLabel(centralWidget());
+  planLine_->setObjectName(QStringLiteral("planLine"));
+  planLine_->setTextFormat(Qt::PlainText);
+  planNote_ = new QLabel(centralWidget());
+  planNote_->setObjectName(QStringLiteral("planNote"));
+  planNote_->setTextFormat(Qt::PlainText);
+  Mark(*planNote_, true);
+  planNote_->setMinimumHeight(planNote_->sizeHint().height());
+  Mark(*planNote_, false);
+  auto* lines = new QVBoxLayout;
+  lines->setSpacing(2);
+  lines->addWidget(planLine_);
+  lines->addWidget(planNote_);
+  column->addLayout(lines);
 }
 
 /// "Close" stands in the middle, for "Close Calendar" comes up beside it on either side.
@@ -208,6 +242,23 @@ void QtMultiDayWindow::ShowPlan(const MultiDayPlan& plan) {
   for (std::size_t day = 1; day <= Days_.size(); ++day) {
     Days_[day]->setChecked(plan.Days[day]);
   }
+}
+
+/// It is said aloud when it has been counted, and at once when it looks like a slip of the hand.
+void QtMultiDayWindow::ShowPlanLine(const PlanLine& line) {
+  const QString text = ToQString(line.Text);
+  const QString note = ToQString(line.Note);
+  const bool is_new = planLine_->text() != text || planNote_->text() != note;
+  planLine_->setText(text);
+  planNote_->setText(note);
+  Mark(*planNote_, line.IsOdd);
+  if (is_new && !text.isEmpty()) {
+    Announce(line.IsOdd ? *planNote_ : *planLine_);
+  }
+}
+
+void QtMultiDayWindow::KeepWorking(bool working) {
+  work_.KeepWorking(working);
 }
 
 void QtMultiDayWindow::ShowPicker(const PickerPlace& place, Date selected) {

@@ -8,9 +8,11 @@
 #include "forms/handler_guard.h"
 #include "forms/multiday/frmMultiDay.h"
 #include "forms/multiday/multiday_view.h"
+#include "forms/widgets/qt_piecework.h"
 
 class QBoxLayout;
 class QCheckBox;
+class QLabel;
 class QPushButton;
 
 namespace veyra {
@@ -35,6 +37,8 @@ class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   void SetHandler(frmMultiDay* handler) { handler_ = handler; }
 
   void ShowPlan(const MultiDayPlan& plan) override;
+  void ShowPlanLine(const PlanLine& line) override;
+  void KeepWorking(bool working) override;
   void ShowPicker(const PickerPlace& place, Date selected) override;
   void HidePicker(bool keep_close_button) override;
   void ShowWindow() override;
@@ -50,6 +54,7 @@ class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   QWidget* BuildWeekdays();
   void BuildPicker();
   void AddDateField(QBoxLayout* row, std::size_t index);
+  void AddPlanLine(QBoxLayout* column);
   void AddButtons(QBoxLayout* column);
   QPushButton* AddButton(const char* name, const char* caption, const char* tooltip,
                          Handler handler);
@@ -67,7 +72,10 @@ class QtMultiDayWindow : public QMainWindow, public MultiDayView {
   QPushButton* Command1_ = nullptr;
   QPushButton* Command2_ = nullptr;
   QPushButton* Command3_ = nullptr;
+  QLabel* planLine_ = nullptr;
+  QLabel* planNote_ = nullptr;
   std::size_t edited_field_ = 0;
+  QtPiecework work_{[this] { Report(&frmMultiDay::Work); }};
 };
 
 }  // namespace veyra

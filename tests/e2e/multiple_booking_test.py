@@ -136,6 +136,28 @@ class PlanTest(DeskTest):
         self.desk.click("Multiple Booking")
         self.desk.front_window("Multiple Day Booking")
 
+    def test_it_says_what_the_plan_comes_to(self):
+        self.sql("DELETE FROM Reserv;")
+        taken = self.day + timedelta(days=7)
+        self.sql("INSERT INTO Reserv (RmID, Event, DateOfRes, TimeFrom, TimeTo) "
+                 f"SELECT ID, 'Taken', '{taken.isoformat()}', 21, 24 FROM Rooms "
+                 "WHERE Name = 'Studio';")
+        self.desk.click("Close")
+        self.desk.front_window(f"  {date_text(self.day)} Bookings")
+        self.desk.drag_slots(21, 23)
+        self.desk.message()
+        self.desk.key("Escape")
+        self.desk.front_window(f"  {date_text(self.day)} Bookings")
+        self.desk.click("Multiple Booking")
+        self.desk.front_window("Multiple Day Booking")
+        self.desk.click(self.day.strftime("%a"))
+        self.desk.click_on(self.desk.find("To", "text"))
+        self.desk.type(date_text(self.day + timedelta(days=28)))
+        self.desk.wait(lambda: "5 dates, 1 of them taken" in self.desk.labels(), "the count")
+        self.desk.key("ctrl+a")
+        self.desk.type("3/29/2226")
+        self.desk.wait(lambda: "Is this meant? It ends in 2226." in self.desk.labels(), "the mark")
+
     def test_a_date_is_picked_with_two_double_clicks(self):
         self.desk.screen.double_click(*self.desk.find("To", "text").centre)
         calendar = self.desk.wait(lambda: next(

@@ -12,6 +12,7 @@ class FakeWindows : public Windows {
  public:
   std::string Log;
   bool DayMayBeOpened = true;
+  modRes::SlotRange ChosenRows;  ///< Those that the multiple-day window was opened for.
 
   /// Called where a window is loaded: it may throw, as loading may.
   std::function<void()> WhileLoading;
@@ -27,8 +28,9 @@ class FakeWindows : public Windows {
   void OpenDayViewer(const std::string& caption) override { Load("open viewer", caption); }
   void ShowDayViewer() override { Add("show viewer"); }
   void HideDayViewer() override { Add("hide viewer"); }
-  void ShowMultiDayWindow(const std::string& from_text) override {
+  void ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange chosen) override {
     Add("show several days from " + from_text);
+    ChosenRows = chosen;
   }
   void OpenSettings() override { Load("open settings", ""); }
   void OpenAbout() override { Load("open about", ""); }

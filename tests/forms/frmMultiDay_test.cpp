@@ -2,42 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
+#include "tests/forms/fake_multiday_view.h"
 #include "tests/forms/fake_windows.h"
 
 namespace veyra {
 namespace {
 
-class FakeMultiDayView : public MultiDayView {
- public:
-  MultiDayPlan Plan;
-  std::optional<PickerPlace> Picker;
-  bool CloseButton = false;
-  Date Selected{};
-  bool Visible = false;
-
-  void ShowPlan(const MultiDayPlan& plan) override { Plan = plan; }
-  void ShowPicker(const PickerPlace& place, Date selected) override {
-    Picker = place;
-    Selected = selected;
-    CloseButton = true;
-  }
-  void HidePicker(bool keep_close_button) override {
-    Picker.reset();
-    CloseButton = keep_close_button;
-  }
-  void ShowWindow() override { Visible = true; }
-  void HideWindow() override { Visible = false; }
-};
-
 class FrmMultiDayTest : public testing::Test {
  protected:
   FrmMultiDayTest() {
     window_.Form_Load();
-    window_.Open("3/17/2014");
+    window_.Open("3/17/2014", {});
   }
 
   void Plan(const std::string& from, const std::string& to, const std::vector<std::size_t>& days) {
@@ -142,7 +119,7 @@ TEST_F(FrmMultiDayTest, CloseHidesTheWindowAndEnablesTheDay) {
 TEST_F(FrmMultiDayTest, ReopeningKeepsToAndWeekdaysAndTakesANewFrom) {
   Plan("3/17/2014", "3/31/2014", {2, 4});
   Close();
-  window_.Open("5/1/2014");
+  window_.Open("5/1/2014", {});
   EXPECT_EQ((std::array<std::string, 2>{"5/1/2014", "3/31/2014"}), view_.Plan.Text1);
   EXPECT_TRUE(view_.Plan.Days[2]);
   EXPECT_TRUE(view_.Plan.Days[4]);
@@ -214,6 +191,70 @@ TEST_F(FrmMultiDayTest, APickerLeftOpenGoesWithTheWindow) {
 TEST_F(FrmMultiDayTest, TheHelpKeyOpensTheHelpFile) {
   window_.HelpKey();
   EXPECT_EQ("help 0\n", windows_.Log);
+}
+
+TEST_F(FrmMultiDayTest, WhileDatesAndWeekdaysChangeItSaysHowManyDatesThereAre) {
+  EXPECT_EQ("", view_.Line.Text);
+  window_.Text1_Change(1, "3/31/2014");
+  EXPECT_EQ("", view_.Line.Text);
+  window_.Days_Click(2, true);
+  EXPECT_EQ("3 dates", view_.Line.Text);
+  window_.Text1_Change(1, "3/17/2014");
+  EXPECT_EQ("1 date", view_.Line.Text);
+  window_.Command2_Click();
+  window_.Text1_Change(0, "3/14/2014");
+  EXPECT_EQ("4 dates", view_.Line.Text);
+  window_.Text1_Change(1, "soon");
+  EXPECT_EQ("", view_.Line.Text);
+}
+
+TEST_F(FrmMultiDayTest, ItSaysWhyThereIsNoDate) {
+  Plan("3/17/2014", "3/17/2014", {3});
+  EXPECT_EQ("No dates: none of them falls on a ticked weekday.", view_.Line.Text);
+  window_.Text1_Change(1, "3/16/2014");
+  EXPECT_EQ("No dates: they end before they begin.", view_.Line.Text);
+}
+
+TEST_F(FrmMultiDayTest, ADateFromThePickerCountsToo) {
+  Plan("3/17/2014", "", {2});
+  window_.Text1_DblClick(1);
+  window_.Calendar1_DblClick(MakeDate(2014, 3, 24).value());
+  EXPECT_EQ("2 dates", view_.Line.Text);
+}
+
+TEST_F(FrmMultiDayTest, WithoutAChosenTimeItSaysHowToCountWhatIsTaken) {
+  Plan("3/17/2014", "3/17/2014", {2});
+  EXPECT_EQ("Choose a time in the day first to count those taken.", view_.Line.Note);
+  EXPECT_FALSE(view_.Works);
+}
+
+TEST_F(FrmMultiDayTest, MoreThanFourHundredDatesAreMarked) {
+  Plan("3/17/2014", "4/20/2015", {});
+  window_.Command2_Click();
+  EXPECT_EQ("400 dates", view_.Line.Text);
+  EXPECT_FALSE(view_.Line.IsOdd);
+  window_.Text1_Change(1, "4/21/2015");
+  EXPECT_EQ("401 dates", view_.Line.Text);
+  EXPECT_TRUE(view_.Line.IsOdd);
+  EXPECT_EQ("Is this meant? So many dates.", view_.Line.Note);
+}
+
+TEST_F(FrmMultiDayTest, APlanThatEndsMoreThanThreeYearsAwayIsMarked) {
+  Plan("3/17/2014", "3/15/2017", {7});
+  EXPECT_FALSE(view_.Line.IsOdd);
+  window_.Text1_Change(1, "3/16/2017");
+  EXPECT_TRUE(view_.Line.IsOdd);
+  window_.Text1_Change(1, "3/29/2226");
+  EXPECT_EQ("Is this meant? It ends in 2226.", view_.Line.Note);
+}
+
+TEST_F(FrmMultiDayTest, ThreeYearsFromTheLeapDayEndWithFebruary) {
+  clock_.Set(2016, 2, 29);
+  Plan("2/1/2019", "2/28/2019", {5});
+  EXPECT_EQ("4 dates", view_.Line.Text);
+  EXPECT_FALSE(view_.Line.IsOdd);
+  window_.Text1_Change(1, "3/1/2019");
+  EXPECT_TRUE(view_.Line.IsOdd);
 }
 
 }  // namespace

@@ -58,6 +58,17 @@ TEST_F(PlanTest, ARangeThatEndsBeforeItBeginsHasNoDate) {
   EXPECT_EQ(0, Count(PlanOf("3/31/2014", "3/1/2014", kEveryDay)));
 }
 
+TEST_F(PlanTest, AsManyAreCountedAsAreVisited) {
+  for (int first = 10; first < 17; ++first) {
+    for (int last = first - 2; last < 31; ++last) {
+      const auto range = RangeOfPlan(PlanOf("3/" + std::to_string(first) + "/2014",
+                                            "3/" + std::to_string(last) + "/2014", {1, 2, 6}),
+                                     clock_.Today());
+      EXPECT_EQ(std::ssize(PlannedDates(range)), CountPlannedDates(range)) << first << " " << last;
+    }
+  }
+}
+
 TEST_F(PlanTest, ATextThatIsNoDateIsAFailure) {
   EXPECT_THROW(Count(PlanOf("soon", "3/1/2014", kEveryDay)), ValueError);
 }

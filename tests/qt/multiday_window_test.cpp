@@ -298,5 +298,40 @@ TEST_F(MultiDayWindowTest, ADoubleClickOnEitherOptionOpensIt) {
   }
 }
 
+TEST_F(MultiDayWindowTest, ItSaysWhatThePlanComesTo) {
+  data_.AddBooking(pool_, "2014-03-22", 20, 25, "Swim");
+  StartAndOpenDay();
+  QTest::keyClick(&Grid(), Qt::Key_Home);
+  for (int row = 2; row <= 20; ++row) {
+    QTest::keyClick(&Grid(), Qt::Key_Down);
+  }
+  QTest::keyClick(&Grid(), Qt::Key_Down, Qt::ShiftModifier);
+  In<QRadioButton>(Day(), "Book(1)").click();
+  ASSERT_TRUE(IsInUse(Plan()));
+  Write(1, "3/29/2014");
+  Weekday(7).click();
+  const auto& line = In<QLabel>(Plan(), "planLine");
+  EXPECT_TRUE(QTest::qWaitFor([&line] {
+    return line.text() == QLatin1String("3 dates, 1 of them taken");
+  })) << line.text().toStdString();
+  EXPECT_EQ("Counted for 9:30A-10:30A, the time chosen last.",
+            In<QLabel>(Plan(), "planNote").text().toStdString());
+}
+
+TEST_F(MultiDayWindowTest, APlanThatIsHardlyMeantIsMarked) {
+  Open();
+  const auto& note = In<QLabel>(Plan(), "planNote");
+  Weekday(7).click();
+  Write(1, "3/29/2014");
+  const QRect place = Place(const_cast<QLabel&>(note));
+  EXPECT_EQ(QFrame::NoFrame, note.frameShape());
+  Write(1, "3/29/2226");
+  EXPECT_EQ("Is this meant? It ends in 2226.", note.text().toStdString());
+  EXPECT_EQ(QFrame::Box, note.frameShape());
+  EXPECT_TRUE(note.autoFillBackground());
+  EXPECT_EQ(place, Place(const_cast<QLabel&>(note)));
+  EXPECT_LE(note.sizeHint().width(), note.width());
+}
+
 }  // namespace
 }  // namespace veyra

@@ -145,7 +145,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       guard_(dialogs),
       month_window_(guard_),
       month_gate_(month_window_),
-      printer_(month_window_),
+      printer_([this] { return PrintingWindow(); }),
       month_(session_, month_window_, *this, dialogs, clock, printer_),
       undo_(session_, *this, foot_, dialogs),
       desk_(month_, *this, dialogs, clock) {
@@ -254,6 +254,13 @@ void Program::FillAnew() {
   if (board_ && board_->Window.isVisible()) {
     board_->Logic.Fill();
   }
+}
+
+QWidget* Program::PrintingWindow() {
+  if (viewer_ && viewer_->Window.isVisible()) {
+    return &viewer_->Window;
+  }
+  return &month_window_;
 }
 
 void Program::ShowMonthWindow() {

@@ -8,8 +8,8 @@
 #include "forms/handler_guard.h"
 #include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
-#include "forms/month/print/qt_month_printer.h"
 #include "forms/month/qt_month_window.h"
+#include "forms/print/qt_sheet_printer.h"
 #include "forms/widgets/qt_browser.h"
 #include "forms/widgets/qt_foot_line.h"
 #include "forms/widgets/qt_input_gate.h"
@@ -88,6 +88,9 @@ class Program : public Windows {
   /// Fills the month, the facility box and the windows of the day anew. Throws DatabaseError.
   void FillAnew();
 
+  /// The window that the operator prints from.
+  QWidget* PrintingWindow();
+
   void DropDayWindow();
   void DayWindowClosed();
   void DropSearches();
@@ -103,7 +106,7 @@ class Program : public Windows {
   Session session_;
   QtMonthWindow month_window_;
   QtInputGate month_gate_;
-  QtMonthPrinter printer_;
+  QtSheetPrinter printer_;
   frmCalendar month_;
   QtFootLine foot_;
   DeskUndo undo_;

@@ -9,9 +9,9 @@
 namespace veyra::modRes {
 namespace {
 
-constexpr std::array<const char*, 12> kMonthTitles = {
-    "January ", "February ", "March ",     "April ",   "May ",      "June ",
-    "July ",    "August ",   "September ", "October ", "November ", "December "};
+constexpr std::array<const char*, 12> kMonthNames = {
+    "January", "February", "March",     "April",   "May",      "June",
+    "July",    "August",   "September", "October", "November", "December"};
 
 /// Days of each month, less 30.
 constexpr std::array<int, 12> kDaysInMonthOffset = {1, -2, 1, 0, 1, 0, 1, 1, 0, 1, 0, 1};
@@ -95,18 +95,21 @@ MonthCell CellOf(Session& session, Date day, Date today) {
 
 }  // namespace
 
+std::string MonthName(int month) {
+  return kMonthNames.at(static_cast<std::size_t>(month) - 1);
+}
+
 void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month) {
   MonthPicture picture;
   const int year = session.CurYear;
   const Date first_day = FirstDayOf(year, month);
   if (IsMonth(month)) {
-    picture.Title = kMonthTitles.at(static_cast<std::size_t>(month) - 1) + std::to_string(year);
+    picture.Title = MonthName(month) + " " + std::to_string(year);
   }
   const int first_cell = WeekdayNumber(first_day);
   const Date today = clock.Today();
   for (int day = 0; day < DaysInMonth(year, month); ++day) {
-    picture.Cells[first_cell + day] =
-        CellOf(session, AddDays(first_day, day), today);
+    picture.Cells[first_cell + day] = CellOf(session, AddDays(first_day, day), today);
   }
   screen.ShowMonth(picture);
 }

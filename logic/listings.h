@@ -13,6 +13,9 @@
 
 namespace veyra::modRes {
 
+/// The English name of a month, 1 to 12. Throws std::out_of_range for any other.
+std::string MonthName(int month);
+
 /// One day's bookings, a line each: "12:00A- 1:30A Meeting".
 using DayLines = std::vector<std::string>;
 

@@ -36,8 +36,8 @@ ROOMS = {
     "tools/companion": ["data", "logic", "tools", "tools/care", "tools/exchange"],
     "forms": ["data", "logic"],
     "forms/widgets": ["data", "logic", "forms"],
-    "forms/month/print": ["data", "logic", "forms", "forms/month", "forms/widgets"],
-    "forms/month": ["data", "logic", "forms", "forms/month/print", "forms/widgets"],
+    "forms/print": ["data", "logic", "forms", "forms/widgets"],
+    "forms/month": ["data", "logic", "forms", "forms/print", "forms/widgets"],
     "app": ["data", "logic", "help", "forms"],
 }
 WINDOWS = ["about", "board", "day", "dayviewer", "find", "free", "multiday", "settings"]

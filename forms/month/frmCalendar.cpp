@@ -5,7 +5,8 @@
 #include "data/color_settings.h"
 #include "data/shown_name.h"
 #include "data/text.h"
-#include "forms/month/print/print_messages.h"
+#include "forms/month/month_sheet.h"
+#include "forms/print/print_messages.h"
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"
 #include "logic/help_viewer.h"
@@ -23,7 +24,7 @@ Message NoFacility() {
 }  // namespace
 
 frmCalendar::frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
-                         const Clock& clock, MonthPrinter& printer)
+                         const Clock& clock, SheetPrinter& printer)
     : session_(session),
       view_(view),
       windows_(windows),
@@ -90,16 +91,17 @@ void frmCalendar::Command4_Click() {
 }
 
 void frmCalendar::Command3_Click() {
-  const std::optional<std::string> chosen = ChoosePrinterAndHideControls();
+  const Sheet sheet = MonthSheet(view_.Shown(), lblRoom_, session_.CurrentColors);
+  const std::optional<std::string> chosen = ChoosePrinterAndHideControls(sheet);
   if (!chosen) {
     return;
   }
   const std::optional<std::string> printer = PrinterNamed(printer_.PrinterNames(), *chosen);
   if (!printer) {
-    throw NoSuchPrinter(*chosen);
+    throw NoSuchPrinter(*chosen, sheet);
   }
   printer_.UsePrinter(*printer);
-  printer_.PrintMonth();
+  printer_.Print(sheet);
   dialogs_.MsgBox(
       {.Text = "Print Complete, Click on Form to get Controls back.", .Sign = Icon::Information});
 }
@@ -284,9 +286,9 @@ void frmCalendar::RestoreAfterPrint() {
 }
 
 /// The device name of the chosen printer; nothing when there is none, which the operator was told.
-std::optional<std::string> frmCalendar::ChoosePrinterAndHideControls() {
+std::optional<std::string> frmCalendar::ChoosePrinterAndHideControls(const Sheet& sheet) {
   try {
-    std::string chosen = printer_.AskForPrinter();
+    std::string chosen = printer_.AskForPrinter(sheet);
     session_.PrintLayoutOn = true;
     view_.ShowControls(false);
     return chosen;

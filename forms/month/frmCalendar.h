@@ -5,8 +5,8 @@
 #include <string>
 
 #include "forms/month/month_view.h"
-#include "forms/month/print/month_printer.h"
 #include "forms/mouse_button.h"
+#include "forms/print/sheet_printer.h"
 #include "forms/windows.h"
 #include "logic/clock.h"
 #include "logic/dialogs.h"
@@ -22,7 +22,7 @@ class frmCalendar {
  public:
   /// All of them must outlive the window.
   frmCalendar(Session& session, MonthView& view, Windows& windows, Dialogs& dialogs,
-              const Clock& clock, MonthPrinter& printer);
+              const Clock& clock, SheetPrinter& printer);
 
   /// The window's share of start-up, in the order in which start-up calls it.
   void LoadFacilityBox();
@@ -98,7 +98,7 @@ class frmCalendar {
   /// Brings back the controls that printing hid; PrintLayoutOn stays as it is.
   void RestoreAfterPrint();
 
-  std::optional<std::string> ChoosePrinterAndHideControls();
+  std::optional<std::string> ChoosePrinterAndHideControls(const Sheet& sheet);
   void TurnTo(int year, int month);
   bool AdoptListedName();
   void AddTypedFacility();
@@ -115,7 +115,7 @@ class frmCalendar {
   Windows& windows_;
   Dialogs& dialogs_;
   const Clock& clock_;
-  MonthPrinter& printer_;
+  SheetPrinter& printer_;
   NameBox Combo1_;
   std::string lblRoom_;
 };

@@ -11,6 +11,9 @@ namespace veyra {
 /// What the month window's logic tells its screen. The screen reports gestures to frmCalendar.
 class MonthView : public modRes::MonthScreen {
  public:
+  /// The month as it is shown now.
+  virtual const modRes::MonthPicture& Shown() const = 0;
+
   /// Combo1: shows the list and the text.
   virtual void ShowFacilityBox(const NameBox& Combo1) = 0;
 

@@ -82,22 +82,6 @@ void QtDayCell::ShowNumber(const modRes::MonthCell& cell) {
   lblDate_->setText(ToQString(cell.Number));
 }
 
-std::optional<QtMonthPage::Day> QtDayCell::InSight() const {
-  if (!has_day_) {
-    return std::nullopt;
-  }
-  QtMonthPage::Day day;
-  day.Number = lblDate_->text();
-  day.NumberColor = lblDate_->palette().color(QPalette::WindowText);
-  day.Frame = FrameColor();
-  day.ListBackground = lstDay_->palette().color(QPalette::Base);
-  day.ListText = lstDay_->palette().color(QPalette::Text);
-  day.IsToday = is_today_;
-  day.Lines = lstDay_->LinesInSight();
-  day.HasMore = day.Lines.size() < lstDay_->count();
-  return day;
-}
-
 /// What is done beside the list, on the number's row or below the last line, is done to the day.
 void QtDayCell::mousePressEvent(QMouseEvent* event) {
   event->setAccepted(has_day_);

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
-#include <optional>
 
-#include "forms/month/print/qt_month_page.h"
 #include "logic/listings.h"
 
 class QBoxLayout;
@@ -30,9 +27,6 @@ class QtDayCell : public QWidget {
   /// Puts the number beside the list, where there is no room to put it above, and sets the size of
   /// the list's font.
   void SetLayout(bool number_beside, double point_size);
-
-  /// What is to be seen of the day; nothing when there is none.
-  std::optional<QtMonthPage::Day> InSight() const;
 
   QtDayList& List() { return *lstDay_; }
 

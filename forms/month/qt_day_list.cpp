@@ -1,15 +1,12 @@
 #include "forms/month/qt_day_list.h"
 
 #include <QContextMenuEvent>
-#include <QGlyphRun>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QRawFont>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyledItemDelegate>
-#include <QTextLayout>
 #include <QToolTip>
 
 #include "forms/widgets/qt_colors.h"
@@ -63,17 +60,6 @@ bool IsMoveKey(int key) {
 
 bool IsEnd(int key) {
   return key == Qt::Key_Home || key == Qt::Key_End;
-}
-
-/// Where the middle of a character stands in a laid out line, whichever way its script runs.
-double Middle(const QTextLayout& layout, int from, int length) {
-  const QList<QGlyphRun> runs = layout.glyphRuns(from, length);
-  if (runs.isEmpty() || runs.first().positions().isEmpty()) {
-    return layout.lineAt(0).cursorToX(from);
-  }
-  const QGlyphRun& glyphs = runs.first();
-  const QList<QPointF> widths = glyphs.rawFont().advancesForGlyphIndexes(glyphs.glyphIndexes());
-  return glyphs.positions().first().x() + widths.first().x() / 2;
 }
 
 void Step(QScrollBar* bar, int steps) {
@@ -152,38 +138,6 @@ void QtDayList::SetPointSize(double size) {
 void QtDayList::SetBarStyle(QStyle* style) {
   horizontalScrollBar()->setStyle(style);
   verticalScrollBar()->setStyle(style);
-}
-
-QStringList QtDayList::LinesInSight() const {
-  QStringList lines;
-  for (int row = 0; row < count(); ++row) {
-    const QRect place = visualItemRect(item(row));
-    if (2 * place.intersected(viewport()->rect()).height() >= place.height()) {
-      lines.append(PartInSight(item(row)->text(), place));
-    }
-  }
-  return lines;
-}
-
-/// `place` is that of the line's row within the viewport, which may begin outside it.
-QString QtDayList::PartInSight(const QString& line, const QRect& place) const {
-  QTextOption one_line;
-  one_line.setWrapMode(QTextOption::NoWrap);
-  QTextLayout layout(line, font());
-  layout.setTextOption(one_line);
-  layout.beginLayout();
-  layout.createLine();
-  layout.endLayout();
-  const int start = place.left() + style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-  QString in_sight;
-  for (int from = 0, to = 0; from < line.size(); from = to) {
-    to = layout.nextCursorPosition(from);
-    const double middle = start + Middle(layout, from, to - from);
-    if (middle >= 0 && middle <= viewport()->width()) {
-      in_sight += QStringView(line).mid(from, to - from);
-    }
-  }
-  return in_sight;
 }
 
 /// The window may be hidden before the handler returns, so the press is not the list's to follow.

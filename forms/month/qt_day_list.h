@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QListWidget>
-#include <QStringList>
 
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
@@ -24,10 +23,6 @@ class QtDayList : public QListWidget {
   QString ShownText(const QString& line) const;
 
   void SetBackground(const QColor& color);
-
-  /// The lines that can be read as the list stands, each as far as it can: of a line and of a
-  /// character at the edge, one half has to be in sight.
-  QStringList LinesInSight() const;
 
   /// Sets the size of the fixed-pitch font.
   void SetPointSize(double size);
@@ -53,7 +48,6 @@ class QtDayList : public QListWidget {
 
  private:
   void ScrollBy(int key);
-  QString PartInSight(const QString& line, const QRect& place) const;
 
   modRes::DayLines lines_;
 };

@@ -198,14 +198,6 @@ bool QtMonthGrid::IsHeader(const QWidget* widget) const {
   return std::find(Label2_.begin(), Label2_.end(), widget) != Label2_.end();
 }
 
-void QtMonthGrid::DescribeOn(QtMonthPage& page) const {
-  std::transform(Label2_.begin(), Label2_.end(), page.Weekdays.begin(),
-                 [](const QLabel* header) { return header->text(); });
-  std::transform(cells_.begin(), cells_.end(), page.Days.begin(),
-                 [](const QtDayCell* cell) { return cell->InSight(); });
-  page.ListFamily = cells_[kCells]->List().font().family();
-}
-
 bool QtMonthGrid::HasDay(int index) const {
   return index >= 1 && index <= kCells && has_day_[index];
 }

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "data/one_based.h"
-#include "forms/month/print/qt_month_page.h"
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
 
@@ -42,9 +41,6 @@ class QtMonthGrid : public QWidget {
 
   /// Whether the widget is one of the weekday headers.
   bool IsHeader(const QWidget* widget) const;
-
-  /// Writes what is to be seen of the weekdays and the days into the page.
-  void DescribeOn(QtMonthPage& page) const;
 
  signals:
   void DayPressed(int index, veyra::MouseButton button);

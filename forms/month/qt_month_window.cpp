@@ -227,6 +227,7 @@ void QtMonthWindow::Report(Handler handler) {
 
 void QtMonthWindow::ShowMonth(const modRes::MonthPicture& picture) {
   QWidget* contents = centralWidget();
+  shown_.ShowMonth(picture);
   if (picture.Title) {
     lblMonth_->setText(ToQString(*picture.Title));
   }
@@ -236,6 +237,7 @@ void QtMonthWindow::ShowMonth(const modRes::MonthPicture& picture) {
 }
 
 void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {
+  shown_.ShowLines(cell_index, lines);
   grid_->ShowLines(cell_index, lines);
 }
 
@@ -294,18 +296,6 @@ void QtMonthWindow::PlaceAtTopCentre() {
   const QSize most(room.width(), room.height() - kRoomForWindowFrame);
   resize((room.size() * kShareOfScreen).expandedTo(kComfortableSize).boundedTo(most));
   move(room.x() + (room.width() - width()) / 2, room.y());
-}
-
-QtMonthPage QtMonthWindow::InSight() const {
-  QtMonthPage page;
-  page.Title = lblMonth_->text();
-  page.Room = lblRoom_->text();
-  page.Background = centralWidget()->palette().color(QPalette::Window);
-  page.Header = lblMonth_->palette().color(QPalette::WindowText);
-  page.TextFamily = lblMonth_->font().family();
-  page.Shape = centralWidget()->size();
-  grid_->DescribeOn(page);
-  return page;
 }
 
 /// A press comes here when no control has taken it; so does then its release.

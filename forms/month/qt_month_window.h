@@ -6,8 +6,8 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
+#include "forms/month/month_on_screen.h"
 #include "forms/month/month_view.h"
-#include "forms/month/print/qt_month_page.h"
 
 class QAction;
 class QLabel;
@@ -33,11 +33,9 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   /// REQUIRES: called before the operator can reach the window. Both must outlive it.
   void SetHandler(frmCalendar* handler, DeskActions* desk);
 
-  /// What the window shows now but for its controls, as it is to be printed.
-  QtMonthPage InSight() const;
-
   void ShowMonth(const modRes::MonthPicture& picture) override;
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override;
+  const modRes::MonthPicture& Shown() const override { return shown_.Picture(); }
   void ShowFacilityBox(const NameBox& box) override;
   void ShowFacilityHint(const std::string& hint) override;
   void ShowRoom(const std::string& room) override;
@@ -74,6 +72,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
 
   const HandlerGuard& guard_;
   frmCalendar* handler_ = nullptr;
+  MonthOnScreen shown_;
   QLabel* lblMonth_ = nullptr;
   QLabel* lblRoom_ = nullptr;
   QLabel* Label1_ = nullptr;

@@ -16,7 +16,7 @@
 #include "tests/data/sqlite/foreign_program.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
-#include "tests/forms/fake_month_printer.h"
+#include "tests/forms/fake_sheet_printer.h"
 #include "tests/forms/fake_month_view.h"
 #include "tests/forms/fake_windows.h"
 
@@ -66,7 +66,7 @@ class StartUpTest : public testing::Test {
   FakeWindows windows_;
   FakeDialogs dialogs_;
   FakeClock clock_{2014, 3, 15};
-  FakeMonthPrinter printer_;
+  FakeSheetPrinter printer_;
   frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
 };
 

@@ -38,6 +38,7 @@ class FakeMonthView : public MonthView {
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override {
     Picture.Cells[cell_index].Lines = lines;
   }
+  const modRes::MonthPicture& Shown() const override { return Picture; }
   void ShowFacilityBox(const NameBox& box) override { Combo1 = box; }
   void ShowFacilityHint(const std::string& hint) override { FacilityHint = hint; }
   void ShowRoom(const std::string& name) override { lblRoom = name; }

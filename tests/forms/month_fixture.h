@@ -10,7 +10,7 @@
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
-#include "tests/forms/fake_month_printer.h"
+#include "tests/forms/fake_sheet_printer.h"
 #include "tests/forms/fake_month_view.h"
 #include "tests/forms/fake_windows.h"
 
@@ -65,7 +65,7 @@ class MonthFixture : public testing::Test {
   FakeDialogs dialogs_;
   FakeWindows windows_;
   FakeMonthView view_;
-  FakeMonthPrinter printer_;
+  FakeSheetPrinter printer_;
   std::unique_ptr<Session> session_;
   std::unique_ptr<frmCalendar> calendar_;
 };

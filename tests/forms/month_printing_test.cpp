@@ -7,11 +7,11 @@
 
 #include "forms/handler_guard.h"
 #include "forms/month/frmCalendar.h"
-#include "forms/month/print/month_printer.h"
+#include "forms/print/sheet_printer.h"
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
-#include "tests/forms/fake_month_printer.h"
+#include "tests/forms/fake_sheet_printer.h"
 #include "tests/forms/fake_month_view.h"
 #include "tests/forms/fake_windows.h"
 
@@ -69,7 +69,7 @@ class MonthPrintingTest : public testing::Test {
   FakeWindows windows_;
   FakeDialogs dialogs_;
   FakeClock clock_{2014, 3, 5};
-  FakeMonthPrinter printer_;
+  FakeSheetPrinter printer_;
   std::optional<frmCalendar> calendar_;
 };
 
@@ -77,6 +77,16 @@ TEST_F(MonthPrintingTest, PrintsOnePageOnTheChosenPrinter) {
   printer_.Chosen = "Back Office";
   Print();
   EXPECT_EQ(std::vector<std::string>{"Back Office"}, printer_.PagesPrinted);
+}
+
+TEST_F(MonthPrintingTest, PrintsTheMonthThatIsShown) {
+  view_.ShowDayCell(11, {"12:00A- 1:30A Meeting"});
+  Print();
+  ASSERT_EQ(1U, printer_.Sheets.size());
+  const Sheet& sheet = printer_.Sheets.front();
+  EXPECT_EQ("March 2014 Pool", NameOf(sheet));
+  ASSERT_EQ(31U, sheet.Days.size());
+  EXPECT_EQ(modRes::DayLines{"12:00A- 1:30A Meeting"}, sheet.Days[4].Lines);
 }
 
 TEST_F(MonthPrintingTest, SaysHowToGetTheControlsBack) {

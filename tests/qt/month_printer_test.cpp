@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractPrintDialog>
+#include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,7 +13,7 @@
 #include <functional>
 #include <memory>
 
-#include "forms/month/print/qt_month_printer.h"
+#include "forms/print/qt_sheet_printer.h"
 #include "tests/qt/printed_page.h"
 #include "tests/qt/shown_month.h"
 #include "tests/temp_folder.h"
@@ -24,7 +25,9 @@ namespace {
 class MonthPrinterTest : public testing::Test {
  protected:
   MonthPrinterTest()
-      : month_([](QtMonthWindow& window) { return std::make_unique<QtMonthPrinter>(window); }) {
+      : month_([](QtMonthWindow& window) {
+          return std::make_unique<QtSheetPrinter>([&window] { return &window; });
+        }) {
     month_.Book(5, 3);
     month_.Show();
   }
@@ -51,6 +54,27 @@ class MonthPrinterTest : public testing::Test {
 
   void Cancel() {
     PrintAnd([](QDialog& dialog) { dialog.reject(); });
+  }
+
+  /// Prints to the file after `change` was done to the box "Print background".
+  void PrintWith(const std::function<void(QCheckBox&)>& change) {
+    PrintAnd([&](QDialog& dialog) {
+      change(*dialog.findChild<QCheckBox*>(QLatin1String(QtSheetPrinter::kBackgroundBox)));
+      dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->setText(File());
+      dialog.accept();
+    });
+    Click("lblMonth");
+  }
+
+  void Darken() {
+    month_.SetColors({"5242880", "16777215", "16777215", "65535", "8388608"});
+    month_.Show();
+  }
+
+  /// The colour of the page between two cells, in the middle of it.
+  QRgb Paper() const {
+    const QImage page = PrintedPage(File()).Picture(50);
+    return page.pixel(page.width() / 4, page.height() / 5);
   }
 
   QWidget* Control(const char* name) {
@@ -99,6 +123,71 @@ TEST_F(MonthPrinterTest, HidingTheControlsMovesNoDay) {
 TEST_F(MonthPrinterTest, GivesThePageItsName) {
   PrintToFile(File());
   EXPECT_EQ("March 2014 Office of Fire", PrintedPage(File()).Info("Title").toStdString());
+}
+
+TEST_F(MonthPrinterTest, ThePageHasEveryLineOfAFullDay) {
+  month_.Book(6, 23, "of a name that no cell of the window could show");
+  month_.Show();
+  PrintToFile(File());
+  const QString text = PrintedPage(File()).FlowingText().simplified();
+  for (int number = 1; number <= 23; ++number) {
+    const QString name =
+        QStringLiteral(" 06-%1 of a name that no cell of the window could show").arg(number);
+    EXPECT_EQ(1, text.count(name)) << number;
+  }
+}
+
+TEST_F(MonthPrinterTest, ThePageLiesOnItsSideWhateverTheShapeOfTheWindow) {
+  month_.Show(700, 1200);
+  PrintToFile(File());
+  const std::string size = PrintedPage(File()).Info("Page size").toStdString();
+  EXPECT_TRUE(size.starts_with("842 x 595") || size.starts_with("792 x 612")) << size;
+}
+
+TEST_F(MonthPrinterTest, ALightBackgroundIsPrinted) {
+  month_.SetColors({"16763904", "0", "0", "255", "16777215"});
+  month_.Show();
+  PrintWith([](QCheckBox& box) { EXPECT_TRUE(box.isChecked()); });
+  EXPECT_EQ(qRgb(0, 204, 255), Paper());
+}
+
+TEST_F(MonthPrinterTest, ADarkBackgroundIsLeftOut) {
+  Darken();
+  PrintWith([](QCheckBox& box) { EXPECT_FALSE(box.isChecked()); });
+  EXPECT_EQ(qRgb(255, 255, 255), Paper());
+}
+
+TEST_F(MonthPrinterTest, ADarkBackgroundIsPrintedWhenTheBoxIsTicked) {
+  Darken();
+  PrintWith([](QCheckBox& box) { QTest::keyClick(&box, Qt::Key_Space); });
+  EXPECT_EQ(qRgb(0, 0, 80), Paper());
+}
+
+TEST_F(MonthPrinterTest, TheBoxStaysAsItWasLeft) {
+  Darken();
+  PrintWith([](QCheckBox& box) { box.setChecked(true); });
+  PrintWith([](QCheckBox& box) { EXPECT_TRUE(box.isChecked()); });
+  EXPECT_EQ(qRgb(0, 0, 80), Paper());
+}
+
+TEST_F(MonthPrinterTest, ATickOnALightMonthIsNoneOnADarkOne) {
+  PrintWith([](QCheckBox& box) { EXPECT_TRUE(box.isChecked()); });
+  Darken();
+  PrintWith([](QCheckBox& box) { EXPECT_FALSE(box.isChecked()); });
+}
+
+TEST_F(MonthPrinterTest, TheBoxIsSeenAndReachedByKeyboard) {
+  PrintAnd([](QDialog& dialog) {
+    auto* box = dialog.findChild<QCheckBox*>(QLatin1String(QtSheetPrinter::kBackgroundBox));
+    EXPECT_TRUE(box->isVisible());
+    bool reached = false;
+    for (int press = 0; press < 40 && !reached; ++press) {
+      QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+      reached = dialog.focusWidget() == box;
+    }
+    EXPECT_TRUE(reached);
+    dialog.reject();
+  });
 }
 
 TEST_F(MonthPrinterTest, TheDialogSuggestsTheFolderOfTheLastFile) {
@@ -182,7 +271,7 @@ TEST_F(MonthPrinterTest, AClickOnADayLeavesTheControlsAway) {
 
 TEST_F(MonthPrinterTest, ThePdfFileIsAmongThePrinters) {
   const auto names = month_.Printer().PrinterNames();
-  EXPECT_EQ(1, std::count(names.begin(), names.end(), QtMonthPrinter::kPdfFile));
+  EXPECT_EQ(1, std::count(names.begin(), names.end(), QtSheetPrinter::kPdfFile));
 }
 
 }  // namespace

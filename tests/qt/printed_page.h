@@ -17,6 +17,12 @@ class PrintedPage {
   /// All text, in the places it has on the page.
   QString Text() const { return Ask("pdftotext", {"-layout", file_name_, "-"}); }
 
+  /// All text, in the order in which it is read.
+  QString ReadText() const { return Ask("pdftotext", {file_name_, "-"}); }
+
+  /// All text, in the order in which it is drawn.
+  QString FlowingText() const { return Ask("pdftotext", {"-raw", file_name_, "-"}); }
+
   /// The words between blanks.
   QStringList Words() const { return Text().simplified().split(' '); }
 

@@ -20,7 +20,7 @@ namespace veyra {
 /// The month window on the screen, March 2014 with the 5th as today.
 class ShownMonth {
  public:
-  /// `make_printer` is given the window and returns a MonthPrinter, which is kept.
+  /// `make_printer` is given the window and returns a SheetPrinter, which is kept.
   template <typename MakePrinter>
   explicit ShownMonth(MakePrinter make_printer) : printer_(make_printer(Window)) {
     folder_.AddRoom("Office of Fire", true);
@@ -60,10 +60,10 @@ class ShownMonth {
   HandlerGuard Guard{Dialogs};
   QtMonthWindow Window{Guard};
 
-  MonthPrinter& Printer() { return *printer_; }
+  SheetPrinter& Printer() { return *printer_; }
 
  private:
-  std::unique_ptr<MonthPrinter> printer_;
+  std::unique_ptr<SheetPrinter> printer_;
   CalendarFolder folder_;
   std::unique_ptr<Session> session_;
   FakeWindows windows_;

@@ -1,8 +1,10 @@
-#include "forms/month/print/qt_month_printer.h"
+#include "forms/print/qt_sheet_printer.h"
 
 #include <cups/cups.h>
 #include <langinfo.h>
 
+#include <QBoxLayout>
+#include <QCheckBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QPageSize>
@@ -16,9 +18,8 @@
 #include <iterator>
 #include <utility>
 
-#include "forms/month/print/qt_month_page.h"
-#include "forms/month/print/qt_month_pdf.h"
-#include "forms/month/qt_month_window.h"
+#include "forms/print/print_messages.h"
+#include "forms/print/qt_sheet_pdf.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/dialogs.h"
 
@@ -29,9 +30,6 @@ namespace {
 constexpr qsizetype kRoomForJob = 1 << 20;
 
 constexpr qsizetype kLongestFileTitle = 60;
-
-constexpr const char* kHowToGoOn =
-    "Click on the month to get the buttons back, then print again, perhaps on another printer.";
 
 /// The paper of the country the program runs in: Letter is 279 mm high.
 QPageSize PaperOfCountry() {
@@ -46,11 +44,11 @@ bool IsPdfFile(const QPrinter& printer) {
   return printer.outputFormat() == QPrinter::PdfFormat;
 }
 
-void SetUpPage(QPrinter& printer, const QtMonthPage& page) {
+void SetUpPage(QPrinter& printer) {
   if (IsPdfFile(printer)) {
     printer.setPageSize(PaperOfCountry());
   }
-  printer.setPageLayout(LayoutFor(page, printer.pageLayout()));
+  printer.setPageLayout(WithMargins(printer.pageLayout()));
 }
 
 void CopySettings(const QPrinter& from, QPrinter& to) {
@@ -66,8 +64,10 @@ void CopySettings(const QPrinter& from, QPrinter& to) {
 }
 
 /// What the page is called, so that a file may be called so; the dialog does that.
-QString FileTitleOf(const QtMonthPage& page) {
-  return TitleOf(page).left(kLongestFileTitle).replace(QLatin1Char('/'), QLatin1Char('-'));
+QString FileTitleOf(const Sheet& sheet) {
+  return ToQString(NameOf(sheet))
+      .left(kLongestFileTitle)
+      .replace(QLatin1Char('/'), QLatin1Char('-'));
 }
 
 /// Where the last PDF file went, at first among the operator's documents.
@@ -79,20 +79,17 @@ QString FolderFor(const QPrinter* last) {
   return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-PrinterError JobFailure(const QString& printer, const QString& reason) {
-  const QString words = reason.endsWith(QLatin1Char('.')) ? reason.chopped(1) : reason;
-  return PrinterError(
-      {"", "The printer \"" + ToUtf8(printer) + "\" has not taken the page: " + ToUtf8(words) + ".",
-       kHowToGoOn});
+PrinterError JobFailure(const QPrinter& printer, const QString& reason, const Sheet& sheet) {
+  return JobRefused(ToUtf8(printer.printerName()), ToUtf8(reason), sheet);
 }
 
 /// The toolkit writes a job into the folder for temporary files, and does not notice when the disk
 /// is full: half a page would be printed.
-void NeedRoomForJob(const QPrinter& printer) {
+void NeedRoomForJob(const QPrinter& printer, const Sheet& sheet) {
   QTemporaryFile probe;
   const QByteArray filling(kRoomForJob, '\0');
   if (!probe.open() || probe.write(filling) != filling.size() || !probe.flush()) {
-    throw JobFailure(printer.printerName(), probe.errorString());
+    throw JobFailure(printer, probe.errorString(), sheet);
   }
 }
 
@@ -106,76 +103,99 @@ QString RefusalOfPrintService() {
   return QString::fromUtf8(cupsLastErrorString());
 }
 
-void PrintToQueue(QPrinter& printer, const QtMonthPage& page) {
-  NeedRoomForJob(printer);
-  printer.setDocName(TitleOf(page));
+void PrintToQueue(QPrinter& printer, const Sheet& sheet, PrintedBackground background) {
+  NeedRoomForJob(printer, sheet);
+  printer.setDocName(ToQString(NameOf(sheet)));
   QPainter painter;
   if (!painter.begin(&printer)) {
-    throw JobFailure(printer.printerName(), QStringLiteral("it cannot be started"));
+    throw JobFailure(printer, QStringLiteral("it cannot be started"), sheet);
   }
   const QSize size = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-  PaintMonthPage(painter, QRectF(QPointF(0, 0), size), page);
+  PaintSheet(painter, QRectF(QPointF(0, 0), size), sheet, background, [&] { printer.newPage(); });
   painter.end();
   if (const QString refusal = RefusalOfPrintService(); !refusal.isEmpty()) {
-    throw JobFailure(printer.printerName(), refusal);
+    throw JobFailure(printer, refusal, sheet);
   }
+}
+
+PrintedBackground UsualBackground(const Sheet& sheet) {
+  return HasDarkBackground(sheet) ? PrintedBackground::White : PrintedBackground::AsShown;
+}
+
+/// Puts the box over the dialog's buttons, where it is seen without asking for options.
+QCheckBox* AddBackgroundBox(QPrintDialog& dialog) {
+  auto* box = new QCheckBox(QStringLiteral("Print background"), &dialog);
+  box->setObjectName(QLatin1String(QtSheetPrinter::kBackgroundBox));
+  box->setToolTip(QStringLiteral("Without it the paper stays white, and no text is pale"));
+  if (auto* column = qobject_cast<QBoxLayout*>(dialog.layout())) {
+    column->insertWidget(column->count() - 1, box);
+  }
+  return box;
 }
 
 }  // namespace
 
-QtMonthPrinter::QtMonthPrinter(QtMonthWindow& window) : window_(window) {}
+QtSheetPrinter::QtSheetPrinter(std::function<QWidget*()> owner) : owner_(std::move(owner)) {}
 
-QtMonthPrinter::~QtMonthPrinter() = default;
+QtSheetPrinter::~QtSheetPrinter() = default;
 
-std::unique_ptr<QPrinter> QtMonthPrinter::NewChoice() const {
+std::unique_ptr<QPrinter> QtSheetPrinter::NewPrinter(const Sheet& sheet) const {
   auto choice = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  const QtMonthPage page = window_.InSight();
-  if (current_) {
-    CopySettings(*current_, *choice);
+  if (current_.Printer) {
+    CopySettings(*current_.Printer, *choice);
   } else {
-    SetUpPage(*choice, page);
+    SetUpPage(*choice);
   }
-  choice->setDocName(FileTitleOf(page));
+  if (!current_.Printer || sheet.IsUpright != current_.ForUpright) {
+    choice->setPageOrientation(sheet.IsUpright ? QPageLayout::Portrait : QPageLayout::Landscape);
+  }
+  choice->setDocName(FileTitleOf(sheet));
   if (IsPdfFile(*choice)) {
-    const QDir folder(FolderFor(current_.get()));
-    choice->setOutputFileName(folder.filePath(FileTitleOf(page) + QLatin1String(".pdf")));
+    const QDir folder(FolderFor(current_.Printer.get()));
+    choice->setOutputFileName(folder.filePath(FileTitleOf(sheet) + QLatin1String(".pdf")));
   }
   choice->setCreator(QLatin1String(kApplicationTitle));
   return choice;
 }
 
-std::string QtMonthPrinter::AskForPrinter() {
-  auto choice = NewChoice();
-  QPrintDialog dialog(choice.get(), &window_);
+std::string QtSheetPrinter::AskForPrinter(const Sheet& sheet) {
+  auto choice = NewPrinter(sheet);
+  const PrintedBackground usual = UsualBackground(sheet);
+  QPrintDialog dialog(choice.get(), owner_());
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
                     QAbstractPrintDialog::PrintCollateCopies);
+  QCheckBox* box = AddBackgroundBox(dialog);
+  box->setChecked(background_.value_or(usual) == PrintedBackground::AsShown);
   if (dialog.exec() != QDialog::Accepted) {
     throw PrinterDialogError(PrinterDialogError::kCancelled);
   }
-  chosen_ = std::move(choice);
-  return IsPdfFile(*chosen_) ? kPdfFile : ToUtf8(chosen_->printerName());
+  const auto wanted = box->isChecked() ? PrintedBackground::AsShown : PrintedBackground::White;
+  background_ = wanted == usual ? std::nullopt : std::optional(wanted);
+  chosen_ = {std::move(choice), sheet.IsUpright};
+  return IsPdfFile(*chosen_.Printer) ? kPdfFile : ToUtf8(chosen_.Printer->printerName());
 }
 
-std::vector<std::string> QtMonthPrinter::PrinterNames() {
+std::vector<std::string> QtSheetPrinter::PrinterNames() {
   const QStringList queues = QPrinterInfo::availablePrinterNames();
   std::vector<std::string> names{kPdfFile};
   std::transform(queues.begin(), queues.end(), std::back_inserter(names), ToUtf8);
   return names;
 }
 
-void QtMonthPrinter::UsePrinter(const std::string& device_name) {
+void QtSheetPrinter::UsePrinter(const std::string& device_name) {
   current_ = std::move(chosen_);
-  if (!IsPdfFile(*current_)) {
-    current_->setPrinterName(ToQString(device_name));
+  if (!IsPdfFile(*current_.Printer)) {
+    current_.Printer->setPrinterName(ToQString(device_name));
   }
 }
 
-void QtMonthPrinter::PrintMonth() {
-  const QtMonthPage page = window_.InSight();
-  if (IsPdfFile(*current_)) {
-    WriteMonthPdf(current_->outputFileName(), current_->pageLayout(), page);
+void QtSheetPrinter::Print(const Sheet& sheet) {
+  const PrintedBackground background = background_.value_or(UsualBackground(sheet));
+  if (IsPdfFile(*current_.Printer)) {
+    WriteSheetPdf(current_.Printer->outputFileName(), current_.Printer->pageLayout(), sheet,
+                  background);
   } else {
-    PrintToQueue(*current_, page);
+    PrintToQueue(*current_.Printer, sheet, background);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "forms/print/sheet.h"
 
 namespace veyra {
 
@@ -27,15 +28,16 @@ class PrinterError : public Error {
   using Error::Error;
 };
 
-/// The printers of this computer, as the month window reaches them.
-class MonthPrinter {
+/// The printers of this computer, as the windows reach them.
+class SheetPrinter {
  public:
-  virtual ~MonthPrinter() = default;
+  virtual ~SheetPrinter() = default;
 
-  /// Shows the printer dialog over the month window, filled in with the settings of the current
-  /// printer, and returns the device name that the operator has chosen. The current printer stays
-  /// as it is. Throws PrinterDialogError, with kCancelled when the operator has cancelled.
-  virtual std::string AskForPrinter() = 0;
+  /// Shows the printer dialog over the window in use, filled in with the settings of the current
+  /// printer, and returns the device name that the operator has chosen for this sheet. The current
+  /// printer stays as it is. Throws PrinterDialogError, with kCancelled when the operator has
+  /// cancelled.
+  virtual std::string AskForPrinter(const Sheet& sheet) = 0;
 
   /// The device names of the printers that there are now.
   virtual std::vector<std::string> PrinterNames() = 0;
@@ -44,9 +46,9 @@ class MonthPrinter {
   /// REQUIRES: one of PrinterNames(), and AskForPrinter has returned.
   virtual void UsePrinter(const std::string& device_name) = 0;
 
-  /// Prints what the month window shows, as one job of one page, on the current printer. Throws
-  /// PrinterError when the job has not been taken.
-  virtual void PrintMonth() = 0;
+  /// Prints the sheet, as one job, on the current printer. Throws PrinterError when the job has not
+  /// been taken.
+  virtual void Print(const Sheet& sheet) = 0;
 };
 
 /// The name among `names` that equals `device_name`, whatever the case of the letters; where names

@@ -1,4 +1,4 @@
-#include "forms/month/print/month_printer.h"
+#include "forms/print/sheet_printer.h"
 
 #include <algorithm>
 

@@ -1,0 +1,103 @@
+#include "forms/print/day_sheets.h"
+
+#include <utility>
+
+#include "data/color_settings.h"
+#include "logic/facilities.h"
+#include "logic/listings.h"
+#include "logic/multiday.h"
+
+namespace veyra {
+namespace {
+
+constexpr int kDaysOfWeek = 7;
+
+/// Keeps the lines of a day.
+class KeptLines : public modRes::DayListScreen {
+ public:
+  modRes::DayLines Lines;
+
+  void ShowDayList(const modRes::DayLines& lines) override { Lines = lines; }
+};
+
+std::string MonthAndDay(Date date) {
+  return modRes::MonthName(MonthOf(date)) + " " + std::to_string(DayOf(date));
+}
+
+std::string WithYear(Date date) {
+  return MonthAndDay(date) + ", " + std::to_string(YearOf(date));
+}
+
+SheetDay ReadDay(Session& session, Date day, Date today) {
+  const ColorSettings& colors = session.CurrentColors;
+  SheetDay read;
+  read.Date = DateWords(day);
+  read.IsToday = day == today;
+  read.NumberColor = read.IsToday ? ColorNumber(colors.TodayColor, "TodayColor")
+                                  : ColorNumber(colors.DaysTxtColor, "DaysTxtColor");
+  if (read.IsToday) {
+    read.ListColor = ColorNumber(colors.TodayBColor, "TodayBColor");
+  }
+  KeptLines list;
+  modRes::FillDayList(session, list, day);
+  read.Lines = list.Lines;
+  return read;
+}
+
+Sheet EmptySheet(Session& session) {
+  Sheet sheet;
+  sheet.Room = modRes::CurrentFacility(session).value_or("");
+  sheet.BackColor = ColorNumber(session.CurrentColors.BkGrnd, "BkGrnd");
+  sheet.HeaderColor = ColorNumber(session.CurrentColors.HeaderTxt, "HeaderTxt");
+  sheet.Again = "Print again";
+  return sheet;
+}
+
+/// "March 2 to 8, 2014", with as much of the first date as the last one does not say.
+std::string WeekTitle(Date first, Date last) {
+  if (YearOf(first) != YearOf(last)) {
+    return WithYear(first) + " to " + WithYear(last);
+  }
+  return MonthAndDay(first) + " to " +
+         (MonthOf(first) == MonthOf(last)
+              ? std::to_string(DayOf(last)) + ", " + std::to_string(YearOf(last))
+              : WithYear(last));
+}
+
+}  // namespace
+
+std::string DateWords(Date date) {
+  return modRes::WeekdayName(date) + ", " + MonthAndDay(date);
+}
+
+Sheet DaySheet(Session& session, Date day, Date today) {
+  Sheet sheet = EmptySheet(session);
+  sheet.Title = DateWords(day) + ", " + std::to_string(YearOf(day));
+  sheet.Columns = 1;
+  sheet.UprightColumns = 1;
+  sheet.IsUpright = true;
+  sheet.LargestLine = 20;
+  sheet.Days.push_back(ReadDay(session, day, today));
+  return sheet;
+}
+
+Sheet WeekSheet(Session& session, Date day, Date today) {
+  const Date first = AddDays(day, 1 - WeekdayNumber(day));
+  Sheet sheet = EmptySheet(session);
+  sheet.Title = WeekTitle(first, AddDays(first, kDaysOfWeek - 1));
+  sheet.UprightColumns = 1;
+  sheet.LargestLine = 12;
+  for (int place = 0; place < kDaysOfWeek; ++place) {
+    const Date date = AddDays(first, place);
+    if (YearOf(date) < kFirstYear || YearOf(date) > kLastYear) {
+      continue;
+    }
+    SheetDay read = ReadDay(session, date, today);
+    read.Place = place;
+    read.Number = modRes::WeekdayName(date) + " " + std::to_string(DayOf(date));
+    sheet.Days.push_back(std::move(read));
+  }
+  return sheet;
+}
+
+}  // namespace veyra

@@ -146,6 +146,7 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       month_window_(guard_),
       month_gate_(month_window_),
       printer_([this] { return PrintingWindow(); }),
+      sheets_(session_, printer_, dialogs, clock),
       month_(session_, month_window_, *this, dialogs, clock, printer_),
       undo_(session_, *this, foot_, dialogs),
       desk_(month_, *this, dialogs, clock) {
@@ -426,6 +427,14 @@ void Program::ShowHelp(int topic) {
 
 void Program::Undo() {
   undo_.Undo();
+}
+
+void Program::PrintDay(Date day) {
+  sheets_.PrintDay(day);
+}
+
+void Program::PrintWeek(Date day) {
+  sheets_.PrintWeek(day);
 }
 
 void Program::EndProgram() {

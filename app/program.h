@@ -9,6 +9,7 @@
 #include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
 #include "forms/month/qt_month_window.h"
+#include "forms/print/door_sheets.h"
 #include "forms/print/qt_sheet_printer.h"
 #include "forms/widgets/qt_browser.h"
 #include "forms/widgets/qt_foot_line.h"
@@ -73,6 +74,8 @@ class Program : public Windows {
   void ChooseRows(modRes::SlotRange rows) override;
   void ShowHelp(int topic) override;
   void Undo() override;
+  void PrintDay(Date day) override;
+  void PrintWeek(Date day) override;
   void ShowWhatIsStored() override;
   void EndProgram() override;
 
@@ -107,6 +110,7 @@ class Program : public Windows {
   QtMonthWindow month_window_;
   QtInputGate month_gate_;
   QtSheetPrinter printer_;
+  DoorSheets sheets_;
   frmCalendar month_;
   QtFootLine foot_;
   DeskUndo undo_;

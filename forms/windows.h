@@ -74,6 +74,10 @@ class Windows {
   /// Takes back what the desk did last, when the operator agrees.
   virtual void Undo() = 0;
 
+  /// Prints the day, the week that holds it, as a sheet for the facility's door.
+  virtual void PrintDay(Date day) = 0;
+  virtual void PrintWeek(Date day) = 0;
+
   /// Fills all windows that are loaded anew with what the calendar holds. The active facility is
   /// picked where none was. Throws DatabaseError.
   virtual void ShowWhatIsStored() = 0;

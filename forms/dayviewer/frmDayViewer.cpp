@@ -45,6 +45,14 @@ void frmDayViewer::UndoKey() {
   windows_.Undo();
 }
 
+void frmDayViewer::PrintKey() {
+  windows_.PrintDay(session_.DayDate);
+}
+
+void frmDayViewer::PrintWeekKey() {
+  windows_.PrintWeek(session_.DayDate);
+}
+
 void frmDayViewer::FillList() {
   modRes::FillDayList(session_, view_, session_.DayDate);
 }

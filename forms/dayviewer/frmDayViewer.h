@@ -27,7 +27,9 @@ class frmDayViewer {
   void lstDay_MouseDown(MouseButton button, const std::vector<std::string>& selected);
 
   void mnuHelp_Click();
-  void UndoKey();  ///< Control and Z.
+  void UndoKey();       ///< Control and Z.
+  void PrintKey();      ///< Control and P: the day.
+  void PrintWeekKey();  ///< Control, Shift and P: its week.
 
   /// Fills the list anew with what the calendar holds. Throws DatabaseError.
   void FillList();

@@ -37,12 +37,14 @@ QtDayViewerWindow::QtDayViewerWindow(const HandlerGuard& guard) : guard_(guard) 
   BuildContents();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
-  AddUndoKey(*this, [this] { guard_.Run([this] { handler_->UndoKey(); }); });
+  AddUndoKey(*this, [this] { Report(&frmDayViewer::UndoKey); });
+  AddKey(*this, Qt::CTRL | Qt::Key_P, [this] { Report(&frmDayViewer::PrintKey); });
+  AddKey(*this, Qt::CTRL | Qt::SHIFT | Qt::Key_P, [this] { Report(&frmDayViewer::PrintWeekKey); });
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }
 
 void QtDayViewerWindow::BuildMenu() {
-  AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
+  AddHelpItem(*this, [this] { Report(&frmDayViewer::mnuHelp_Click); });
 }
 
 void QtDayViewerWindow::BuildContents() {
@@ -64,6 +66,10 @@ void QtDayViewerWindow::BuildContents() {
   column->addLayout(head);
   column->addWidget(lstDay_, 1);
   setCentralWidget(contents);
+}
+
+void QtDayViewerWindow::Report(void (frmDayViewer::*handler)()) {
+  guard_.Run([this, handler] { (handler_->*handler)(); });
 }
 
 void QtDayViewerWindow::SetCaption(const std::string& caption, Date day) {

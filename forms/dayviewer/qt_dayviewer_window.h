@@ -37,6 +37,7 @@ class QtDayViewerWindow : public QMainWindow, public DayViewerView {
  private:
   void BuildMenu();
   void BuildContents();
+  void Report(void (frmDayViewer::*handler)());
 
   const HandlerGuard& guard_;
   frmDayViewer* handler_ = nullptr;

@@ -39,6 +39,14 @@ void DeskActions::Undo() {
   windows_.Undo();
 }
 
+void DeskActions::PrintMonth() {
+  month_.Command3_Click();
+}
+
+void DeskActions::PrintWeek() {
+  windows_.PrintWeek(month_.ChosenDate());
+}
+
 void DeskActions::ShowToday() {
   month_.ShowDay(clock_.Today());
 }

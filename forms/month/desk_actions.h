@@ -40,6 +40,10 @@ class DeskActions {
   /// Takes back what the desk did last, when the operator agrees.
   void Undo();
 
+  /// Prints the month, as the button does, and the week of the chosen day.
+  void PrintMonth();
+  void PrintWeek();
+
  private:
   void OpenOver(const std::function<void()>& open);
 

@@ -33,6 +33,10 @@ QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
   AddEntry(*this, "mnuDayBoard", "Day Board", {QKeySequence(Qt::CTRL | Qt::Key_B)},
            &DeskActions::ShowDayBoard);
   AddEntry(*this, "mnuUndo", "Undo...", {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &DeskActions::Undo);
+  AddEntry(*this, "mnuPrintMonth", "Print Month...", {QKeySequence(Qt::CTRL | Qt::Key_P)},
+           &DeskActions::PrintMonth);
+  AddEntry(*this, "mnuPrintWeek", "Print Week...", {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
+           &DeskActions::PrintWeek);
   facilities_ = addMenu(QStringLiteral("Facility"));
   facilities_->setObjectName(QStringLiteral("mnuFacility"));
   for (std::size_t place = 0; place < facility_.size(); ++place) {

@@ -15,10 +15,14 @@ void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen) {
   QObject::connect(mnuHelp, &QAction::triggered, &window, chosen);
 }
 
+void AddKey(QMainWindow& window, const QKeySequence& key, const std::function<void()>& pressed) {
+  auto* shortcut = new QShortcut(key, &window);
+  shortcut->setAutoRepeat(false);
+  QObject::connect(shortcut, &QShortcut::activated, &window, pressed);
+}
+
 void AddUndoKey(QMainWindow& window, const std::function<void()>& pressed) {
-  auto* undo = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), &window);
-  undo->setAutoRepeat(false);
-  QObject::connect(undo, &QShortcut::activated, &window, pressed);
+  AddKey(window, Qt::CTRL | Qt::Key_Z, pressed);
 }
 
 void AddHelpKey(QMainWindow& window, const std::function<void()>& chosen) {

@@ -11,7 +11,7 @@ import sys
 import unittest
 
 import print_queue
-from desk import MONTH_WINDOW
+from desk import MONTH_WINDOW, date_text
 from desk_test import DeskTest, main, screen
 from screen import wait_until
 
@@ -126,6 +126,35 @@ class PrintingTest(DeskTest):
         self.confirm()
         self.assert_message(COMPLETE)
         self.assertEqual(1, text_of(path).count(self.title))
+
+    def test_control_p_in_the_viewer_prints_the_day(self):
+        day = self.free_day("Main Hall")
+        self.desk.click_on(self.desk.day_cell(day), 3)
+        self.desk.front_window(f"  {date_text(day)} Day Viewer")
+        self.desk.key("ctrl+p")
+        self.confirm()
+        self.assert_message("Print Complete.")
+        self.desk.press("OK")
+        self.assertIn(f"{day:%A, %B} {day.day}, {day.year}", text_of(self.new_job()))
+        self.desk.front_window(f"  {date_text(day)} Day Viewer")
+
+    def test_control_shift_p_prints_a_week(self):
+        self.desk.tab_to(lambda one: one.name.startswith("Bookings on "), "a day")
+        self.desk.key("ctrl+shift+p")
+        self.confirm()
+        self.assert_message("Print Complete.")
+        self.desk.press("OK")
+        page = text_of(self.new_job())
+        self.assertEqual([1] * 7, [page.count(weekday) for weekday in WEEKDAYS])
+        self.assertEqual([True] * 4, [self.desk.has(name) for name in CONTROLS])
+
+    def test_control_p_prints_the_month(self):
+        self.desk.tab_to(lambda one: one.name.startswith("Bookings on "), "a day")
+        self.desk.key("ctrl+p")
+        self.confirm()
+        self.assert_message(COMPLETE)
+        self.desk.press("OK")
+        self.assertEqual(1, text_of(self.new_job()).count(self.title))
 
     def open_dialog(self):
         self.desk.click("Print")

@@ -107,5 +107,21 @@ TEST_F(DeskActionsTest, AFacilityThatIsGoneIsNotPicked) {
   EXPECT_EQ("Pool", view_.Combo1.Text);
 }
 
+TEST_F(DeskActionsTest, TheMonthIsPrintedAsByTheButton) {
+  StartDesk();
+  desk_->PrintMonth();
+  ASSERT_EQ(1U, printer_.Sheets.size());
+  EXPECT_EQ("March 2014", printer_.Sheets[0].Title);
+  EXPECT_FALSE(view_.ControlsVisible);
+}
+
+TEST_F(DeskActionsTest, TheWeekOfTheChosenDayIsPrinted) {
+  StartDesk();
+  view_.ChosenCell = 12;
+  windows_.Log.clear();
+  desk_->PrintWeek();
+  EXPECT_EQ("print week of 3/6/2014\n", windows_.Log);
+}
+
 }  // namespace
 }  // namespace veyra

@@ -46,6 +46,8 @@ class FakeWindows : public Windows {
   }
   void ShowHelp(int topic) override { Add("help " + std::to_string(topic)); }
   void Undo() override { Add("undo"); }
+  void PrintDay(Date day) override { Add("print day " + DateText(day)); }
+  void PrintWeek(Date day) override { Add("print week of " + DateText(day)); }
   void ShowWhatIsStored() override { Add("show what is stored"); }
   void EndProgram() override { Add("end"); }
 

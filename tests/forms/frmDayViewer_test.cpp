@@ -136,5 +136,13 @@ TEST_F(FrmDayViewerTest, AnyOtherButtonDoesNothing) {
   EXPECT_EQ("", windows_.Log);
 }
 
+TEST_F(FrmDayViewerTest, ItsKeysPrintTheDayAndItsWeek) {
+  Open(2014, 3, 16);
+  windows_.Log.clear();
+  viewer_->PrintKey();
+  viewer_->PrintWeekKey();
+  EXPECT_EQ("print day 3/16/2014\nprint week of 3/16/2014\n", windows_.Log);
+}
+
 }  // namespace
 }  // namespace veyra

@@ -1,6 +1,9 @@
+#include <QAbstractPrintDialog>
 #include <QLabel>
+#include <QTimer>
 
 #include "forms/dayviewer/qt_dayviewer_window.h"
+#include "tests/qt/printed_page.h"
 #include "tests/qt/program_fixture.h"
 
 namespace veyra {
@@ -29,6 +32,25 @@ class DayViewerWindowTest : public ProgramFixture {
                     Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(Lines().viewport(), button, modifiers,
                       Lines().visualItemRect(Lines().item(row)).center());
+  }
+
+  /// Presses the key and prints into the file.
+  QString Print(Qt::KeyboardModifiers modifiers) {
+    const QString file = QString::fromStdString(app_.File("sheet.pdf").string());
+    bool over_viewer = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+      if (auto* dialog = qobject_cast<QAbstractPrintDialog*>(QApplication::activeModalWidget())) {
+        timer.stop();
+        over_viewer = dialog->parentWidget() == Viewer();
+        In<QLineEdit>(dialog, QStringLiteral("filename")).setText(file);
+        dialog->accept();
+      }
+    });
+    timer.start(1);
+    QTest::keyClick(&Lines(), Qt::Key_P, modifiers);
+    EXPECT_TRUE(over_viewer);
+    return file;
   }
 
   static std::string Text(int row) { return Lines().item(row)->text().toStdString(); }
@@ -180,6 +202,33 @@ TEST_F(DayViewerWindowTest, EscapeClosesIt) {
   QTest::keyClick(&Lines(), Qt::Key_Escape);
   EXPECT_EQ(nullptr, Viewer());
   EXPECT_TRUE(Month()->isEnabled());
+}
+
+TEST_F(DayViewerWindowTest, ControlPPrintsTheDay) {
+  const std::string name = "a name of which every word is wanted " + std::string(150, 'x') + " end";
+  data_.AddBooking(hall_, "2014-03-15", 40, 40, name);
+  Open();
+  const PrintedPage printed(Print(Qt::ControlModifier));
+  const QString text = printed.FlowingText().simplified().remove(' ');
+  const QImage upright = printed.Picture(20);
+  EXPECT_LT(upright.width(), upright.height());
+  EXPECT_TRUE(text.contains("Saturday,March15,2014"));
+  EXPECT_TRUE(text.contains("9:00A-9:30AFirst9:30A-10:30ASecond2:30P-3:00PThird"));
+  EXPECT_TRUE(text.contains(QString::fromStdString(name).remove(' ')));
+  EXPECT_EQ("[OK Information] Print Complete.", dialogs_.OnlyBox());
+}
+
+TEST_F(DayViewerWindowTest, ControlShiftPPrintsItsWeek) {
+  data_.AddBooking(hall_, "2014-03-10", 40, 40, "Monday's");
+  Open();
+  const PrintedPage printed(Print(Qt::ControlModifier | Qt::ShiftModifier));
+  const QString text = printed.Text();
+  const QImage on_its_side = printed.Picture(20);
+  EXPECT_GT(on_its_side.width(), on_its_side.height());
+  EXPECT_EQ(1, text.count("March 9 to 15, 2014"));
+  EXPECT_EQ(1, text.count("Sunday 9"));
+  EXPECT_EQ(1, text.count("Monday's"));
+  EXPECT_EQ(1, text.count("Third"));
 }
 
 }  // namespace

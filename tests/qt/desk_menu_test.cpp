@@ -89,7 +89,8 @@ TEST_F(DeskMenuTest, ARightClickOnTheBackgroundOpensTheMenu) {
   ASSERT_TRUE(IsMenuOpen());
   EXPECT_EQ(
       "Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nFree Time... "
-      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\nFacility []\n",
+      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\nPrint Month... [Ctrl+P]\n"
+      "Print Week... [Ctrl+Shift+P]\nFacility []\n",
       Entries(Menu()));
   EXPECT_EQ("Pool [Ctrl+1]\nHall [Ctrl+2]\n", Entries(Find<QMenu>("mnuFacility")));
   Menu().close();
@@ -157,7 +158,8 @@ TEST_F(DeskMenuTest, WithoutFacilitiesTheMenuHasNoPlaceForThem) {
   Find<QPushButton>("Command4").click();
   EXPECT_EQ(
       "Today [Ctrl+T]\nGo to Date... [Ctrl+G]\nFind... [Ctrl+F]\nFree Time... "
-      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\n",
+      "[Ctrl+Shift+F]\nDay Board [Ctrl+B]\nUndo... [Ctrl+Z]\nPrint Month... [Ctrl+P]\n"
+      "Print Week... [Ctrl+Shift+P]\n",
       Entries(Menu()));
 }
 

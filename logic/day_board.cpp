@@ -24,9 +24,8 @@ DayBoard ReadDayBoard(Store& store, Date day) {
     if (place == places.end() || booking.Day != day) {
       continue;
     }
-    for (TimeSlot slot = booking.Rows.First; slot <= booking.Rows.Last; ++slot) {
-      board.Columns.at(place->second).Grid.Guest[slot] = booking.Event;
-    }
+    board.Columns.at(place->second)
+        .Grid.Add(booking.Rows.First, booking.Rows.Last, booking.Event, booking.Group);
   }
   return board;
 }

@@ -1,15 +1,43 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "data/one_based.h"
 
 namespace veyra {
 
+/// A booking that the day grid shows.
+struct GridBooking {
+  int First = 0;                     ///< Its rows, both included,
+  int Last = 0;                      ///< whatever lies over some of them.
+  std::optional<double> Group = {};  ///< MultKey, of a booking that belongs to a group.
+
+  bool operator==(const GridBooking&) const = default;
+};
+
 /// The "Guest" column of the day grid: for each row 1 to 48 the name of the booking that covers the
 /// slot of that number, empty where the slot is free.
 struct DayGrid {
   OneBased<std::string, 48> Guest;
+  OneBased<int, 48> Number = {};  ///< Of the row's booking among Bookings, from 1; 0 where free.
+  std::vector<GridBooking> Bookings = {};
+
+  /// Shows the booking in rows `first` to `last`, both included, over what is there.
+  void Add(int first, int last, const std::string& name, std::optional<double> group = {}) {
+    Bookings.push_back({first, last, group});
+    for (int row = first; row <= last; ++row) {
+      Guest[row] = name;
+      Number[row] = static_cast<int>(Bookings.size());
+    }
+  }
+
+  /// The booking that the row shows; nullptr where the slot is free.
+  const GridBooking* At(int row) const {
+    const int number = Number[row];
+    return number == 0 ? nullptr : &Bookings.at(static_cast<std::size_t>(number) - 1);
+  }
 
   bool operator==(const DayGrid&) const = default;
 };
@@ -28,11 +56,17 @@ struct ShownGrid {
   DayGrid& MSFlexGrid1;
   DayGridScreen& Screen;
 
-  /// Writes `name` into rows `first` to `last`, both included, and shows the grid.
+  /// Writes `name` into rows `first` to `last`, both included, and shows the grid. Rows that a
+  /// booking had stay that booking's, others become one of their own; an empty name frees them.
   void Write(int first, int last, const std::string& name) {
+    DayGrid written = MSFlexGrid1;
+    written.Add(first, last, name);
     for (int row = first; row <= last; ++row) {
-      MSFlexGrid1.Guest[row] = name;
+      if (name.empty() || MSFlexGrid1.Number[row] != 0) {
+        written.Number[row] = name.empty() ? 0 : MSFlexGrid1.Number[row];
+      }
     }
+    MSFlexGrid1 = written;
     Screen.ShowGrid(MSFlexGrid1);
   }
 };

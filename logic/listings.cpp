@@ -122,10 +122,9 @@ void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day) {
   const auto bookings = OpenDay(session, day);
   for (; !bookings->AtEnd(); bookings->MoveNext()) {
     const SlotRange rows = RowsOf(bookings->Field("TimeFrom"), bookings->Field("TimeTo"));
-    const std::string name = ToText(bookings->Field("Event"));
-    for (TimeSlot slot = rows.First; slot <= rows.Last; ++slot) {
-      MSFlexGrid1.Guest[slot] = name;
-    }
+    const double group = ToDouble(bookings->Field("MultKey")).value_or(0);
+    MSFlexGrid1.Add(rows.First, rows.Last, ToText(bookings->Field("Event")),
+                    group > 0 ? std::optional(group) : std::nullopt);
   }
 }
 

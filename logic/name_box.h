@@ -10,6 +10,8 @@ namespace veyra {
 struct NameBox {
   std::vector<std::string> Items;
   std::string Text;
+  std::vector<std::string> Used = {};  ///< The names used last, the last one first: offered before
+                                       ///< others while one is typed.
 
   bool operator==(const NameBox&) const = default;
 };

@@ -12,15 +12,8 @@
 namespace veyra::modRes {
 namespace {
 
-/// The dates of a group.
-struct Dates {
-  std::size_t Count = 0;
-  std::optional<Date> First;
-  std::optional<Date> Last;
-};
-
-Dates DatesOf(Recordset& group) {
-  Dates dates;
+GroupDates DatesOf(Recordset& group) {
+  GroupDates dates;
   for (; !group.AtEnd(); group.MoveNext()) {
     ++dates.Count;
     if (const auto day = ToDate(group.Field("DateOfRes"))) {
@@ -36,14 +29,12 @@ std::string DayText(const std::optional<Date>& day) {
 }
 
 std::string TimesOf(const Session& session, Recordset& booking) {
-  std::string label = RangeLabel(
-      session.SlotLabel, {SlotOf(booking.Field("TimeFrom")), SlotOf(booking.Field("TimeTo"))});
-  label.erase(0, label.find_first_not_of(' '));
-  return label;
+  return TimesLabel(session.SlotLabel,
+                    {SlotOf(booking.Field("TimeFrom")), SlotOf(booking.Field("TimeTo"))});
 }
 
 std::string GroupLine(Session& session, const Value& group_key) {
-  const Dates dates = DatesOf(*FindGroup(session, group_key));
+  const GroupDates dates = DatesOfGroup(session, group_key);
   return std::to_string(dates.Count) + " dates, " + DayText(dates.First) + " to " +
          DayText(dates.Last);
 }
@@ -77,6 +68,10 @@ Rows FindGroup(Session& session, const Value& group_key) {
       "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
           " And MultKey = " + ToText(group_key),
       CursorType::StaticOptimistic);
+}
+
+GroupDates DatesOfGroup(Session& session, const Value& group_key) {
+  return DatesOf(*FindGroup(session, group_key));
 }
 
 bool IsGroupKey(const Value& key) {

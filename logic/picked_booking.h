@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 
 #include "logic/dialogs.h"
@@ -15,6 +17,16 @@ Rows FindPicked(Session& session);
 
 /// Every date of a group, for facility CurRmID, to be changed.
 Rows FindGroup(Session& session, const Value& group_key);
+
+/// The dates of a group, for facility CurRmID.
+struct GroupDates {
+  std::size_t Count = 0;
+  std::optional<Date> First;  ///< Nothing when none of its rows has a date.
+  std::optional<Date> Last;
+};
+
+/// Throws DatabaseError.
+GroupDates DatesOfGroup(Session& session, const Value& group_key);
 
 /// Whether a booking with that MultKey belongs to a group.
 bool IsGroupKey(const Value& key);

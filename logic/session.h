@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/color_settings.h"
 #include "data/date.h"
@@ -35,6 +36,8 @@ struct Session : Databases {
   std::int64_t PlannedDayCount = 0;  ///< Dates in the multiple-day plan.
   std::int64_t MultiBookCount = 0;   ///< Of those, the ones free of clashes.
   int PickerTarget = 0;              ///< Which date field the date picker fills: 0 From, 1 To.
+
+  std::vector<std::string> UsedNames;  ///< For which was booked in this run, the last one first.
 
   ColorSettings CurrentColors;  ///< The colours in use.
   ColorSettings StoredColors;   ///< The colours as read at start-up.

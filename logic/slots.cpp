@@ -90,6 +90,12 @@ std::string RangeLabel(const SlotLabelTable& labels, SlotRange range) {
   return LabelOrUnknown(labels, range.First) + "-" + LabelOrUnknown(labels, end);
 }
 
+std::string TimesLabel(const SlotLabelTable& labels, SlotRange range) {
+  std::string label = RangeLabel(labels, range);
+  label.erase(0, label.find_first_not_of(' '));
+  return label;
+}
+
 std::string LengthText(int half_hours) {
   const std::string hours = half_hours < 2 ? "" : std::to_string(half_hours / 2) + " h";
   if (half_hours % 2 == 0) {

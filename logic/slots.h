@@ -54,6 +54,9 @@ SlotRange RowsOf(const Value& time_from, const Value& time_to);
 /// a damaged row may hold, shows as "**:***".
 std::string RangeLabel(const SlotLabelTable& labels, SlotRange range);
 
+/// The same without the blank in front of an early hour: "9:00A-10:30A".
+std::string TimesLabel(const SlotLabelTable& labels, SlotRange range);
+
 /// "30 min", "2 h" or "1 h 30 min".
 std::string LengthText(int half_hours);
 

@@ -5,6 +5,7 @@ nothing but what it started. One process can have one screen: the accessibility 
 the first one that it meets.
 """
 
+import contextlib
 import os
 import re
 import select
@@ -163,6 +164,18 @@ class Screen:
                 start[1] + (end[1] - start[1]) * i // steps) for i in range(1, steps + 1)]
         moves = [word for place in way for word in ("mousemove", *place)]
         self._xdotool("mousemove", *start, "mousedown", 1, *moves, "mouseup", 1)
+
+    @contextlib.contextmanager
+    def dragging(self, start, end):
+        """Within it the mouse is at `end`, its button pressed since `start`."""
+        self._xdotool("mousemove", *start, "mousedown", 1, "mousemove", *end)
+        try:
+            yield
+        finally:
+            self._xdotool("mouseup", 1)
+
+    def move(self, x, y):
+        self._xdotool("mousemove", x, y)
 
     def wheel(self, x, y, down):
         """Turns the wheel by one notch."""

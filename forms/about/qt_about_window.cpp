@@ -85,7 +85,7 @@ QWidget* QtAboutWindow::BuildFrame() {
 }
 
 QWidget* QtAboutWindow::BuildExit() {
-  auto* Command1 = new QPushButton(QStringLiteral("Exit"), centralWidget());
+  auto* Command1 = new QPushButton(QStringLiteral("E&xit"), centralWidget());
   Command1->setObjectName(QStringLiteral("Command1"));
   Command1->setAutoDefault(true);
   Command1->setFocus();

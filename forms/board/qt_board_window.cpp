@@ -75,8 +75,8 @@ QWidget* QtBoardWindow::BuildHead() {
   auto* row = new QHBoxLayout(head);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(lblDay_, 1);
-  row->addWidget(AddButton("Command2", "<= Previous", &frmBoard::Command2_Click));
-  row->addWidget(AddButton("Command1", "Next =>", &frmBoard::Command1_Click));
+  row->addWidget(AddButton("Command2", "<= &Previous", &frmBoard::Command2_Click));
+  row->addWidget(AddButton("Command1", "&Next =>", &frmBoard::Command1_Click));
   return head;
 }
 

@@ -4,12 +4,14 @@
 
 #include "data/shown_name.h"
 #include "data/text.h"
+#include "forms/day/day_hints.h"
 #include "logic/bookings.h"
 #include "logic/delete_bookings.h"
 #include "logic/facilities.h"
 #include "logic/guests.h"
 #include "logic/help_viewer.h"
 #include "logic/name_length.h"
+#include "logic/name_matches.h"
 #include "logic/picked_booking.h"
 #include "logic/rename_bookings.h"
 
@@ -46,6 +48,7 @@ bool frmDay::Form_Load() {
                     modRes::WeekdayName(session_.DayDate));
   view_.ScrollToRow(kFirstRowSeen);
   modRes::LoadGuestNames(session_, Combo1_);
+  Combo1_.Used = session_.UsedNames;
   view_.ShowNameBox(Combo1_);
   view_.ShowMode(multiple_);
   FillGrid();
@@ -59,6 +62,24 @@ void frmDay::MSFlexGrid1_MouseDown(int row, int current_row) {
 
 void frmDay::MSFlexGrid1_Stretch(int anchor, int end) {
   chosen_ = modRes::RangeOfRows(anchor, end);
+  view_.ShowRangeHint(RangeHint(session_.SlotLabel, MSFlexGrid1_, chosen_, multiple_));
+}
+
+/// A group that cannot be read is asked for once, not each time that the mouse rests.
+std::string frmDay::RowHint(int row) {
+  const GridBooking* booking = MSFlexGrid1_.At(row);
+  if (booking == nullptr) {
+    return "";
+  }
+  const std::string text = BookingHint(session_.SlotLabel, MSFlexGrid1_, row);
+  if (!booking->Group) {
+    return text;
+  }
+  const auto [series, is_new] = series_.try_emplace(*booking->Group);
+  if (is_new) {
+    series->second = modRes::DatesOfGroup(session_, *booking->Group);
+  }
+  return text + "\n" + SeriesHint(series->second, session_.DayDate);
 }
 
 void frmDay::MSFlexGrid1_Click(int row, int column) {
@@ -195,11 +216,21 @@ void frmDay::BookSelection() {
   }
   const bool grid_is_right = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_},
                                                   Grid(), listings_.Time, dialogs_);
+  RememberName(Combo1_.Text);
   grid_is_old_ = multiple_;
   if (!grid_is_right) {
     FillGrid();
   }
   modRes::RefreshListings(session_, listings_);
+}
+
+/// It is offered first when one is typed the next time.
+void frmDay::RememberName(const std::string& name) {
+  if (!name.empty()) {
+    modRes::UseName(session_.UsedNames, name);
+    Combo1_.Used = session_.UsedNames;
+    view_.ShowNameBox(Combo1_);
+  }
 }
 
 /// A name that is too long cannot be booked until it is shortened.
@@ -252,6 +283,7 @@ void frmDay::EndSeveralDays() {
 
 void frmDay::FillGrid() {
   grid_is_old_ = false;
+  series_.clear();
   MSFlexGrid1_ = {};
   modRes::FillDayList(session_, MSFlexGrid1_, session_.DayDate);
   view_.ShowGrid(MSFlexGrid1_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "forms/day/day_view.h"
@@ -9,6 +10,7 @@
 #include "logic/listings.h"
 #include "logic/multiday.h"
 #include "logic/name_box.h"
+#include "logic/picked_booking.h"
 #include "logic/session.h"
 
 namespace veyra {
@@ -30,6 +32,10 @@ class frmDay {
 
   /// The rows from `anchor` to `end`, whichever is the upper one, are highlighted now.
   void MSFlexGrid1_Stretch(int anchor, int end);
+
+  /// What is to be said of the row's booking while the mouse rests on it, a line each: name, times,
+  /// and of a series how many dates there are; empty where the slot is free. Throws DatabaseError.
+  std::string RowHint(int row);
 
   /// The mouse was released at the selection's end: the booking flow.
   void MSFlexGrid1_Click(int row, int column);
@@ -64,6 +70,7 @@ class frmDay {
   void DeleteSelectedBooking();
   void RenameSelectedBooking(const std::string& name);
   void BookSelection();
+  void RememberName(const std::string& name);
   bool NameFits();
   bool ConfirmSingle();
   bool ConfirmMultiple();
@@ -82,6 +89,7 @@ class frmDay {
   DayGrid MSFlexGrid1_;
   NameBox Combo1_;
   bool multiple_ = false;
+  std::map<double, modRes::GroupDates> series_;  ///< By group, those asked for since it was filled.
   modRes::SlotRange chosen_ = {};  ///< The rows that were highlighted last; {} before any.
   bool grid_is_old_ = false;       ///< A series was booked since it was filled.
 };

@@ -87,7 +87,7 @@ void QtDayWindow::BuildContents() {
   MSFlexGrid1_->setObjectName(QStringLiteral("MSFlexGrid1"));
   MSFlexGrid1_->setAccessibleName(QStringLiteral("Time slots"));
   MSFlexGrid1_->setColumnWidth(kGuestColumn, Pixels(kGuestColumnWidth));
-  Command2_ = new QPushButton(QStringLiteral("Close"), contents);
+  Command2_ = new QPushButton(QStringLiteral("&Close"), contents);
   Command2_->setObjectName(QStringLiteral("Command2"));
   Command2_->setAccessibleName(QStringLiteral("Close"));
   Command2_->setAutoDefault(true);
@@ -96,7 +96,7 @@ void QtDayWindow::BuildContents() {
 
 QWidget* QtDayWindow::BuildHead() {
   auto* head = new QWidget(this);
-  auto* Label1 = new QLabel(QStringLiteral("Guest/Event"), head);
+  auto* Label1 = new QLabel(QStringLiteral("&Guest/Event"), head);
   Label1->setObjectName(QStringLiteral("Label1"));
   Combo1_ = new QtNameBox(head);
   Combo1_->setObjectName(QStringLiteral("Combo1"));
@@ -117,7 +117,7 @@ QWidget* QtDayWindow::BuildHead() {
 QGroupBox* QtDayWindow::BuildFrame() {
   auto* Frame1 = new QGroupBox(QStringLiteral("Multiple Day Bookings"), this);
   Frame1->setObjectName(QStringLiteral("Frame1"));
-  Book_ = {AddOption(0, "Single Booking", Frame1), AddOption(1, "Multiple Booking", Frame1)};
+  Book_ = {AddOption(0, "&Single Booking", Frame1), AddOption(1, "&Multiple Booking", Frame1)};
   Book_[1]->setToolTip(QStringLiteral("Click or Double-Click to Set Multiple Bookings"));
   Book_[0]->setChecked(true);
   auto* row = new QHBoxLayout(Frame1);
@@ -132,7 +132,7 @@ QGroupBox* QtDayWindow::BuildFrame() {
 QRadioButton* QtDayWindow::AddOption(int index, const char* caption, QWidget* frame) {
   auto* option = new QRadioButton(QLatin1String(caption), frame);
   option->setObjectName(QStringLiteral("Book(%1)").arg(index));
-  option->setAccessibleName(QLatin1String(caption));
+  option->setAccessibleName(WithoutAltKey(QLatin1String(caption)));
   connect(option, &QRadioButton::clicked, this,
           [this, index] { Report([index](frmDay& day) { day.Book_Click(index); }); });
   option->installEventFilter(this);
@@ -142,6 +142,11 @@ QRadioButton* QtDayWindow::AddOption(int index, const char* caption, QWidget* fr
 void QtDayWindow::WireGrid() {
   connect(MSFlexGrid1_, &QtSlotGrid::Pressed, this, [this](int row, int current_row) {
     Report([=](frmDay& day) { day.MSFlexGrid1_MouseDown(row, current_row); });
+  });
+  MSFlexGrid1_->SetRowHint([this](int row) {
+    std::string hint;
+    Report([&hint, row](frmDay& day) { hint = day.RowHint(row); });
+    return hint;
   });
   connect(MSFlexGrid1_, &QtSlotGrid::Stretched, this, [this](int anchor, int end) {
     Report([=](frmDay& day) { day.MSFlexGrid1_Stretch(anchor, end); });
@@ -196,6 +201,10 @@ void QtDayWindow::ShowName(const std::string& text) {
 
 void QtDayWindow::ShowNameHint(const std::string& hint) {
   Combo1_->ShowHint(hint);
+}
+
+void QtDayWindow::ShowRangeHint(const std::string& hint) {
+  MSFlexGrid1_->ShowRangeHint(ToQString(hint));
 }
 
 void QtDayWindow::ScrollToRow(int row) {

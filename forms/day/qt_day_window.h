@@ -41,6 +41,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   void ShowNameBox(const NameBox& box) override;
   void ShowName(const std::string& text) override;
   void ShowNameHint(const std::string& hint) override;
+  void ShowRangeHint(const std::string& hint) override;
   void ScrollToRow(int row) override;
   void SetCurrentRow(int row) override;
   void ChooseRows(int first, int last) override;

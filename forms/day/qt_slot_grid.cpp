@@ -1,6 +1,6 @@
 #include "forms/day/qt_slot_grid.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -8,8 +8,12 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <array>
 
+#include "forms/day/qt_slot_delegate.h"
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_notice.h"
+#include "forms/widgets/qt_pointer_hint.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/slots.h"
 
@@ -43,7 +47,10 @@ QTableWidgetItem* MakeTimeItem(int row) {
 
 }  // namespace
 
-QtSlotGrid::QtSlotGrid(QWidget* parent) : QTableWidget(kRows, 2, parent) {
+QtSlotGrid::QtSlotGrid(QWidget* parent)
+    : QTableWidget(kRows, 2, parent), hint_(new QtPointerHint(*this)) {
+  setItemDelegate(new QtSlotDelegate(this));
+  setShowGrid(false);
   setSelectionMode(QAbstractItemView::ContiguousSelection);
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -73,13 +80,17 @@ void QtSlotGrid::AddRows() {
 }
 
 void QtSlotGrid::ShowGuests(const DayGrid& grid) {
-  const QBrush booked = BookedColor(QGuiApplication::palette());
+  const QPalette theme = QGuiApplication::palette();
+  const std::array<QBrush, 2> shades = {BookedColor(theme), OtherBookedColor(theme)};
   for (int row = 1; row <= kRows; ++row) {
-    const std::string& name = grid.Guest[row];
+    const GridBooking* booking = grid.At(row);
     QTableWidgetItem* cell = item(row - 1, kGuestColumn);
-    cell->setText(OneLine(name));
-    cell->setBackground(name.empty() ? QBrush() : booked);
+    cell->setText(OneLine(grid.Guest[row]));
+    cell->setBackground(booking == nullptr ? QBrush() : shades.at(grid.Number[row] % 2));
+    cell->setData(QtSlotDelegate::kBookingRole, grid.Number[row]);
+    cell->setData(QtSlotDelegate::kSeriesRole, booking != nullptr && booking->Group.has_value());
   }
+  viewport()->update();
 }
 
 void QtSlotGrid::ScrollToRow(int row) {
@@ -102,6 +113,7 @@ void QtSlotGrid::SetCurrentRow(int row) {
   end_row_ = row;
   selectionModel()->setCurrentIndex(model()->index(row - 1, kTimeColumn),
                                     QItemSelectionModel::NoUpdate);
+  viewport()->update();
 }
 
 /// The first row is the one that is seen for certain.
@@ -145,7 +157,10 @@ void QtSlotGrid::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || row == 0) {
     return;
   }
+  HideHint();
   dragging_ = true;
+  has_moved_ = false;
+  pointer_ = event->globalPosition().toPoint();
   const int current_row = CurrentRow();
   anchor_row_ = row;
   StretchRangeTo(row);
@@ -158,6 +173,10 @@ void QtSlotGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void QtSlotGrid::mouseMoveEvent(QMouseEvent* event) {
   if (dragging_) {
+    const QPoint place = event->globalPosition().toPoint();
+    has_moved_ =
+        has_moved_ || (place - pointer_).manhattanLength() >= QApplication::startDragDistance();
+    pointer_ = place;
     StretchRangeTo(RowNear(event->pos().y()));
     ScrollWhileDragging(event->pos().y());
   }
@@ -188,6 +207,7 @@ void QtSlotGrid::mouseReleaseEvent(QMouseEvent* event) {
     return;
   }
   dragging_ = false;
+  HideHint();
   scroll_timer_.stop();
   const QPoint position = event->pos();
   const bool in_header = position.y() < 0 && position.y() >= -horizontalHeader()->height();
@@ -225,6 +245,7 @@ void QtSlotGrid::keyPressEvent(QKeyEvent* event) {
 }
 
 void QtSlotGrid::EndRange() {
+  HideHint();
   const int end_row = end_row_;
   StretchRangeTo(end_row);
   emit Pressed(anchor_row_, CurrentRow());
@@ -236,8 +257,12 @@ void QtSlotGrid::MoveTo(int row, bool stretch) {
   if (!stretch) {
     SetCurrentRow(target);
   }
-  StretchRangeTo(target);
   scrollTo(model()->index(target - 1, kTimeColumn));
+  choosing_by_key_ = stretch;
+  StretchRangeTo(target);
+  if (!stretch && row_hint_) {
+    ShowHintBelow(target, ToQString(row_hint_(target)));
+  }
 }
 
 /// Who comes to the grid with the Tab key begins where he looks.
@@ -248,6 +273,11 @@ void QtSlotGrid::focusInEvent(QFocusEvent* event) {
   if (by_key && !IsRowSeen(CurrentRow())) {
     SetCurrentRow(FirstRowSeen());
   }
+}
+
+void QtSlotGrid::focusOutEvent(QFocusEvent* event) {
+  QTableWidget::focusOutEvent(event);
+  HideHint();
 }
 
 void QtSlotGrid::showEvent(QShowEvent* event) {
@@ -280,7 +310,7 @@ void QtSlotGrid::ShrinkFontTo(int time_width) {
 bool QtSlotGrid::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto* help = static_cast<QHelpEvent*>(event);
-    if (ShowFullName(help->pos(), help->globalPos())) {
+    if (SayWhatIsAt(help->pos(), help->globalPos())) {
       return true;
     }
     QToolTip::hideText();
@@ -288,18 +318,39 @@ bool QtSlotGrid::viewportEvent(QEvent* event) {
   return QTableWidget::viewportEvent(event);
 }
 
-/// Whether the position is over a name that is not seen whole, whose full text is then shown.
-bool QtSlotGrid::ShowFullName(const QPoint& position, const QPoint& screen_position) {
-  const QTableWidgetItem* cell = itemAt(position);
-  if (cell == nullptr || cell->column() != kGuestColumn || cell->text().isEmpty()) {
+/// Whether there is anything to be said of the row there, which is then said.
+bool QtSlotGrid::SayWhatIsAt(const QPoint& position, const QPoint& screen_position) {
+  const int row = rowAt(position.y()) + 1;
+  const std::string hint = row == 0 || !row_hint_ ? std::string() : row_hint_(row);
+  if (hint.empty()) {
     return false;
   }
-  if (sizeHintForIndex(indexFromItem(cell)).width() <= columnWidth(kGuestColumn)) {
-    return false;
-  }
-  QToolTip::showText(screen_position, PlainToolTip(ToUtf8(cell->text())), viewport(),
-                     visualItemRect(cell));
+  const int top = rowViewportPosition(row - 1);
+  QToolTip::showText(screen_position, PlainToolTip(hint), viewport(),
+                     {0, top, viewport()->width(), rowHeight(row - 1)});
   return true;
+}
+
+void QtSlotGrid::ShowRangeHint(const QString& hint) {
+  if (dragging_ && has_moved_) {
+    hint_->ShowBeside(pointer_, hint);
+  } else if (choosing_by_key_) {
+    ShowHintBelow(end_row_, hint);
+  }
+}
+
+void QtSlotGrid::ShowHintBelow(int row, const QString& hint) {
+  const QPoint corner(columnViewportPosition(kGuestColumn),
+                      rowViewportPosition(row - 1) + rowHeight(row - 1) / 2);
+  hint_->ShowBeside(viewport()->mapToGlobal(corner), hint);
+  if (!hint.isEmpty()) {
+    Announce(*hint_);
+  }
+}
+
+void QtSlotGrid::HideHint() {
+  choosing_by_key_ = false;
+  hint_->hide();
 }
 
 }  // namespace veyra

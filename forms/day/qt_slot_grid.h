@@ -2,10 +2,14 @@
 
 #include <QBasicTimer>
 #include <QTableWidget>
+#include <functional>
+#include <string>
 
 #include "logic/day_grid.h"
 
 namespace veyra {
+
+class QtPointerHint;
 
 /// MSFlexGrid1: a row for each half hour, its time in column 0 and who has booked it in column 1.
 /// Rows count from 1, as the header is row 0. A range of rows is chosen by dragging with the left
@@ -30,6 +34,14 @@ class QtSlotGrid : public QTableWidget {
   /// Highlights the range and brings it in sight, as if the keyboard had stretched it.
   void ChooseRows(int first, int last);
 
+  /// What is to be said of a row's booking; empty where there is none.
+  using RowHint = std::function<std::string(int row)>;
+  void SetRowHint(RowHint hint) { row_hint_ = std::move(hint); }
+
+  /// Says beside the pointer, or below the rows while they are chosen by key, what has been chosen
+  /// so far. Nothing is said of rows that somebody else has chosen.
+  void ShowRangeHint(const QString& hint);
+
   bool IsDragging() const { return dragging_; }
 
   int CurrentRow() const { return currentRow() + 1; }
@@ -52,6 +64,7 @@ class QtSlotGrid : public QTableWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
@@ -70,9 +83,16 @@ class QtSlotGrid : public QTableWidget {
   void Report(int row, int column);
   void StretchRows();
   void ShrinkFontTo(int time_width);
-  bool ShowFullName(const QPoint& position, const QPoint& screen_position);
+  bool SayWhatIsAt(const QPoint& position, const QPoint& screen_position);
+  void ShowHintBelow(int row, const QString& hint);
+  void HideHint();
 
+  RowHint row_hint_;
+  QtPointerHint* hint_;
   bool dragging_ = false;
+  bool has_moved_ = false;  ///< Since the button went down.
+  bool choosing_by_key_ = false;
+  QPoint pointer_;      ///< On the screen, while rows are dragged over.
   int anchor_row_ = 1;  ///< Where the range begins.
   int end_row_ = 1;     ///< Where it ends, above or below.
   int wanted_top_row_ = 0;

@@ -82,8 +82,9 @@ void QtDayViewerWindow::ShowDay(const DayViewerPicture& picture) {
   lblDay_->setText(ToQString(picture.lblDay));
   lblDate_->setText(ToQString(picture.lblDate));
   SetColor(*centralWidget(), QPalette::Window, ToQColor(picture.BackColor, theme));
-  SetColor(*lblDay_, QPalette::WindowText, ToQColor(picture.DayColor, theme));
-  SetColor(*lblDate_, QPalette::WindowText, ToQColor(picture.DateColor, theme));
+  SetColor(*lblDay_, QPalette::WindowText, TextColorOn(picture.BackColor, picture.DayColor, theme));
+  SetColor(*lblDate_, QPalette::WindowText,
+           TextColorOn(picture.BackColor, picture.DateColor, theme));
   const QColor list =
       picture.ListColor ? ToQColor(*picture.ListColor, theme) : theme.color(QPalette::Base);
   SetColor(*lstDay_, QPalette::Base, list);

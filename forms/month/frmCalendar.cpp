@@ -11,6 +11,7 @@
 #include "logic/facilities.h"
 #include "logic/help_viewer.h"
 #include "logic/name_length.h"
+#include "logic/name_matches.h"
 
 namespace veyra {
 namespace {
@@ -34,7 +35,7 @@ frmCalendar::frmCalendar(Session& session, MonthView& view, Windows& windows, Di
 
 void frmCalendar::LoadFacilityBox() {
   modRes::LoadFacilities(session_, Combo1_);
-  view_.ShowFacilityBox(Combo1_);
+  ShowFacilityBox();
 }
 
 void frmCalendar::ApplyHeaderColors() {
@@ -85,7 +86,7 @@ void frmCalendar::Command4_Click() {
   // The entry to be removed is the one that the box names.
   modRes::ShowCurrentFacility(session_, Combo1_);
   modRes::DeleteFacility(session_, Combo1_, lblRoom_, dialogs_);
-  view_.ShowFacilityBox(Combo1_);
+  ShowFacilityBox();
   view_.ShowRoom(lblRoom_);
   RefreshMonth();
 }
@@ -133,10 +134,12 @@ void frmCalendar::Combo1_Click(const std::string& text) {
     modRes::SelectFacility(session_, text);
   } catch (...) {
     // The box must not name a facility that is not the current one.
-    view_.ShowFacilityBox(Combo1_);
+    ShowFacilityBox();
     throw;
   }
   Combo1_.Text = text;
+  modRes::UseName(Combo1_.Used, text);
+  ShowFacilityBox();
   ShowRoom(text);
   if (modRes::CurrentFacility(session_) != text) {
     ShowWhatIsLeft();
@@ -146,7 +149,6 @@ void frmCalendar::Combo1_Click(const std::string& text) {
 
 void frmCalendar::PickFacility(const std::string& name) {
   Combo1_Click(name);
-  view_.ShowFacilityBox(Combo1_);
 }
 
 void frmCalendar::Combo1_KeyPress(int key) {
@@ -154,7 +156,7 @@ void frmCalendar::Combo1_KeyPress(int key) {
     return;
   }
   Combo1_.Text = ProperCase(Combo1_.Text);
-  view_.ShowFacilityBox(Combo1_);
+  ShowFacilityBox();
   const std::string too_long = modRes::FacilityNameTooLong(session_, Combo1_.Text);
   view_.ShowFacilityHint(too_long);
   if (!too_long.empty()) {
@@ -169,7 +171,7 @@ void frmCalendar::Combo1_KeyPress(int key) {
     AddTypedFacility();
   } else {
     modRes::ShowCurrentFacility(session_, Combo1_);
-    view_.ShowFacilityBox(Combo1_);
+    ShowFacilityBox();
   }
 }
 
@@ -186,7 +188,7 @@ void frmCalendar::Combo1_LostFocus() {
   const std::string name = modRes::CurrentFacility(session_).value_or("");
   if (Combo1_.Text != name) {
     Combo1_.Text = name;
-    view_.ShowFacilityBox(Combo1_);
+    ShowFacilityBox();
   }
 }
 
@@ -270,7 +272,7 @@ void frmCalendar::OpenDay(const std::string& facility, Date day) {
 
 void frmCalendar::ReloadFacilities() {
   modRes::ReloadFacilities(session_, Combo1_);
-  view_.ShowFacilityBox(Combo1_);
+  ShowFacilityBox();
   if (!Combo1_.Text.empty()) {
     ShowRoom(Combo1_.Text);
   }
@@ -329,14 +331,15 @@ bool frmCalendar::AdoptListedName() {
     return false;
   }
   Combo1_.Text = *listed;
-  view_.ShowFacilityBox(Combo1_);
+  ShowFacilityBox();
   return true;
 }
 
 void frmCalendar::AddTypedFacility() {
   session_.IsLoading = false;
   modRes::AddFacility(session_, Combo1_);
-  view_.ShowFacilityBox(Combo1_);
+  modRes::UseName(Combo1_.Used, Combo1_.Text);
+  ShowFacilityBox();
   ShowRoom(Combo1_.Text);
   RefreshMonth();
 }
@@ -371,6 +374,14 @@ void frmCalendar::EnableAgainIfThrown(const std::function<void()>& open) {
     windows_.EnableMonthWindow(true);
     throw;
   }
+}
+
+/// A facility that is gone is offered no more.
+void frmCalendar::ShowFacilityBox() {
+  std::erase_if(Combo1_.Used, [this](const std::string& name) {
+    return std::find(Combo1_.Items.begin(), Combo1_.Items.end(), name) == Combo1_.Items.end();
+  });
+  view_.ShowFacilityBox(Combo1_);
 }
 
 /// The facility that was picked is no longer there: the one that was current stays so.

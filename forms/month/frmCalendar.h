@@ -109,6 +109,7 @@ class frmCalendar {
   Date DateOfCell(int index) const;
   static int CellOf(Date day);
   void ShowRoom(const std::string& name);
+  void ShowFacilityBox();
 
   Session& session_;
   MonthView& view_;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "forms/month/qt_day_list.h"
 #include "forms/widgets/qt_colors.h"
@@ -43,11 +44,11 @@ QtDayCell::QtDayCell(int index, QWidget* parent)
   connect(lstDay_, &QtDayList::FocusChanged, this, qOverload<>(&QWidget::update));
 }
 
-void QtDayCell::ShowDay(const modRes::MonthCell& cell) {
+void QtDayCell::ShowDay(const modRes::MonthCell& cell, std::int32_t background) {
   has_day_ = cell.Visible;
   is_today_ = cell.Visible && cell.IsToday;
   if (cell.Visible) {
-    ShowNumber(cell);
+    ShowNumber(cell, background);
     lstDay_->setAccessibleName(QStringLiteral("Bookings on ") + ToQString(DateText(cell.Day)));
     if (cell.ListColor) {
       lstDay_->SetBackground(ToQColor(*cell.ListColor, QGuiApplication::palette()));
@@ -64,20 +65,22 @@ void QtDayCell::SetLayout(bool number_beside, double point_size) {
   layout_->setDirection(number_beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   lblDate_->setIndent(number_beside ? 1 : kStrongFrame + 1);
   QFont font = lblDate_->font();
-  font.setPointSizeF(number_beside ? point_size : this->font().pointSizeF());
+  font.setPointSizeF(number_beside ? point_size : std::max(point_size, this->font().pointSizeF()));
   lblDate_->setFont(font);
   font.setBold(true);
   const int widest = QFontMetrics(font).horizontalAdvance(QStringLiteral("30")) + kStrongFrame;
   lblDate_->setMinimumWidth(number_beside ? widest : 0);
   lstDay_->SetPointSize(point_size);
+  layout_->activate();
 }
 
-void QtDayCell::ShowNumber(const modRes::MonthCell& cell) {
+void QtDayCell::ShowNumber(const modRes::MonthCell& cell, std::int32_t background) {
   QFont font = lblDate_->font();
   font.setBold(cell.IsToday);
   lblDate_->setFont(font);
   QPalette colors = lblDate_->palette();
-  colors.setColor(QPalette::WindowText, ToQColor(cell.NumberColor, QGuiApplication::palette()));
+  colors.setColor(QPalette::WindowText,
+                  TextColorOn(background, cell.NumberColor, QGuiApplication::palette()));
   lblDate_->setPalette(colors);
   lblDate_->setText(ToQString(cell.Number));
 }

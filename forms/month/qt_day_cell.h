@@ -21,8 +21,8 @@ class QtDayCell : public QWidget {
   QtDayCell(int index, QWidget* parent);
 
   /// Shows the day, or nothing when the cell does not belong to the month. The list's background
-  /// changes only when the cell names one.
-  void ShowDay(const modRes::MonthCell& cell);
+  /// changes only when the cell names one. `background`: the window's, as a stored colour.
+  void ShowDay(const modRes::MonthCell& cell, std::int32_t background);
 
   /// Puts the number beside the list, where there is no room to put it above, and sets the size of
   /// the list's font.
@@ -37,7 +37,7 @@ class QtDayCell : public QWidget {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  void ShowNumber(const modRes::MonthCell& cell);
+  void ShowNumber(const modRes::MonthCell& cell, std::int32_t background);
   void DrawFrame(QPainter& painter, const QColor& color, int outside, int width) const;
   QColor FrameColor() const;
 

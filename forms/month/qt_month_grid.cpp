@@ -23,11 +23,12 @@ constexpr int kHintMargin = 16;
 /// A cell below this height has no room for a number above its list.
 constexpr int kLowCell = 60;
 
-/// The list's font is made smaller until a line shows so many characters.
+/// The lists' font is as large as leaves room for so many characters and lines.
 constexpr int kCharactersSeen = 20;
+constexpr int kLinesSeen = 5;
 constexpr int kCells = 42;
-constexpr double kLargestFont = 9;
-constexpr double kSmallestFont = 7;
+constexpr double kLargestFont = 18;
+constexpr double kSmallestFont = 8;
 constexpr double kFontStep = 0.5;
 constexpr int kListMargins = 16;
 
@@ -51,14 +52,18 @@ int StepOf(int key) {
   }
 }
 
-int WidthOfLine(QFont font, double size) {
+/// Above the lines stands the number, about as high as one of them.
+bool Fits(QFont font, double size, const QSize& cell) {
   font.setPointSizeF(size);
-  return QFontMetrics(font).horizontalAdvance(QString(kCharactersSeen, QChar(u'0')));
+  const QFontMetrics metrics(font);
+  return metrics.horizontalAdvance(QString(kCharactersSeen, QChar(u'0'))) <=
+             cell.width() - kListMargins &&
+         (kLinesSeen + 1) * metrics.height() <= cell.height() - kListMargins;
 }
 
-double FittingPointSize(const QFont& font, int cell_width) {
+double FittingPointSize(const QFont& font, const QSize& cell) {
   double size = kLargestFont;
-  while (size > kSmallestFont && WidthOfLine(font, size) > cell_width - kListMargins) {
+  while (size > kSmallestFont && !Fits(font, size, cell)) {
     size -= kFontStep;
   }
   return size;
@@ -151,7 +156,7 @@ void QtMonthGrid::ShowCells(const OneBased<modRes::MonthCell, 42>& cells) {
   std::transform(cells.begin(), cells.end(), has_day_.begin(), std::mem_fn(&MonthCell::Visible));
   for (int index = 1; index <= kCells; ++index) {
     if (HasDay(index)) {
-      Cell(index).ShowDay(cells[index]);
+      Cell(index).ShowDay(cells[index], background_);
     }
   }
   MakeTabStop(NearestDay(tab_stop_ == 0 ? TodayIn(cells) : tab_stop_));
@@ -161,19 +166,44 @@ void QtMonthGrid::ShowCells(const OneBased<modRes::MonthCell, 42>& cells) {
   // Last, for a list that is hidden while it has the focus passes it to any other control.
   for (int index = 1; index <= kCells; ++index) {
     if (!HasDay(index)) {
-      Cell(index).ShowDay(cells[index]);
+      Cell(index).ShowDay(cells[index], background_);
     }
+  }
+  CollapseEmptyWeeks();
+  LayOut();
+  // At once, so that the month is painted once.
+  layout()->activate();
+}
+
+/// The room of the last weeks that hold no day is shared out among the others. All cells keep their
+/// places in the six rows.
+void QtMonthGrid::CollapseEmptyWeeks() {
+  weeks_ = kWeeks;
+  while (weeks_ > 1 &&
+         std::none_of(has_day_.begin() + (weeks_ - 1) * kColumns,
+                      has_day_.begin() + weeks_ * kColumns, [](bool has_day) { return has_day; })) {
+    --weeks_;
+  }
+  for (int index = 1; index <= kCells; ++index) {
+    Cell(index).setVisible(index <= weeks_ * kColumns);
+  }
+  for (int week = 1; week <= kWeeks; ++week) {
+    static_cast<QGridLayout*>(layout())->setRowStretch(week, week <= weeks_ ? 1 : 0);
   }
 }
 
-/// All cells are laid out alike.
 void QtMonthGrid::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const int cell_width = (width() - (kColumns - 1) * kSpacing) / kColumns;
-  const int cell_height = (height() - Label2_[0]->height()) / kWeeks - kSpacing;
-  const double point_size = FittingPointSize(Cell(1).List().font(), cell_width);
+  LayOut();
+}
+
+/// All cells are laid out alike.
+void QtMonthGrid::LayOut() {
+  const QSize cell((width() - (kColumns - 1) * kSpacing) / kColumns,
+                   (height() - Label2_[0]->height()) / weeks_ - kSpacing);
+  const double point_size = FittingPointSize(Cell(1).List().font(), cell);
   for (int index = 1; index <= kCells; ++index) {
-    Cell(index).SetLayout(cell_height < kLowCell, point_size);
+    Cell(index).SetLayout(cell.height() < kLowCell, point_size);
   }
 }
 
@@ -186,11 +216,12 @@ void QtMonthGrid::Choose(int index) {
   Cell(index).List().setFocus(Qt::OtherFocusReason);
 }
 
-void QtMonthGrid::SetHeaderColor(const QColor& color) {
-  for (QLabel* header : Label2_) {
-    QPalette colors = header->palette();
-    colors.setColor(QPalette::WindowText, color);
-    header->setPalette(colors);
+void QtMonthGrid::SetColors(std::int32_t background, const QColor& header) {
+  background_ = background;
+  for (QLabel* weekday : Label2_) {
+    QPalette colors = weekday->palette();
+    colors.setColor(QPalette::WindowText, header);
+    weekday->setPalette(colors);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <array>
+#include <cstdint>
 
 #include "data/one_based.h"
 #include "forms/mouse_button.h"
@@ -37,7 +38,9 @@ class QtMonthGrid : public QWidget {
   /// Says in the middle of the days what is to be done first; nothing when the text is empty.
   void ShowHint(const QString& hint);
 
-  void SetHeaderColor(const QColor& color);
+  /// The background of the window, as a stored colour, on which the numbers are drawn from the next
+  /// month on; and the colour of the weekdays.
+  void SetColors(std::int32_t background, const QColor& header);
 
   /// Whether the widget is one of the weekday headers.
   bool IsHeader(const QWidget* widget) const;
@@ -53,6 +56,8 @@ class QtMonthGrid : public QWidget {
   void AddCells();
   void AddHint();
   QtDayCell& Cell(int index) { return *cells_[index]; }
+  void LayOut();
+  void CollapseEmptyWeeks();
   bool HasDay(int index) const;
   int NearestDay(int index) const;
   void Move(int index, int key);
@@ -62,6 +67,8 @@ class QtMonthGrid : public QWidget {
   OneBased<QtDayCell*, 42> cells_;
   OneBased<bool, 42> has_day_;
   QLabel* hint_ = nullptr;
+  std::int32_t background_ = 0;
+  int weeks_ = 6;  ///< Those that hold days of the month.
   int tab_stop_ = 0;
 };
 

@@ -77,14 +77,14 @@ void QtMonthWindow::SetHandler(frmCalendar* handler, DeskActions* desk) {
 }
 
 void QtMonthWindow::BuildMenus() {
-  QMenu* mnuHelp = menuBar()->addMenu(QStringLiteral("Help"));
+  QMenu* mnuHelp = menuBar()->addMenu(QStringLiteral("&Help"));
   mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
-  AddMenuItem(mnuHelp, "mnuContents", "Contents", &frmCalendar::mnuContents_Click);
-  AddMenuItem(mnuHelp, "mnuOver", "Overview", &frmCalendar::mnuOver_Click);
-  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar Help", &frmCalendar::mnuCalendar_Click)
+  AddMenuItem(mnuHelp, "mnuContents", "&Contents", &frmCalendar::mnuContents_Click);
+  AddMenuItem(mnuHelp, "mnuOver", "&Overview", &frmCalendar::mnuOver_Click);
+  AddMenuItem(mnuHelp, "mnuCalendar", "Calendar &Help", &frmCalendar::mnuCalendar_Click)
       ->setShortcut(QKeySequence(Qt::Key_F1));
-  AddMenuItem(mnuHelp, "mnuAbout", "About", &frmCalendar::mnuAbout_Click);
-  AddMenuItem(menuBar(), "mnuSettings", "Settings", &frmCalendar::mnuSettings_Click);
+  AddMenuItem(mnuHelp, "mnuAbout", "&About", &frmCalendar::mnuAbout_Click);
+  AddMenuItem(menuBar(), "mnuSettings", "&Settings", &frmCalendar::mnuSettings_Click);
 }
 
 QAction* QtMonthWindow::AddMenuItem(QWidget* menu, const char* name, const char* caption,
@@ -119,7 +119,7 @@ QWidget* QtMonthWindow::BuildTitles() {
 
 QWidget* QtMonthWindow::BuildControls() {
   auto* controls = new QWidget(this);
-  Label1_ = new QLabel(QStringLiteral("Facility"), controls);
+  Label1_ = new QLabel(QStringLiteral("&Facility"), controls);
   Label1_->setObjectName(QStringLiteral("Label1"));
   KeepPlaceWhenHidden(Label1_);
   Combo1_ = new QtNameBox(controls);
@@ -132,13 +132,13 @@ QWidget* QtMonthWindow::BuildControls() {
   KeepPlaceWhenHidden(Combo1_);
   Label1_->setBuddy(Combo1_);
   Command4_ =
-      AddButton("Command4", "Delete Facility", "Delete the Selected Facility and All its Bookings",
+      AddButton("Command4", "&Delete Facility", "Delete the Selected Facility and All its Bookings",
                 &frmCalendar::Command4_Click);
-  Command2_ = AddButton("Command2", "<= Previous", "Go To the Previous Month",
+  Command2_ = AddButton("Command2", "<= &Previous", "Go To the Previous Month",
                         &frmCalendar::Command2_Click);
   Command1_ =
-      AddButton("Command1", "Next =>", "Go To the Next Month", &frmCalendar::Command1_Click);
-  Command3_ = AddButton("Command3", "Print", "Print this Month's Calendar on your Default Printer",
+      AddButton("Command1", "&Next =>", "Go To the Next Month", &frmCalendar::Command1_Click);
+  Command3_ = AddButton("Command3", "P&rint", "Print this Month's Calendar on your Default Printer",
                         &frmCalendar::Command3_Click);
   Command1_->setAutoRepeat(true);
   Command2_->setAutoRepeat(true);
@@ -168,7 +168,7 @@ QPushButton* QtMonthWindow::AddButton(const char* name, const char* caption, con
                                       Handler handler) {
   auto* button = new QPushButton(QLatin1String(caption), this);
   button->setObjectName(QLatin1String(name));
-  button->setAccessibleName(QLatin1String(caption));
+  button->setAccessibleName(WithoutAltKey(QLatin1String(caption)));
   button->setToolTip(QLatin1String(tooltip));
   button->setAutoDefault(true);
   button->setEnabled(handler != nullptr);
@@ -261,11 +261,11 @@ void QtMonthWindow::ShowColors(std::int32_t background, std::int32_t header) {
   const QColor back = ToQColor(background, theme);
   colors.setColor(QPalette::Window, back);
   centralWidget()->setPalette(colors);
-  const QColor head = ToQColor(header, theme);
+  const QColor head = TextColorOn(background, header, theme);
   SetTextColor(lblMonth_, head);
   SetTextColor(lblRoom_, head);
   SetTextColor(Label1_, ReadableOn(back, theme.color(QPalette::WindowText)));
-  grid_->SetHeaderColor(head);
+  grid_->SetColors(background, head);
 }
 
 void QtMonthWindow::ShowControls(bool visible) {

@@ -47,9 +47,7 @@ std::string TimeNote(const modRes::SlotLabelTable& labels, const modRes::TakenDa
   if (taken == nullptr) {
     return "Choose a time in the day first to count those taken.";
   }
-  std::string times = modRes::RangeLabel(labels, taken->Slots());
-  times.erase(0, times.find_first_not_of(' '));
-  return "Counted for " + times + ", the time chosen last.";
+  return "Counted for " + modRes::TimesLabel(labels, taken->Slots()) + ", the time chosen last.";
 }
 
 }  // namespace

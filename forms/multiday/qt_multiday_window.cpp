@@ -34,15 +34,15 @@ struct Weekday {
   const char* Plural;
 };
 
-constexpr OneBased<Weekday, 7> kWeekdays({{{"Sun", "Sundays"},
-                                           {"Mon", "Mondays"},
-                                           {"Tue", "Tuesdays"},
-                                           {"Wed", "Wednesdays"},
-                                           {"Thu", "Thursdays"},
-                                           {"Fri", "Fridays"},
-                                           {"Sat", "Saturdays"}}});
+constexpr OneBased<Weekday, 7> kWeekdays({{{"&Sun", "Sundays"},
+                                           {"&Mon", "Mondays"},
+                                           {"T&ue", "Tuesdays"},
+                                           {"&Wed", "Wednesdays"},
+                                           {"T&hu", "Thursdays"},
+                                           {"F&ri", "Fridays"},
+                                           {"S&at", "Saturdays"}}});
 
-constexpr std::array<const char*, 2> kFieldLabels = {"From", "To"};
+constexpr std::array<const char*, 2> kFieldLabels = {"&From", "&To"};
 
 QString IndexedName(const char* control, std::size_t index) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(index);
@@ -127,7 +127,7 @@ QWidget* QtMultiDayWindow::BuildWeekdays() {
     grid->addWidget(box, static_cast<int>(day - 1) / 4, static_cast<int>(day - 1) % 4);
     Days_[day] = box;
   }
-  Command2_ = AddButton("Command2", "Ck ALL", "Press to Select ALL Days between the Dates Below",
+  Command2_ = AddButton("Command2", "C&k ALL", "Press to Select ALL Days between the Dates Below",
                         &frmMultiDay::Command2_Click);
   grid->addWidget(Command2_, 1, 3);
   return Frame1;
@@ -138,7 +138,7 @@ void QtMultiDayWindow::AddDateField(QBoxLayout* row, std::size_t index) {
   Label1->setObjectName(IndexedName("Label1", index));
   auto* field = new QtDateField(centralWidget());
   field->setObjectName(IndexedName("Text1", index));
-  field->setAccessibleName(Label1->text());
+  field->setAccessibleName(WithoutAltKey(Label1->text()));
   field->setToolTip(QStringLiteral("Double-Click for Calendar"));
   Label1->setBuddy(field);
   connect(field, &QLineEdit::textChanged, this, [this, index](const QString& text) {
@@ -177,7 +177,7 @@ void QtMultiDayWindow::AddPlanLine(QBoxLayout* column) {
 /// "Close" stands in the middle, for "Close Calendar" comes up beside it on either side.
 void QtMultiDayWindow::AddButtons(QBoxLayout* column) {
   Command1_ =
-      AddButton("Command1", "Close", "Press to Close this Panel", &frmMultiDay::Command1_Click);
+      AddButton("Command1", "&Close", "Press to Close this Panel", &frmMultiDay::Command1_Click);
   Command1_->setFixedWidth(Pixels(kWindowWidth - 2 * (kButtonWidth + 2 * kMargin)));
   column->addSpacing(Pixels(kMargin) / 2);
   column->addWidget(Command1_, 0, Qt::AlignHCenter);
@@ -200,7 +200,7 @@ void QtMultiDayWindow::BuildPicker() {
   Calendar1_->hide();
   connect(Calendar1_, &QtDatePicker::DayTaken, this,
           [this](QDate date) { guard_.Run([&] { handler_->Calendar1_DblClick(ToDate(date)); }); });
-  Command3_ = AddButton("Command3", "Close Calendar", "Click to close Calendar",
+  Command3_ = AddButton("Command3", "Close Ca&lendar", "Click to close Calendar",
                         &frmMultiDay::Command3_Click);
   Command3_->setFixedSize(Pixels(kButtonWidth), Command1_->sizeHint().height());
   Command3_->hide();

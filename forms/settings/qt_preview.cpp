@@ -140,18 +140,23 @@ void QtPreview::PlaceGrid() {
 }
 
 void QtPreview::ShowColors(const RoleColors& colors) {
-  const auto color_of = [&colors, theme = QGuiApplication::palette()](ColorRole role) {
-    return ToQColor(colors.at(static_cast<std::size_t>(role)), theme);
+  const QPalette theme = QGuiApplication::palette();
+  const auto number_of = [&colors](ColorRole role) {
+    return colors.at(static_cast<std::size_t>(role));
   };
-  const QColor background = color_of(ColorRole::BackGround);
+  const auto text_on = [&](ColorRole background, ColorRole text) {
+    return TextColorOn(number_of(background), number_of(text), theme);
+  };
+  const QColor background = ToQColor(number_of(ColorRole::BackGround), theme);
   SetColor(*this, QPalette::Window, background);
-  SetColor(*Label1_, QPalette::WindowText, color_of(ColorRole::Header));
-  SetColor(*Label2_, QPalette::WindowText, color_of(ColorRole::Header));
+  const QColor header = text_on(ColorRole::BackGround, ColorRole::Header);
+  SetColor(*Label1_, QPalette::WindowText, header);
+  SetColor(*Label2_, QPalette::WindowText, header);
   for (QLabel* week : Label3_) {
-    SetColor(*week, QPalette::WindowText, color_of(ColorRole::DayNumbers));
+    SetColor(*week, QPalette::WindowText, text_on(ColorRole::BackGround, ColorRole::DayNumbers));
   }
-  SetColor(*Label4_, QPalette::WindowText, color_of(ColorRole::Today));
-  SetColor(*Label4_, QPalette::Window, color_of(ColorRole::TodayBackGround));
+  SetColor(*Label4_, QPalette::WindowText, text_on(ColorRole::TodayBackGround, ColorRole::Today));
+  SetColor(*Label4_, QPalette::Window, ToQColor(number_of(ColorRole::TodayBackGround), theme));
   const QColor line = Blend(background, ReadableOn(background, background), kLineStrength);
   for (const auto& lines : {Line1_, Line2_}) {
     for (QWidget* edge : lines) {

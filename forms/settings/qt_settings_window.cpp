@@ -33,11 +33,11 @@ struct RoleTexts {
 };
 
 constexpr std::array<RoleTexts, kColorRoles> kRoleTexts = {
-    {{"BackGround Color", "BackGround Color"},
-     {"Header Color", "Header Color"},
-     {"Day Color", "Day Number Color"},
-     {"ToDay's Color", "Today's Number Color"},
-     {"ToDay's BkGrnd Color", "Today's Background Color"}}};
+    {{"&BackGround Color", "BackGround Color"},
+     {"H&eader Color", "Header Color"},
+     {"&Day Color", "Day Number Color"},
+     {"&ToDay's Color", "Today's Number Color"},
+     {"ToDay's Bk&Grnd Color", "Today's Background Color"}}};
 
 struct BarTexts {
   const char* Label;
@@ -186,11 +186,11 @@ QWidget* QtSettingsWindow::BuildButtons() {
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(kGap);
   row->addStretch();
-  row->addWidget(MakeButton("Command1", "Save New Colors", buttons, &frmSettings::Command1_Click));
+  row->addWidget(MakeButton("Command1", "&Save New Colors", buttons, &frmSettings::Command1_Click));
   row->addWidget(
-      MakeButton("Command2", "Tempory Use Colors", buttons, &frmSettings::Command2_Click));
+      MakeButton("Command2", "Te&mpory Use Colors", buttons, &frmSettings::Command2_Click));
   row->addWidget(
-      MakeButton("Command3", "Reset Current Colors", buttons, &frmSettings::Command3_Click));
+      MakeButton("Command3", "&Reset Current Colors", buttons, &frmSettings::Command3_Click));
   return buttons;
 }
 

@@ -1,15 +1,16 @@
 #include "forms/widgets/qt_colors.h"
 
 #include <QWidget>
-#include <algorithm>
 #include <cmath>
-#include <utility>
+#include <variant>
+
+#include "forms/contrast.h"
 
 namespace veyra {
 namespace {
 
-/// The least ratio of contrast at which text still reads well: WCAG 2.1, large text.
-constexpr double kReadableContrast = 3.0;
+/// A background that is lighter, of 0 to 255, is no dark one.
+constexpr int kDarkest = 127;
 
 QPalette::ColorRole RoleOf(ThemeColor part) {
   switch (part) {
@@ -64,18 +65,17 @@ QPalette::ColorRole RoleOf(ThemeColor part) {
   return QPalette::Base;
 }
 
-double Linear(double channel) {
-  return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+Rgb ToRgb(const QColor& color) {
+  const auto part = [](int channel) { return static_cast<std::uint8_t>(channel); };
+  return {part(color.red()), part(color.green()), part(color.blue())};
 }
 
-double Luminance(const QColor& color) {
-  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) +
-         0.0722 * Linear(color.blueF());
+QColor ToQColor(Rgb color) {
+  return {color.Red, color.Green, color.Blue};
 }
 
-double Contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
-  return (lighter + 0.05) / (darker + 0.05);
+QColor BookedShade(const QPalette& theme, double tint) {
+  return Blend(theme.color(QPalette::Base), theme.color(QPalette::Highlight), tint);
 }
 
 }  // namespace
@@ -88,18 +88,28 @@ QColor ColorOfTheme(ThemeColor part, const QPalette& theme) {
 QColor ToQColor(std::int32_t number, const QPalette& theme) {
   const auto color = ColorOf(number);
   if (const auto* direct = std::get_if<Rgb>(&color)) {
-    return {direct->Red, direct->Green, direct->Blue};
+    return ToQColor(*direct);
   }
   return ColorOfTheme(std::get<ThemeColor>(color), theme);
 }
 
+QColor TextColorOn(std::int32_t background, std::int32_t number, const QPalette& theme) {
+  const QColor stored = ToQColor(number, theme);
+  const QColor ground = ToQColor(background, theme);
+  if (std::holds_alternative<Rgb>(ColorOf(background)) || ground.lightness() > kDarkest) {
+    return stored;
+  }
+  return ToQColor(Readable(ToRgb(stored), ToRgb(ground)));
+}
+
 QColor ReadableOn(const QColor& background, const QColor& preferred) {
-  if (Contrast(background, preferred) >= kReadableContrast) {
+  const Rgb ground = ToRgb(background);
+  if (Contrast(ground, ToRgb(preferred)) >= kReadableContrast) {
     return preferred;
   }
   const QColor black(Qt::black);
   const QColor white(Qt::white);
-  return Contrast(background, black) >= Contrast(background, white) ? black : white;
+  return Contrast(ground, ToRgb(black)) >= Contrast(ground, ToRgb(white)) ? black : white;
 }
 
 void SetColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
@@ -118,7 +128,12 @@ QColor Blend(const QColor& first, const QColor& second, double share) {
 
 QColor BookedColor(const QPalette& theme) {
   constexpr double kTint = 0.22;
-  return Blend(theme.color(QPalette::Base), theme.color(QPalette::Highlight), kTint);
+  return BookedShade(theme, kTint);
+}
+
+QColor OtherBookedColor(const QPalette& theme) {
+  constexpr double kTint = 0.34;
+  return BookedShade(theme, kTint);
 }
 
 }  // namespace veyra

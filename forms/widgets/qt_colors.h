@@ -16,6 +16,12 @@ QColor ColorOfTheme(ThemeColor part, const QPalette& theme);
 /// The colour that a colour number stands for in this theme.
 QColor ToQColor(std::int32_t number, const QPalette& theme);
 
+/// The colour in which a text that is stored as `number` is drawn on a background that is stored as
+/// `background`. On a dark part of the theme it is lightened when it cannot be read there. The
+/// light ones, for which the colours were chosen, and a background of the operator's own leave it
+/// as it is.
+QColor TextColorOn(std::int32_t background, std::int32_t number, const QPalette& theme);
+
 /// `preferred` where it can be read on `background`, otherwise black or white.
 QColor ReadableOn(const QColor& background, const QColor& preferred);
 
@@ -25,7 +31,8 @@ void SetColor(QWidget& widget, QPalette::ColorRole role, const QColor& color);
 /// The colour between two: `first` at 0, `second` at 1.
 QColor Blend(const QColor& first, const QColor& second, double share);
 
-/// The background of a half hour that is booked.
+/// The background of a half hour that is booked, and another shade of it for the next booking.
 QColor BookedColor(const QPalette& theme);
+QColor OtherBookedColor(const QPalette& theme);
 
 }  // namespace veyra

@@ -8,7 +8,7 @@
 namespace veyra {
 
 void AddHelpItem(QMainWindow& window, const std::function<void()>& chosen) {
-  QAction* mnuHelp = window.menuBar()->addAction(QStringLiteral("Help"));
+  QAction* mnuHelp = window.menuBar()->addAction(QStringLiteral("&Help"));
   mnuHelp->setObjectName(QStringLiteral("mnuHelp"));
   mnuHelp->setMenuRole(QAction::NoRole);
   mnuHelp->setShortcut(QKeySequence(Qt::Key_F1));

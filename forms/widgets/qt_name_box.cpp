@@ -13,12 +13,14 @@
 #include <utility>
 
 #include "forms/widgets/qt_hint.h"
+#include "forms/widgets/qt_match_list.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {
 
 constexpr int kMostNamesSeen = 16;
+constexpr std::size_t kMostMatches = 8;
 
 /// Whether the focus only pauses: the window is left, or a menu or the list has opened.
 bool IsPause(Qt::FocusReason reason) {
@@ -29,7 +31,10 @@ bool IsPause(Qt::FocusReason reason) {
 }  // namespace
 
 QtNameBox::QtNameBox(QWidget* parent)
-    : QComboBox(parent), list_(new QStringListModel(this)), hint_(new QtHint(*this)) {
+    : QComboBox(parent),
+      list_(new QStringListModel(this)),
+      hint_(new QtHint(*this)),
+      match_list_(new QtMatchList(*this)) {
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMaxVisibleItems(kMostNamesSeen);
   setModel(list_);
@@ -45,7 +50,12 @@ QtNameBox::QtNameBox(QWidget* parent)
   connect(lineEdit(), &QLineEdit::textChanged, this, &QtNameBox::ReportText);
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { index_ = index; });
   connect(lineEdit(), &QLineEdit::returnPressed, this, &QtNameBox::EnterPressed);
+  connect(match_list_, &QtMatchList::NamePicked, this, [this](const std::string& name) {
+    ShowText(name);
+    emit Picked(name);
+  });
   connect(this, &QComboBox::activated, this, [this](int index) {
+    match_list_->hide();
     lineEdit()->home(false);
     ShowHint({});
     emit Picked(names_.at(static_cast<std::size_t>(index)));
@@ -61,6 +71,7 @@ void QtNameBox::ShowNames(const NameBox& box) {
   if (names_ != box.Items) {
     FillList(box.Items);
   }
+  matches_.SetNames(box.Items, box.Used);
   ShowText(box.Text);
 }
 
@@ -73,6 +84,7 @@ void QtNameBox::ShowText(const std::string& text) {
   }
   const QScopedValueRollback silence(silent_, true);
   ShowHint({});
+  match_list_->hide();
   setCurrentIndex(index);
   setEditText(shown);
   lineEdit()->home(false);
@@ -98,7 +110,34 @@ void QtNameBox::SelectKeepingTheBeginningInSight() {
 void QtNameBox::ReportText(const QString& text) {
   if (!silent_ && currentIndex() == index_) {
     emit Typed(ToUtf8(text));
+    OfferMatches(lineEdit()->text());
   }
+}
+
+/// Not while something is wrong with the text, which is said in the same place; and not what stands
+/// there already.
+void QtNameBox::OfferMatches(const QString& text) {
+  std::vector<std::string> names;
+  if (hasFocus() && hint_->text().isEmpty()) {
+    names = matches_.Find(ToUtf8(text), kMostMatches);
+  }
+  if (names.size() == 1 && OneLine(names.front()) == text) {
+    names.clear();
+  }
+  match_list_->ShowMatches(names);
+}
+
+void QtNameBox::keyPressEvent(QKeyEvent* event) {
+  if (match_list_->TakesKey(event->key())) {
+    event->accept();
+  } else {
+    QComboBox::keyPressEvent(event);
+  }
+}
+
+void QtNameBox::hideEvent(QHideEvent* event) {
+  QComboBox::hideEvent(event);
+  match_list_->hide();
 }
 
 void QtNameBox::FillList(const std::vector<std::string>& names) {
@@ -124,6 +163,7 @@ void QtNameBox::focusInEvent(QFocusEvent* event) {
 void QtNameBox::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
   select_after_click_ = false;
+  match_list_->hide();
   if (!IsPause(event->reason()) && std::exchange(has_focus_, false)) {
     lineEdit()->home(false);
     emit FocusLeft();
@@ -139,8 +179,13 @@ void QtNameBox::wheelEvent(QWheelEvent* event) {
   }
 }
 
-/// While nothing was typed, what is to be undone is not in the box.
+/// While nothing was typed, what is to be undone is not in the box. Escape is the list's first.
 bool QtNameBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && match_list_->isVisible() &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
+  }
   if (event->type() == QEvent::ShortcutOverride && !lineEdit()->isUndoAvailable() &&
       static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
     event->ignore();

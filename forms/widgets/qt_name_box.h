@@ -5,18 +5,21 @@
 #include <vector>
 
 #include "logic/name_box.h"
+#include "logic/name_matches.h"
 
 class QStringListModel;
 
 namespace veyra {
 
 class QtHint;
+class QtMatchList;
 
 /// An editable drop-down box of names, made for very long lists. What is put into it by the program
 /// is never reported; the gestures of the operator are, each once, and so is what an assistive
 /// program writes for him. Only the entry shown last, picked again over another text, is reported
-/// as typed before it is as picked. A name that is longer than the box shows its beginning but
-/// while it is edited.
+/// as typed before it is as picked. While a name is typed those that match are offered below the
+/// box; the text is the operator's until he chooses one of them. A name that is longer than the box
+/// shows its beginning but while it is edited.
 class QtNameBox : public QComboBox {
   Q_OBJECT
 
@@ -48,6 +51,8 @@ class QtNameBox : public QComboBox {
   void FocusLeft();     ///< For another control.
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
@@ -57,11 +62,14 @@ class QtNameBox : public QComboBox {
  private:
   void FillList(const std::vector<std::string>& names);
   void ReportText(const QString& text);
+  void OfferMatches(const QString& text);
   void SelectKeepingTheBeginningInSight();
 
   std::vector<std::string> names_;
   QStringListModel* list_;
   QtHint* hint_;
+  QtMatchList* match_list_;
+  modRes::NameMatches matches_;
   int index_ = -1;  ///< Of the entry shown last.
   bool silent_ = false;
   bool has_focus_ = false;

@@ -20,6 +20,10 @@ bool BreaksTheLine(QChar character) {
 
 }  // namespace
 
+QString WithoutAltKey(QString caption) {
+  return caption.remove(QLatin1Char('&'));
+}
+
 QString OneLine(const std::string& text) {
   QString line = ToQString(text);
   if (std::none_of(line.cbegin(), line.cend(), BreaksTheLine)) {

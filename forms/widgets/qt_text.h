@@ -15,6 +15,9 @@ inline std::string ToUtf8(const QString& text) {
   return text.toStdString();
 }
 
+/// The words of a caption in which "&" marks its Alt key.
+QString WithoutAltKey(QString caption);
+
 /// The text as it is shown where there is room for one line only: a blank in place of each line
 /// break, tab and other control character.
 QString OneLine(const std::string& text);

@@ -30,6 +30,21 @@ class FacilitiesTest(DeskTest):
         self.wait_for_facility("Squash Court")
         self.assertEqual(before + ["Squash Court"], self.facilities())
 
+    def test_what_matches_is_offered_while_a_name_is_typed(self):
+        self.desk.write_name("TCHE")
+        self.desk.find("Kitchen", "list item")
+        self.desk.key("Escape")
+        self.assertEqual("TCHE", self.desk.combo_text())
+        self.desk.write_name("tch")
+        self.desk.wait(lambda: self.is_offered("Kitchen"), "the match")
+        self.desk.key("Down", "Return")
+        self.wait_for_facility("Kitchen")
+        self.assertEqual("Kitchen", self.desk.combo_text())
+
+    def is_offered(self, name):
+        return any(one.name == name and one.role == "list item" and one.is_showing
+                   for one in self.desk.front_window().everything())
+
     def test_answering_no_brings_the_old_name_back(self):
         before = self.facilities()
         self.add("squash court")

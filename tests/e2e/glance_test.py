@@ -33,6 +33,29 @@ class GlanceTest(DeskTest):
             self.desk.wait(lambda: " 9:00A-10:30A Quentin Zsolnay" in self.desk.lines_of(day),
                            "the new booking in the month")
 
+    def test_the_day_says_what_is_dragged_over_and_what_is_booked(self):
+        day = self.free_day("Main Hall")
+        self.sql("INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo) SELECT ID, "
+                 f"'Quentin Zsolnay', '{day.isoformat()}', 19, 21 FROM Rooms "
+                 "WHERE Name = 'Main Hall';")
+        self.start()
+        self.desk.open_day(day)
+        self.desk.show_slot(22)
+        self.desk.show_slot(16)
+        free, last = self.desk._slot(16).centre, self.desk._slot(20).centre
+        with self.desk.screen.dragging(free, last):
+            self.wait_for_words("7:30A-10:00A, 2 h 30 min, taken by Quentin Zsolnay")
+        self.desk.press("OK")
+        self.desk.front_window(f"  {date_text(day)} Bookings")
+        self.desk.screen.move(*self.desk._slot(20).centre)
+        self.wait_for_words("Quentin Zsolnay\n9:00A-10:30A, 1 h 30 min")
+        self.desk.close_day()
+
+    def wait_for_words(self, words):
+        """Waits for what the pointer carries, or what is said of the place that it rests on."""
+        self.desk.wait(lambda: any(words in one.name for window in self.desk.windows()
+                                   for one in window.everything()), f'"{words}"')
+
     def all_lines_of(self, day):
         """The lines of a day of the calendar, which is not in front."""
         window = next(one for one in self.desk.windows())

@@ -75,7 +75,7 @@ TEST_F(FacilityBoxTest, YesAddsTheFacilityAndShowsItsEmptyMonth) {
   folder_.AddBooking(1, "2014-03-05", 1, 2, "Swim");
   dialogs_.AnswerNext(Answer::Yes);
   TypeAndEnter("main hall");
-  EXPECT_EQ((NameBox{{"Pool", "Main Hall"}, "Main Hall"}), view_.Combo1);
+  EXPECT_EQ((NameBox{{"Pool", "Main Hall"}, "Main Hall", {"Main Hall"}}), view_.Combo1);
   EXPECT_EQ("Main Hall", view_.lblRoom);
   EXPECT_EQ(2, session_->CurRmID);
   EXPECT_EQ("1 Pool active\n2 Main Hall active\n", folder_.Rooms());

@@ -14,6 +14,7 @@ class FakeDayView : public DayView {
   std::string Heading;
   std::string NameHint;
   std::string ChosenRows;
+  std::string RangeHint;
   int TopRow = 0;
   int CurrentRow = 0;
   int TextsSelected = 0;
@@ -28,6 +29,7 @@ class FakeDayView : public DayView {
   void ShowNameBox(const NameBox& box) override { Combo1 = box; }
   void ShowName(const std::string& text) override { Combo1.Text = text; }
   void ShowNameHint(const std::string& hint) override { NameHint = hint; }
+  void ShowRangeHint(const std::string& hint) override { RangeHint = hint; }
   void ScrollToRow(int row) override { TopRow = row; }
   void SetCurrentRow(int row) override { CurrentRow = row; }
   void ChooseRows(int first, int last) override {

@@ -34,7 +34,7 @@ TEST_F(AboutWindowTest, ItsTextsAreTheMakers) {
   for (std::size_t index = 0; index < kAboutLabels.size(); ++index) {
     EXPECT_EQ(kAboutLabels.at(index), Label(static_cast<int>(index)).text().toStdString());
   }
-  EXPECT_EQ("Exit", In<QPushButton>(About(), "Command1").text().toStdString());
+  EXPECT_EQ("Exit", Words(In<QPushButton>(About(), "Command1").text()));
   EXPECT_EQ("Palatino Linotype", Label(0).font().family().toStdString());
   EXPECT_EQ("MS Sans Serif", Label(5).font().family().toStdString());
 }

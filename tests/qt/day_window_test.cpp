@@ -52,15 +52,15 @@ class DayWindowTest : public ProgramFixture {
 TEST_F(DayWindowTest, TheControlsBearTheirNamesAndCaptions) {
   StartAndOpenDay();
   EXPECT_EQ("  3/15/2014 Bookings", Day()->windowTitle().toStdString());
-  EXPECT_EQ("Guest/Event", In<QLabel>(Day(), "Label1").text().toStdString());
+  EXPECT_EQ("Guest/Event", Words(In<QLabel>(Day(), "Label1").text()));
   EXPECT_EQ("Multiple Day Bookings", In<QGroupBox>(Day(), "Frame1").title().toStdString());
-  EXPECT_EQ("Single Booking", In<QRadioButton>(Day(), "Book(0)").text().toStdString());
-  EXPECT_EQ("Multiple Booking", In<QRadioButton>(Day(), "Book(1)").text().toStdString());
+  EXPECT_EQ("Single Booking", Words(In<QRadioButton>(Day(), "Book(0)").text()));
+  EXPECT_EQ("Multiple Booking", Words(In<QRadioButton>(Day(), "Book(1)").text()));
   EXPECT_EQ("Click or Double-Click to Set Multiple Bookings",
             In<QRadioButton>(Day(), "Book(1)").toolTip().toStdString());
   EXPECT_EQ("", In<QRadioButton>(Day(), "Book(0)").toolTip().toStdString());
-  EXPECT_EQ("Close", In<QPushButton>(Day(), "Command2").text().toStdString());
-  EXPECT_EQ("Help", In<QAction>(Day(), "mnuHelp").text().toStdString());
+  EXPECT_EQ("Close", Words(In<QPushButton>(Day(), "Command2").text()));
+  EXPECT_EQ("Help", Words(In<QAction>(Day(), "mnuHelp").text()));
 }
 
 TEST_F(DayWindowTest, TheControlsHaveAccessibleNames) {

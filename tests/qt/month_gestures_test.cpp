@@ -173,6 +173,8 @@ TEST_F(DayCellTest, OverACutLineAllOfItComesUpAndElsewhereTheFixedHint) {
   data_.AddBooking(hall_, "2014-03-15", 19, 20, name);
   data_.AddBooking(hall_, "2014-03-15", 25, 25, "A");
   Start();
+  Month()->resize(1200, 760);
+  QCoreApplication::processEvents();
   const auto middle = [](int row) {
     return List(21)
         .visualItemRect(List(21).item(row))

@@ -49,8 +49,8 @@ class MultiDayWindowTest : public ProgramFixture {
 TEST_F(MultiDayWindowTest, ItsTextsAreThoseOfTheDesign) {
   Open();
   EXPECT_EQ("Multiple Day Booking", Plan()->windowTitle().toStdString());
-  EXPECT_EQ("From", In<QLabel>(Plan(), "Label1(0)").text().toStdString());
-  EXPECT_EQ("To", In<QLabel>(Plan(), "Label1(1)").text().toStdString());
+  EXPECT_EQ("From", Words(In<QLabel>(Plan(), "Label1(0)").text()));
+  EXPECT_EQ("To", Words(In<QLabel>(Plan(), "Label1(1)").text()));
   EXPECT_EQ("Double-Click for Calendar", Field(0).toolTip().toStdString());
   EXPECT_EQ("Double-Click for Calendar", Field(1).toolTip().toStdString());
   EXPECT_EQ("Days of the Week ", In<QGroupBox>(Plan(), "Frame1").title().toStdString());
@@ -68,7 +68,7 @@ TEST_F(MultiDayWindowTest, ItsButtonsBearTheirCaptionsAndToolTips) {
       {"Command2", "Ck ALL", "Press to Select ALL Days between the Dates Below"},
       {"Command3", "Close Calendar", "Click to close Calendar"}};
   for (const auto& [name, caption, tooltip] : buttons) {
-    EXPECT_EQ(caption, Button(name).text().toStdString());
+    EXPECT_EQ(caption, Words(Button(name).text()));
     EXPECT_EQ(tooltip, Button(name).toolTip().toStdString());
   }
 }
@@ -80,7 +80,7 @@ TEST_F(MultiDayWindowTest, ItsWeekdaysBeginWithSunday) {
       {"Thu", "Thursdays"}, {"Fri", "Fridays"}, {"Sat", "Saturdays"}};
   for (std::size_t i = 0; i < days.size(); ++i) {
     const QCheckBox& box = Weekday(static_cast<int>(i) + 1);
-    EXPECT_EQ(days[i][0], box.text().toStdString());
+    EXPECT_EQ(days[i][0], Words(box.text()));
     EXPECT_EQ(std::string("Check to Schedule all ") + days[i][1] + " between the Dates Below",
               box.toolTip().toStdString());
   }

@@ -66,6 +66,11 @@ class ProgramFixture : public testing::Test {
   static QWidget* Month() { return Window("frmCalendar"); }
   static QWidget* Day() { return Window("frmDay"); }
 
+  /// The words of a caption, without the mark of its Alt key.
+  static std::string Words(QString caption) {
+    return caption.remove(QLatin1Char('&')).toStdString();
+  }
+
   template <typename Control>
   static Control& In(QWidget* window, const QString& name) {
     auto* control = window->findChild<Control*>(name);

@@ -78,7 +78,7 @@ TEST_F(SettingsWindowTest, ItsTextsAreThoseOfTheDesign) {
     EXPECT_EQ(text, Label(QLatin1String(name)).text().toStdString());
   }
   EXPECT_EQ("Current Colors", In<QGroupBox>(Settings(), "Frame3").title().toStdString());
-  EXPECT_EQ("Help", In<QAction>(Settings(), "mnuHelp").text().toStdString());
+  EXPECT_EQ("Help", Words(In<QAction>(Settings(), "mnuHelp").text()));
 }
 
 TEST_F(SettingsWindowTest, ItsRolesAndButtonsBearTheirCaptions) {
@@ -86,7 +86,7 @@ TEST_F(SettingsWindowTest, ItsRolesAndButtonsBearTheirCaptions) {
   const std::vector<const char*> roles = {"BackGround Color", "Header Color", "Day Color",
                                           "ToDay's Color", "ToDay's BkGrnd Color"};
   for (std::size_t role = 0; role < roles.size(); ++role) {
-    EXPECT_EQ(roles[role], Option(static_cast<int>(role)).text().toStdString());
+    EXPECT_EQ(roles[role], Words(Option(static_cast<int>(role)).text()));
   }
   EXPECT_TRUE(Option(0).isChecked());
   const std::vector<std::pair<const char*, const char*>> buttons = {
@@ -94,7 +94,7 @@ TEST_F(SettingsWindowTest, ItsRolesAndButtonsBearTheirCaptions) {
       {"Command2", "Tempory Use Colors"},
       {"Command3", "Reset Current Colors"}};
   for (const auto& [name, caption] : buttons) {
-    EXPECT_EQ(caption, In<QPushButton>(Settings(), name).text().toStdString());
+    EXPECT_EQ(caption, Words(In<QPushButton>(Settings(), name).text()));
   }
 }
 
@@ -268,6 +268,35 @@ TEST_F(SettingsWindowTest, TheMonthIsNotGreyWhileItWaits) {
             colors.color(QPalette::Disabled, QPalette::Text));
   EXPECT_EQ(colors.color(QPalette::Active, QPalette::Base),
             colors.color(QPalette::Disabled, QPalette::Base));
+}
+
+/// A dark desktop, while it lives.
+class DarkDesktop {
+ public:
+  DarkDesktop() : before_(QGuiApplication::palette()) {
+    QPalette dark = before_;
+    for (const auto role : {QPalette::Window, QPalette::Button, QPalette::Base}) {
+      dark.setColor(role, QColor(49, 54, 59));
+    }
+    QApplication::setPalette(dark);
+  }
+  ~DarkDesktop() { QApplication::setPalette(before_); }
+
+ private:
+  QPalette before_;
+};
+
+TEST_F(SettingsWindowTest, OnADarkDesktopThePreviewAndTheMonthShowTheSameReadableColours) {
+  const DarkDesktop dark;
+  Open();
+  const auto color_in_month = [](const char* label) {
+    return In<QLabel>(Month(), QLatin1String(label)).palette().color(QPalette::WindowText);
+  };
+  const auto readable = [](const QColor& color) { return color.lightness() > 100; };
+  EXPECT_TRUE(readable(color_in_month("lblMonth")));
+  EXPECT_TRUE(readable(color_in_month("lblDate(20)")));
+  EXPECT_EQ(color_in_month("lblMonth").name().toUpper().toStdString(), TextColor("Label1"));
+  EXPECT_EQ(color_in_month("lblDate(20)").name().toUpper().toStdString(), TextColor("Label3(0)"));
 }
 
 }  // namespace

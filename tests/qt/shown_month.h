@@ -45,7 +45,7 @@ class ShownMonth {
 
   void SetColors(const ColorSettings& colors) { session_->CurrentColors = colors; }
 
-  void Show(int width = 1000, int height = 680) {
+  void Show(int width = 1120, int height = 680) {
     logic_->ApplyHeaderColors();
     logic_->ShowCurrentMonth();
     for (const auto& [day, lines] : lines_) {

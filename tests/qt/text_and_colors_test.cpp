@@ -65,5 +65,25 @@ TEST(QtColors, TextThatCannotBeReadOnItsBackgroundGivesWay) {
   EXPECT_EQ(QColor(Qt::blue), ReadableOn(Qt::white, Qt::blue));
 }
 
+constexpr std::int32_t kButtonFace = -2147483633;
+
+TEST(TextColorOnTest, OnADarkDesktopATextThatCannotBeReadIsLightened) {
+  QPalette dark;
+  dark.setColor(QPalette::Button, QColor(49, 54, 59));
+  EXPECT_EQ(QColor(255, 255, 255), TextColorOn(kButtonFace, 0xFFFFFF, dark));
+  EXPECT_EQ(QColor(158, 158, 158), TextColorOn(kButtonFace, 0x000000, dark));
+}
+
+/// The colours of the design among them: red on white.
+TEST(TextColorOnTest, OnALightDesktopItStaysAsStored) {
+  QPalette light;
+  light.setColor(QPalette::Button, Qt::white);
+  EXPECT_EQ(QColor(255, 0, 0), TextColorOn(kButtonFace, 0x0000FF, light));
+}
+
+TEST(TextColorOnTest, OnABackgroundOfOnesOwnChoiceItStaysAsStored) {
+  EXPECT_EQ(QColor(10, 10, 10), TextColorOn(0x000000, 0x0A0A0A, QPalette()));
+}
+
 }  // namespace
 }  // namespace veyra

@@ -1,0 +1,64 @@
+#include "forms/day/day_hints.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include "data/shown_name.h"
+
+namespace veyra {
+namespace {
+
+std::string TimesAndLength(const modRes::SlotLabelTable& labels, modRes::SlotRange rows) {
+  return modRes::TimesLabel(labels, rows) + ", " + modRes::LengthText(rows.Last - rows.First + 1);
+}
+
+/// Who has booked any of the rows, each booking once.
+std::vector<std::string> NamesIn(const DayGrid& grid, modRes::SlotRange rows) {
+  std::vector<std::string> names;
+  std::vector<int> numbers;
+  for (modRes::TimeSlot row = rows.First; row <= rows.Last; ++row) {
+    const int number = grid.Number[row];
+    if (number != 0 && std::find(numbers.begin(), numbers.end(), number) == numbers.end()) {
+      numbers.push_back(number);
+      names.push_back(ShownName(grid.Guest[row]));
+    }
+  }
+  return names;
+}
+
+}  // namespace
+
+std::string RangeHint(const modRes::SlotLabelTable& labels, const DayGrid& grid,
+                      modRes::SlotRange rows, bool several_days) {
+  const std::vector<std::string> names = NamesIn(grid, rows);
+  std::string text = TimesAndLength(labels, rows) + ", ";
+  if (names.empty()) {
+    return text + (several_days ? "free on this day" : "free");
+  }
+  text += "taken by " + names.front();
+  if (names.size() == 2) {
+    text += " and " + names.back();
+  } else if (names.size() > 2) {
+    text += " and " + std::to_string(names.size() - 1) + " others";
+  }
+  return text;
+}
+
+std::string BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row) {
+  const GridBooking& booking = *grid.At(row);
+  return ShownName(grid.Guest[row]) + "\n" + TimesAndLength(labels, {booking.First, booking.Last});
+}
+
+std::string SeriesHint(const modRes::GroupDates& dates, Date shown) {
+  if (dates.Count < 2 || !dates.Last) {
+    return "the only date left of a series";
+  }
+  const Date last = *dates.Last;
+  const std::string end = YearOf(last) == YearOf(shown)
+                              ? std::to_string(MonthOf(last)) + "/" + std::to_string(DayOf(last))
+                              : DateText(last);
+  return "one of " + std::to_string(dates.Count) + " dates until " + end;
+}
+
+}  // namespace veyra

@@ -23,9 +23,12 @@ constexpr int kHintMargin = 16;
 /// A cell below this height has no room for a number above its list.
 constexpr int kLowCell = 60;
 
-/// The lists' font is as large as leaves room for so many characters and lines.
-constexpr int kCharactersSeen = 20;
+/// The lists' font is as large as leaves room for so many lines, and so many characters: a wide
+/// window shows larger text, and more of each name as well.
 constexpr int kLinesSeen = 5;
+constexpr int kCharactersSeen = 20;
+constexpr int kCharactersSeenWhenLarge = 28;
+constexpr double kUsualFont = 9;
 constexpr int kCells = 42;
 constexpr double kLargestFont = 18;
 constexpr double kSmallestFont = 8;
@@ -56,7 +59,8 @@ int StepOf(int key) {
 bool Fits(QFont font, double size, const QSize& cell) {
   font.setPointSizeF(size);
   const QFontMetrics metrics(font);
-  return metrics.horizontalAdvance(QString(kCharactersSeen, QChar(u'0'))) <=
+  const int characters = size > kUsualFont ? kCharactersSeenWhenLarge : kCharactersSeen;
+  return metrics.horizontalAdvance(QString(characters, QChar(u'0'))) <=
              cell.width() - kListMargins &&
          (kLinesSeen + 1) * metrics.height() <= cell.height() - kListMargins;
 }
@@ -204,6 +208,11 @@ void QtMonthGrid::LayOut() {
   const double point_size = FittingPointSize(Cell(1).List().font(), cell);
   for (int index = 1; index <= kCells; ++index) {
     Cell(index).SetLayout(cell.height() < kLowCell, point_size);
+  }
+  for (QLabel* header : Label2_) {
+    QFont larger = header->font();
+    larger.setPointSizeF(std::max(font().pointSizeF(), point_size));
+    header->setFont(larger);
   }
 }
 

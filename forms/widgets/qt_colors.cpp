@@ -9,6 +9,9 @@
 namespace veyra {
 namespace {
 
+/// The least ratio of contrast at which large text still reads well: WCAG 2.1, level AA.
+constexpr double kLargeTextContrast = 3.0;
+
 /// A background that is lighter, of 0 to 255, is no dark one.
 constexpr int kDarkest = 127;
 
@@ -104,7 +107,7 @@ QColor TextColorOn(std::int32_t background, std::int32_t number, const QPalette&
 
 QColor ReadableOn(const QColor& background, const QColor& preferred) {
   const Rgb ground = ToRgb(background);
-  if (Contrast(ground, ToRgb(preferred)) >= kReadableContrast) {
+  if (Contrast(ground, ToRgb(preferred)) >= kLargeTextContrast) {
     return preferred;
   }
   const QColor black(Qt::black);

@@ -72,24 +72,28 @@ class AccessStore : public FileStore {
   /// does.
   template <typename Work>
   auto Writing(const std::string& table, const std::string& what, const Work& work) {
-    return Reporting(file_name_, table, [&] {
-      CheckMayWrite();
-      watch_.CheckBeforeChange();
-      file_.SetPath(watch_.NameInFolder());
-      const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
-      broken_change_.FinishUnderLock();
-      snapshot_.Tables();
-      access::PageChanges changes(file_);
-      journal_.BeginCommit();
-      auto result = work(changes);
-      const access::PageImages pages = changes.Images();
-      if (!pages.empty()) {
-        snapshot_.ForgetTables();
-        Commit(pages, what);
-        journal_.EndCommit();
-      }
-      return result;
-    });
+    return SayingNothingSaved(
+        [&] { return Reporting(file_name_, table, [&] { return Write(what, work); }); });
+  }
+
+  template <typename Work>
+  auto Write(const std::string& what, const Work& work) {
+    CheckMayWrite();
+    watch_.CheckBeforeChange();
+    file_.SetPath(watch_.NameInFolder());
+    const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
+    broken_change_.FinishUnderLock();
+    snapshot_.Tables();
+    access::PageChanges changes(file_);
+    journal_.BeginCommit();
+    auto result = work(changes);
+    const access::PageImages pages = changes.Images();
+    if (!pages.empty()) {
+      snapshot_.ForgetTables();
+      Commit(pages, what);
+      journal_.EndCommit();
+    }
+    return result;
   }
 
   /// The same in the rows of one table.
@@ -333,8 +337,8 @@ class AccessStore : public FileStore {
     if (exclusive) {
       CheckNobodyElse();
     }
-    use_.emplace(file_.File().Descriptor(), exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open,
-                 policy_);
+    use_.emplace(file_.File().Descriptor(),
+                 exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open, policy_);
   }
 
   /// A column as it was when first asked for: its kind and its length never change.

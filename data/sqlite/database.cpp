@@ -13,6 +13,7 @@
 #include "data/errors.h"
 #include "data/sqlite/sqlite_errors.h"
 #include "data/sqlite/trouble.h"
+#include "data/store_errors.h"
 
 namespace veyra::sqlite {
 
@@ -217,7 +218,7 @@ void Database::Check(int code) {
 }
 
 Transaction::Transaction(Database& database) : database_(database) {
-  database_.Execute("BEGIN IMMEDIATE");
+  SayingNothingSaved([&] { database_.Execute("BEGIN IMMEDIATE"); });
 }
 
 Transaction::~Transaction() {
@@ -228,7 +229,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Commit() {
-  database_.Execute("COMMIT");
+  SayingNothingSaved([&] { database_.Execute("COMMIT"); });
   open_ = false;
 }
 

@@ -4,10 +4,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "data/access/pages/file_lock.h"
 #include "data/errors.h"
 #include "data/open_store.h"
+#include "data/posix_file.h"
 #include "data/schema.h"
 #include "tests/data/sqlite/foreign_program.h"
 #include "tests/store_kind.h"
@@ -89,6 +92,25 @@ TEST(WaitTest, BeginsAnewAfterItsEnd) {
   EXPECT_TRUE(wait.GoOn());
 }
 
+/// Another program in the middle of a change of the file.
+class OtherWriter {
+ public:
+  OtherWriter(StoreKind kind, const std::string& file) {
+    if (kind == StoreKind::Sqlite) {
+      program_.emplace(file).Run("BEGIN IMMEDIATE");
+    } else {
+      file_.emplace(file, PosixFile::Use::ReadWrite);
+      lock_.emplace(file_->Descriptor(), access::FileLock::Kind::Writing,
+                    WaitPolicy(milliseconds(0)));
+    }
+  }
+
+ private:
+  std::optional<ForeignProgram> program_;
+  std::optional<PosixFile> file_;
+  std::optional<access::FileLock> lock_;
+};
+
 /// A calendar that another program holds.
 class HeldStoreTest : public testing::TestWithParam<StoreKind> {
  protected:
@@ -128,6 +150,28 @@ TEST_P(HeldStoreTest, TroublesNobodyWhenItIsFree) {
   Open()->Insert("Rooms", {{"Name", "Hall"}});
   EXPECT_EQ(0, watcher_.Calls);
   EXPECT_EQ(0, watcher_.Ends);
+}
+
+TEST_P(HeldStoreTest, ReportsThatNothingWasSaved) {
+  const auto store = OpenStore(File(), StoreAccess::ReadWrite, milliseconds(0));
+  const OtherWriter other(GetParam(), File());
+  try {
+    store->Insert("Rooms", {{"Name", "Hall"}});
+    FAIL() << "no report";
+  } catch (const DatabaseBusyError& failure) {
+    EXPECT_EQ("Nothing was saved.", failure.report().Effect);
+  }
+}
+
+TEST_P(HeldStoreTest, ReportsThatNothingWasSavedWhenTheOperatorEndsTheWait) {
+  const auto store = Open();
+  const OtherWriter other(GetParam(), File());
+  try {
+    store->Insert("Rooms", {{"Name", "Hall"}});
+    FAIL() << "no report";
+  } catch (const WaitCancelledError& failure) {
+    EXPECT_EQ("Nothing was saved.", failure.report().Effect);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Stores, HeldStoreTest, testing::ValuesIn(kAllStoreKinds),

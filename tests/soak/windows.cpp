@@ -50,8 +50,7 @@ MultiDayPlan PlanInWindow() {
         ToUtf8(In<QLineEdit>(*window, QStringLiteral("Text1(%1)").arg(i)).text());
   }
   for (int day = 1; window != nullptr && day <= 7; ++day) {
-    plan.Days[day] =
-        In<QCheckBox>(*window, QStringLiteral("Days(%1)").arg(day)).isChecked();
+    plan.Days[day] = In<QCheckBox>(*window, QStringLiteral("Days(%1)").arg(day)).isChecked();
   }
   return plan;
 }

@@ -100,7 +100,7 @@ void Rename(const std::filesystem::path& from, const std::filesystem::path& to);
 /// `to` already, a broken link included.
 int RenameWithoutReplacing(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Removes a file; one that is not there is no failure.
+/// Removes a file; one that is not there is not a failure.
 void RemoveFile(const std::filesystem::path& path);
 
 }  // namespace veyra

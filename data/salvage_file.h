@@ -12,7 +12,7 @@ namespace veyra {
 /// that a broken-off program left in a log beside the file are read with it.
 ///
 /// All rows are held in memory. The file is only read, and locks are not regarded: REQUIRES that
-/// nobody writes to it. Throws DatabaseError when it cannot be opened or is no database at all.
+/// nobody writes to it. Throws DatabaseError when it cannot be opened or is not a database at all.
 Salvage SalvageFile(const std::string& file_name, const SalvageModels& models);
 
 }  // namespace veyra

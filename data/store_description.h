@@ -44,7 +44,7 @@ struct StoreDescription {
       {};  ///< Of the format, and of the program that wrote it where that is told.
   std::string CodePage = {};  ///< How its texts are written: "1252", "UTF-8".
   bool IsEncoded = false;     ///< Its pages are, so that they tell nothing without a key.
-  int OtherObjects = 0;       ///< Queries, forms, reports, links: what is no table.
+  int OtherObjects = 0;       ///< Queries, forms, reports, links: what is not a table.
   bool IsWritable = true;     ///< Whether this program writes files of this kind at all.
   std::vector<TableDescription> Tables = {};
 };

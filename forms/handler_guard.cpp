@@ -25,8 +25,8 @@ std::string ReportText(const std::exception& failure) {
   if (const auto* error = dynamic_cast<const Error*>(&failure)) {
     return Lines(error->report());
   }
-  return std::string("The program met a fault of its own and has stopped what it was doing.") +
-         kLineBreak + kLineBreak + failure.what() + kLineBreak + kLineBreak +
+  return std::string("An internal error has stopped what the program was doing.") + kLineBreak +
+         kLineBreak + failure.what() + kLineBreak + kLineBreak +
          "What was saved before is kept. If this happens again, close the program and start it "
          "anew.";
 }

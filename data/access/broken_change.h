@@ -10,8 +10,8 @@
 
 namespace veyra::access {
 
-/// The change in whose middle another copy of this program may have broken off: its journal lies
-/// beside the file then. Throws FileProblem.
+/// The change that another copy of this program may have left unfinished: its journal then lies
+/// beside the file. Throws FileProblem.
 class BrokenChange {
  public:
   /// `file` and `snapshot` must outlive it.

@@ -278,7 +278,7 @@ std::optional<Report> SettleWal(const std::string& file) {
 }
 
 /// A journal belongs to a file whose change it can take back: the file counts as many changes as
-/// the journal's copy of its head, or the one more that was broken off.
+/// the journal's copy of its head, or the one more that was interrupted.
 std::optional<Report> SettleJournal(const std::string& file) {
   const auto journal = ReadRollbackJournal(file + kJournal);
   if (!journal) {

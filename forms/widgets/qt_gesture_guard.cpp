@@ -120,7 +120,7 @@ bool QtGestureGuard::MayPassKey(QKeyEvent& event) {
                             ? guard_.KeyReleased(IdentityOf(event), TimeOf(event))
                             : guard_.KeyPressed(IdentityOf(event), TimeOf(event));
   if (!may_pass) {
-    // A key that somebody wants for himself is no shortcut.
+    // A key that somebody wants for himself is not a shortcut.
     event.accept();
   }
   return may_pass;

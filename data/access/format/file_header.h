@@ -44,7 +44,7 @@ FileHeader ReadFileHeader(ByteView first_bytes);
 
 /// What page 0 of a damaged file still tells; nothing when it does not even begin as one. `version`
 /// is what the other pages tell, if they tell anything, and then goes before its own. Throws
-/// FileProblem for a newer version or a password, unless that is no text but a flipped bit.
+/// FileProblem for a newer version or a password, unless that is not a text but a flipped bit.
 std::optional<FileHeader> ReadDamagedHeader(ByteView first_bytes, std::optional<Format> version);
 
 /// Masks, or unmasks, the masked part of a Jet 4 page 0.

@@ -33,7 +33,7 @@ class RowSalvager {
       : file_(file), layout_(layout), fit_(fit) {}
 
   /// The rows whose home is on that page. A long text that cannot be read is null. Throws
-  /// DamagedFile when the page is no data page.
+  /// DamagedFile when the page is not a data page.
   PageYield Read(PageNumber page);
 
  private:

@@ -23,8 +23,8 @@ namespace veyra::access {
 //     others   left as they are
 
 /// `old`, which may be empty, with the properties of new columns: "DefaultValue" where one has a
-/// default, "AllowZeroLength" for texts, "Required", which is no. What is no list of properties is
-/// returned as it is.
+/// default, "AllowZeroLength" for texts, "Required", which is no. What is not a list of properties
+/// is returned as it is.
 Bytes WithColumnProperties(const Bytes& old, const std::vector<ColumnDefinition>& columns);
 
 /// Writes the properties of a new column into the catalogue. Where the catalogue has no room for

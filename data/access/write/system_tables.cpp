@@ -194,7 +194,7 @@ void AddPermission(PageChanges& pages, const Permission& permission) {
   writer.Insert(row);
 }
 
-/// Who has a word on the container of all tables, and so on each table.
+/// Who has permissions on the container of all tables, and so on each table.
 std::vector<Bytes> UsersOfTables(PageChanges& pages) {
   const TableImage image(pages, kPermissionsPage);
   const TableLayout& table = image.Layout();

@@ -28,6 +28,11 @@ std::string WholeText(const Report& report) {
 
 }  // namespace
 
-Error::Error(Report report) : std::runtime_error(WholeText(report)), report_(std::move(report)) {}
+Error::Error(Report report) : report_(std::move(report)), text_(WholeText(report_)) {}
+
+void Error::SetEffect(const std::string& effect) {
+  report_.Effect = effect;
+  text_ = WholeText(report_);
+}
 
 }  // namespace veyra

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <stdexcept>
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -16,14 +16,20 @@ struct Report {
 
 /// The root of every failure the operator is told of. what() is the whole report: file, cause,
 /// effect and advice, each on a line of its own.
-class Error : public std::runtime_error {
+class Error : public std::exception {
  public:
   explicit Error(Report report);
 
   const Report& report() const { return report_; }
+  const char* what() const noexcept override { return text_.c_str(); }
+
+  /// Says what it means for all that was being done, where the one who threw it knew of a part
+  /// only.
+  void SetEffect(const std::string& effect);
 
  private:
   Report report_;
+  std::string text_;
 };
 
 /// A database cannot be opened, read or written.

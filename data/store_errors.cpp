@@ -93,9 +93,4 @@ RowChangedError RowsChanged(const std::string& file, const std::string& table) {
       {file, "Another program has just changed the table " + table + ".", kReadAgain});
 }
 
-Report NothingSaved(Report report) {
-  report.Effect = "Nothing was saved.";
-  return report;
-}
-
 }  // namespace veyra

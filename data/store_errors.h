@@ -31,9 +31,6 @@ OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& c
 /// The table no longer holds the rows that a change rests on.
 RowChangedError RowsChanged(const std::string& file, const std::string& table);
 
-/// The same report, and that nothing was saved.
-Report NothingSaved(Report report);
-
 /// Runs `change`, which changes a file, and returns what it returns. Where another program does not
 /// let it, the report says that nothing was saved. REQUIRES: a change that throws
 /// DatabaseBusyError has not been made.
@@ -41,10 +38,9 @@ template <typename Change>
 decltype(auto) SayingNothingSaved(const Change& change) {
   try {
     return change();
-  } catch (const WaitCancelledError& failure) {
-    throw WaitCancelledError(NothingSaved(failure.report()));
-  } catch (const DatabaseBusyError& failure) {
-    throw DatabaseBusyError(NothingSaved(failure.report()));
+  } catch (DatabaseBusyError& failure) {
+    failure.SetEffect("Nothing was saved.");
+    throw;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/connection.h"
+#include "data/errors.h"
 #include "data/journal.h"
 #include "logic/delete_rows.h"
 #include "logic/facilities.h"
@@ -97,6 +98,16 @@ void RemoveCurrentEntry(NameBox& Combo1) {
   }
 }
 
+/// The deletion stands, whatever becomes of this.
+void SelectAfterDeletion(Session& session, NameBox& Combo1, std::string& lblRoom) {
+  try {
+    SelectFirstFacility(session, Combo1, lblRoom);
+  } catch (Error& failure) {
+    failure.SetEffect("The facility is deleted, but no other one could be picked.");
+    throw;
+  }
+}
+
 }  // namespace
 
 void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dialogs& dialogs) {
@@ -108,7 +119,7 @@ void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dia
     return;
   }
   RemoveCurrentEntry(Combo1);
-  SelectFirstFacility(session, Combo1, lblRoom);
+  SelectAfterDeletion(session, Combo1, lblRoom);
 }
 
 std::string FacilityDetails(Session& session, const Clock& clock) {

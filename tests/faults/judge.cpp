@@ -14,6 +14,11 @@ bool IsUncertain(const std::string& report) {
          report.find("saved all the same") != std::string::npos;
 }
 
+/// Whether a report of what failed afterwards says that the change before it is made.
+bool SaysThatItIsMade(const std::string& report) {
+  return report.find("The facility is deleted") != std::string::npos;
+}
+
 /// Takes the rows of the booking "Afterwards" out, and returns how many there were.
 int TakeBookingAfterwards(std::string& contents) {
   std::string rest;
@@ -59,7 +64,8 @@ std::string Judge::FaultOf(const Outcome& outcome, const std::string& folder) co
       return "the booking afterwards is there " + std::to_string(afterwards) +
              " times, its report was: " + outcome.Afterwards;
     }
-    const bool may_have_one_more = outcome.WasKilled || IsUncertain(outcome.Error);
+    const bool may_have_one_more =
+        outcome.WasKilled || IsUncertain(outcome.Error) || SaysThatItIsMade(outcome.Error);
     const std::string fault =
         FaultOfRows(found, ReportedAsSaved(outcome), may_have_one_more) + Damage(calendar);
     return fault.empty() ? FaultOfStart(folder) : fault;

@@ -108,6 +108,24 @@ TEST_F(DeleteFacilityTest, WhatNeverBeganIsReportedAsItIs) {
   EXPECT_EQ(before, folder_.Bookings());
 }
 
+TEST_F(DeleteFacilityTest, AFailureAfterwardsSaysThatTheFacilityIsDeleted) {
+  OpenPool();
+  faults_.Fail(Statement::Update, 1);
+  try {
+    Delete();
+    FAIL() << "no report";
+  } catch (const DatabaseBusyError& failure) {
+    EXPECT_EQ("The facility is deleted, but no other one could be picked.",
+              failure.report().Effect);
+    EXPECT_STREQ(
+        "/desk/Calendar.mdb\nAnother program is using the file.\n"
+        "The facility is deleted, but no other one could be picked.\n"
+        "Wait until it has finished.",
+        failure.what());
+  }
+  EXPECT_EQ("2 Hall\n", folder_.Rooms());
+}
+
 TEST_F(DeleteFacilityTest, AHaltTellsHowManyBookingsAreGoneAndThatTheFacilityStands) {
   OpenPool();
   faults_.Fail(Statement::Delete, 3);

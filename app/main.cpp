@@ -5,6 +5,7 @@
 #include "app/end_requests.h"
 #include "app/first_start.h"
 #include "app/program.h"
+#include "app/running_program.h"
 #include "data/application_folder.h"
 #include "data/errors.h"
 #include "forms/handler_guard.h"
@@ -29,8 +30,13 @@ int Run(veyra::Program& program, veyra::Dialogs& dialogs) {
     return EXIT_FAILURE;
   }
   const veyra::EndRequests ending(program);
-  if (!program.Start(app_folder, program_folder)) {
-    return EXIT_FAILURE;
+  veyra::RunningProgram running;
+  bool is_second = false;
+  const auto show_running = [&](const std::string& data_folder) {
+    return is_second = !running.Claim(data_folder);
+  };
+  if (!program.Start(app_folder, program_folder, show_running)) {
+    return is_second ? EXIT_SUCCESS : EXIT_FAILURE;
   }
   if (is_new) {
     dialogs.MsgBox({.Text = veyra::WelcomeText(app_folder), .Sign = veyra::Icon::Information});

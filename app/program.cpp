@@ -7,7 +7,6 @@
 
 #include "app/daily_backup.h"
 #include "app/front_refresh.h"
-#include "app/startup.h"
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
 #include "forms/about/qt_about_window.h"
@@ -160,10 +159,13 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
 
 Program::~Program() = default;
 
-bool Program::Start(const std::string& app_folder, const std::string& program_folder) {
+bool Program::Start(const std::string& app_folder, const std::string& program_folder,
+                    const ShowRunning& show_running) {
   program_folder_ = program_folder.empty() ? app_folder : program_folder;
   try {
-    StartUp(session_, month_, dialogs_, app_folder);
+    if (!StartUp(session_, month_, dialogs_, app_folder, show_running)) {
+      return false;
+    }
   } catch (const std::exception& failure) {
     dialogs_.MsgBox(StandardReport(failure));
     return false;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/startup.h"
 #include "forms/desk_undo.h"
 #include "forms/free/free_view.h"
 #include "forms/handler_guard.h"
@@ -39,10 +40,12 @@ class Program : public Windows {
   Program(const Clock& clock, Dialogs& dialogs);
   ~Program() override;
 
-  /// Starts up and shows the month window. When that fails the operator is told and it returns
-  /// false: the program must then end. `app_folder` has no separator at its end. The help and the
-  /// companion program lie in `program_folder`; in `app_folder` when that is empty.
-  bool Start(const std::string& app_folder, const std::string& program_folder = {});
+  /// Starts up and shows the month window. Returns false where StartUp does, and when it fails, of
+  /// which the operator is told: the program must then end. `app_folder` has no separator at its
+  /// end. The help and the companion program lie in `program_folder`; in `app_folder` when that is
+  /// empty.
+  bool Start(const std::string& app_folder, const std::string& program_folder = {},
+             const ShowRunning& show_running = {});
 
   /// Ends the program from outside, whatever box is open: what is being done is finished, or broken
   /// off where the operator may do so too, and every question is answered as if its box were

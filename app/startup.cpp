@@ -1,6 +1,7 @@
 #include "app/startup.h"
 
 #include "app/file_opener.h"
+#include "app/other_desk.h"
 #include "data/color_settings.h"
 #include "data/errors.h"
 #include "data/schema.h"
@@ -52,8 +53,8 @@ void TellOfTheOpening(Session& session, Dialogs& dialogs) {
 
 }  // namespace
 
-void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
-             const std::string& app_folder) {
+bool StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
+             const std::string& app_folder, const ShowRunning& show_running) {
   modRes::SlotLabels(session.SlotLabel);
   session.AppFolder = app_folder;
   ReadDataFolder(session, dialogs);
@@ -61,6 +62,10 @@ void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
   session.PrintLayoutOn = false;
   session.CurRmID = 0;
   session.DayOpener = 1;
+  if ((show_running && show_running(session.DataFolder)) ||
+      !MayShareCalendar(CalendarFileOf(session), dialogs)) {
+    return false;
+  }
   CreateResCon(session);
   TellOfTheOpening(session, dialogs);
   CreateVeyraCon(session);
@@ -77,6 +82,7 @@ void StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
     throw ExplainedColorError(*session.ResCon, error);
   }
   session.IsLoading = false;
+  return true;
 }
 
 void OpenCalendarAnew(Session& session, frmCalendar& calendar, Dialogs& dialogs) {

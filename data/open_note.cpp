@@ -191,11 +191,15 @@ OpenUser ThisUser() {
 }
 
 bool MayBeRunning(const OpenUser& user) {
-  return user.Machine != MachineName() || IsRunningHere(user);
+  return IsOfAnotherMachine(user) || IsRunningHere(user);
+}
+
+bool IsOfAnotherMachine(const OpenUser& user) {
+  return user.Machine != MachineName();
 }
 
 bool IsRunningHere(const OpenUser& user) {
-  return user.Machine == MachineName() && user.Process > 0 &&
+  return !IsOfAnotherMachine(user) && user.Process > 0 &&
          (kill(static_cast<pid_t>(user.Process), 0) == 0 || errno == EPERM);
 }
 

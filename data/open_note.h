@@ -65,6 +65,8 @@ OpenUser ThisUser();
 /// one of another machine, of which nothing is known here.
 bool MayBeRunning(const OpenUser& user);
 
+bool IsOfAnotherMachine(const OpenUser& user);
+
 /// Whether a user is running on this machine, as far as its process number tells.
 bool IsRunningHere(const OpenUser& user);
 

@@ -93,6 +93,10 @@ void Upgrade(Databases& databases, const std::function<void(Connection&)>& step)
 
 }  // namespace
 
+std::string CalendarFileOf(const Databases& databases) {
+  return databases.DataFolder + kCalendarFile;
+}
+
 void CreateResCon(Databases& databases) {
   databases.ResCon.reset();
   databases.WaitedInVain = false;

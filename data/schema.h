@@ -20,6 +20,9 @@ struct Databases {
   bool WaitedInVain = false;  ///< An upgrade could not have ResCon's file: the next do not wait.
 };
 
+/// The full name of the calendar file, as the system writes it.
+std::string CalendarFileOf(const Databases& databases);
+
 /// Opens DataFolder & "\Calendar.mdb" as ResCon, in place of any connection that is open there.
 /// Throws DatabaseError when the file cannot be opened for reading and writing.
 void CreateResCon(Databases& databases);

@@ -1,0 +1,54 @@
+#include "app/other_desk.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "data/date.h"
+#include "data/file_name.h"
+#include "data/open_note.h"
+
+namespace veyra {
+namespace {
+
+constexpr std::size_t kIsoDate = 10;
+constexpr std::size_t kTimeToTheMinute = 6;
+
+/// "11/21/2026 18:30" of "2026-11-21 18:30:12".
+std::string SinceText(const std::string& since) {
+  const auto day = DateFromIsoText(since);
+  return day ? DateText(*day) + since.substr(kIsoDate, kTimeToTheMinute) : since;
+}
+
+std::vector<OpenUser> UsersElsewhere(const std::string& calendar) {
+  std::error_code error;
+  const auto file = std::filesystem::canonical(NativePath(calendar), error);
+  const auto note = error ? std::nullopt : ReadOpenNote(file.string());
+  std::vector<OpenUser> users = note ? note->Users : std::vector<OpenUser>();
+  std::erase_if(users, [](const OpenUser& user) { return !IsOfAnotherMachine(user); });
+  return users;
+}
+
+}  // namespace
+
+bool MayShareCalendar(const std::string& calendar, Dialogs& dialogs) {
+  const std::vector<OpenUser> users = UsersElsewhere(calendar);
+  if (users.empty()) {
+    return true;
+  }
+  std::string text = "This calendar is open on another computer:" + std::string(kLineBreak);
+  for (const OpenUser& user : users) {
+    text += kLineBreak + user.User + " on " + user.Machine + ", since " + SinceText(user.Since);
+  }
+  text += std::string(kLineBreak) + kLineBreak + "Open it here as well?";
+  return dialogs.MsgBox({.Text = text,
+                         .Choice = Buttons::YesNo,
+                         .Sign = Icon::Exclamation,
+                         .Details = "Two computers that write to one calendar file in a shared "
+                                    "folder can damage it. If the other one was switched off "
+                                    "without closing its calendar, answer Yes.",
+                         .Default = Answer::No}) == Answer::Yes;
+}
+
+}  // namespace veyra

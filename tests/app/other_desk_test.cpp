@@ -1,0 +1,106 @@
+#include "app/other_desk.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/startup.h"
+#include "data/open_note.h"
+#include "tests/calendar_folder.h"
+#include "tests/fake_clock.h"
+#include "tests/fake_dialogs.h"
+#include "tests/forms/fake_month_view.h"
+#include "tests/forms/fake_sheet_printer.h"
+#include "tests/forms/fake_windows.h"
+
+namespace veyra {
+namespace {
+
+/// A calendar with a note beside it that says who has it open.
+class OtherDeskTest : public testing::Test {
+ protected:
+  OtherDeskTest() { app_.Write("path.txt", data_.Path()); }
+
+  void LeaveNote(const std::vector<OpenUser>& users) {
+    WriteOpenNote(data_.File("Calendar.mdb"), {users, {}});
+  }
+
+  bool Start(const ShowRunning& show_running = {}) {
+    return StartUp(session_, calendar_, dialogs_, app_.path().string(), show_running);
+  }
+
+  const OpenUser anna_{"anna", "northern desk", 4711, "2026-11-21 18:30:12"};
+
+  TempFolder app_;
+  CalendarFolder data_;
+  Session session_;
+  FakeMonthView view_;
+  FakeWindows windows_;
+  FakeDialogs dialogs_;
+  FakeClock clock_{2014, 3, 15};
+  FakeSheetPrinter printer_;
+  frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
+};
+
+TEST_F(OtherDeskTest, WhatIsOpenOnAnotherComputerIsOpenedAfterAQuestion) {
+  LeaveNote({anna_});
+  dialogs_.AnswerNext(Answer::Yes);
+  EXPECT_TRUE(Start());
+  EXPECT_EQ(
+      "[Yes/No Exclamation] This calendar is open on another computer:\r\n\r\n"
+      "anna on northern desk, since 11/21/2026 18:30\r\n\r\n"
+      "Open it here as well?",
+      dialogs_.OnlyBox());
+  EXPECT_EQ(Answer::No, dialogs_.LastMessage().Default);
+  EXPECT_TRUE(session_.ResCon);
+}
+
+TEST_F(OtherDeskTest, WhoeverDoesNotWantToShareOpensNothing) {
+  LeaveNote({anna_});
+  dialogs_.AnswerNext(Answer::No);
+  EXPECT_FALSE(Start());
+  EXPECT_FALSE(session_.ResCon);
+  EXPECT_FALSE(session_.GuestCon);
+}
+
+TEST_F(OtherDeskTest, AllWhoHaveItOpenElsewhereAreNamed) {
+  LeaveNote({anna_, ThisUser(), {"ben", "hall", 12, "yesterday"}});
+  dialogs_.AnswerNext(Answer::No);
+  Start();
+  EXPECT_NE(std::string::npos,
+            dialogs_.OnlyBox().find("anna on northern desk, since 11/21/2026 18:30\r\n"
+                                    "ben on hall, since yesterday\r\n\r\n"));
+}
+
+TEST_F(OtherDeskTest, AProgramOfThisComputerIsNoReasonToAsk) {
+  LeaveNote({ThisUser()});
+  EXPECT_TRUE(Start());
+  EXPECT_TRUE(dialogs_.Boxes().empty());
+}
+
+TEST_F(OtherDeskTest, ANoteIsFoundBesideTheFileThatALinkLeadsTo) {
+  LeaveNote({anna_});
+  const TempFolder links;
+  std::filesystem::create_symlink(data_.File("Calendar.mdb"), links.File("Calendar.mdb"));
+  std::filesystem::create_symlink(data_.File("Veyra.mdb"), links.File("Veyra.mdb"));
+  app_.Write("path.txt", links.path().string());
+  dialogs_.AnswerNext(Answer::No);
+  EXPECT_FALSE(Start());
+}
+
+TEST_F(OtherDeskTest, ARunningProgramThatComesToTheFrontIsEnough) {
+  LeaveNote({anna_});
+  std::string asked;
+  EXPECT_FALSE(Start([&](const std::string& data_folder) {
+    asked = data_folder;
+    return true;
+  }));
+  EXPECT_EQ(data_.Path(), asked);
+  EXPECT_TRUE(dialogs_.Boxes().empty());
+  EXPECT_FALSE(session_.ResCon);
+}
+
+}  // namespace
+}  // namespace veyra

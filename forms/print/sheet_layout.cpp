@@ -199,7 +199,7 @@ class Layouter {
       Place(Fitted({.Kind = day.IsToday ? TextKind::TodaysNumber : TextKind::Number,
                     .Text = day.Number,
                     .Left = cell.Frame.Left + Points(kInset + 1),
-                    .Top = cell.Frame.Top + Points(kNumberSize * 0.2),
+                    .Top = cell.Frame.Top + Points(kNumberSize * 0.12),
                     .Width = cell.Frame.Width - 2 * Points(kInset + 1),
                     .Size = Points(kNumberSize),
                     .Day = index}));

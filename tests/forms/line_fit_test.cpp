@@ -37,9 +37,9 @@ TEST(ShareCell, ShowsAllLinesThatHaveRoom) {
 }
 
 TEST(ShareCell, LeavesARowForTheNoteOnTheOthers) {
-  const CellShare share = ShareCell({1, 1, 1}, {false, false, false}, 10, 39.3);
-  EXPECT_EQ((Places{0, 1}), share.Shown);
-  EXPECT_EQ(Places{2}, share.Left);
+  const CellShare share = ShareCell({1, 1, 1}, {false, false, false}, 10, 30);
+  EXPECT_EQ(Places{0}, share.Shown);
+  EXPECT_EQ((Places{1, 2}), share.Left);
 }
 
 TEST(ShareCell, ShowsNothingAfterALineThatHasNoRoom) {

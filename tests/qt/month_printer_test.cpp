@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -180,6 +181,7 @@ TEST_F(MonthPrinterTest, TheBoxIsSeenAndReachedByKeyboard) {
   PrintAnd([](QDialog& dialog) {
     auto* box = dialog.findChild<QCheckBox*>(QLatin1String(QtSheetPrinter::kBackgroundBox));
     EXPECT_TRUE(box->isVisible());
+    EXPECT_LE(0, dialog.layout()->indexOf(box));
     bool reached = false;
     for (int press = 0; press < 40 && !reached; ++press) {
       QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);

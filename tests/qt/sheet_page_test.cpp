@@ -170,6 +170,7 @@ TEST_P(PaperTest, HasNamesOfTwoThousandLettersWhole) {
   const PrintedPage printed = Print();
   ExpectEveryLineWhole(printed.FlowingText());
   EXPECT_EQ(2, printed.FlowingText().count("+1 more, page 2"));
+  EXPECT_EQ("2", printed.Info("Pages").toStdString());
 }
 
 TEST_P(PaperTest, HasNamesWrittenFromTheRightWhole) {
@@ -224,9 +225,13 @@ TEST_F(SheetPageTest, LettersThatFontsJoinCanBeSearched) {
   EXPECT_EQ(1, Print().Text().count("12:30A fi"));
 }
 
-TEST_F(SheetPageTest, ANameOfHebrewStandsInTheOrderThatItIsReadIn) {
-  Book(3, "\u2068משפחת כהן\u2069");
-  EXPECT_TRUE(Letters(Print().ReadText()).contains(QStringLiteral("משפחתכהן")));
+TEST_F(SheetPageTest, OfANameOfHebrewEveryWordCanBeSearched) {
+  const QStringList words = {"משפחת", "כהן", "חתונה", "גדולה", "באולם", "המרכזי"};
+  Book(3, "\u2068" + words.join(' ').toStdString() + "\u2069");
+  const QString text = Print().ReadText();
+  for (const QString& word : words) {
+    EXPECT_TRUE(text.contains(word)) << word.toStdString();
+  }
 }
 
 TEST_F(SheetPageTest, ItsNameIsTheTitleAndTheFacility) {

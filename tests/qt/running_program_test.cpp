@@ -113,9 +113,11 @@ TEST_F(RunningProgramTest, ALaterOneBringsTheWindowBackThatWasMinimised) {
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
   window.showMinimized();
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(window.isMinimized());
   first_.Claim(Folder());
   ClaimLater(Folder());
-  EXPECT_FALSE(window.isMinimized());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isMinimized(); }));
   EXPECT_TRUE(window.isVisible());
 }
 

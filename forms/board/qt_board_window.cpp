@@ -189,7 +189,8 @@ void QtBoardWindow::HideWindow() {
 }
 
 void QtBoardWindow::Report(Handler handler) {
-  guard_.Run([this, handler] { (handler_->*handler)(); });
+  frmBoard& board = *handler_;
+  guard_.Run([&board, handler] { (board.*handler)(); });
 }
 
 void QtBoardWindow::ReportChosen(int row, int column) {

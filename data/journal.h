@@ -19,9 +19,8 @@ namespace veyra {
 ///   ActionID    the ID of the first entry of the action that it belongs to; null when another
 ///               program made the change
 ///   ChangedAt   UTC, "2026-03-05 09:30:12.345"
-///   ActionName  "New series"; null as for ActionID, and of a change that was given no name: that
-///   is
-///               an action of its own
+///   ActionName  "New series"; null as for ActionID, and of a change that was given no name:
+///               that is an action of its own
 ///   TableName   the table of the row
 ///   OldValues   the row as it was, as JournalText writes it; null when it was added
 ///   NewValues   the row as it is then; null when it was deleted

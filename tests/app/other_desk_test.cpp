@@ -6,20 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "app/startup.h"
 #include "data/open_note.h"
-#include "tests/calendar_folder.h"
-#include "tests/fake_clock.h"
-#include "tests/fake_dialogs.h"
-#include "tests/forms/fake_month_view.h"
-#include "tests/forms/fake_sheet_printer.h"
-#include "tests/forms/fake_windows.h"
+#include "tests/app/startup_fixture.h"
 
 namespace veyra {
 namespace {
 
 /// A calendar with a note beside it that says who has it open.
-class OtherDeskTest : public testing::Test {
+class OtherDeskTest : public StartUpFixture {
  protected:
   OtherDeskTest() { app_.Write("path.txt", data_.Path()); }
 
@@ -27,21 +21,7 @@ class OtherDeskTest : public testing::Test {
     WriteOpenNote(data_.File("Calendar.mdb"), {users, {}});
   }
 
-  bool Start(const ShowRunning& show_running = {}) {
-    return StartUp(session_, calendar_, dialogs_, app_.path().string(), show_running);
-  }
-
   const OpenUser anna_{"anna", "northern desk", 4711, "2026-11-21 18:30:12"};
-
-  TempFolder app_;
-  CalendarFolder data_;
-  Session session_;
-  FakeMonthView view_;
-  FakeWindows windows_;
-  FakeDialogs dialogs_;
-  FakeClock clock_{2014, 3, 15};
-  FakeSheetPrinter printer_;
-  frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
 };
 
 TEST_F(OtherDeskTest, WhatIsOpenOnAnotherComputerIsOpenedAfterAQuestion) {

@@ -11,14 +11,9 @@
 #include <string>
 
 #include "data/errors.h"
-#include "tests/calendar_folder.h"
+#include "tests/app/startup_fixture.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/data/sqlite/foreign_program.h"
-#include "tests/fake_clock.h"
-#include "tests/fake_dialogs.h"
-#include "tests/forms/fake_sheet_printer.h"
-#include "tests/forms/fake_month_view.h"
-#include "tests/forms/fake_windows.h"
 
 namespace veyra {
 namespace {
@@ -26,10 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Starts the program with an application folder of its own beside a data folder.
-class StartUpTest : public testing::Test {
+class StartUpTest : public StartUpFixture {
  protected:
-  void Start() { StartUp(session_, calendar_, dialogs_, app_.path().string()); }
-
   void StartOnData() {
     app_.Write("path.txt", data_.Path() + "\r\n" + data_.Path() + "\r\n");
     Start();
@@ -58,16 +51,6 @@ class StartUpTest : public testing::Test {
     }
     return text;
   }
-
-  TempFolder app_;
-  CalendarFolder data_;
-  Session session_;
-  FakeMonthView view_;
-  FakeWindows windows_;
-  FakeDialogs dialogs_;
-  FakeClock clock_{2014, 3, 15};
-  FakeSheetPrinter printer_;
-  frmCalendar calendar_{session_, view_, windows_, dialogs_, clock_, printer_};
 };
 
 /// Another program in the middle of a change of the calendar.

@@ -128,7 +128,7 @@ Files::Files(std::string app_folder, Dialogs& dialogs)
     : app_folder_(std::move(app_folder)), dialogs_(dialogs) {}
 
 int Files::FileOpener(std::string& FileName, int Mode, int RecordLength, bool ConfirmReplace) {
-  if (ConfirmReplace && !MayReplace(FileName, Mode)) {
+  if (ConfirmReplace && !ConfirmReplacing(FileName, Mode)) {
     return 0;
   }
   if (Mode < kWrite || Mode > kBinary) {
@@ -179,8 +179,9 @@ void Files::Close(int handle) {
   open_.erase(handle);
 }
 
-/// The "@" goes only when the name with it is that of a file: this order is meant.
-bool Files::MayReplace(std::string& FileName, int Mode) {
+/// Takes the "@" off the name, only when the name with it is that of a file: this order is meant.
+/// Returns whether the file may be written, which the operator is asked.
+bool Files::ConfirmReplacing(std::string& FileName, int Mode) {
   std::error_code unknown;
   if (!std::filesystem::is_regular_file(NativePath(FileName), unknown)) {
     return true;

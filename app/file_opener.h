@@ -68,7 +68,7 @@ class Files {
     int RecordLength = 0;
   };
 
-  bool MayReplace(std::string& FileName, int Mode);
+  bool ConfirmReplacing(std::string& FileName, int Mode);
   int Open(const std::string& file_name, int Mode, int RecordLength);
   std::string AppFolderTwice() const;
   void MakeMissingFile(const std::string& file_name) const;

@@ -38,104 +38,12 @@ constexpr int kDayViewer = 2;
 
 }  // namespace
 
-/// A day window and its logic, which come and go together.
-class OpenDay : public QObject {
+/// A day window may have to close while its logic is at work: it is deleted later.
+class DayForm : public QObject, public Form<QtDayWindow, frmDay> {
  public:
-  OpenDay(Session& session, const modRes::Listings& listings, const MultiDayPlan& plan,
-          Windows& windows, Dialogs& dialogs, const HandlerGuard& guard)
-      : Window(guard), Gate(Window), Logic(session, Window, listings, plan, windows, dialogs) {
-    Window.SetHandler(&Logic);
-  }
-  ~OpenDay() override { Window.SetHandler(nullptr); }
+  using Form::Form;
 
-  QtDayWindow Window;
-  QtInputGate Gate;
-  frmDay Logic;
-};
-
-/// The day viewer and its logic. Like the colour settings and the about box it is made anew for
-/// each opening; a closed one stays until then.
-class OpenViewer {
- public:
-  OpenViewer(Session& session, Windows& windows, Dialogs& dialogs, const Clock& clock,
-             const HandlerGuard& guard)
-      : Window(guard), Logic(session, Window, windows, dialogs, clock) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtDayViewerWindow Window;
-  frmDayViewer Logic;
-};
-
-class OpenSettingsWindow {
- public:
-  OpenSettingsWindow(Session& session, Windows& windows, const HandlerGuard& guard)
-      : Window(guard), Logic(session, Window, windows) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtSettingsWindow Window;
-  frmSettings Logic;
-};
-
-class OpenAboutBox {
- public:
-  OpenAboutBox(Windows& windows, Browser& browser, Dialogs& dialogs, const HandlerGuard& guard)
-      : Window(guard), Logic(Window, windows, browser, dialogs) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtAboutWindow Window;
-  frmAbout Logic;
-};
-
-class OpenFindWindow {
- public:
-  OpenFindWindow(Session& session, Windows& windows, const Clock& clock, const HandlerGuard& guard)
-      : Window(guard), Logic(session, Window, windows, clock) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtFindWindow Window;
-  frmFind Logic;
-};
-
-class OpenFreeWindow {
- public:
-  OpenFreeWindow(Session& session, FreeFields& fields, Windows& windows, const Clock& clock,
-                 const HandlerGuard& guard)
-      : Window(guard), Logic(session, fields, Window, windows, clock) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtFreeWindow Window;
-  frmFree Logic;
-};
-
-class OpenBoard {
- public:
-  OpenBoard(Session& session, Windows& windows, const Clock& clock, const HandlerGuard& guard,
-            QWidget& owner)
-      : Window(guard, owner), Logic(session, Window, windows, clock) {
-    Window.SetHandler(&Logic);
-  }
-
-  QtBoardWindow Window;
-  frmBoard Logic;
-};
-
-/// The multiple-day window and its logic, made with the first day window and kept for the run.
-class OpenMultiDay {
- public:
-  OpenMultiDay(Session& session, Windows& windows, Dialogs& dialogs, const Clock& clock,
-               const HandlerGuard& guard, QtMultiDayWindow::Neighbour neighbour)
-      : Window(guard, std::move(neighbour)), Logic(session, Window, windows, dialogs, clock) {
-    Window.SetHandler(&Logic);
-    Logic.Form_Load();
-  }
-
-  QtMultiDayWindow Window;
-  frmMultiDay Logic;
+  QtInputGate Gate{Window};
 };
 
 Program::Program(const Clock& clock, Dialogs& dialogs)
@@ -278,8 +186,9 @@ void Program::HideMonthWindow() {
 
 void Program::OpenDayWindow(const std::string& caption) {
   DropDayWindow();
-  auto day = std::make_unique<OpenDay>(session_, ListingsOfDay(), MultiDay().Logic.Plan(), *this,
-                                       dialogs_, guard_);
+  auto day = std::make_unique<DayForm>(guard_, [this](QtDayWindow& window) {
+    return frmDay(session_, window, ListingsOfDay(), MultiDay().Logic.Plan(), *this, dialogs_);
+  });
   if (!day->Logic.Form_Load()) {
     day->Logic.Form_Unload();
     return;
@@ -318,11 +227,16 @@ modRes::Listings Program::ListingsOfDay() {
   return {month_window_, no_list_, clock_};
 }
 
-OpenMultiDay& Program::MultiDay() {
+/// Made with the first day window and kept for the run.
+Program::MultiDayForm& Program::MultiDay() {
   if (!multi_day_) {
-    multi_day_ = std::make_unique<OpenMultiDay>(
-        session_, *this, dialogs_, clock_, guard_,
+    multi_day_ = std::make_unique<MultiDayForm>(
+        guard_,
+        [this](QtMultiDayWindow& window) {
+          return frmMultiDay(session_, window, *this, dialogs_, clock_);
+        },
         [this]() -> QWidget* { return day_ ? &day_->Window : nullptr; });
+    multi_day_->Logic.Form_Load();
   }
   return *multi_day_;
 }
@@ -335,8 +249,8 @@ void Program::RepaintMonthWindow() {
   month_.Repaint();
 }
 
-bool Program::MayOpenDay() {
-  return month_.MayOpenDay();
+bool Program::PrepareToOpenDay() {
+  return month_.PrepareToOpenDay();
 }
 
 void Program::EnableDayWindow(bool enabled) {
@@ -352,7 +266,9 @@ void Program::SelectSingleBooking() {
 }
 
 void Program::OpenDayViewer(const std::string& caption) {
-  auto viewer = std::make_unique<OpenViewer>(session_, *this, dialogs_, clock_, guard_);
+  auto viewer = std::make_unique<ViewerForm>(guard_, [this](QtDayViewerWindow& window) {
+    return frmDayViewer(session_, window, *this, dialogs_, clock_);
+  });
   foot_.Add(viewer->Window);
   viewer->Logic.Form_Load();
   viewer->Window.SetCaption(caption, session_.DayDate);
@@ -375,33 +291,41 @@ void Program::ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange
 }
 
 void Program::OpenSettings() {
-  auto settings = std::make_unique<OpenSettingsWindow>(session_, *this, guard_);
+  auto settings = std::make_unique<SettingsForm>(
+      guard_, [this](QtSettingsWindow& window) { return frmSettings(session_, window, *this); });
   settings->Logic.Form_Load();
   settings_ = std::move(settings);
   ShowOver(settings_->Window, month_window_);
 }
 
 void Program::OpenAbout() {
-  about_ = std::make_unique<OpenAboutBox>(*this, browser_, dialogs_, guard_);
+  about_ = std::make_unique<AboutForm>(guard_, [this](QtAboutWindow& window) {
+    return frmAbout(window, *this, browser_, dialogs_);
+  });
   ShowOver(about_->Window, month_window_);
 }
 
 void Program::OpenFind() {
-  auto find = std::make_unique<OpenFindWindow>(session_, *this, clock_, guard_);
+  auto find = std::make_unique<FindForm>(
+      guard_, [this](QtFindWindow& window) { return frmFind(session_, window, *this, clock_); });
   find->Logic.Form_Load();
   find_ = std::move(find);
   ShowOver(find_->Window, month_window_);
 }
 
 void Program::OpenFreeTimes() {
-  auto free = std::make_unique<OpenFreeWindow>(session_, free_fields_, *this, clock_, guard_);
+  auto free = std::make_unique<FreeForm>(guard_, [this](QtFreeWindow& window) {
+    return frmFree(session_, free_fields_, window, *this, clock_);
+  });
   free->Logic.Form_Load();
   free_ = std::move(free);
   ShowOver(free_->Window, month_window_);
 }
 
 void Program::OpenDayBoard(Date day) {
-  auto board = std::make_unique<OpenBoard>(session_, *this, clock_, guard_, month_window_);
+  auto board = std::make_unique<BoardForm>(
+      guard_, [this](QtBoardWindow& window) { return frmBoard(session_, window, *this, clock_); },
+      month_window_);
   board->Logic.Form_Load(day);
   board_ = std::move(board);
   board_->Window.ShowWindow();

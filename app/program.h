@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/form.h"
 #include "app/startup.h"
 #include "forms/desk_undo.h"
 #include "forms/free/free_view.h"
@@ -24,14 +25,21 @@
 
 namespace veyra {
 
-class OpenAboutBox;
-class OpenBoard;
-class OpenDay;
-class OpenFindWindow;
-class OpenFreeWindow;
-class OpenMultiDay;
-class OpenSettingsWindow;
-class OpenViewer;
+class DayForm;
+class QtAboutWindow;
+class QtBoardWindow;
+class QtDayViewerWindow;
+class QtFindWindow;
+class QtFreeWindow;
+class QtMultiDayWindow;
+class QtSettingsWindow;
+class frmAbout;
+class frmBoard;
+class frmDayViewer;
+class frmFind;
+class frmFree;
+class frmMultiDay;
+class frmSettings;
 
 /// The whole program: the state of a run and the windows that are open.
 class Program : public Windows {
@@ -61,7 +69,7 @@ class Program : public Windows {
   void OpenDayWindow(const std::string& caption) override;
   void EnableMonthWindow(bool enabled) override;
   void RepaintMonthWindow() override;
-  bool MayOpenDay() override;
+  bool PrepareToOpenDay() override;
   void EnableDayWindow(bool enabled) override;
   void SelectSingleBooking() override;
   void OpenDayViewer(const std::string& caption) override;
@@ -83,6 +91,16 @@ class Program : public Windows {
   void EndProgram() override;
 
  private:
+  // The day viewer, the colour settings, the about box and the small windows are made anew for each
+  // opening; a closed one stays until then.
+  using ViewerForm = Form<QtDayViewerWindow, frmDayViewer>;
+  using MultiDayForm = Form<QtMultiDayWindow, frmMultiDay>;
+  using SettingsForm = Form<QtSettingsWindow, frmSettings>;
+  using AboutForm = Form<QtAboutWindow, frmAbout>;
+  using FindForm = Form<QtFindWindow, frmFind>;
+  using FreeForm = Form<QtFreeWindow, frmFree>;
+  using BoardForm = Form<QtBoardWindow, frmBoard>;
+
   /// The day viewer's list while there is no day viewer.
   class NoDayList : public modRes::DayListScreen {
     void ShowDayList(const modRes::DayLines&) override {}
@@ -101,7 +119,7 @@ class Program : public Windows {
   void DayWindowClosed();
   void DropSearches();
   modRes::Listings ListingsOfDay();
-  OpenMultiDay& MultiDay();
+  MultiDayForm& MultiDay();
 
   Dialogs& dialogs_;
   const Clock& clock_;
@@ -119,15 +137,15 @@ class Program : public Windows {
   DeskUndo undo_;
   DeskActions desk_;
   NoDayList no_list_;
-  std::unique_ptr<OpenViewer> viewer_;
-  std::unique_ptr<OpenMultiDay> multi_day_;
-  std::unique_ptr<OpenSettingsWindow> settings_;
-  std::unique_ptr<OpenAboutBox> about_;
-  std::unique_ptr<OpenFindWindow> find_;
+  std::unique_ptr<ViewerForm> viewer_;
+  std::unique_ptr<MultiDayForm> multi_day_;
+  std::unique_ptr<SettingsForm> settings_;
+  std::unique_ptr<AboutForm> about_;
+  std::unique_ptr<FindForm> find_;
   FreeFields free_fields_;
-  std::unique_ptr<OpenFreeWindow> free_;
-  std::unique_ptr<OpenBoard> board_;
-  std::unique_ptr<OpenDay> day_;
+  std::unique_ptr<FreeForm> free_;
+  std::unique_ptr<BoardForm> board_;
+  std::unique_ptr<DayForm> day_;
   std::unique_ptr<HelpViewer> help_;
 };
 

@@ -24,8 +24,8 @@ class Windows {
   /// Paints the month window anew in Session::CurrentColors.
   virtual void RepaintMonthWindow() = 0;
 
-  /// Whether a day may be opened for booking now, as frmCalendar::MayOpenDay finds.
-  virtual bool MayOpenDay() = 0;
+  /// Asks the month window whether a day may be opened: see frmCalendar::PrepareToOpenDay.
+  virtual bool PrepareToOpenDay() = 0;
 
   /// Loads the day window for Session::DayDate and shows it under `caption`. When loading fails the
   /// exception passes through and no day window is left.

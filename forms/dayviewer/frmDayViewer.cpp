@@ -32,7 +32,7 @@ void frmDayViewer::lstDay_MouseDown(MouseButton button, const std::vector<std::s
     for (const std::string& line : selected) {
       dialogs_.MsgBox({.Text = line});
     }
-  } else if (button == MouseButton::Right && windows_.MayOpenDay()) {
+  } else if (button == MouseButton::Right && windows_.PrepareToOpenDay()) {
     OpenForBooking();
   }
 }

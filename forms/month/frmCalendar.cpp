@@ -196,12 +196,12 @@ void frmCalendar::lstDay_MouseDown(int index, MouseButton button) {
   Combo1_LostFocus();
   if (button == MouseButton::Right) {
     OpenForViewing(index);
-  } else if (button == MouseButton::Left && MayOpenDay()) {
+  } else if (button == MouseButton::Left && PrepareToOpenDay()) {
     OpenForBooking(index);
   }
 }
 
-bool frmCalendar::MayOpenDay() {
+bool frmCalendar::PrepareToOpenDay() {
   if (Combo1_.Text.empty() || !modRes::CurrentFacility(session_)) {
     dialogs_.MsgBox(NoFacility());
     return false;

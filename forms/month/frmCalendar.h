@@ -56,10 +56,11 @@ class frmCalendar {
   /// A mouse button went down on lstDay(index), 1 to 42, a cell that belongs to the month.
   void lstDay_MouseDown(int index, MouseButton button);
 
-  /// Whether a day may be opened for booking: not while the facility box is empty or CurRmID is no
-  /// facility, which the operator is told, and not by the first click after printing or during
-  /// start-up, which only ends that state. Brings back the controls that printing hid.
-  bool MayOpenDay();
+  /// Makes the month window ready for opening a day: brings back the controls that printing hid.
+  /// Returns whether a day may be opened for booking: not while the facility box is empty or
+  /// CurRmID is no facility, which the operator is told, and not by the first click after printing
+  /// or during start-up, which only ends that state.
+  bool PrepareToOpenDay();
 
   void mnuContents_Click();
   void mnuOver_Click();

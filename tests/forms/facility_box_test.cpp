@@ -180,7 +180,7 @@ TEST_F(FacilityBoxTest, ADayIsNotOpenedOnceItsFacilityIsGone) {
   Remove("Pool");
   calendar_->lstDay_MouseDown(11, MouseButton::Left);
   EXPECT_EQ("[OK Critical] There is no Facility Selected", dialogs_.OnlyBox());
-  EXPECT_FALSE(calendar_->MayOpenDay()) << "nor from the viewer";
+  EXPECT_FALSE(calendar_->PrepareToOpenDay()) << "nor from the viewer";
 }
 
 TEST_F(FacilityBoxTest, AHalfTypedNameDoesNotKeepTheDeletedFacilityInTheList) {

@@ -21,7 +21,7 @@ class FakeWindows : public Windows {
   void HideMonthWindow() override { Add("hide month"); }
   void EnableMonthWindow(bool enabled) override { Add(enabled ? "enable month" : "disable month"); }
   void RepaintMonthWindow() override { Add("repaint month"); }
-  bool MayOpenDay() override { return DayMayBeOpened; }
+  bool PrepareToOpenDay() override { return DayMayBeOpened; }
   void OpenDayWindow(const std::string& caption) override { Load("open day", caption); }
   void EnableDayWindow(bool enabled) override { Add(enabled ? "enable day" : "disable day"); }
   void SelectSingleBooking() override { Add("single booking"); }

@@ -5,11 +5,9 @@
 #include <cstdint>
 #include <utility>
 
-#include "data/errors.h"
 #include "data/text.h"
 #include "help/code_page.h"
 #include "help/html_text.h"
-#include "help/reader_process.h"
 
 namespace veyra {
 namespace {
@@ -120,11 +118,6 @@ bool IsPage(const std::string& key) {
   return HasEnding(key, ".HTM") || HasEnding(key, ".HTML");
 }
 
-FileError Unreadable(const std::filesystem::path& file) {
-  return FileError({file.string(), "The help file cannot be read.",
-                    "Install Veyra Calendar again to get a good one."});
-}
-
 }  // namespace
 
 std::string PlainReference(std::string_view reference) {
@@ -135,22 +128,6 @@ std::string PlainReference(std::string_view reference) {
   const std::string_view path = WithoutAnchor(reference);
   const std::string_view anchor = reference.substr(path.size());
   return ResolvedPath(WithForwardSlashes(WithoutPercents(path))) + std::string(anchor);
-}
-
-ChmArchive ChmArchive::Open(const std::filesystem::path& file,
-                            const std::filesystem::path& reader) {
-  // Each object comes with two counts of four bytes and its name.
-  constexpr std::size_t kMostStreamBytes = kMostArchiveBytes + (16U << 20U);
-  const auto stream = OutputOf(reader, file.string(), kMostStreamBytes);
-  auto objects = stream ? ObjectsOfStream(*stream) : std::nullopt;
-  if (!objects) {
-    throw Unreadable(file);
-  }
-  ChmArchive archive(std::move(*objects));
-  if (archive.Pages().empty()) {
-    throw Unreadable(file);
-  }
-  return archive;
 }
 
 ChmArchive::ChmArchive(std::vector<HelpObject> objects) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -19,10 +18,6 @@ namespace veyra {
 /// leading "/" or "./", and "help.chm::" before it make no difference.
 class ChmArchive {
  public:
-  /// Reads a help file by way of the program `reader` (veyra-help-reader). Throws FileError when
-  /// the file cannot be read whole or holds no page.
-  static ChmArchive Open(const std::filesystem::path& file, const std::filesystem::path& reader);
-
   explicit ChmArchive(std::vector<HelpObject> objects);
 
   /// The bytes of an object, or null when the archive holds none of that name.

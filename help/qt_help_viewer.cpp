@@ -5,6 +5,7 @@
 
 #include "data/errors.h"
 #include "data/file_name.h"
+#include "help/qt_help_file.h"
 
 namespace veyra {
 namespace {
@@ -55,7 +56,7 @@ std::optional<QtHelpViewer::FileState> QtHelpViewer::StateOfFile() const {
 void QtHelpViewer::ReadFile() {
   archive_.reset();
   try {
-    archive_ = std::make_shared<const ChmArchive>(ChmArchive::Open(help_file_, reader_));
+    archive_ = std::make_shared<const ChmArchive>(ReadHelpFile(help_file_, reader_));
     window_->ShowFile(archive_);
   } catch (const FileError& failure) {
     window_->ShowFailure(FailureText(failure.report()));

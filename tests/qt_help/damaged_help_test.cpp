@@ -5,6 +5,7 @@
 #include <random>
 
 #include "data/errors.h"
+#include "help/qt_help_file.h"
 #include "help/topic_search.h"
 #include "tests/help/help_samples.h"
 #include "tests/temp_folder.h"
@@ -29,7 +30,7 @@ class DamagedHelpTest : public testing::Test {
 
   static bool ReadsFile(const std::filesystem::path& file) {
     try {
-      AskEverything(ChmArchive::Open(file, kReader));
+      AskEverything(ReadHelpFile(file, kReader));
       return true;
     } catch (const FileError& failure) {
       EXPECT_EQ("The help file cannot be read.", failure.report().Cause);
@@ -78,7 +79,7 @@ TEST_F(DamagedHelpTest, AMissingFileOrAFolderCannotBeRead) {
 }
 
 TEST_F(DamagedHelpTest, WithoutTheReaderNoFileCanBeRead) {
-  EXPECT_THROW(ChmArchive::Open(kHelpFileName, folder_.File("no-reader")), FileError);
+  EXPECT_THROW(ReadHelpFile(kHelpFileName, folder_.File("no-reader")), FileError);
 }
 
 TEST_F(DamagedHelpTest, AFileCutShortAnywhereCannotBeRead) {

@@ -67,15 +67,14 @@ int QtDayWindow::Pixels(Twips twips) const {
 
 void QtDayWindow::BuildMenu() {
   AddHelpItem(*this, [this] { guard_.Run([this] { handler_->mnuHelp_Click(); }); });
-  heading_ = new QLabel(menuBar());
+  // Not in the bar: assistive programs are told of nothing there but menus.
+  heading_ = new QLabel(this);
   heading_->setObjectName(QStringLiteral("heading"));
   heading_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  heading_->setFixedWidth(Pixels(kWidth) - kRoomForMenu);
   heading_->setTextFormat(Qt::PlainText);
   heading_->setContentsMargins(0, 0, 2 * kMargin, 0);
-  // The bar would put it at its top, above the line of its menus.
-  heading_->setMinimumHeight(menuBar()->sizeHint().height());
-  menuBar()->setCornerWidget(heading_);
+  heading_->setGeometry(kRoomForMenu, 0, Pixels(kWidth) - kRoomForMenu,
+                        menuBar()->sizeHint().height());
 }
 
 void QtDayWindow::BuildContents() {

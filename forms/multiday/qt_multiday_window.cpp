@@ -48,10 +48,10 @@ QString IndexedName(const char* control, std::size_t index) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(index);
 }
 
-/// Gives the label the looks of a notice, or those of any other text. Its text stays in its place.
+/// Gives the label the looks of a notice, or those of any other text.
 void Mark(QLabel& label, bool marked) {
   label.setFrameShape(marked ? QFrame::Box : QFrame::NoFrame);
-  label.setMargin(marked ? kNotePadding : kNotePadding + 1);
+  label.setMargin(marked ? kNotePadding : 0);
   label.setAutoFillBackground(marked);
   const QPalette theme = QGuiApplication::palette();
   SetColor(label, QPalette::Window, theme.color(marked ? QPalette::ToolTipBase : QPalette::Window));

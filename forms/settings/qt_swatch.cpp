@@ -7,6 +7,7 @@
 
 #include "forms/settings/palette.h"
 #include "forms/twips.h"
+#include "forms/widgets/qt_colors.h"
 
 namespace veyra {
 namespace {
@@ -87,7 +88,8 @@ void QtSwatch::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (hasFocus()) {
     const QColor mark = palette().color(QPalette::Highlight);
-    FillRings(painter, rect(), {mark, mark, kInnerEdge, color_});
+    const QColor edge = ReadableOn(color_, kInnerEdge);
+    FillRings(painter, rect(), {mark, mark, edge, edge, color_});
   } else {
     FillRings(painter, rect(), {kOuterEdge, kInnerEdge, color_});
   }

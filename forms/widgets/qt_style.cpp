@@ -1,7 +1,14 @@
 #include "forms/widgets/qt_style.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QPen>
+#include <QStyleOption>
+#include <QWidget>
 #include <algorithm>
+
+#include "forms/widgets/qt_colors.h"
 
 namespace veyra {
 namespace {
@@ -12,9 +19,71 @@ constexpr int kButtonHeight = 27;
 constexpr int kButtonPadding = 24;
 constexpr int kToolTipDelay = 500;
 
+constexpr int kFocusFrame = 2;
+
+/// Of the text's colour in the colour that a rim is made from.
+constexpr double kRim = 0.85;
+
+bool IsIndicator(QStyle::PrimitiveElement element) {
+  return element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_IndicatorRadioButton;
+}
+
+bool IsDark(const QPalette& colors) {
+  return colors.color(QPalette::Window).lightness() <
+         colors.color(QPalette::WindowText).lightness();
+}
+
+/// The style makes a rim by darkening what lies behind it.
+QPalette WithLightRims(const QPalette& colors) {
+  QPalette light = colors;
+  light.setColor(QPalette::Window,
+                 Blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), kRim));
+  return light;
+}
+
 }  // namespace
 
 QtStyle::QtStyle() : QProxyStyle(QApplication::style()->name()) {}
+
+void QtStyle::polish(QApplication* application) {
+  QProxyStyle::polish(application);
+  application->installEventFilter(this);
+}
+
+/// Other styles draw the mark only after the Tab key.
+bool QtStyle::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
+    static_cast<QWidget*>(watched)->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  }
+  return QProxyStyle::eventFilter(watched, event);
+}
+
+void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+  if (!IsIndicator(element) || !IsDark(option->palette)) {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    return;
+  }
+  QStyleOptionButton light;
+  light.QStyleOption::operator=(*option);
+  light.palette = WithLightRims(option->palette);
+  QProxyStyle::drawPrimitive(element, &light, painter, widget);
+}
+
+/// Of a scroll bar the style does not show that it has the focus.
+void QtStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                 QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (control == CC_ScrollBar && option->state.testFlag(State_HasFocus)) {
+    const QPen pen(option->palette.highlight(), kFocusFrame);
+    const QRectF edge = QRectF(option->rect).adjusted(1, 1, -1, -1);
+    painter->save();
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(edge);
+    painter->restore();
+  }
+}
 
 int QtStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                          const QWidget* widget) const {

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -376,6 +377,17 @@ TEST_F(DayWindowTest, AnotherOpeningIsANewWindow) {
 TEST_F(DayWindowTest, ItSaysWhichFacilityAndWhichWeekdayItBooks) {
   StartAndOpenDay();
   EXPECT_EQ("Hall, Saturday", In<QLabel>(Day(), QStringLiteral("heading")).text().toStdString());
+}
+
+TEST_F(DayWindowTest, ItsHeadingIsAmongTheControlsThatAssistiveProgramsAreToldOf) {
+  StartAndOpenDay();
+  const auto* window = QAccessible::queryAccessibleInterface(Day());
+  ASSERT_NE(nullptr, window);
+  int headings = 0;
+  for (int i = 0; i < window->childCount(); ++i) {
+    headings += window->child(i)->text(QAccessible::Name) == QLatin1String("Hall, Saturday");
+  }
+  EXPECT_EQ(1, headings);
 }
 
 TEST_F(DayWindowTest, OfALongFacilityNameTheWeekdayStaysInSight) {

@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
+#include "forms/contrast.h"
 #include "forms/settings/palette.h"
 #include "forms/twips.h"
 #include "tests/qt/program_fixture.h"
@@ -220,6 +221,24 @@ TEST_F(SettingsWindowTest, KeysStopAtTheEdgeOfThePalette) {
   QTest::keyClick(&Square(1), Qt::Key_Left);
   QTest::keyClick(&Square(1), Qt::Key_Up);
   EXPECT_TRUE(Square(1).hasFocus());
+}
+
+TEST_F(SettingsWindowTest, TheSquareWithTheFocusIsPlainToSeeWhateverItsColor) {
+  constexpr int kWithinItsEdge = 3;
+  constexpr double kPlainContrast = 3.0;
+  Open();
+  const auto part = [](int channel) { return static_cast<std::uint8_t>(channel); };
+  const auto color = [&](const QColor& of) {
+    return Rgb{part(of.red()), part(of.green()), part(of.blue())};
+  };
+  for (int index = 1; index <= 48; ++index) {
+    Square(index).setFocus();
+    const QImage picture = Square(index).grab().toImage();
+    EXPECT_GE(Contrast(color(picture.pixelColor(kWithinItsEdge, kWithinItsEdge)),
+                       color(picture.pixelColor(picture.rect().center()))),
+              kPlainContrast)
+        << index;
+  }
 }
 
 TEST_F(SettingsWindowTest, TabReachesOneSquareOfThePalette) {

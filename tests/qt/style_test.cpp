@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QImage>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "forms/contrast.h"
+
+namespace veyra {
+namespace {
+
+/// The least contrast at which the parts of a control can be told: WCAG 2.1, 1.4.11.
+constexpr double kPlainContrast = 3.0;
+
+Rgb ToRgb(const QColor& color) {
+  const auto part = [](int channel) { return static_cast<std::uint8_t>(channel); };
+  return {part(color.red()), part(color.green()), part(color.blue())};
+}
+
+/// A window with one control, which has the focus, and another.
+template <typename Control>
+class ControlWindow {
+ public:
+  explicit ControlWindow(const QPalette& colors = QApplication::palette()) {
+    window_.setPalette(colors);
+    auto* column = new QVBoxLayout(&window_);
+    column->addWidget(control_ = new Control(&window_));
+    column->addWidget(other_ = new QPushButton(&window_));
+    other_->setFocus();
+    window_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+  }
+
+  QImage Picture() const { return control_->grab().toImage(); }
+  void FocusControl() { control_->setFocus(Qt::OtherFocusReason); }
+
+ private:
+  QWidget window_;
+  Control* control_ = nullptr;
+  QPushButton* other_ = nullptr;
+};
+
+template <typename Control>
+class FocusMarkTest : public testing::Test {};
+
+using Controls = testing::Types<QRadioButton, QCheckBox, QPushButton, QScrollBar>;
+TYPED_TEST_SUITE(FocusMarkTest, Controls);
+
+TYPED_TEST(FocusMarkTest, IsSeenWhicheverWayTheFocusHasCome) {
+  ControlWindow<TypeParam> window;
+  const QImage before = window.Picture();
+  window.FocusControl();
+  EXPECT_NE(before, window.Picture());
+}
+
+template <typename Control>
+class DarkRimTest : public testing::Test {};
+
+using Indicators = testing::Types<QRadioButton, QCheckBox>;
+TYPED_TEST_SUITE(DarkRimTest, Indicators);
+
+TYPED_TEST(DarkRimTest, OfWhatIsNotChosenIsPlainToSee) {
+  QPalette dark(QColor(49, 54, 59), QColor(49, 54, 59));
+  dark.setColor(QPalette::Base, QColor(35, 38, 41));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(role, QColor(239, 240, 241));
+  }
+  const QImage picture = ControlWindow<TypeParam>(dark).Picture();
+  const Rgb ground = ToRgb(dark.color(QPalette::Window));
+  double best = 0;
+  for (int x = 0; x < picture.width(); ++x) {
+    for (int y = 0; y < picture.height(); ++y) {
+      best = std::max(best, Contrast(ground, ToRgb(picture.pixelColor(x, y))));
+    }
+  }
+  EXPECT_GE(best, kPlainContrast);
+}
+
+}  // namespace
+}  // namespace veyra

@@ -22,6 +22,10 @@ constexpr char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+constexpr char Upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 /// The text with its letters of ASCII in lower case, all else as it is.
 inline std::string LowerCase(std::string_view text) {
   std::string lower(text);

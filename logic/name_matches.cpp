@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "data/ascii.h"
 #include "data/text.h"
 
 namespace veyra::modRes {
@@ -69,6 +70,18 @@ void AppendFolded(std::string& folded, std::string_view sequence) {
   }
 }
 
+void AppendWithoutAccents(std::string& folded, std::string_view upper) {
+  while (!upper.empty()) {
+    const std::string_view sequence = upper.substr(0, LengthOf(upper.front()));
+    AppendFolded(folded, sequence);
+    upper.remove_prefix(sequence.size());
+  }
+}
+
+bool IsAscii(char byte) {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+
 std::vector<std::string> Folded(const std::vector<std::string>& names) {
   std::vector<std::string> folded;
   folded.reserve(names.size());
@@ -98,14 +111,18 @@ class Gathered {
 
 }  // namespace
 
+/// Plain letters, of which names are made for the most part, are not looked up one by one.
 std::string FoldedName(std::string_view text) {
-  const std::string upper = UpperCase(text);
   std::string folded;
-  folded.reserve(upper.size());
-  for (std::size_t at = 0; at < upper.size();) {
-    const std::string_view sequence = std::string_view(upper).substr(at, LengthOf(upper[at]));
-    AppendFolded(folded, sequence);
-    at += sequence.size();
+  folded.reserve(text.size());
+  while (!text.empty()) {
+    const auto others = std::find_if_not(text.begin(), text.end(), IsAscii);
+    std::transform(text.begin(), others, std::back_inserter(folded), ascii::Upper);
+    text.remove_prefix(static_cast<std::size_t>(others - text.begin()));
+    const auto next =
+        static_cast<std::size_t>(std::find_if(text.begin(), text.end(), IsAscii) - text.begin());
+    AppendWithoutAccents(folded, UpperCase(text.substr(0, next)));
+    text.remove_prefix(next);
   }
   return folded;
 }

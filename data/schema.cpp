@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "data/announced_store.h"
 #include "data/color_settings.h"
 #include "data/errors.h"
 #include "data/file_name.h"
@@ -29,8 +30,10 @@ std::string FolderAdvice(const Databases& databases) {
 std::unique_ptr<Connection> OpenConnection(const Databases& databases, const char* file,
                                            StoreAccess access) {
   try {
-    return std::make_unique<Connection>(
-        OpenStore(databases.DataFolder + file, access, databases.Waiting));
+    const std::string name = databases.DataFolder + file;
+    return std::make_unique<Connection>(access == StoreAccess::ReadWrite
+                                            ? OpenAnnounced(name, databases.Waiting)
+                                            : OpenStore(name, access, databases.Waiting));
   } catch (const MissingFileError& error) {
     throw MissingFileError({error.report().File, error.report().Cause, FolderAdvice(databases)});
   }

@@ -47,6 +47,7 @@ ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]
 
 # The doors of the engines, which stores are opened and made by.
 DOORS = {
+    "data/announced_store.cpp": ["data/access"],
     "data/open_store.cpp": ["data/sqlite", "data/access"],
     "data/create_store.cpp": ["data/sqlite", "data/access", "data/access/write"],
     "data/salvage_file.cpp": ["data/sqlite/salvage", "data/access/salvage"],

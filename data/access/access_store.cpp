@@ -394,6 +394,10 @@ class AccessStore : public FileStore {
 
 }  // namespace
 
+bool IsAccessStore(const Store& store) {
+  return dynamic_cast<const AccessStore*>(&store) != nullptr;
+}
+
 bool LooksLikeAccess(std::string_view first_bytes) {
   const access::Bytes bytes(first_bytes.begin(), first_bytes.end());
   return access::HasAccessSignature(bytes);

@@ -37,6 +37,9 @@ std::unique_ptr<Store> OpenAccessStore(const std::string& file_name, StoreAccess
                                        const WaitPolicy& policy = {},
                                        access::CommitObserver observer = {});
 
+/// Whether it is a store that one of these two has given.
+bool IsAccessStore(const Store& store);
+
 /// Opens for reading and writing a database that CreateAccessFile has just made and nobody else
 /// knows of yet. With Durability::WhenAsked each change goes straight into the file, without a
 /// journal.

@@ -60,6 +60,26 @@ TEST_F(OtherDeskTest, AProgramOfThisComputerIsNoReasonToAsk) {
   EXPECT_TRUE(dialogs_.Boxes().empty());
 }
 
+TEST_F(OtherDeskTest, ACalendarOfEachKindTellsOthersWhoHasItOpenUntilItIsClosed) {
+  LeaveNote({anna_});
+  dialogs_.AnswerNext(Answer::Yes);
+  ASSERT_TRUE(Start());
+  const auto open = ReadOpenNote(data_.File("Calendar.mdb"));
+  ASSERT_TRUE(open);
+  ASSERT_EQ(2U, open->Users.size());
+  EXPECT_EQ(anna_, open->Users.front());
+  EXPECT_EQ(ThisUser().Process, open->Users.back().Process);
+  EXPECT_EQ(ThisUser().Machine, open->Users.back().Machine);
+  session_.ResCon.reset();
+  EXPECT_EQ(std::vector{anna_}, ReadOpenNote(data_.File("Calendar.mdb")).value().Users);
+}
+
+TEST_F(OtherDeskTest, TheLastOneToCloseItTakesTheNoteAway) {
+  ASSERT_TRUE(Start());
+  session_.ResCon.reset();
+  EXPECT_FALSE(std::filesystem::exists(OpenNoteName(data_.File("Calendar.mdb"))));
+}
+
 TEST_F(OtherDeskTest, ANoteIsFoundBesideTheFileThatALinkLeadsTo) {
   LeaveNote({anna_});
   const TempFolder links;

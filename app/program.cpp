@@ -136,10 +136,7 @@ void Program::DropSearches() {
 void Program::OpenCalendarAnew() {
   DropSearches();
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
-  modRes::RefreshListings(session_, ListingsOfDay());
-  if (day_) {
-    day_->Logic.FillGrid();
-  }
+  FillAnew();
 }
 
 void Program::ShowWhatIsStored() {

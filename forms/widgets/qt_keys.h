@@ -13,8 +13,9 @@ inline bool IsMenuKey(const QKeyEvent& event) {
 /// Whether the key does nothing by itself: Shift, Control, a lock.
 inline bool IsModifier(const QKeyEvent& event) {
   const int key = event.key();
-  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) ||
-         (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R) || key == Qt::Key_AltGr;
+  return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_Super_L ||
+         key == Qt::Key_Super_R || key == Qt::Key_Hyper_L || key == Qt::Key_Hyper_R ||
+         key == Qt::Key_AltGr;
 }
 
 }  // namespace veyra

@@ -96,6 +96,10 @@ class HeldKeysTest(DeskTest):
             self.desk.key(*["Right" if distance > 0 else "Left"] * abs(distance))
         self.hold("shift+F10")
         self.wait_for_viewer()
+        self.desk.key("Escape")
+        self.desk.wait_for_month_window()
+        self.hold("Menu")
+        self.wait_for_viewer()
         self.desk.key("Home")
         self.hold("Return")
         self.assert_message_has("Single")
@@ -106,6 +110,37 @@ class HeldKeysTest(DeskTest):
         self.hold("Return")
         self.wait_for_day()
         self.assertEqual(self.before, self.rows())
+
+    def test_of_the_small_windows(self):
+        for key, title in (("ctrl+f", "Find a Booking"), ("ctrl+shift+f", "Free Time"),
+                           ("ctrl+g", "Go to a Date"), ("ctrl+p", "Print")):
+            self.hold(key)
+            self.desk.front_window(title)
+            self.assertEqual([MONTH_WINDOW, title], [one.name for one in self.desk.windows()])
+            self.desk.key("Escape")
+            if title == "Print":
+                self.assert_message("Calendar Printing Canceled")
+                self.desk.key("Return")
+            self.desk.wait_for_month_window()
+        self.desk.key("ctrl+f")
+        self.desk.front_window("Find a Booking")
+        self.desk.type("Single")
+        self.desk.wait(lambda: self.desk.first("list").children, "the booking")
+        self.hold("Return")
+        self.wait_for_day()
+        self.assertEqual(self.before, self.rows())
+
+    def test_of_undo_answers_nothing(self):
+        self.open_grid()
+        self.desk.key("Home", *["Down"] * 5, "Return")
+        self.assert_message_has("Reservation for")
+        self.desk.press("OK")
+        self.assert_message("1 Booking(s) Made.")
+        self.desk.press("OK")
+        booked = self.rows()
+        self.hold("ctrl+z")
+        self.assert_message("Do you want to undo the last booking?")
+        self.assertEqual(booked, self.rows())
 
     def book(self, name, day, slot, key):
         self.sql("INSERT INTO Reserv (RmID, Event, DateOfRes, TimeFrom, TimeTo, MultKey) "

@@ -144,6 +144,30 @@ TEST_F(QtGestureGuardTest, AHeldKeyDoesNothingBehindTheBoxThatItClosed) {
   EXPECT_FALSE(box_.isVisible());
 }
 
+/// A control that counts the presses of keys.
+class KeyCounter : public QWidget {
+ public:
+  explicit KeyCounter(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+  int Presses = 0;
+
+ protected:
+  void keyPressEvent(QKeyEvent*) override { ++Presses; }
+};
+
+TEST_F(QtGestureGuardTest, AMenuKeyThatIsHeldDoesNothingInTheBoxThatItHasOpened) {
+  KeyCounter within(&box_);
+  Show(open_);
+  Press(window_, Qt::Key_Menu, 1000);
+  box_.show();
+  WaitForBox();
+  within.setFocus();
+  Repeat(box_, Qt::Key_Menu, 1660, 1740);
+  EXPECT_EQ(0, within.Presses);
+  Release(box_, Qt::Key_Menu, 1740);
+  Press(box_, Qt::Key_Menu, 2000);
+  EXPECT_EQ(1, within.Presses) << "the next press";
+}
+
 TEST_F(QtGestureGuardTest, AnArrowKeyGoesOnInTheBox) {
   QListWidget list(&box_);
   list.addItems({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});

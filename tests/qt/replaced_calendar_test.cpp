@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <QTableWidget>
 #include <filesystem>
 #include <string>
 
@@ -53,6 +54,26 @@ TEST_F(ReplacedCalendarTest, TakesTheNextBookingOnceItIsOpenedAnew) {
   dialogs_.AnswerNext(Answer::Ok);
   DragRows(23, 24);
   EXPECT_EQ("2 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
+}
+
+TEST_F(ReplacedCalendarTest, IsSeenOnTheDayBoardToo) {
+  Start();
+  QTest::keyClick(Month()->focusWidget(), Qt::Key_B, Qt::ControlModifier);
+  ASSERT_NE(nullptr, Window("frmBoard"));
+  auto& cells = In<QTableWidget>(Window("frmBoard"), QStringLiteral("Grid1"));
+  const auto names = [&cells] {
+    int count = 0;
+    for (int column = 0; column < cells.columnCount(); ++column) {
+      count += cells.item(18, column)->text() == QLatin1String("Late");
+    }
+    return count;
+  };
+  ASSERT_EQ(1, names());
+  Replace();
+  dialogs_.AnswerNext(Answer::Yes);
+  QTest::keyClick(&cells, Qt::Key_PageDown);
+  EXPECT_EQ(0, names());
+  EXPECT_EQ("Day Board: Saturday, 3/15/2014", Window("frmBoard")->windowTitle().toStdString());
 }
 
 TEST_F(ReplacedCalendarTest, StaysAsItIsShownWhenTheOperatorSaysNo) {

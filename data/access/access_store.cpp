@@ -84,6 +84,7 @@ class AccessStore : public FileStore {
     const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
     broken_change_.FinishUnderLock();
     snapshot_.Tables();
+    const access::Snapshot::Held held(snapshot_);
     access::PageChanges changes(file_);
     journal_.BeginCommit();
     auto result = work(changes);
@@ -175,7 +176,7 @@ class AccessStore : public FileStore {
     const std::string what = access::WordsForInsert(table, fields);
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       Row row = access::InsertRow(changes, writer, fields);
-      Enter(changes, table, nullptr, &row);
+      Enter(changes, writer, table, nullptr, &row);
       return row;
     });
   }
@@ -188,7 +189,7 @@ class AccessStore : public FileStore {
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       std::vector<Row> added = access::InsertRows(changes, writer, rows);
       for (const Row& row : added) {
-        Enter(changes, table, nullptr, &row);
+        Enter(changes, writer, table, nullptr, &row);
       }
       return added;
     });
@@ -199,7 +200,7 @@ class AccessStore : public FileStore {
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForUpdate(table, writer.Layout(), before);
       Row row = access::UpdateRow(changes, writer, before, fields);
-      Enter(changes, table, &before, &row);
+      Enter(changes, writer, table, &before, &row);
       return row;
     });
   }
@@ -209,7 +210,7 @@ class AccessStore : public FileStore {
     WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForDelete(table, writer.Layout(), before);
       access::DeleteRow(changes, writer, before);
-      Enter(changes, table, &before, nullptr);
+      Enter(changes, writer, table, &before, nullptr);
       return 0;
     });
   }
@@ -308,24 +309,27 @@ class AccessStore : public FileStore {
     switch (change.What) {
       case RowChange::Kind::Add: {
         const Row row = access::InsertRow(pages, writer, change.Fields);
-        return Enter(pages, change.Table, nullptr, &row);
+        return Enter(pages, writer, change.Table, nullptr, &row);
       }
       case RowChange::Kind::Set: {
         const Row row = access::UpdateRow(pages, writer, change.Before, change.Fields);
-        return Enter(pages, change.Table, &change.Before, &row);
+        return Enter(pages, writer, change.Table, &change.Before, &row);
       }
       case RowChange::Kind::Remove:
         access::DeleteRow(pages, writer, change.Before);
-        return Enter(pages, change.Table, &change.Before, nullptr);
+        return Enter(pages, writer, change.Table, &change.Before, nullptr);
     }
   }
 
   /// Either row may be missing.
-  void Enter(access::PageChanges& pages, const std::string& table, const Row* before,
-             const Row* after) {
+  void Enter(access::PageChanges& pages, const access::TableWriter& writer,
+             const std::string& table, const Row* before, const Row* after) {
     if (before == nullptr || after == nullptr || before->Values != after->Values) {
-      journal_.Enter(pages, file_, snapshot_, table, before == nullptr ? nullptr : &before->Values,
-                     after == nullptr ? nullptr : &after->Values);
+      journal_.Enter(pages, file_, snapshot_,
+                     {.Table = table,
+                      .Layout = writer.Layout(),
+                      .Before = before == nullptr ? nullptr : &before->Values,
+                      .After = after == nullptr ? nullptr : &after->Values});
     }
   }
 

@@ -42,7 +42,7 @@ void Snapshot::ForgetTables() {
 }
 
 void Snapshot::ForgetIfChanged() {
-  if (file_.Refresh()) {
+  if (!is_held_ && file_.Refresh()) {
     ForgetTables();
   }
 }
@@ -65,7 +65,7 @@ PageNumber Snapshot::DefinitionOf(std::string_view name) {
 
 std::shared_ptr<TableImage> Snapshot::Table(std::string_view name) {
   const PageNumber definition = DefinitionOf(name);
-  if (!file_.IsCurrent(definition)) {
+  if (!is_held_ && !file_.IsCurrent(definition)) {
     Forget();
   }
   const auto known = images_.find(definition);

@@ -26,6 +26,18 @@ class Snapshot {
  public:
   explicit Snapshot(PageFile& file, RetryPolicy policy = {}) : file_(file), policy_(policy) {}
 
+  /// While one lives, what was read counts as it stands: nobody else can write to the file.
+  class Held {
+   public:
+    explicit Held(Snapshot& snapshot) : snapshot_(snapshot) { snapshot_.is_held_ = true; }
+    ~Held() { snapshot_.is_held_ = false; }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+
+   private:
+    Snapshot& snapshot_;
+  };
+
   /// The tables of the file.
   const std::vector<CatalogueEntry>& Tables();
 
@@ -50,6 +62,7 @@ class Snapshot {
 
   PageFile& file_;
   RetryPolicy policy_;
+  bool is_held_ = false;
   std::vector<CatalogueEntry> catalogue_;
   std::map<PageNumber, std::shared_ptr<TableImage>> images_;
 };

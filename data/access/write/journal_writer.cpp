@@ -2,7 +2,6 @@
 
 #include "data/access/read/table_rows.h"
 #include "data/access/write/row_changes.h"
-#include "data/access/write/table_writer.h"
 #include "data/names.h"
 
 namespace veyra::access {
@@ -18,18 +17,16 @@ bool HasTable(Snapshot& snapshot, const char* name) {
   return false;
 }
 
-Value TextOf(const std::vector<std::string>& columns, const std::vector<Value>* values) {
-  return values == nullptr ? Value(Null{}) : Value(JournalText(columns, *values));
-}
-
-std::vector<std::string> ColumnsOf(PageChanges& pages, Snapshot& snapshot,
-                                   const std::string& table) {
-  const TableWriter writer(pages, snapshot.DefinitionOf(table));
+std::vector<std::string> NamesOf(const TableLayout& layout) {
   std::vector<std::string> names;
-  for (const ColumnLayout& column : writer.Layout().Columns) {
+  for (const ColumnLayout& column : layout.Columns) {
     names.push_back(column.Name);
   }
   return names;
+}
+
+Value TextOf(const JournalledRow& row, const std::vector<Value>* values) {
+  return values == nullptr ? Value(Null{}) : Value(JournalText(NamesOf(row.Layout), *values));
 }
 
 }  // namespace
@@ -55,6 +52,7 @@ bool JournalWriter::IsKept(PageSource& file, Snapshot& snapshot) {
 void JournalWriter::BeginCommit() {
   number_.reset();
   is_kept_.reset();
+  journal_.reset();
   time_.clear();
 }
 
@@ -65,9 +63,8 @@ void JournalWriter::EndCommit() {
 }
 
 void JournalWriter::Enter(PageChanges& pages, PageSource& file, Snapshot& snapshot,
-                          const std::string& table, const std::vector<Value>* before,
-                          const std::vector<Value>* after) {
-  if (!IsJournalled(table)) {
+                          const JournalledRow& row) {
+  if (!IsJournalled(row.Table)) {
     return;
   }
   if (!is_kept_) {
@@ -77,19 +74,20 @@ void JournalWriter::Enter(PageChanges& pages, PageSource& file, Snapshot& snapsh
   if (!*is_kept_) {
     return;
   }
-  TableWriter journal(pages, snapshot.DefinitionOf(kJournalTable));
-  const std::int64_t entry = std::int64_t{journal.Layout().LastAutoNumber} + 1;
-  const std::vector<std::string> columns = ColumnsOf(pages, snapshot, table);
+  if (!journal_) {
+    journal_.emplace(pages, snapshot.DefinitionOf(kJournalTable));
+  }
+  const std::int64_t entry = std::int64_t{journal_->Layout().LastAutoNumber} + 1;
   FieldValues fields{{"ID", entry},
                      {"ActionID", NumberFor(entry)},
                      {"ChangedAt", time_},
-                     {"TableName", table},
-                     {"OldValues", TextOf(columns, before)},
-                     {"NewValues", TextOf(columns, after)}};
+                     {"TableName", row.Table},
+                     {"OldValues", TextOf(row, row.Before)},
+                     {"NewValues", TextOf(row, row.After)}};
   if (action_.IsNamed()) {
     fields.emplace_back("ActionName", action_.Name());
   }
-  InsertRow(pages, journal, fields);
+  InsertRow(pages, *journal_, fields);
 }
 
 std::int64_t JournalWriter::NumberFor(std::int64_t entry) {

@@ -7,6 +7,7 @@
 
 #include "data/access/pages/page_changes.h"
 #include "data/access/read/snapshot.h"
+#include "data/access/write/table_writer.h"
 #include "data/file_store.h"
 #include "data/journal.h"
 
@@ -14,6 +15,14 @@ namespace veyra::access {
 
 /// Says in its one row, in its one column, whether the journal is kept (1) or not (0).
 inline constexpr const char* kJournalSwitch = "ChangeJournalSwitch";
+
+/// A row that was added, changed or deleted.
+struct JournalledRow {
+  const std::string& Table;
+  const TableLayout& Layout;
+  const std::vector<Value>* Before;  ///< nullptr when it was added.
+  const std::vector<Value>* After;   ///< nullptr when it was deleted.
+};
 
 /// Keeps the journal of an Access file, in which nobody but this program enters anything: each
 /// change that is made here, in the same pages. Throws as InsertRow does.
@@ -28,9 +37,8 @@ class JournalWriter {
   void BeginCommit();
   void EndCommit();
 
-  /// Enters a row that was added, changed or deleted, if the journal is kept.
-  void Enter(PageChanges& pages, PageSource& file, Snapshot& snapshot, const std::string& table,
-             const std::vector<Value>* before, const std::vector<Value>* after);
+  /// Enters a row, if the journal is kept. REQUIRES: `pages` are those of this commit.
+  void Enter(PageChanges& pages, PageSource& file, Snapshot& snapshot, const JournalledRow& row);
 
  private:
   /// The number of the action that this entry belongs to: its own when it is the first.
@@ -39,6 +47,7 @@ class JournalWriter {
   CurrentAction action_;
   std::optional<std::int64_t> number_;  ///< What the action's will be, or this commit's own.
   std::optional<bool> is_kept_;         ///< As this commit found it.
+  std::optional<TableWriter> journal_;  ///< Of this commit.
   std::string time_;
 };
 

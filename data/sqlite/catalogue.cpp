@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/names.h"
+#include "data/sqlite/quoted.h"
 #include "data/store_errors.h"
 
 namespace veyra::sqlite {
@@ -12,6 +13,10 @@ namespace {
 /// The kinds of column that "PRAGMA table_xinfo" tells apart.
 constexpr std::int64_t kHidden = 1;
 constexpr std::int64_t kOrdinary = 0;
+
+/// Columns of "PRAGMA table_list" and "PRAGMA table_xinfo".
+enum ListColumn { kListedName = 1, kListedType = 2, kListedRowless = 4 };
+enum InfoColumn { kColumnName = 1, kColumnHidden = 6 };
 
 /// The first of SQLite's names for the row number that no column bears.
 std::string FreeKeyName(const std::vector<std::string>& columns) {
@@ -49,14 +54,24 @@ const Table& Catalogue::Find(const std::string& name) {
 }
 
 bool Catalogue::KeepsJournal() {
+  return Known(keeps_journal_,
+               "SELECT 1 FROM sqlite_schema WHERE type = 'trigger'"
+               " AND name LIKE 'ChangeJournal@_%' ESCAPE '@'");
+}
+
+bool Catalogue::HasJournalTable() {
+  return Known(has_journal_table_,
+               "SELECT 1 FROM sqlite_schema WHERE type = 'table'"
+               " AND name = 'ChangeJournal' COLLATE NOCASE");
+}
+
+/// Whether the query gives a row, asked anew only when the schema has changed.
+bool Catalogue::Known(std::optional<bool>& answer, const char* sql) {
   Refresh();
-  if (!keeps_journal_) {
-    const auto triggers = statements_.Take(
-        "SELECT 1 FROM sqlite_schema WHERE type = 'trigger'"
-        " AND name LIKE 'ChangeJournal@_%' ESCAPE '@'");
-    keeps_journal_ = triggers->Step();
+  if (!answer) {
+    answer = statements_.Take(sql)->Step();
   }
-  return *keeps_journal_;
+  return *answer;
 }
 
 bool Catalogue::Refresh() {
@@ -73,32 +88,28 @@ bool Catalogue::Refresh() {
   }
   tables_.clear();
   keeps_journal_.reset();
+  has_journal_table_.reset();
   schema_version_ = version;
   return true;
 }
 
 Table Catalogue::Read(const std::string& name) {
   Table table;
-  const std::vector<Value> asked{name};
-  const auto tables = statements_.Take(
-      "SELECT name, type = 'view' OR wr FROM pragma_table_list"
-      " WHERE schema = 'main' AND name = ? COLLATE NOCASE");
-  tables->Bind(asked);
+  // Not by way of the tables that give the same: to set those up takes several times as long.
+  const auto tables = statements_.Take("PRAGMA main.table_list(" + Quoted(name) + ")");
   if (!tables->Step()) {
     throw MissingTable(database_.file(), name);
   }
-  table.Name = tables->Text(0);
-  const bool has_keys = tables->Integer(1) == 0;
+  table.Name = tables->Text(kListedName);
+  const bool has_keys = tables->Text(kListedType) != "view" && tables->Integer(kListedRowless) == 0;
 
-  const auto columns =
-      statements_.Take("SELECT name, hidden FROM pragma_table_xinfo(?) ORDER BY cid");
-  columns->Bind(asked);
+  const auto columns = statements_.Take("PRAGMA main.table_xinfo(" + Quoted(name) + ")");
   while (columns->Step()) {
-    const std::int64_t kind = columns->Integer(1);
+    const std::int64_t kind = columns->Integer(kColumnHidden);
     if (kind == kHidden) {
       continue;
     }
-    table.Columns.push_back(columns->Text(0));
+    table.Columns.push_back(columns->Text(kColumnName));
     table.Computed.push_back(kind != kOrdinary);
   }
   if (has_keys) {

@@ -36,11 +36,15 @@ class Catalogue {
   /// Whether triggers enter changes in the journal.
   bool KeepsJournal();
 
+  /// Whether the table that they are entered in is there.
+  bool HasJournalTable();
+
   /// Drops what was found before when the schema was changed since. Returns whether it was.
   bool Refresh();
 
  private:
   Table Read(const std::string& name);
+  bool Known(std::optional<bool>& answer, const char* sql);
 
   Database& database_;
   StatementCache& statements_;
@@ -48,6 +52,7 @@ class Catalogue {
   std::int64_t schema_version_ = -1;
   std::unordered_map<std::string, Table> tables_;
   std::optional<bool> keeps_journal_;
+  std::optional<bool> has_journal_table_;
 };
 
 }  // namespace veyra::sqlite

@@ -114,10 +114,25 @@ void JournalKeeper::DropTriggers(const std::string& table) {
   }
 }
 
+/// Without their table the triggers would refuse every change that is journalled.
+void JournalKeeper::CheckTable() {
+  if (!reader_.catalogue().HasJournalTable()) {
+    Begin();
+  } else if (!HasAllColumns(reader_.catalogue().Find(kJournalTable).Columns)) {
+    throw DatabaseError({reader_.file(),
+                         std::string("Another program has changed the table ") + kJournalTable +
+                             ", in which the journal is kept.",
+                         "Close the program, end the journal with veyra-data journal off, and "
+                         "rename that table: then it can begin anew.",
+                         "Nothing was saved."});
+  }
+}
+
 std::optional<std::int64_t> JournalKeeper::LastEntry() {
   if (!IsKept()) {
     return std::nullopt;
   }
+  CheckTable();
   const auto last = reader_.statements().Take("SELECT max(ID) FROM ChangeJournal");
   return last->Step() ? last->Integer(0) : 0;
 }

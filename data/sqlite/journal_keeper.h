@@ -31,7 +31,9 @@ class JournalKeeper {
   /// was made, or has another column.
   void TableWasMade(const Table& table);
 
-  /// Beginning a change: the last entry before it. Nothing when no journal is kept.
+  /// Beginning a change: the last entry before it. Nothing when no journal is kept. Makes the
+  /// journal's table anew when another program has dropped it; throws DatabaseError when it has
+  /// other columns.
   std::optional<std::int64_t> LastEntry();
 
   /// Ending it: enters the action's name and number in the entries that came since; a change
@@ -40,6 +42,7 @@ class JournalKeeper {
   std::optional<std::int64_t> NameEntries(const std::optional<std::int64_t>& last);
 
  private:
+  void CheckTable();
   void MakeTriggers(const Table& table);
   void DropTriggers(const std::string& table);
 

@@ -11,17 +11,6 @@ namespace veyra::sqlite {
 
 namespace {
 
-std::string Enclosed(std::string_view text, char quote) {
-  std::string enclosed(1, quote);
-  for (const char c : text) {
-    if (c == quote) {
-      enclosed += quote;
-    }
-    enclosed += c;
-  }
-  return enclosed + quote;
-}
-
 const char* TestText(Relation test) {
   switch (test) {
     case Relation::Equal:
@@ -139,7 +128,7 @@ std::string Literal(const Value& value) {
   if (std::holds_alternative<std::int64_t>(value)) {
     return ToText(value);
   }
-  return Enclosed(ToText(value), '\'');
+  return TextLiteral(ToText(value));
 }
 
 std::string TypeText(const ColumnDefinition& column) {
@@ -165,14 +154,6 @@ std::string ColumnText(const ColumnDefinition& column) {
 }
 
 }  // namespace
-
-std::string Quoted(std::string_view name) {
-  return Enclosed(name, '"');
-}
-
-std::string TextLiteral(std::string_view text) {
-  return Enclosed(text, '\'');
-}
 
 BoundSql SelectSql(const std::string& file, const Table& table, const Query& query) {
   return SelectWriter(file, table).Write(query);

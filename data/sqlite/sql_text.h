@@ -6,6 +6,7 @@
 
 #include "data/query.h"
 #include "data/sqlite/catalogue.h"
+#include "data/sqlite/quoted.h"
 #include "data/store.h"
 
 namespace veyra::sqlite {
@@ -15,12 +16,6 @@ struct BoundSql {
   std::string Text;
   std::vector<Value> Parameters;
 };
-
-/// A name in quotes, whatever is in it.
-std::string Quoted(std::string_view name);
-
-/// A text in quotes, as SQL writes it.
-std::string TextLiteral(std::string_view text);
 
 /// The rows of a query: the row's number (null when rows have none), then the table's columns.
 /// Throws DatabaseError when the query names a column that the table lacks.

@@ -142,6 +142,9 @@ class SqliteStore : public FileStore {
     explicit Change(SqliteStore& store)
         : Work(store.ForChange()), LastEntry(store.journal_.LastEntry()) {}
 
+    /// A change of which nothing is entered.
+    Change(SqliteStore& store, std::nullopt_t) : Work(store.ForChange()) {}
+
     Transaction Work;
     std::optional<std::int64_t> LastEntry;
   };
@@ -285,7 +288,7 @@ void SqliteStore::AddColumn(const std::string& table_name, const ColumnDefinitio
 }
 
 void SqliteStore::KeepJournal(bool keep) {
-  Change change(*this);
+  Change change(*this, std::nullopt);
   if (keep) {
     journal_.Begin();
   } else {

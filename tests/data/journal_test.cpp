@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "data/access/write/journal_writer.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tests/data/sqlite/foreign_program.h"
@@ -192,6 +193,56 @@ TEST_P(ForeignJournalTest, AnotherProgramsTableOfThatNameIsLeftAlone) {
   ForeignProgram(File()).Run("CREATE TABLE ChangeJournal(Mine)");
   EXPECT_THROW(Open()->KeepJournal(true), DatabaseError);
   EXPECT_FALSE(Open()->KeepsJournal());
+}
+
+TEST_P(ForeignJournalTest, AJournalThatAnotherProgramDroppedBeginsAnew) {
+  const auto store = Open();
+  store->KeepJournal(true);
+  Book(*store, "lost");
+  ForeignProgram(File()).Run("DROP TABLE ChangeJournal");
+  Book(*store, "kept");
+  EXPECT_TRUE(store->KeepsJournal());
+  const std::string entries = Entries();
+  EXPECT_EQ(0U, entries.find("1 1 - Reserv: - > [RmID]=1, [Event]='kept'")) << entries;
+  EXPECT_EQ(entries.find('\n'), entries.size() - 1) << entries;
+}
+
+TEST_P(ForeignJournalTest, AJournalThatAnotherProgramRenamedBeginsAnew) {
+  const auto store = Open();
+  store->KeepJournal(true);
+  ForeignProgram(File()).Run("ALTER TABLE ChangeJournal RENAME TO Mine");
+  Book(*store, "kept");
+  EXPECT_NE(std::string::npos, Entries().find("[Event]='kept'"));
+}
+
+TEST_P(ForeignJournalTest, AJournalThatAnotherProgramChangedCanBeEnded) {
+  const auto store = Open();
+  store->KeepJournal(true);
+  ForeignProgram(File()).Run("ALTER TABLE ChangeJournal DROP COLUMN ActionID");
+  try {
+    Book(*store, "refused");
+    FAIL() << "booked";
+  } catch (const DatabaseError& error) {
+    EXPECT_NE(std::string::npos, error.report().Advice.find("veyra-data journal off"));
+  }
+  store->KeepJournal(false);
+  Book(*store, "booked");
+  EXPECT_FALSE(store->KeepsJournal());
+}
+
+/// The table is dropped by another program: what tells whether the journal is kept is still there.
+TEST(AccessJournalTest, AFileWhoseJournalIsGoneIsBookedInAllTheSame) {
+  const TempFolder temp;
+  const std::string file = temp.File("Calendar.mdb").string();
+  const auto store = CreateStoreOfKind(StoreKind::Access, file);
+  store->CreateTable(ReservTable());
+  store->CreateTable(access::JournalSwitchTable());
+  store->Insert("Reserv", {{"Event", std::string("after")}});
+  const auto files = OpenFileStore(file, StoreAccess::ReadWrite);
+  EXPECT_FALSE(files->KeepsJournal());
+  files->KeepJournal(true);
+  files->Insert("Reserv", {{"Event", std::string("again")}});
+  EXPECT_EQ(1, files->LastNumber(kJournalTable));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "data/journal.h"
 #include "data/open_file_store.h"
+#include "tests/data/sqlite/foreign_program.h"
 #include "tests/tools/companion/kept_calendar.h"
 
 namespace veyra {
@@ -76,6 +77,35 @@ TEST_P(JournalCommandTest, WhatIsAskedForWronglyEndsWithTwo) {
     EXPECT_EQ(2, Journal(wrong).Status) << wrong.back();
   }
   EXPECT_EQ(0, Journal({"status"}).Status);
+}
+
+/// What other programs do to a SQLite file; in an Access file they enter nothing.
+class ForeignJournalCommandTest : public JournalCommandTest {};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ForeignJournalCommandTest, testing::Values(StoreKind::Sqlite),
+                         [](const auto& kind) { return std::string(NameOf(kind.param)); });
+
+TEST_P(ForeignJournalCommandTest, OneWhoseTableIsGoneIsEndedAndBegunAnew) {
+  ForeignProgram(CalendarName()).Run("DROP TABLE ChangeJournal");
+  EXPECT_EQ(1, RunProgram({"history", Folder()}).Status);
+  const Ended off = Journal({"off"});
+  EXPECT_EQ(0, off.Status) << off.Err;
+  Book(pool_, "2026-03-02", 1, 2, "Chess");
+  EXPECT_EQ(0, Journal({"on"}).Status);
+  Book(pool_, "2026-03-02", 3, 4, "Bridge");
+  EXPECT_EQ(std::string::npos, History().find("Chess"));
+  EXPECT_NE(std::string::npos, History().find("Bridge"));
+}
+
+TEST_P(ForeignJournalCommandTest, OneWhoseTableIsAnotherIsEnded) {
+  ForeignProgram(CalendarName()).Run("ALTER TABLE ChangeJournal DROP COLUMN ActionID");
+  EXPECT_THROW(Book(pool_, "2026-03-02", 1, 2, "Chess"), DatabaseError);
+  const Ended off = Journal({"off"});
+  EXPECT_EQ(0, off.Status) << off.Err;
+  Book(pool_, "2026-03-02", 1, 2, "Chess");
+  const Ended on = Journal({"on"});
+  EXPECT_EQ(2, on.Status);
+  EXPECT_NE(std::string::npos, on.Err.find("Rename that table")) << on.Err;
 }
 
 /// A calendar of an earlier version, which knew no journal.

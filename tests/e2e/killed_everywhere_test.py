@@ -7,10 +7,8 @@ VEYRA_KILLS=N kills it N times in each of these on each kind of file, spread ove
 
 import csv
 import io
-import mmap
 import os
 import shutil
-import struct
 import subprocess
 import tempfile
 import unittest
@@ -18,6 +16,7 @@ from datetime import date, timedelta
 
 from desk import date_text
 from desk_test import VEYRA_DATA, DeskTest, main
+from disk_meter import Meter
 
 KILLS = int(os.environ.get("VEYRA_KILLS") or 1)
 DISK = os.environ.get("VEYRA_DISK", "")  # the library that counts the calls and kills
@@ -25,23 +24,6 @@ DATES = 40
 FIRST_SLOT, LAST_SLOT = 12, 13
 FROM, TO = "05:30", "06:30"
 FACILITY, NAME = "Studio", "Chess Club"
-
-
-class Meter:
-    """What the disk shares with this test: the step to kill at, and how many there were."""
-
-    def __init__(self, path):
-        self.path = path
-        with open(path, "wb") as file:
-            file.write(bytes(8))
-        with open(path, "r+b") as file:
-            self._shared = mmap.mmap(file.fileno(), 8)
-
-    def kill_after(self, steps):
-        self._shared[:4] = struct.pack("i", self.steps() + steps if steps else 0)
-
-    def steps(self):
-        return struct.unpack("i", self._shared[4:])[0]
 
 
 @unittest.skipUnless(DISK, "VEYRA_DISK does not name the library")

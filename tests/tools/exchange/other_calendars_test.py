@@ -37,10 +37,14 @@ def veyra_data(*words):
 
 
 class OtherCalendarsTest(unittest.TestCase):
+    """Of a calendar that is a SQLite file."""
+
+    made_with = ()
+
     def setUp(self):
         self.folder = tempfile.mkdtemp(prefix="veyra-exchange-")
         self.addCleanup(shutil.rmtree, self.folder)
-        self.assertEqual(0, veyra_data("new", self.file("data"), "--sample").returncode)
+        self.assertEqual(0, veyra_data("new", self.file("data"), "--sample", *self.made_with).returncode)
         first = datetime.date.today().replace(day=1)
         self.first, self.last = first, (first + datetime.timedelta(days=31)).replace(day=1)
         self.last -= datetime.timedelta(days=1)
@@ -70,8 +74,11 @@ class OtherCalendarsTest(unittest.TestCase):
     def empty_calendar(self):
         """A calendar with the same facilities and no bookings."""
         shutil.copytree(self.file("data"), self.file("empty"))
-        subprocess.run(["sqlite3", self.file("empty/Calendar.mdb"), "DELETE FROM Reserv"],
-                       check=True)
+        self.delete_bookings(self.file("empty"))
+        self.assertEqual([], self.listed("empty"))
+
+    def delete_bookings(self, folder):
+        subprocess.run(["sqlite3", os.path.join(folder, "Calendar.mdb"), "DELETE FROM Reserv"], check=True)
 
     def test_icalendar_reads_the_same_bookings(self):
         self.need_icalendar()
@@ -142,6 +149,20 @@ class OtherCalendarsTest(unittest.TestCase):
         environment = dict(os.environ, LC_ALL="C.UTF-8", HOME=self.folder, TZ="Europe/Berlin")
         return subprocess.run(["khal", "-c", self.file("khal.conf"), *words], check=True,
                               stdout=subprocess.PIPE, text=True, env=environment).stdout
+
+
+class OtherCalendarsOfAccessFilesTest(OtherCalendarsTest):
+    """Of a calendar that is an Access file, which is emptied as a SQLite file and made one again."""
+
+    made_with = ("--access",)
+
+    def delete_bookings(self, folder):
+        self.assertEqual(0, veyra_data("convert", folder).returncode)
+        super().delete_bookings(folder)
+        converted = veyra_data("convert", "--to", "access", folder)
+        self.assertEqual(0, converted.returncode, converted.stderr)
+        with open(os.path.join(folder, "Calendar.mdb"), "rb") as file:
+            self.assertIn(b"Standard Jet DB", file.read(64))
 
 
 if __name__ == "__main__":

@@ -19,6 +19,10 @@ Arguments Reversed(Arguments arguments) {
   return arguments;
 }
 
+bool IsFirst(const std::string& word, const Arguments& arguments) {
+  return !arguments.empty() && arguments.front() == word;
+}
+
 /// Adds a command to a program; `action` is what is to be done when it has been named.
 void AddCommand(CLI::App& program, const Command& command, Command::Action& action) {
   CLI::App* const app = program.add_subcommand(command.Name, command.Summary);
@@ -52,8 +56,14 @@ ExitStatus RunCommandLine(const std::vector<Command>& commands, const Arguments&
   program.set_version_flag("--version", kVersion);
   program.footer("Exit status: 0 fine, 1 something found or nothing done, 2 failed.");
   Command::Action action;
+  // To declare the options of all takes longer than a short command.
+  const bool names_one = std::any_of(commands.begin(), commands.end(), [&](const Command& command) {
+    return IsFirst(command.Name, arguments);
+  });
   for (const Command& command : commands) {
-    AddCommand(program, command, action);
+    if (!names_one || IsFirst(command.Name, arguments)) {
+      AddCommand(program, command, action);
+    }
   }
   try {
     program.parse(Reversed(arguments));

@@ -46,11 +46,19 @@ std::vector<std::string> NamesOf(const std::vector<Facility>& facilities) {
   return names;
 }
 
+Exchanged ReadIcal(const std::string& text, const DayRange& days, Store& store,
+                   const IcalCodec& ical) {
+  IcalAnswer answer = ical.Read(text, days, NamesOf(ReadFacilities(store)));
+  if (answer.Failure) {
+    throw ValueError(*answer.Failure);
+  }
+  return std::move(answer.Read);
+}
+
 Exchanged Parsed(const std::string& text, FileFormat format, const DayRange& days, Date today,
                  Store& store, const IcalSource& ical) {
-  Exchanged exchanged = format == FileFormat::Csv
-                            ? BookingsOfCsv(text, today)
-                            : ical().Read(text, days, NamesOf(ReadFacilities(store)));
+  Exchanged exchanged =
+      format == FileFormat::Csv ? BookingsOfCsv(text, today) : ReadIcal(text, days, store, ical());
   std::erase_if(exchanged.Bookings,
                 [&](const ExchangedBooking& booking) { return !days.Holds(booking.Day); });
   return exchanged;

@@ -182,6 +182,7 @@ TEST_P(PaperTest, HasNamesWrittenFromTheRightWhole) {
 TEST_P(PaperTest, HasNamesOfMixedScriptsWhole) {
   Book(5, "Γιώργος Παπαδόπουλος");
   Book(6, "Дмитрий Größe office fi");
+  Book(7, "\u2068Cohen כהן wedding\u2069");
   ExpectEveryLineWhole(Print().ReadText());
 }
 
@@ -228,6 +229,16 @@ TEST_F(SheetPageTest, LettersThatFontsJoinCanBeSearched) {
 TEST_F(SheetPageTest, OfANameOfHebrewEveryWordCanBeSearched) {
   const QStringList words = {"משפחת", "כהן", "חתונה", "גדולה", "באולם", "המרכזי"};
   Book(3, "\u2068" + words.join(' ').toStdString() + "\u2069");
+  const QString text = Print().ReadText();
+  for (const QString& word : words) {
+    EXPECT_TRUE(text.contains(word)) << word.toStdString();
+  }
+}
+
+/// Readers put the parts of such a name in the order in which they stand on the page.
+TEST_F(SheetPageTest, OfANameFromTheRightWithLatinInItEveryWordCanBeSearched) {
+  const QStringList words = {"חתונה", "Cohen", "ושות"};
+  Book(8, "\u2068" + words.join(' ').toStdString() + "\u2069");
   const QString text = Print().ReadText();
   for (const QString& word : words) {
     EXPECT_TRUE(text.contains(word)) << word.toStdString();

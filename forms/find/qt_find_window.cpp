@@ -21,7 +21,6 @@ constexpr double kShareOfScreen = 0.85;
 
 /// Which line of frmFind an item stands for.
 constexpr int kLineRole = Qt::UserRole;
-constexpr int kDividerHeight = 9;
 
 }  // namespace
 
@@ -45,6 +44,8 @@ void QtFindWindow::BuildContents() {
   List1_ = new QListWidget(contents);
   List1_->setObjectName(QStringLiteral("List1"));
   List1_->setAccessibleName(QStringLiteral("Bookings"));
+  // Else every line would be measured at every key.
+  List1_->setUniformItemSizes(true);
   List1_->setTextElideMode(Qt::ElideRight);
   List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* keys = new QtListKeys(
@@ -95,7 +96,6 @@ void QtFindWindow::AddLines(const std::vector<std::string>& lines, int first) {
 void QtFindWindow::AddDivider() {
   auto* item = new QListWidgetItem(List1_);
   item->setFlags(Qt::NoItemFlags);
-  item->setSizeHint({0, kDividerHeight});
   item->setData(Qt::AccessibleTextRole, QStringLiteral("Past"));
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);

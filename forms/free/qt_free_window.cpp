@@ -176,6 +176,7 @@ void QtFreeWindow::BuildResults(QBoxLayout* column) {
   List1_ = new QListWidget(this);
   List1_->setObjectName(QStringLiteral("List1"));
   List1_->setAccessibleName(QStringLiteral("Free times"));
+  List1_->setUniformItemSizes(true);
   List1_->setTextElideMode(Qt::ElideRight);
   List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(List1_, &QListWidget::itemDoubleClicked, this, [this] { ReportChosen(); });

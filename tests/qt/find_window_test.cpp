@@ -1,3 +1,5 @@
+#include <QStyledItemDelegate>
+
 #include "tests/qt/month_window_fixture.h"
 
 namespace veyra {
@@ -22,6 +24,40 @@ class FindWindowTest : public MonthWindowFixture {
     ASSERT_TRUE(QTest::qWaitFor([] { return State() != "Looking ..."; }));
   }
 };
+
+/// Counts how often it measures a line.
+class MeasuringDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  mutable int Measured = 0;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    ++Measured;
+    return QStyledItemDelegate::sizeHint(option, index);
+  }
+};
+
+TEST_F(FindWindowTest, AKeyDoesNotHaveEveryLineMeasured) {
+  constexpr int kBookings = 100;
+  std::vector<FieldValues> rows;
+  for (int number = 0; number < kBookings; ++number) {
+    rows.push_back({{"RmID", hall_},
+                    {"Event", "Smith " + std::to_string(number)},
+                    {"DateOfRes", AddDays(MakeDate(2014, 4, 1).value(), number)},
+                    {"TimeFrom", std::int64_t{1}},
+                    {"TimeTo", std::int64_t{2}}});
+  }
+  data_.Calendar()->InsertAll("Reserv", rows);
+  StartAndFind("s");
+  MeasuringDelegate delegate;
+  Found().setItemDelegate(&delegate);
+  QTest::keyClicks(&Text(), QStringLiteral("m"));
+  ASSERT_TRUE(QTest::qWaitFor([] { return State() != "Looking ..."; }));
+  Found().grab();
+  EXPECT_EQ(kBookings, Found().count());
+  EXPECT_LT(0, delegate.Measured);
+  EXPECT_LT(delegate.Measured, kBookings);
+}
 
 TEST_F(FindWindowTest, EnterOpensTheDayOfTheNextOne) {
   data_.AddBooking(hall_, "2014-03-10", 1, 2, "Smith");

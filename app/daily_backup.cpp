@@ -9,13 +9,12 @@
 #include <system_error>
 #include <utility>
 
-#include "data/file_name.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {
 
-constexpr const char* kCompanion = "/veyra-data";
+constexpr const char* kCompanion = "veyra-data";
 
 }  // namespace
 
@@ -33,15 +32,16 @@ bool FirstPaint::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-void StartDailyBackup(const std::string& program_folder, const std::string& data_folder) {
+void StartDailyBackup(const std::filesystem::path& program_folder,
+                      const std::filesystem::path& data_folder) {
   std::error_code unreachable;
-  if (!std::filesystem::is_directory(NativePath(data_folder) / "backups", unreachable)) {
+  if (!std::filesystem::is_directory(data_folder / "backups", unreachable)) {
     return;
   }
   QProcess companion;
-  companion.setProgram(ToQString(program_folder + kCompanion));
+  companion.setProgram(ToQString((program_folder / kCompanion).string()));
   companion.setArguments({QStringLiteral("backup"), QStringLiteral("--rolling"),
-                          QStringLiteral("--once"), ToQString(data_folder)});
+                          QStringLiteral("--once"), ToQString(data_folder.string())});
   companion.setStandardOutputFile(QProcess::nullDevice());
   companion.setStandardErrorFile(QProcess::nullDevice());
   companion.startDetached();

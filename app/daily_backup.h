@@ -2,8 +2,8 @@
 
 #include <QObject>
 #include <QWidget>
+#include <filesystem>
 #include <functional>
-#include <string>
 
 namespace veyra {
 
@@ -22,6 +22,7 @@ class FirstPaint : public QObject {
 /// Lets the companion program make the day's first copy of the calendar when the data folder has a
 /// folder "backups": in a process of its own, which is not waited for. Nothing is said when that
 /// fails; the companion's "check" says so when copies are no longer made.
-void StartDailyBackup(const std::string& program_folder, const std::string& data_folder);
+void StartDailyBackup(const std::filesystem::path& program_folder,
+                      const std::filesystem::path& data_folder);
 
 }  // namespace veyra

@@ -76,8 +76,7 @@ void RequireOrdinaryFile(const std::filesystem::path& path) {
   }
 }
 
-std::fstream OpenStream(const std::string& file_name, int mode) {
-  const std::filesystem::path path = NativePath(file_name);
+std::fstream OpenStream(const std::filesystem::path& path, int mode) {
   RequireOrdinaryFile(path);
   std::error_code ignored;
   if (mode >= kRecords && !std::filesystem::exists(path, ignored)) {
@@ -134,11 +133,12 @@ int Files::FileOpener(std::string& FileName, int Mode, int RecordLength, bool Co
   if (Mode < kWrite || Mode > kBinary) {
     return 0;
   }
+  const std::filesystem::path path = NativePath(FileName);
   try {
-    return Open(FileName, Mode, RecordLength);
+    return Open(path, Mode, RecordLength);
   } catch (const OpenFailure& failure) {
     if (failure.Number == FileFailure::FileNotFound) {
-      MakeMissingFile(FileName);
+      MakeMissingFile(path);
     } else {
       dialogs_.MsgBox(
           {.Text = "FileOpener: Error: " + std::to_string(static_cast<int>(failure.Number))});
@@ -198,14 +198,14 @@ bool Files::ConfirmReplacing(std::string& FileName, int Mode) {
                           .Title = "Replace File?"}) == Answer::Ok;
 }
 
-int Files::Open(const std::string& file_name, int Mode, int RecordLength) {
-  std::fstream stream = OpenStream(file_name, Mode);
+int Files::Open(const std::filesystem::path& path, int Mode, int RecordLength) {
+  std::fstream stream = OpenStream(path, Mode);
   int handle = 1;
   while (open_.contains(handle)) {
     ++handle;
   }
-  open_.emplace(handle, OpenFile{NativePath(file_name).string(), std::move(stream),
-                                 Mode == kRecords ? RecordLength : 0});
+  open_.emplace(handle,
+                OpenFile{path.string(), std::move(stream), Mode == kRecords ? RecordLength : 0});
   return handle;
 }
 
@@ -213,8 +213,7 @@ std::string Files::AppFolderTwice() const {
   return app_folder_ + "\r\n" + app_folder_ + "\r\n";
 }
 
-void Files::MakeMissingFile(const std::string& file_name) const {
-  const std::filesystem::path path = NativePath(file_name);
+void Files::MakeMissingFile(const std::filesystem::path& path) const {
   try {
     MakeWholeFile(path, AppFolderTwice());
   } catch (const PosixFileError& failure) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
@@ -69,9 +70,9 @@ class Files {
   };
 
   bool ConfirmReplacing(std::string& FileName, int Mode);
-  int Open(const std::string& file_name, int Mode, int RecordLength);
+  int Open(const std::filesystem::path& path, int Mode, int RecordLength);
   std::string AppFolderTwice() const;
-  void MakeMissingFile(const std::string& file_name) const;
+  void MakeMissingFile(const std::filesystem::path& path) const;
 
   std::string app_folder_;
   Dialogs& dialogs_;

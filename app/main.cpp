@@ -32,7 +32,7 @@ int Run(veyra::Program& program, veyra::Dialogs& dialogs) {
   const veyra::EndRequests ending(program);
   veyra::RunningProgram running;
   bool is_second = false;
-  const auto show_running = [&](const std::string& data_folder) {
+  const auto show_running = [&](const std::filesystem::path& data_folder) {
     return is_second = !running.Claim(data_folder);
   };
   if (!program.Start(app_folder, program_folder, show_running)) {

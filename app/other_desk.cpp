@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "data/date.h"
-#include "data/file_name.h"
 #include "data/open_note.h"
 
 namespace veyra {
@@ -21,9 +20,9 @@ std::string SinceText(const std::string& since) {
   return day ? DateText(*day) + since.substr(kIsoDate, kTimeToTheMinute) : since;
 }
 
-std::vector<OpenUser> UsersElsewhere(const std::string& calendar) {
+std::vector<OpenUser> UsersElsewhere(const std::filesystem::path& calendar) {
   std::error_code error;
-  const auto file = std::filesystem::canonical(NativePath(calendar), error);
+  const auto file = std::filesystem::canonical(calendar, error);
   const auto note = error ? std::nullopt : ReadOpenNote(file.string());
   std::vector<OpenUser> users = note ? note->Users : std::vector<OpenUser>();
   std::erase_if(users, [](const OpenUser& user) { return !IsOfAnotherMachine(user); });
@@ -32,7 +31,7 @@ std::vector<OpenUser> UsersElsewhere(const std::string& calendar) {
 
 }  // namespace
 
-bool MayShareCalendar(const std::string& calendar, Dialogs& dialogs) {
+bool MayShareCalendar(const std::filesystem::path& calendar, Dialogs& dialogs) {
   const std::vector<OpenUser> users = UsersElsewhere(calendar);
   if (users.empty()) {
     return true;

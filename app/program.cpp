@@ -31,12 +31,6 @@
 #include "logic/facilities.h"
 
 namespace veyra {
-namespace {
-
-/// DayOpener while the day viewer is loaded: the month window then stays on the screen.
-constexpr int kDayViewer = 2;
-
-}  // namespace
 
 /// A day window may have to close while its logic is at work: it is deleted later.
 class DayForm : public QObject, public Form<QtDayWindow, frmDay> {
@@ -67,8 +61,8 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
 
 Program::~Program() = default;
 
-bool Program::Start(const std::string& app_folder, const std::string& program_folder,
-                    const ShowRunning& show_running) {
+bool Program::Start(const std::filesystem::path& app_folder,
+                    const std::filesystem::path& program_folder, const ShowRunning& show_running) {
   program_folder_ = program_folder.empty() ? app_folder : program_folder;
   try {
     if (!StartUp(session_, month_, dialogs_, app_folder, show_running)) {
@@ -153,7 +147,7 @@ void Program::FillAnew() {
   }
   month_.ReloadFacilities();
   month_.RefreshMonth();
-  if (viewer_ && session_.DayOpener == kDayViewer) {
+  if (viewer_ && session_.DayOpener == Opener::DayViewer) {
     viewer_->Logic.FillList();
   }
   if (day_) {
@@ -172,9 +166,7 @@ QWidget* Program::PrintingWindow() {
 }
 
 void Program::ShowMonthWindow() {
-  month_window_.show();
-  month_window_.raise();
-  month_window_.activateWindow();
+  BringToFront(month_window_);
 }
 
 void Program::HideMonthWindow() {
@@ -194,12 +186,10 @@ void Program::OpenDayWindow(const std::string& caption) {
                    [this] { DayWindowClosed(); });
   foot_.Add(day->Window);
   day->Window.setWindowTitle(ToQString(caption));
-  if (session_.DayOpener == kDayViewer) {
+  if (session_.DayOpener == Opener::DayViewer) {
     KeepAbove(day->Window, month_window_);
   }
-  day->Window.show();
-  day->Window.raise();
-  day->Window.activateWindow();
+  BringToFront(day->Window);
   day_ = std::move(day);
 }
 
@@ -274,9 +264,7 @@ void Program::OpenDayViewer(const std::string& caption) {
 }
 
 void Program::ShowDayViewer() {
-  viewer_->Window.show();
-  viewer_->Window.raise();
-  viewer_->Window.activateWindow();
+  BringToFront(viewer_->Window);
 }
 
 void Program::HideDayViewer() {
@@ -288,8 +276,9 @@ void Program::ShowMultiDayWindow(const std::string& from_text, modRes::SlotRange
 }
 
 void Program::OpenSettings() {
-  auto settings = std::make_unique<SettingsForm>(
-      guard_, [this](QtSettingsWindow& window) { return frmSettings(session_, window, *this); });
+  auto settings = std::make_unique<SettingsForm>(guard_, [this](QtSettingsWindow& window) {
+    return frmSettings(session_, mixed_color_, window, *this);
+  });
   settings->Logic.Form_Load();
   settings_ = std::move(settings);
   ShowOver(settings_->Window, month_window_);
@@ -342,7 +331,7 @@ void Program::ChooseRows(modRes::SlotRange rows) {
 void Program::ShowHelp(int topic) {
   if (!help_) {
     help_ = std::make_unique<QtHelpViewer>(
-        program_folder_ + QtHelpViewer::kFileName, program_folder_ + QtHelpViewer::kReaderName,
+        program_folder_ / QtHelpViewer::kFileName, program_folder_ / QtHelpViewer::kReaderName,
         [this](const QUrl& link) { browser_.Open(ToUtf8(link.toString())); });
   }
   help_->ShowTopic(topic);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -13,6 +14,7 @@
 #include "forms/month/qt_month_window.h"
 #include "forms/print/door_sheets.h"
 #include "forms/print/qt_sheet_printer.h"
+#include "forms/settings/mixed_color.h"
 #include "forms/widgets/qt_browser.h"
 #include "forms/widgets/qt_foot_line.h"
 #include "forms/widgets/qt_input_gate.h"
@@ -49,10 +51,10 @@ class Program : public Windows {
   ~Program() override;
 
   /// Starts up and shows the month window. Returns false where StartUp does, and when it fails, of
-  /// which the operator is told: the program must then end. `app_folder` has no separator at its
-  /// end. The help and the companion program lie in `program_folder`; in `app_folder` when that is
-  /// empty.
-  bool Start(const std::string& app_folder, const std::string& program_folder = {},
+  /// which the operator is told: the program must then end. The help and the companion program lie
+  /// in `program_folder`; in `app_folder` when that is empty.
+  bool Start(const std::filesystem::path& app_folder,
+             const std::filesystem::path& program_folder = {},
              const ShowRunning& show_running = {});
 
   /// Ends the program from outside, whatever box is open: what is being done is finished, or broken
@@ -126,7 +128,7 @@ class Program : public Windows {
   HandlerGuard guard_;
   QtWaitingSign sign_{guard_};
   QtBrowser browser_;
-  std::string program_folder_;
+  std::filesystem::path program_folder_;
   Session session_;
   QtMonthWindow month_window_;
   QtInputGate month_gate_;
@@ -139,6 +141,7 @@ class Program : public Windows {
   NoDayList no_list_;
   std::unique_ptr<ViewerForm> viewer_;
   std::unique_ptr<MultiDayForm> multi_day_;
+  MixedColor mixed_color_;
   std::unique_ptr<SettingsForm> settings_;
   std::unique_ptr<AboutForm> about_;
   std::unique_ptr<FindForm> find_;

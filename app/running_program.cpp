@@ -12,8 +12,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "data/file_name.h"
-
 namespace veyra {
 namespace {
 
@@ -24,9 +22,9 @@ constexpr char kEndOfLine = '\n';
 
 /// The socket of the user's program that has the folder open on this screen; empty when there is no
 /// such folder. A screen is one, since nobody sees what comes to the front of another.
-QString SocketName(const std::string& data_folder) {
+QString SocketName(const std::filesystem::path& data_folder) {
   std::error_code error;
-  const auto folder = std::filesystem::canonical(NativePath(data_folder), error);
+  const auto folder = std::filesystem::canonical(data_folder, error);
   if (error || data_folder.empty()) {
     return {};
   }
@@ -89,7 +87,7 @@ RunningProgram::RunningProgram() {
   });
 }
 
-bool RunningProgram::Claim(const std::string& data_folder) {
+bool RunningProgram::Claim(const std::filesystem::path& data_folder) {
   const QString name = SocketName(data_folder);
   if (name.isEmpty()) {
     return true;

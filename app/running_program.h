@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QWindow>
-#include <string>
+#include <filesystem>
 
 namespace veyra {
 
@@ -22,7 +22,7 @@ class RunningProgram : public QObject {
   /// Makes this the one of that data folder and returns true. Returns false when another one is,
   /// whose windows are at the front then. Where programs cannot hear of each other (no place for a
   /// socket, a folder that is not there) every one is the first.
-  bool Claim(const std::string& data_folder);
+  bool Claim(const std::filesystem::path& data_folder);
 
  private:
   void Answer();

@@ -4,6 +4,7 @@
 #include "app/other_desk.h"
 #include "data/color_settings.h"
 #include "data/errors.h"
+#include "data/file_name.h"
 #include "data/schema.h"
 #include "forms/handler_guard.h"
 #include "logic/slots.h"
@@ -25,8 +26,8 @@ std::string FolderOf(std::string line) {
 }
 
 void ReadDataFolder(Session& session, Dialogs& dialogs) {
-  Files files(session.AppFolder, dialogs);
-  std::string path_file = session.AppFolder + "\\path.txt";
+  Files files(session.AppFolder.string(), dialogs);
+  std::string path_file = session.AppFolder.string() + "\\path.txt";
   const int handle = files.FileOpener(path_file, kReadByLines, kRecordLength, false);
   if (handle == 0) {
     return;
@@ -38,7 +39,7 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
     files.FillEmptyFile(path_file);
     return;
   }
-  session.DataFolder = FolderOf(files.ReadLine(handle));
+  session.DataFolder = NativePath(FolderOf(files.ReadLine(handle)));
   files.Close(handle);
 }
 
@@ -54,14 +55,14 @@ void TellOfTheOpening(Session& session, Dialogs& dialogs) {
 }  // namespace
 
 bool StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
-             const std::string& app_folder, const ShowRunning& show_running) {
+             const std::filesystem::path& app_folder, const ShowRunning& show_running) {
   modRes::SlotLabels(session.SlotLabel);
   session.AppFolder = app_folder;
   ReadDataFolder(session, dialogs);
   session.IsLoading = true;
   session.PrintLayoutOn = false;
   session.CurRmID = 0;
-  session.DayOpener = 1;
+  session.DayOpener = Opener::MonthWindow;
   if ((show_running && show_running(session.DataFolder)) ||
       !MayShareCalendar(CalendarFileOf(session), dialogs)) {
     return false;

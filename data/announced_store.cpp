@@ -59,8 +59,8 @@ class AnnouncedStore : public ForwardingStore {
 }  // namespace
 
 /// SQLite's store writes a note of its own.
-std::unique_ptr<Store> OpenAnnounced(const std::string& file_name, const WaitPolicy& policy) {
-  auto store = OpenStore(file_name, StoreAccess::ReadWrite, policy);
+std::unique_ptr<Store> OpenAnnounced(const std::filesystem::path& file, const WaitPolicy& policy) {
+  auto store = OpenStore(file, StoreAccess::ReadWrite, policy);
   if (IsAccessStore(*store)) {
     store = std::make_unique<AnnouncedStore>(std::move(store));
   }

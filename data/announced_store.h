@@ -1,7 +1,7 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "data/open_store.h"
 
@@ -10,6 +10,6 @@ namespace veyra {
 /// Opens a database as OpenStore does for reading and writing, and tells other computers who has it
 /// open, until it is closed: by a note beside the file (data/open_note.h). Where that cannot be
 /// written beside an Access file, the file is used without one.
-std::unique_ptr<Store> OpenAnnounced(const std::string& file_name, const WaitPolicy& policy);
+std::unique_ptr<Store> OpenAnnounced(const std::filesystem::path& file, const WaitPolicy& policy);
 
 }  // namespace veyra

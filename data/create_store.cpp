@@ -7,7 +7,6 @@
 #include "data/access/access_store.h"
 #include "data/access/write/create_file.h"
 #include "data/errors.h"
-#include "data/file_name.h"
 #include "data/new_file.h"
 #include "data/open_store.h"
 #include "data/sqlite/sqlite_store.h"
@@ -33,9 +32,9 @@ std::unique_ptr<Store> OpenNew(const std::string& file, Durability durability, F
 
 }  // namespace
 
-std::unique_ptr<Store> CreateStore(const std::string& file_name, Durability durability,
+std::unique_ptr<Store> CreateStore(const std::filesystem::path& name, Durability durability,
                                    FileKind kind) {
-  const std::string file = std::filesystem::absolute(NativePath(file_name)).string();
+  const std::string file = std::filesystem::absolute(name).string();
   MakeFile(file, kind);
   try {
     return OpenNew(file, durability, kind);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "data/durability.h"
 #include "data/store.h"
@@ -10,12 +10,11 @@
 namespace veyra {
 
 /// Makes a new database file without tables, of the kind that calendars are usually kept in unless
-/// another is named, and opens it for reading and writing. A backslash in `file_name` counts as a
-/// slash.
+/// another is named, and opens it for reading and writing.
 ///
 /// Throws DatabaseError when a file of that name is there already, which is left as it is, or when
 /// the file cannot be made; then no file is left behind.
-std::unique_ptr<Store> CreateStore(const std::string& file_name,
+std::unique_ptr<Store> CreateStore(const std::filesystem::path& name,
                                    Durability durability = Durability::AtOnce,
                                    FileKind kind = FileKind::Sqlite);
 

@@ -8,7 +8,6 @@
 
 #include "data/access/access_store.h"
 #include "data/errors.h"
-#include "data/file_name.h"
 #include "data/sqlite/read_only_store.h"
 #include "data/sqlite/sqlite_store.h"
 
@@ -115,9 +114,8 @@ std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access
 
 }  // namespace
 
-std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
-                                 WaitPolicy policy) {
-  const fs::path path = fs::absolute(NativePath(file_name));
+std::unique_ptr<Store> OpenStore(const fs::path& file, StoreAccess access, WaitPolicy policy) {
+  const fs::path path = fs::absolute(file);
   RequireFile(path);
   if (access != StoreAccess::ReadOnly) {
     RequireWritable(path);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
-#include <string>
 
 #include "data/store.h"
 #include "data/store_access.h"
@@ -10,14 +10,13 @@
 namespace veyra {
 
 /// Opens an existing database file. What kind of file it is, its first bytes tell, never its name.
-/// A backslash in `file_name` counts as a slash.
 ///
 /// A file opened ReadOnly is never written to, and nothing is left beside it.
 /// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no
 /// database of a kind known here, or, unless ReadOnly, one that nobody may write to;
 /// DatabaseBusyError when, for Exclusive, another program has it open or, for the others, another
 /// has it exclusively. The observer of `policy`, if any, must outlive the store.
-std::unique_ptr<Store> OpenStore(const std::string& file_name, StoreAccess access,
+std::unique_ptr<Store> OpenStore(const std::filesystem::path& file, StoreAccess access,
                                  WaitPolicy policy = {});
 
 }  // namespace veyra

@@ -8,7 +8,6 @@
 #include "data/access/salvage/salvage_file.h"
 #include "data/access/salvage/salvage_pages.h"
 #include "data/errors.h"
-#include "data/file_name.h"
 #include "data/posix_file.h"
 #include "data/sqlite/salvage/salvage_file.h"
 #include "data/sqlite/salvage/salvage_pages.h"
@@ -67,8 +66,8 @@ Salvage SalvageKnown(const std::string& file, const SalvageModels& models) {
 
 }  // namespace
 
-Salvage SalvageFile(const std::string& file_name, const SalvageModels& models) {
-  const std::string file = std::filesystem::absolute(NativePath(file_name)).string();
+Salvage SalvageFile(const std::filesystem::path& name, const SalvageModels& models) {
+  const std::string file = std::filesystem::absolute(name).string();
   try {
     return SalvageKnown(file, models);
   } catch (const PosixFileError& error) {

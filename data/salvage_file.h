@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 #include "data/salvage.h"
 
@@ -13,6 +13,6 @@ namespace veyra {
 ///
 /// All rows are held in memory. The file is only read, and locks are not regarded: REQUIRES that
 /// nobody writes to it. Throws DatabaseError when it cannot be opened or is not a database at all.
-Salvage SalvageFile(const std::string& file_name, const SalvageModels& models);
+Salvage SalvageFile(const std::filesystem::path& name, const SalvageModels& models);
 
 }  // namespace veyra

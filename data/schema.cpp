@@ -4,40 +4,15 @@
 #include <functional>
 #include <utility>
 
-#include "data/announced_store.h"
 #include "data/color_settings.h"
 #include "data/errors.h"
-#include "data/file_name.h"
-#include "data/lost_store.h"
 #include "data/names.h"
 
 namespace veyra {
 
 namespace {
 
-constexpr const char* kCalendarFile = "\\Calendar.mdb";
-constexpr const char* kGuestFile = "\\Veyra.mdb";
 constexpr int kColorSize = 16;
-
-std::string FolderAdvice(const Databases& databases) {
-  if (databases.AppFolder.empty()) {
-    return "Check that the folder is the right one.";
-  }
-  return "The first line of " + NativePath(databases.AppFolder + "\\path.txt").string() +
-         " must name the folder that holds Calendar.mdb and Veyra.mdb.";
-}
-
-std::unique_ptr<Connection> OpenConnection(const Databases& databases, const char* file,
-                                           StoreAccess access) {
-  try {
-    const std::string name = databases.DataFolder + file;
-    return std::make_unique<Connection>(access == StoreAccess::ReadWrite
-                                            ? OpenAnnounced(name, databases.Waiting)
-                                            : OpenStore(name, access, databases.Waiting));
-  } catch (const MissingFileError& error) {
-    throw MissingFileError({error.report().File, error.report().Cause, FolderAdvice(databases)});
-  }
-}
 
 ColumnDefinition ColorColumn(std::string name) {
   return {.Name = std::move(name), .Type = ColumnType::Text, .Size = kColorSize};
@@ -95,31 +70,6 @@ void Upgrade(Databases& databases, const std::function<void(Connection&)>& step)
 }
 
 }  // namespace
-
-std::string CalendarFileOf(const Databases& databases) {
-  return databases.DataFolder + kCalendarFile;
-}
-
-void CreateResCon(Databases& databases) {
-  databases.ResCon.reset();
-  databases.WaitedInVain = false;
-  databases.ResCon = OpenConnection(databases, kCalendarFile, StoreAccess::ReadWrite);
-}
-
-void ReopenResCon(Databases& databases) {
-  const std::string file = databases.ResCon->FileName();
-  try {
-    CreateResCon(databases);
-  } catch (const Error& failure) {
-    databases.ResCon = std::make_unique<Connection>(MakeLostStore(file, failure.report()));
-    throw;
-  }
-}
-
-void CreateVeyraCon(Databases& databases) {
-  databases.GuestCon.reset();
-  databases.GuestCon = OpenConnection(databases, kGuestFile, StoreAccess::ReadOnly);
-}
 
 void EnsureSettingsRow(Databases& databases) {
   Upgrade(databases, [](Connection& res_con) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "data/errors.h"
-#include "data/file_name.h"
 #include "help/qt_help_file.h"
 
 namespace veyra {
@@ -16,11 +15,9 @@ std::string FailureText(const Report& report) {
 
 }  // namespace
 
-QtHelpViewer::QtHelpViewer(const std::string& help_file, const std::string& reader,
+QtHelpViewer::QtHelpViewer(std::filesystem::path help_file, std::filesystem::path reader,
                            QtHelpWindow::Browser browser)
-    : help_file_(NativePath(help_file)),
-      reader_(NativePath(reader)),
-      browser_(std::move(browser)) {}
+    : help_file_(std::move(help_file)), reader_(std::move(reader)), browser_(std::move(browser)) {}
 
 QtHelpViewer::~QtHelpViewer() = default;
 

@@ -14,11 +14,11 @@ namespace veyra {
 class QtHelpViewer : public HelpViewer {
  public:
   /// The name of the help file within AppFolder, and of the program beside it that reads it.
-  static constexpr const char* kFileName = "\\VeyraCalendar.chm";
-  static constexpr const char* kReaderName = "\\veyra-help-reader";
+  static constexpr const char* kFileName = "VeyraCalendar.chm";
+  static constexpr const char* kReaderName = "veyra-help-reader";
 
-  /// `help_file` and `reader` are full names; a backslash in them counts as a slash.
-  QtHelpViewer(const std::string& help_file, const std::string& reader,
+  /// `help_file` and `reader` are full names.
+  QtHelpViewer(std::filesystem::path help_file, std::filesystem::path reader,
                QtHelpWindow::Browser browser);
   ~QtHelpViewer() override;
 

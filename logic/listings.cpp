@@ -134,8 +134,7 @@ void FillDayList(Session& session, DayListScreen& lstDay, Date day) {
 
 void RefreshListings(Session& session, const Listings& listings) {
   RefreshMonth(session, listings.Time, listings.Month, session.CurMonth);
-  constexpr int kDayViewer = 2;
-  if (session.DayOpener == kDayViewer) {
+  if (session.DayOpener == Opener::DayViewer) {
     FillDayList(session, listings.Viewer, session.DayDate);
   }
 }

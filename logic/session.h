@@ -5,11 +5,15 @@
 #include <vector>
 
 #include "data/color_settings.h"
+#include "data/databases.h"
 #include "data/date.h"
-#include "data/schema.h"
 #include "logic/slots.h"
 
 namespace veyra {
+
+/// What opens the day window, and is to be refreshed after a change: DayViewer while that is
+/// loaded.
+enum class Opener { MonthWindow = 1, DayViewer = 2 };
 
 /// The state that all windows share, one for a run. With its base it holds the folders, the two
 /// connections and the state of the booking flow, under the names the design gives them.
@@ -21,7 +25,7 @@ struct Session : Databases {
 
   Date DayDate{};        ///< The day last opened.
   int DayCellIndex = 0;  ///< The cell of the month grid it was opened from, 1 to 42.
-  int DayOpener = 1;     ///< 2 while the day viewer is loaded, else 1.
+  Opener DayOpener = Opener::MonthWindow;
 
   bool PrintLayoutOn = false;  ///< The month window is laid out as printed.
 
@@ -35,16 +39,11 @@ struct Session : Databases {
 
   std::int64_t PlannedDayCount = 0;  ///< Dates in the multiple-day plan.
   std::int64_t MultiBookCount = 0;   ///< Of those, the ones free of clashes.
-  int PickerTarget = 0;              ///< Which date field the date picker fills: 0 From, 1 To.
 
   std::vector<std::string> UsedNames;  ///< For which was booked in this run, the last one first.
 
   ColorSettings CurrentColors;  ///< The colours in use.
   ColorSettings StoredColors;   ///< The colours as read at start-up.
-
-  int CustomRed = 0;  ///< Parts of the colour mixed in the colour window, 0 to 255 each.
-  int CustomGreen = 0;
-  int CustomBlue = 0;
 };
 
 }  // namespace veyra

@@ -21,9 +21,6 @@ namespace {
 /// 5:00 AM: the row on top when the window opens.
 constexpr int kFirstRowSeen = 11;
 
-/// DayOpener while the day viewer is loaded.
-constexpr int kDayViewer = 2;
-
 bool IsBooked(const std::string& guest) {
   return !guest.empty();
 }
@@ -151,7 +148,7 @@ void frmDay::ChooseRows(modRes::SlotRange rows) {
 }
 
 void frmDay::Form_Unload() {
-  if (session_.DayOpener == kDayViewer) {
+  if (session_.DayOpener == Opener::DayViewer) {
     windows_.ShowDayViewer();
   } else {
     windows_.ShowMonthWindow();

@@ -5,24 +5,17 @@
 #include "logic/multiday.h"
 
 namespace veyra {
-namespace {
-
-constexpr int kMonthWindow = 1;
-constexpr int kDayViewer = 2;
-
-}  // namespace
-
 frmDayViewer::frmDayViewer(Session& session, DayViewerView& view, Windows& windows,
                            Dialogs& dialogs, const Clock& clock)
     : session_(session), view_(view), windows_(windows), dialogs_(dialogs), clock_(clock) {}
 
 void frmDayViewer::Form_Load() {
-  session_.DayOpener = kDayViewer;
+  session_.DayOpener = Opener::DayViewer;
   try {
     view_.ShowDay(Picture());
     FillList();
   } catch (...) {
-    session_.DayOpener = kMonthWindow;
+    session_.DayOpener = Opener::MonthWindow;
     throw;
   }
 }
@@ -59,7 +52,7 @@ void frmDayViewer::FillList() {
 
 void frmDayViewer::Form_Unload() {
   windows_.EnableMonthWindow(true);
-  session_.DayOpener = kMonthWindow;
+  session_.DayOpener = Opener::MonthWindow;
 }
 
 DayViewerPicture frmDayViewer::Picture() const {

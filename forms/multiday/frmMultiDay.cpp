@@ -20,7 +20,7 @@ frmMultiDay::frmMultiDay(Session& session, MultiDayView& view, Windows& windows,
     : session_(session), view_(view), windows_(windows), dialogs_(dialogs), clock_(clock) {}
 
 void frmMultiDay::Form_Load() {
-  session_.PickerTarget = 0;
+  PickerTarget_ = 0;
   view_.ShowPlan(plan_);
 }
 
@@ -61,7 +61,7 @@ void frmMultiDay::Text1_Change(std::size_t index, const std::string& text) {
 }
 
 void frmMultiDay::Text1_DblClick(std::size_t index) {
-  session_.PickerTarget = static_cast<int>(index);
+  PickerTarget_ = index;
   const Date today = clock_.Today();
   const Date selected = ParseDate(plan_.Text1.at(index), today).value_or(today);
   view_.ShowPicker(index == 1 ? kBesideTo : kBesideFrom, selected);
@@ -73,7 +73,7 @@ void frmMultiDay::Days_Click(std::size_t index, bool checked) {
 }
 
 void frmMultiDay::Calendar1_DblClick(Date selected) {
-  plan_.Text1.at(static_cast<std::size_t>(session_.PickerTarget)) = DateText(selected);
+  plan_.Text1.at(PickerTarget_) = DateText(selected);
   view_.ShowPlan(plan_);
   ShowPlanLine();
   view_.HidePicker(false);

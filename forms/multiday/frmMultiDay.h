@@ -65,6 +65,7 @@ class frmMultiDay {
   Dialogs& dialogs_;
   const Clock& clock_;
   MultiDayPlan plan_;
+  std::size_t PickerTarget_ = 0;            ///< Which date field the picker fills: 0 From, 1 To.
   std::optional<modRes::TakenDays> taken_;  ///< Only while the window counts them.
 };
 

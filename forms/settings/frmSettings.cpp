@@ -23,8 +23,8 @@ RoleColors NumbersOf(const ColorSettings& colors) {
 
 }  // namespace
 
-frmSettings::frmSettings(Session& session, SettingsView& view, Windows& windows)
-    : session_(session), view_(view), windows_(windows) {}
+frmSettings::frmSettings(Session& session, MixedColor& mixed, SettingsView& view, Windows& windows)
+    : session_(session), mixed_(mixed), view_(view), windows_(windows) {}
 
 void frmSettings::Form_Load() {
   cur_colors_ = NumbersOf(session_.StoredColors);
@@ -48,9 +48,7 @@ void frmSettings::CurColors_MouseDown(std::size_t index, SwatchClick click) {
 
 void frmSettings::HScroll1_Change(std::size_t index, int value) {
   const int part = std::clamp(value, 0, 255);
-  (index == 0   ? session_.CustomRed
-   : index == 1 ? session_.CustomGreen
-                : session_.CustomBlue) = part;
+  (index == 0 ? mixed_.CustomRed : index == 1 ? mixed_.CustomGreen : mixed_.CustomBlue) = part;
   view_.ShowCustomColor(CustomColor());
 }
 
@@ -93,14 +91,14 @@ void frmSettings::SwatchClicked(std::int32_t color, SwatchClick click, bool sets
 }
 
 void frmSettings::SplitColor(const Rgb& color) {
-  session_.CustomRed = color.Red;
-  session_.CustomGreen = color.Green;
-  session_.CustomBlue = color.Blue;
+  mixed_.CustomRed = color.Red;
+  mixed_.CustomGreen = color.Green;
+  mixed_.CustomBlue = color.Blue;
 }
 
 Rgb frmSettings::CustomColor() const {
   const auto part = [](int value) { return static_cast<std::uint8_t>(value); };
-  return {part(session_.CustomRed), part(session_.CustomGreen), part(session_.CustomBlue)};
+  return {part(mixed_.CustomRed), part(mixed_.CustomGreen), part(mixed_.CustomBlue)};
 }
 
 ColorSettings frmSettings::Chosen() const {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "forms/settings/mixed_color.h"
 #include "forms/settings/settings_view.h"
 #include "forms/windows.h"
 #include "logic/session.h"
@@ -17,7 +18,7 @@ enum class SwatchClick { Plain, Shift, Other };
 class frmSettings {
  public:
   /// All of them must outlive the window.
-  frmSettings(Session& session, SettingsView& view, Windows& windows);
+  frmSettings(Session& session, MixedColor& mixed, SettingsView& view, Windows& windows);
 
   /// Paints the swatches in StoredColors and the sample in CurrentColors. Throws ValueError when
   /// one of them is not a number.
@@ -52,6 +53,7 @@ class frmSettings {
   void ShowCurrentColors();
 
   Session& session_;
+  MixedColor& mixed_;
   SettingsView& view_;
   Windows& windows_;
   ColorRole role_ = ColorRole::BackGround;

@@ -16,12 +16,6 @@ QPoint ClampToScreen(const QPoint& place, const QSize& size, const QRect& screen
           std::max(screen.y(), std::min(place.y(), last_y))};
 }
 
-void BringToFront(QWidget& window) {
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
-
 /// The desktop tells a window's frame only once that is on the screen, so it is judged by the frame
 /// of another one.
 QSize SizeWithFrame(const QWidget& window, const QWidget& framed) {
@@ -59,6 +53,12 @@ void KeepAbove(QWidget& window, QWidget& owner) {
   window.winId();
   owner.winId();
   window.windowHandle()->setTransientParent(owner.windowHandle());
+}
+
+void BringToFront(QWidget& window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
 }
 
 void ShowBeside(QWidget& window, QWidget* neighbour) {

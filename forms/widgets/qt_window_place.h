@@ -21,6 +21,9 @@ QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen);
 /// is minimised, and has no minimise button of its own. REQUIRES: it is not on the screen.
 void KeepAbove(QWidget& window, QWidget& owner);
 
+/// Brings `window` to the screen, in front, and lets it take the keyboard.
+void BringToFront(QWidget& window);
+
 /// Brings `window` to the screen beside `neighbour`, above it and in front; wherever the desktop
 /// puts it when there is no neighbour on the screen.
 void ShowBeside(QWidget& window, QWidget* neighbour);

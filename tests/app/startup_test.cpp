@@ -151,7 +151,7 @@ TEST_F(StartUpTest, TheSharedStateIsThatOfAFreshRun) {
   EXPECT_FALSE(session_.IsLoading);
   EXPECT_FALSE(session_.PrintLayoutOn);
   EXPECT_EQ(1, session_.CurRmID);
-  EXPECT_EQ(1, session_.DayOpener);
+  EXPECT_EQ(Opener::MonthWindow, session_.DayOpener);
   EXPECT_EQ(3, session_.CurMonth);
   EXPECT_EQ(2014, session_.CurYear);
   EXPECT_EQ(" 1:00A", session_.SlotLabel[3]);
@@ -228,6 +228,14 @@ TEST_F(StartUpTest, APathTxtOfOneLineIsTolerated) {
 
 TEST_F(StartUpTest, WhatAnEditorLeavesAroundTheFolderIsDropped) {
   app_.Write("path.txt", "\xEF\xBB\xBF" + data_.Path() + "  \n");
+  Start();
+  EXPECT_EQ(data_.Path(), session_.DataFolder);
+}
+
+TEST_F(StartUpTest, ABackslashInPathTxtCountsAsASlash) {
+  std::string folder = data_.Path();
+  folder.replace(folder.rfind('/'), 1, "\\");
+  app_.Write("path.txt", folder + "\r\n");
   Start();
   EXPECT_EQ(data_.Path(), session_.DataFolder);
 }

@@ -110,7 +110,7 @@ TEST_F(ColorSettingsTest, ColoursThatCannotBeSavedAreNotInUse) {
   const ColorSettings before = current_;
   Faults faults;
   databases_.ResCon = std::make_unique<Connection>(std::make_unique<FailingStore>(
-      OpenStore(databases_.DataFolder + "/Calendar.mdb", StoreAccess::ReadWrite), faults));
+      OpenStore(databases_.DataFolder / "Calendar.mdb", StoreAccess::ReadWrite), faults));
   faults.Fail(Statement::Update, 1);
   EXPECT_THROW(SaveColorSettings(*databases_.ResCon, kOther, current_), DatabaseError);
   EXPECT_EQ(before, current_);

@@ -48,11 +48,6 @@ TEST_F(CreateStoreTest, MakesOneFile) {
   EXPECT_EQ(std::vector<std::string>{"Calendar.mdb"}, folder_.Names());
 }
 
-TEST_F(CreateStoreTest, TakesABackslashForASlash) {
-  CreateStore(folder_.path().string() + "\\Calendar.mdb");
-  EXPECT_EQ(std::vector<std::string>{"Calendar.mdb"}, folder_.Names());
-}
-
 TEST_F(CreateStoreTest, RefusesAFileThatIsThere) {
   folder_.Write("Calendar.mdb", "precious");
   EXPECT_EQ("This file is there already; nothing was made.", CauseOf(File()));

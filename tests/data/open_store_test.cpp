@@ -195,12 +195,6 @@ TEST_F(OpenStoreTest, ChecksTheFolderThatALinkLeadsTo) {
   EXPECT_THROW(OpenStore(link.string(), StoreAccess::ReadWrite), DatabaseError);
 }
 
-TEST_F(OpenStoreTest, TakesABackslashForASlash) {
-  MakeCalendar();
-  const auto store = OpenStore(folder_.path().string() + "\\Calendar.mdb", StoreAccess::ReadWrite);
-  EXPECT_EQ(File(), store->FileName());
-}
-
 TEST_F(OpenStoreTest, GoesByTheContentNotByTheName) {
   MakeCalendar();
   fs::rename(File(), folder_.File("notes.txt"));

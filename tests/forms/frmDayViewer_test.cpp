@@ -78,21 +78,21 @@ TEST_F(FrmDayViewerTest, AnotherDayHasTheDayColorAndItsListAsDesigned) {
 
 TEST_F(FrmDayViewerTest, WhileItIsLoadedItIsTheListingToRefresh) {
   Open(2014, 3, 16);
-  EXPECT_EQ(2, session_->DayOpener);
+  EXPECT_EQ(Opener::DayViewer, session_->DayOpener);
 }
 
 TEST_F(FrmDayViewerTest, ClosingEnablesTheMonthAndEndsThat) {
   Open(2014, 3, 16);
   viewer_->Form_Unload();
   EXPECT_EQ("enable month\n", windows_.Log);
-  EXPECT_EQ(1, session_->DayOpener);
+  EXPECT_EQ(Opener::MonthWindow, session_->DayOpener);
 }
 
 TEST_F(FrmDayViewerTest, AFailedLoadIsNoListingToRefresh) {
   Open(2014, 3, 16);
   session_->CurrentColors.HeaderTxt = "blue";
   EXPECT_THROW(viewer_->Form_Load(), ValueError);
-  EXPECT_EQ(1, session_->DayOpener);
+  EXPECT_EQ(Opener::MonthWindow, session_->DayOpener);
 }
 
 TEST_F(FrmDayViewerTest, ALeftClickShowsEachSelectedLineInTurn) {
@@ -106,7 +106,7 @@ TEST_F(FrmDayViewerTest, ARightClickGoesOnToBookTheDay) {
   Open(2014, 3, 16);
   viewer_->lstDay_MouseDown(MouseButton::Right, {});
   EXPECT_EQ("hide viewer\nopen day \"  3/16/2014 Bookings\"\n", windows_.Log);
-  EXPECT_EQ(2, session_->DayOpener);
+  EXPECT_EQ(Opener::DayViewer, session_->DayOpener);
 }
 
 TEST_F(FrmDayViewerTest, ARightClickOpensNothingWhileNoDayMayBeOpened) {

@@ -111,7 +111,7 @@ TEST_F(FrmDayTest, ABookingIsReportedAndShownInTheMonth) {
 
 TEST_F(FrmDayTest, ABookingReachesTheViewerWhileItIsLoaded) {
   OpenDay();
-  session_->DayOpener = 2;
+  session_->DayOpener = Opener::DayViewer;
   AnswerNext(Answer::Ok);
   Click(19);
   EXPECT_EQ((modRes::DayLines{" 9:00A- 9:30A No Title"}), screens_.ViewerLines);
@@ -208,7 +208,7 @@ TEST_F(FrmDayTest, ClosingBringsTheMonthBackWithItsCellFilled) {
 
 TEST_F(FrmDayTest, ClosingBringsTheViewerBackThatOpenedIt) {
   OpenDay();
-  session_->DayOpener = 2;
+  session_->DayOpener = Opener::DayViewer;
   day_->Form_Unload();
   EXPECT_EQ("show viewer\n", windows_.Log);
 }

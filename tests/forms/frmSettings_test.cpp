@@ -41,7 +41,7 @@ class FrmSettingsTest : public testing::Test {
     EnsureSettingsRow(*session_);
     EnsureTodayBColorColumn(*session_);
     LoadColorSettings(*session_->ResCon, session_->CurrentColors, session_->StoredColors);
-    settings_ = std::make_unique<frmSettings>(*session_, view_, windows_);
+    settings_ = std::make_unique<frmSettings>(*session_, mixed_, view_, windows_);
     settings_->Form_Load();
   }
 
@@ -59,6 +59,7 @@ class FrmSettingsTest : public testing::Test {
   FakeSettingsView view_;
   FakeWindows windows_;
   std::unique_ptr<Session> session_;
+  MixedColor mixed_;
   std::unique_ptr<frmSettings> settings_;
 };
 
@@ -73,7 +74,7 @@ TEST_F(FrmSettingsTest, TheMixedColorOutlivesTheWindow) {
   settings_->HScroll1_Change(0, 10);
   settings_->HScroll1_Change(1, 20);
   settings_->HScroll1_Change(2, 30);
-  settings_ = std::make_unique<frmSettings>(*session_, view_, windows_);
+  settings_ = std::make_unique<frmSettings>(*session_, mixed_, view_, windows_);
   view_.Custom = {};
   settings_->Form_Load();
   EXPECT_EQ((Rgb{10, 20, 30}), view_.Custom);
@@ -97,9 +98,9 @@ TEST_F(FrmSettingsTest, EveryRoleTakesItsColor) {
 TEST_F(FrmSettingsTest, ShiftTakesTheColorIntoTheMixer) {
   settings_->Colors_MouseDown(16, SwatchClick::Shift);
   EXPECT_EQ((Rgb{192, 64, 0}), view_.Custom);
-  EXPECT_EQ(192, session_->CustomRed);
-  EXPECT_EQ(64, session_->CustomGreen);
-  EXPECT_EQ(0, session_->CustomBlue);
+  EXPECT_EQ(192, mixed_.CustomRed);
+  EXPECT_EQ(64, mixed_.CustomGreen);
+  EXPECT_EQ(0, mixed_.CustomBlue);
   EXPECT_EQ(defaults_, view_.Preview);
   EXPECT_EQ(ColorRole::BackGround, view_.Focused);
 }

@@ -113,7 +113,7 @@ TEST_F(DeleteBookingsTest, DeletingRefreshesTheMonth) {
 TEST_F(DeleteBookingsTest, DeletingRefreshesTheViewerWhileItIsLoaded) {
   folder_.AddBooking(pool_, "2014-04-06", 19, 21, "Smith");
   folder_.AddBooking(pool_, "2014-04-06", 30, 30, "Jones");
-  Desk().DayOpener = 2;
+  Desk().DayOpener = Opener::DayViewer;
   Delete(20, 20);
   EXPECT_EQ((DayLines{" 2:30P- 3:00P Jones"}), screens_.ViewerLines);
 }

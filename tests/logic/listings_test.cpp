@@ -282,7 +282,7 @@ TEST_F(ListingsTest, AChangeReachesTheViewerOnlyWhileItIsLoaded) {
   Desk().DayDate = DateFromIsoText("2014-03-15").value();
   RefreshListings(Desk(), {screen_, screen_, clock_});
   EXPECT_EQ(0, screen_.ViewersShown);
-  Desk().DayOpener = 2;
+  Desk().DayOpener = Opener::DayViewer;
   RefreshListings(Desk(), {screen_, screen_, clock_});
   EXPECT_EQ(1, screen_.ViewersShown);
   EXPECT_EQ(2, screen_.MonthsShown);

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "data/color_settings.h"
+#include "data/schema.h"
 #include "logic/delete_bookings.h"
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"

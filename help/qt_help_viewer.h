@@ -13,7 +13,7 @@ namespace veyra {
 /// Shows the help file in a help window, which is made when it is first needed and then kept.
 class QtHelpViewer : public HelpViewer {
  public:
-  /// The name of the help file within AppFolder, and of the program beside it that reads it.
+  /// The name of the help file in the program folder, and of the program beside it that reads it.
   static constexpr const char* kFileName = "VeyraCalendar.chm";
   static constexpr const char* kReaderName = "veyra-help-reader";
 

@@ -10,8 +10,8 @@
 #include "tests/calendar_folder.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
-#include "tests/forms/fake_sheet_printer.h"
 #include "tests/forms/fake_month_view.h"
+#include "tests/forms/fake_sheet_printer.h"
 #include "tests/forms/fake_windows.h"
 
 namespace veyra {

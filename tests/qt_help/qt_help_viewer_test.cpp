@@ -42,8 +42,8 @@ class QtHelpViewerTest : public testing::Test {
 
   TempFolder folder_;
   const std::string good_ = FileBytes(kHelpFileName);
-  QtHelpViewer viewer_{folder_.path().string() + QtHelpViewer::kFileName,
-                       folder_.path().string() + QtHelpViewer::kReaderName, [](const QUrl&) {}};
+  QtHelpViewer viewer_{folder_.path() / QtHelpViewer::kFileName,
+                       folder_.path() / QtHelpViewer::kReaderName, [](const QUrl&) {}};
 };
 
 TEST_F(QtHelpViewerTest, EachTopicOpensItsPage) {

@@ -1,5 +1,6 @@
 """A data folder of two Access files, as an office that has kept its bookings for years has it."""
 
+import os
 import shutil
 import subprocess
 import unittest
@@ -29,6 +30,22 @@ class AccessFolderTest(DeskTest):
         self.desk.close_day()
         self.assertIn(" 9:00A-10:30A Anna Access", self.desk.lines_of(self.day))
         self.assertEqual([f"{self.day.isoformat()},19,21"], self.rows_of("Anna Access"))
+
+    def test_other_computers_are_told_who_has_it_open_and_it_asks_when_one_has(self):
+        note = self.file("data", "Calendar.mdb-open")
+        with open(note, encoding="utf-8") as file:
+            self.assertIn(f", process {self.desk.process.pid}, since ", file.read())
+        self.desk.key("alt+F4")
+        self.assertEqual(0, self.desk.exit_status())
+        self.assertFalse(os.path.exists(note))
+        with open(note, "w", encoding="utf-8") as file:
+            file.write("used by: anna on northern-desk, process 4711, since 2026-11-21 18:30:12\n"
+                       "file: 0\nsize: 0\nwritten: 0\ncontent: 0\nlog: 0\n"
+                       "log is being put into the file: no\n")
+        self.desk.start()
+        self.assert_message_has("anna on northern-desk, since 11/21/2026 18:30")
+        self.desk.press("No")
+        self.assertEqual(1, self.desk.exit_status())
 
     def test_the_guests_are_offered(self):
         self.desk.open_day(self.day)

@@ -164,8 +164,8 @@ class Store {
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 
-  /// How many rows InsertAll adds for little more than one of them costs, all of them or none; 1
-  /// where it adds them one by one.
+  /// How many rows the operator's actions give InsertAll at a time; 1 where each row of theirs is a
+  /// change of its own.
   virtual std::size_t RowsAtOnce() const { return 1; }
 
   /// Adds rows in their order and returns them as stored. A kind of file that can adds all of them

@@ -98,6 +98,8 @@ class SqliteStore : public FileStore {
   std::unique_ptr<RowSource> Select(const Query& query) override { return Watched().Select(query); }
 
   Row Insert(const std::string& table, const FieldValues& fields) override;
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;
   void CreateTable(const TableDefinition& definition) override;
@@ -204,6 +206,19 @@ Row SqliteStore::Insert(const std::string& table_name, const FieldValues& fields
   Row row = rows_.ReadNew(table);
   Commit(change, [&] { return rows_.IsStored(table_name, row); });
   return row;
+}
+
+std::vector<Row> SqliteStore::InsertAll(const std::string& table_name,
+                                        const std::vector<FieldValues>& rows) {
+  Change change(*this);
+  const Table& table = rows_.Find(table_name);
+  std::vector<Row> added;
+  for (const FieldValues& fields : rows) {
+    rows_.Insert(table, fields);
+    added.push_back(rows_.ReadNew(table));
+  }
+  Commit(change, [&] { return added.empty() || rows_.IsStored(table_name, added.back()); });
+  return added;
 }
 
 Row SqliteStore::Update(const std::string& table_name, const Row& before,

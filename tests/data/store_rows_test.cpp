@@ -51,6 +51,24 @@ TEST_P(StoreTest, KeepsAnUnsetGroupKeyNullThoughItsDefaultIsZero) {
   EXPECT_TRUE(IsNull(Rows("SELECT * FROM Reserv").at(0).Values.at(5)));
 }
 
+TEST_P(StoreTest, GivesManyRowsThatAreAddedAtOnceAsStored) {
+  const std::vector<Row> added =
+      store_->InsertAll("Rooms", {{{"Name", "Hall"}}, {{"Name", "Pool"}}});
+  Reopen();
+  const std::vector<Row> stored = Rows("SELECT * FROM Rooms");
+  ASSERT_EQ(2U, added.size());
+  ASSERT_EQ(2U, stored.size());
+  EXPECT_EQ(stored[0].Values, added[0].Values);
+  EXPECT_EQ(stored[1].Values, added[1].Values);
+  EXPECT_EQ("Hall;Pool;", RoomNames());
+}
+
+TEST_P(StoreTest, AddsNoneOfManyRowsWhenOneOfThemCannotBe) {
+  EXPECT_THROW(store_->InsertAll("Rooms", {{{"Name", "Hall"}}, {{"Colour", std::int64_t{1}}}}),
+               DatabaseError);
+  EXPECT_EQ("", RoomNames());
+}
+
 TEST_P(StoreTest, KeepsAnyName) {
   for (const std::string& name :
        {std::string("O'Neil \"the\" [big] one"), std::string("#1/1/2014# -- ; % ? :x @y $z"),

@@ -40,9 +40,9 @@ bool EndRequests::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void EndRequests::CloseAtExit(int, void* at_exit) {
-  Program* open = static_cast<AtExit*>(at_exit)->Open;
-  if (open != nullptr) {
-    open->CloseDatabases();
+  const std::unique_ptr<AtExit> owned(static_cast<AtExit*>(at_exit));
+  if (owned->Open != nullptr) {
+    owned->Open->CloseDatabases();
   }
 }
 

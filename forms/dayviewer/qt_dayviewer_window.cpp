@@ -69,7 +69,8 @@ void QtDayViewerWindow::BuildContents() {
 }
 
 void QtDayViewerWindow::Report(void (frmDayViewer::*handler)()) {
-  guard_.Run([this, handler] { (handler_->*handler)(); });
+  frmDayViewer& viewer = *handler_;
+  guard_.Run([&viewer, handler] { (viewer.*handler)(); });
 }
 
 void QtDayViewerWindow::SetCaption(const std::string& caption, Date day) {

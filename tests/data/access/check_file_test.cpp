@@ -124,6 +124,13 @@ TEST_F(CheckedFile, TellsOfAPageThatItsTableHasForgotten) {
   ExpectPart("rows where its definition says 300", faults);
 }
 
+TEST_F(CheckedFile, TellsOfAPageWithRoomThatIsAnothers) {
+  ExpectPart("The table Notes has a map of pages with room in which there are pages of others.",
+             FaultsAfter([](PageChanges& pages) {
+               access::AddToMap(pages, Layout(pages, "Notes").Free, FirstPage(pages, "Reserv"));
+             }));
+}
+
 TEST_F(CheckedFile, TellsOfAPageOfTwoTables) {
   ExpectPart("belongs to the table Notes and to the table Reserv.",
              FaultsAfter([](PageChanges& pages) {

@@ -24,7 +24,7 @@ class HtmlVisitor {
 };
 
 /// How many tags may lie in each other: what comes behind a deeper one is not read.
-inline constexpr int kDeepestTag = 1000;
+inline constexpr int kDeepestTag = 20'000;
 
 /// Leads the visitor through an HTML text (UTF-8). Any text is understood somehow.
 void ReadHtml(std::string_view html, HtmlVisitor& visitor);

@@ -128,7 +128,7 @@ void JournalKeeper::CheckTable() {
   }
 }
 
-std::optional<std::int64_t> JournalKeeper::LastEntry() {
+std::optional<std::int64_t> JournalKeeper::BeginChange() {
   if (!IsKept()) {
     return std::nullopt;
   }

@@ -31,10 +31,10 @@ class JournalKeeper {
   /// was made, or has another column.
   void TableWasMade(const Table& table);
 
-  /// Beginning a change: the last entry before it. Nothing when no journal is kept. Makes the
-  /// journal's table anew when another program has dropped it; throws DatabaseError when it has
+  /// Beginning a change: returns the last entry before it, nothing when no journal is kept. Makes
+  /// the journal's table anew when another program has dropped it; throws DatabaseError when it has
   /// other columns.
-  std::optional<std::int64_t> LastEntry();
+  std::optional<std::int64_t> BeginChange();
 
   /// Ending it: enters the action's name and number in the entries that came since; a change
   /// without a name is an action of its own. Returns the number that the named action is to have

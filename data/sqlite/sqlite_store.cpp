@@ -142,7 +142,7 @@ class SqliteStore : public FileStore {
   /// A change, and what the journal had before it.
   struct Change {
     explicit Change(SqliteStore& store)
-        : Work(store.ForChange()), LastEntry(store.journal_.LastEntry()) {}
+        : Work(store.ForChange()), LastEntry(store.journal_.BeginChange()) {}
 
     /// A change of which nothing is entered.
     Change(SqliteStore& store, std::nullopt_t) : Work(store.ForChange()) {}

@@ -8,6 +8,7 @@
 
 #include "data/connection.h"
 #include "data/errors.h"
+#include "data/file_name.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tools/companion/folder_argument.h"
@@ -103,8 +104,9 @@ struct Options {
 void RunNew(const Options& options, Date today, std::ostream& out) {
   const SampleData sample = options.Sample ? MakeSampleData(today) : SampleData{};
   const FileKind kind = options.Access ? FileKind::Access : FileKind::Sqlite;
-  MakeDataFolder(options.Folder, kind, sample);
-  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << OneLine(options.Folder)
+  const fs::path folder = NativePath(options.Folder);
+  MakeDataFolder(folder, kind, sample);
+  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << OneLine(folder.string())
       << (options.Sample ? Contents(sample) : "") << ".\n";
 }
 

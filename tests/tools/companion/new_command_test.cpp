@@ -56,6 +56,11 @@ TEST_F(NewCommandTest, MakesTheTwoDatabasesAndNothingElse) {
   EXPECT_EQ((Names{"Calendar.mdb", "Veyra.mdb"}), FilesIn(Folder()));
 }
 
+TEST_F(NewCommandTest, ABackslashInTheFolderCountsAsASlash) {
+  New({temp_.path().string() + "\\office\\data"});
+  EXPECT_EQ((Names{"Calendar.mdb", "Veyra.mdb"}), FilesIn(temp_.File("office/data")));
+}
+
 TEST_F(NewCommandTest, TheCalendarHasNoSettingsYet) {
   New({Folder()});
   const std::vector<std::string> tables = Open("Calendar.mdb").TableNames();

@@ -20,7 +20,7 @@
 #include "data/access/reporting.h"
 #include "data/access/write/change_words.h"
 #include "data/access/write/journal_writer.h"
-#include "data/access/write/row_changes.h"
+#include "data/access/write/journalled_rows.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
@@ -86,13 +86,13 @@ class AccessStore : public FileStore {
     snapshot_.Tables();
     const access::Snapshot::Held held(snapshot_);
     access::PageChanges changes(file_);
-    journal_.BeginCommit();
+    rows_.Journal().BeginCommit();
     auto result = work(changes);
     const access::PageImages pages = changes.Images();
     if (!pages.empty()) {
       snapshot_.ForgetTables();
       Commit(pages, what);
-      journal_.EndCommit();
+      rows_.Journal().EndCommit();
     }
     return result;
   }
@@ -175,9 +175,7 @@ class AccessStore : public FileStore {
   Row Insert(const std::string& table, const FieldValues& fields) override {
     const std::string what = access::WordsForInsert(table, fields);
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      Row row = access::InsertRow(changes, writer, fields);
-      Enter(changes, writer, table, nullptr, &row);
-      return row;
+      return rows_.Insert(changes, writer, table, fields);
     });
   }
 
@@ -187,11 +185,7 @@ class AccessStore : public FileStore {
                              const std::vector<FieldValues>& rows) override {
     const std::string what = access::WordsForInsertAll(table, rows);
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      std::vector<Row> added = access::InsertRows(changes, writer, rows);
-      for (const Row& row : added) {
-        Enter(changes, writer, table, nullptr, &row);
-      }
-      return added;
+      return rows_.InsertAll(changes, writer, table, rows);
     });
   }
 
@@ -199,9 +193,7 @@ class AccessStore : public FileStore {
     std::string what;
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForUpdate(table, writer.Layout(), before);
-      Row row = access::UpdateRow(changes, writer, before, fields);
-      Enter(changes, writer, table, &before, &row);
-      return row;
+      return rows_.Update(changes, writer, table, before, fields);
     });
   }
 
@@ -209,8 +201,7 @@ class AccessStore : public FileStore {
     std::string what;
     WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForDelete(table, writer.Layout(), before);
-      access::DeleteRow(changes, writer, before);
-      Enter(changes, writer, table, &before, nullptr);
+      rows_.Delete(changes, writer, table, before);
       return 0;
     });
   }
@@ -237,7 +228,7 @@ class AccessStore : public FileStore {
         CheckStillGiven(result);
       }
       for (const RowChange& change : changes) {
-        Reporting(file_name_, change.Table, [&] { Make(pages, change); });
+        Reporting(file_name_, change.Table, [&] { rows_.Make(pages, change); });
       }
       return 0;
     });
@@ -273,8 +264,8 @@ class AccessStore : public FileStore {
     }
   }
 
-  void BeginAction(const std::string& name) override { journal_.action().Begin(name); }
-  void EndAction() override { journal_.action().End(); }
+  void BeginAction(const std::string& name) override { rows_.Journal().action().Begin(name); }
+  void EndAction() override { rows_.Journal().action().End(); }
 
   std::vector<std::string> Verify() override {
     return Reading({}, [&] { return access::CheckFile(file_); });
@@ -301,36 +292,6 @@ class AccessStore : public FileStore {
         throw RowsChanged(file_name_, result.Asked.Table);
       }
     });
-  }
-
-  void Make(access::PageChanges& pages, const RowChange& change) {
-    access::TableWriter writer(pages, snapshot_.DefinitionOf(change.Table));
-    access::CheckMayWrite(writer.Layout());
-    switch (change.What) {
-      case RowChange::Kind::Add: {
-        const Row row = access::InsertRow(pages, writer, change.Fields);
-        return Enter(pages, writer, change.Table, nullptr, &row);
-      }
-      case RowChange::Kind::Set: {
-        const Row row = access::UpdateRow(pages, writer, change.Before, change.Fields);
-        return Enter(pages, writer, change.Table, &change.Before, &row);
-      }
-      case RowChange::Kind::Remove:
-        access::DeleteRow(pages, writer, change.Before);
-        return Enter(pages, writer, change.Table, &change.Before, nullptr);
-    }
-  }
-
-  /// Either row may be missing.
-  void Enter(access::PageChanges& pages, const access::TableWriter& writer,
-             const std::string& table, const Row* before, const Row* after) {
-    if (before == nullptr || after == nullptr || before->Values != after->Values) {
-      journal_.Enter(pages, file_, snapshot_,
-                     {.Table = table,
-                      .Layout = writer.Layout(),
-                      .Before = before == nullptr ? nullptr : &before->Values,
-                      .After = after == nullptr ? nullptr : &after->Values});
-    }
   }
 
   void TakeFile(StoreAccess access) {
@@ -391,7 +352,7 @@ class AccessStore : public FileStore {
   access::PageFile file_;
   access::Snapshot snapshot_;
   access::BrokenChange broken_change_{file_name_, policy_, file_, snapshot_};
-  access::JournalWriter journal_;
+  access::JournalledRows rows_{file_, snapshot_};
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::optional<FileLock> use_;
 };

@@ -5,6 +5,7 @@
 #include "data/color_settings.h"
 #include "data/shown_name.h"
 #include "data/text.h"
+#include "forms/month/month_cells.h"
 #include "forms/month/month_sheet.h"
 #include "forms/print/print_messages.h"
 #include "logic/delete_facility.h"
@@ -147,10 +148,6 @@ void frmCalendar::Combo1_Click(const std::string& text) {
   RefreshMonth();
 }
 
-void frmCalendar::PickFacility(const std::string& name) {
-  Combo1_Click(name);
-}
-
 void frmCalendar::Combo1_KeyPress(int key) {
   if (key != kEnterKey || AdoptListedName()) {
     return;
@@ -255,7 +252,7 @@ void frmCalendar::ShowDay(Date day) {
 
 Date frmCalendar::ChosenDate() const {
   const Date first_day = MakeDate(session_.CurYear, session_.CurMonth, 1).value();
-  return DateOfCell(std::max(view_.ChosenDay(), WeekdayNumber(first_day)));
+  return DayOfShown(std::max(view_.ChosenDay(), CellOf(first_day)));
 }
 
 void frmCalendar::OpenDay(const std::string& facility, Date day) {
@@ -345,7 +342,7 @@ void frmCalendar::AddTypedFacility() {
 }
 
 void frmCalendar::OpenForBooking(int index) {
-  const Date day = DateOfCell(index);
+  const Date day = DayOfShown(index);
   view_.FocusPrintButton();
   windows_.HideMonthWindow();
   session_.DayDate = day;
@@ -360,7 +357,7 @@ void frmCalendar::OpenForBooking(int index) {
 
 void frmCalendar::OpenForViewing(int index) {
   windows_.EnableMonthWindow(false);
-  session_.DayDate = DateOfCell(index);
+  session_.DayDate = DayOfShown(index);
   session_.DayCellIndex = index;
   EnableAgainIfThrown(
       [this] { windows_.OpenDayViewer("  " + DateText(session_.DayDate) + " Day Viewer"); });
@@ -390,13 +387,8 @@ void frmCalendar::ShowWhatIsLeft() {
   modRes::SelectFacility(session_, Combo1_.Text);
 }
 
-int frmCalendar::CellOf(Date day) {
-  return DayOf(day) - 1 + WeekdayNumber(MakeDate(YearOf(day), MonthOf(day), 1).value());
-}
-
-Date frmCalendar::DateOfCell(int index) const {
-  const Date first_day = MakeDate(session_.CurYear, session_.CurMonth, 1).value();
-  return AddDays(first_day, index - WeekdayNumber(first_day));
+Date frmCalendar::DayOfShown(int index) const {
+  return DateOfCell(session_.CurYear, session_.CurMonth, index);
 }
 
 void frmCalendar::ShowRoom(const std::string& name) {

@@ -85,7 +85,7 @@ class frmCalendar {
   void OpenDay(const std::string& facility, Date day);
 
   /// Picks that entry of the facility box, as Combo1_Click does, and shows it in the box.
-  void PickFacility(const std::string& name);
+  void PickFacility(const std::string& name) { Combo1_Click(name); }
 
   const NameBox& FacilityBox() const { return Combo1_; }
 
@@ -107,8 +107,7 @@ class frmCalendar {
   void OpenForViewing(int index);
   void EnableAgainIfThrown(const std::function<void()>& open);
   void ShowWhatIsLeft();
-  Date DateOfCell(int index) const;
-  static int CellOf(Date day);
+  Date DayOfShown(int index) const;
   void ShowRoom(const std::string& name);
   void ShowFacilityBox();
 

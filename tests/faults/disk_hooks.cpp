@@ -1,6 +1,5 @@
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <limits.h>
 #include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
@@ -15,52 +14,26 @@
 #include <string>
 
 #include "tests/faults/disk_calls.h"
+#include "tests/faults/file_facts.h"
 
 // Stands before the C library's calls on files, in a program that is linked with this library or
 // started with it in LD_PRELOAD.
 
 namespace {
 
+using veyra::faults::Absolute;
 using veyra::faults::Call;
 using veyra::faults::Change;
 using veyra::faults::Disk;
+using veyra::faults::Entry;
+using veyra::faults::EntryOf;
+using veyra::faults::FileOf;
+using veyra::faults::PlaceOf;
 
 /// The call of that name that comes after ours.
 template <typename Function>
 Function* Next(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
-std::uint64_t FileOf(int descriptor) {
-  struct stat status {};
-  return fstat(descriptor, &status) == 0 ? status.st_ino : 0;
-}
-
-struct Entry {
-  std::uint64_t File = 0;
-  std::uint64_t Freed = 0;  ///< The bytes that go with the name.
-  bool IsThere = false;
-};
-
-Entry EntryOf(const char* path) {
-  struct stat status {};
-  if (lstat(path, &status) != 0) {
-    return {};
-  }
-  const auto size = static_cast<std::uint64_t>(status.st_size);
-  return {status.st_ino, status.st_nlink == 1 ? size : 0, true};
-}
-
-/// The path without links in the folder's name, whatever road leads there.
-std::string Absolute(const char* path) {
-  const std::string given = path;
-  const std::size_t slash = given.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : given.substr(0, slash);
-  char real[PATH_MAX];
-  if (realpath(folder.c_str(), real) == nullptr) {
-    return given;
-  }
-  return std::string(real) + "/" + (slash == std::string::npos ? given : given.substr(slash + 1));
 }
 
 template <typename Work>
@@ -102,15 +75,6 @@ ssize_t Writing(int descriptor, const char* bytes, std::size_t count, std::uint6
   }
   disk.Step();
   return written;
-}
-
-std::uint64_t PlaceOf(int descriptor) {
-  const bool appends = (fcntl(descriptor, F_GETFL) & O_APPEND) != 0;
-  struct stat status {};
-  if (appends && fstat(descriptor, &status) == 0) {
-    return static_cast<std::uint64_t>(status.st_size);
-  }
-  return static_cast<std::uint64_t>(std::max<off_t>(lseek(descriptor, 0, SEEK_CUR), 0));
 }
 
 /// What an opening for writing, or one that may create or empty a file, changes.

@@ -1,54 +1,18 @@
 #include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QScrollBar>
 
 #include "forms/day/qt_day_window.h"
-#include "forms/day/qt_slot_grid.h"
-#include "tests/qt/program_fixture.h"
+#include "tests/qt/day_window_fixture.h"
 
 namespace veyra {
 namespace {
 
-class DayWindowTest : public ProgramFixture {
- protected:
-  DayWindowTest() {
-    data_.AddGuest(std::string("Ann Smith"));
-    data_.AddGuest(std::string("Bob Jones"));
-  }
-
-  static std::string Guest(int row) { return Grid().item(row - 1, 1)->text().toStdString(); }
-
-  static int TopRow() { return Grid().rowAt(0) + 1; }
-
-  /// The rows that are highlighted, "19-21".
-  static std::string Range() {
-    const QItemSelection selection = Grid().selectionModel()->selection();
-    if (selection.isEmpty()) {
-      return "none";
-    }
-    return std::to_string(selection.first().top() + 1) + "-" +
-           std::to_string(selection.first().bottom() + 1);
-  }
-
-  static void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(&Grid(), static_cast<Qt::Key>(key), modifiers);
-  }
-
-  std::string Question() { return dialogs_.OnlyBox(); }
-
-  static std::string QuestionFor(const std::string& name, const std::string& from,
-                                 const std::string& to) {
-    return "[OK/Cancel Question] Reservation for " + name + " From " + from + " To " + to +
-           ".\r\nSelect OK to Book or Cancel to Cancel";
-  }
-};
+class DayWindowTest : public DayWindowFixture {};
 
 TEST_F(DayWindowTest, TheControlsBearTheirNamesAndCaptions) {
   StartAndOpenDay();
@@ -152,160 +116,6 @@ TEST_F(DayWindowTest, TheNameBoxOffersTheGuests) {
   StartAndOpenDay();
   EXPECT_EQ(2, Names(Day()).count());
   EXPECT_EQ("", Names(Day()).currentText().toStdString());
-}
-
-TEST_F(DayWindowTest, ADragBooksTheRows) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Ok);
-  DragRows(19, 21);
-  ASSERT_EQ(2U, dialogs_.Boxes().size());
-  EXPECT_EQ(QuestionFor("No Title", " 9:00A", "10:30A"), dialogs_.Boxes()[0]);
-  EXPECT_TRUE(dialogs_.Boxes()[1].ends_with("1 Booking(s) Made."));
-  EXPECT_EQ(std::to_string(hall_) + " 2014-03-15 19-21 No Title\n", data_.Bookings());
-  EXPECT_EQ("No Title", Guest(20));
-}
-
-TEST_F(DayWindowTest, ADragUpwardsAsksFromTheUpperRow) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Cancel);
-  DragRows(30, 26);
-  EXPECT_EQ(QuestionFor("No Title", "12:30P", " 3:00P"), Question());
-}
-
-TEST_F(DayWindowTest, ASecondOneClickBooksOneRow) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Cancel);
-  DragRows(19, 19);
-  EXPECT_EQ(QuestionFor("No Title", " 9:00A", " 9:30A"), Question());
-}
-
-TEST_F(DayWindowTest, TheRangeIsHighlightedWhileItIsDraggedAndWhileTheQuestionStands) {
-  StartAndOpenDay();
-  QWidget* surface = Grid().viewport();
-  QTest::mousePress(surface, Qt::LeftButton, {}, Middle(19, 1));
-  EXPECT_EQ("19-19", Range());
-  QTest::mouseMove(surface, Middle(22, 1));
-  EXPECT_EQ("19-22", Range());
-  QTest::mouseMove(surface, Middle(17, 1));
-  EXPECT_EQ("17-19", Range());
-  std::string while_asked;
-  dialogs_.WhileShown = [&] { while_asked = Range(); };
-  dialogs_.AnswerNext(Answer::Cancel);
-  QTest::mouseRelease(surface, Qt::LeftButton, {}, Middle(17, 1));
-  EXPECT_EQ("17-19", while_asked);
-  EXPECT_EQ("none", Range());
-}
-
-TEST_F(DayWindowTest, AfterAClickTheRowBelowIsTheCurrentOne) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Cancel);
-  DragRows(19, 21);
-  EXPECT_EQ(22, Grid().currentRow() + 1);
-  EXPECT_EQ(0, Grid().currentColumn());
-}
-
-TEST_F(DayWindowTest, AReleaseFarBelowMeansTheLastRowSeen) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Cancel);
-  const int last = Grid().rowAt(Grid().viewport()->height() - 1) + 1;
-  Drag(19, QPoint(100, 5000));
-  EXPECT_EQ(last, std::max(19, Grid().currentRow()));
-}
-
-TEST_F(DayWindowTest, AReleaseRightOfTheGridCountsForItsRow) {
-  StartAndOpenDay();
-  dialogs_.AnswerNext(Answer::Cancel);
-  Drag(19, QPoint(2000, Middle(21, 1).y()));
-  EXPECT_EQ(QuestionFor("No Title", " 9:00A", "10:30A"), Question());
-}
-
-TEST_F(DayWindowTest, AReleaseInTheTimeColumnDoesNothing) {
-  StartAndOpenDay();
-  Drag(19, Middle(21, 0));
-  Drag(19, QPoint(-50, Middle(21, 0).y()));
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-}
-
-TEST_F(DayWindowTest, AReleaseInTheHeaderDoesNothing) {
-  StartAndOpenDay();
-  Drag(19, QPoint(100, -5));
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-}
-
-TEST_F(DayWindowTest, AClickOnTheHeaderDoesNothing) {
-  StartAndOpenDay();
-  QTest::mouseClick(Grid().horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(100, 5));
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-}
-
-TEST_F(DayWindowTest, OnlyTheLeftButtonDrags) {
-  StartAndOpenDay();
-  QTest::mouseClick(Grid().viewport(), Qt::RightButton, {}, Middle(19, 1));
-  QTest::mouseClick(Grid().viewport(), Qt::MiddleButton, {}, Middle(19, 1));
-  EXPECT_TRUE(dialogs_.Boxes().empty());
-  EXPECT_EQ("none", Range());
-}
-
-TEST_F(DayWindowTest, DraggingPastAnEdgeScrolls) {
-  StartAndOpenDay();
-  QWidget* surface = Grid().viewport();
-  QTest::mousePress(surface, Qt::LeftButton, {}, Middle(19, 1));
-  QTest::mouseMove(surface, QPoint(100, -30));
-  EXPECT_TRUE(QTest::qWaitFor([] { return TopRow() == 1; }));
-  EXPECT_EQ("1-19", Range());
-  QTest::mouseMove(surface, QPoint(100, surface->height() + 30));
-  EXPECT_TRUE(QTest::qWaitFor([] { return Range() == "19-48"; }));
-  dialogs_.AnswerNext(Answer::Cancel);
-  QTest::mouseRelease(surface, Qt::LeftButton, {}, QPoint(100, surface->height() + 30));
-  EXPECT_EQ(QuestionFor("No Title", " 9:00A", "12:00A"), Question());
-}
-
-TEST_F(DayWindowTest, ARangeOfTheKeyboardIsBooked) {
-  StartAndOpenDay();
-  Grid().setFocus(Qt::TabFocusReason);
-  EXPECT_EQ(11, Grid().currentRow() + 1);
-  for (int row = 11; row < 19; ++row) {
-    Key(Qt::Key_Down);
-  }
-  Key(Qt::Key_Down, Qt::ShiftModifier);
-  Key(Qt::Key_Down, Qt::ShiftModifier);
-  EXPECT_EQ("19-21", Range());
-  dialogs_.AnswerNext(Answer::Cancel);
-  Key(Qt::Key_Return);
-  EXPECT_EQ(QuestionFor("No Title", " 9:00A", "10:30A"), Question());
-}
-
-TEST_F(DayWindowTest, ARangeOfTheKeyboardMayGoUpwards) {
-  StartAndOpenDay();
-  Grid().setFocus(Qt::TabFocusReason);
-  Key(Qt::Key_End);
-  Key(Qt::Key_Up, Qt::ShiftModifier);
-  dialogs_.AnswerNext(Answer::Cancel);
-  Key(Qt::Key_Enter);
-  EXPECT_EQ(QuestionFor("No Title", "11:00P", "12:00A"), Question());
-}
-
-TEST_F(DayWindowTest, AnArrowKeyWithoutShiftBeginsANewRange) {
-  StartAndOpenDay();
-  Grid().setFocus(Qt::TabFocusReason);
-  Key(Qt::Key_Down, Qt::ShiftModifier);
-  Key(Qt::Key_Down);
-  EXPECT_EQ("13-13", Range());
-}
-
-TEST_F(DayWindowTest, TheLastRowStaysInSightWhileTheQuestionStandsAndAfterwards) {
-  StartAndOpenDay();
-  Grid().verticalScrollBar()->setValue(Grid().verticalScrollBar()->maximum());
-  const int top_row = TopRow();
-  ASSERT_LT(1, top_row);
-  int while_asked = 0;
-  dialogs_.WhileShown = [&] { while_asked = TopRow(); };
-  dialogs_.AnswerNext(Answer::Ok);
-  DragRows(47, 48);
-  EXPECT_EQ(top_row, while_asked);
-  EXPECT_EQ(top_row, TopRow());
-  EXPECT_EQ(1, Grid().currentRow() + 1);
-  EXPECT_EQ("No Title", Guest(48));
 }
 
 TEST_F(DayWindowTest, TheTabKeyGoesRoundTheControls) {

@@ -37,7 +37,12 @@ class Control:
         self._scale = scale
 
     name = property(lambda self: self._accessible.get_name())
-    role = property(lambda self: self._accessible.get_role_name())
+
+    @property
+    def role(self):
+        """What kind of control it is; newer libraries call a push button just a button."""
+        name = self._accessible.get_role_name()
+        return "push button" if name == "button" else name
 
     @property
     def box(self):
@@ -319,6 +324,10 @@ class Desk:
         self.show_slot(first)
         self.screen.drag(self._slot(first).centre, self._slot(last).centre)
 
+    def slot_place(self, slot):
+        """The middle of a row of the day grid."""
+        return self._slot(slot).centre
+
     def click_slot(self, slot):
         self.show_slot(slot)
         self.click_on(self._slot(slot))
@@ -333,7 +342,7 @@ class Desk:
             header = grid.cell(0, 0).box[3] + 4
             if y + header <= top and top + row_height <= y + height - 2:
                 return True
-            self.screen.wheel(x + width // 2, y + height // 2, down=top > y)
+            self.screen.wheel(x + width // 2, y + height // 2, down=top >= y + header)
             return False
 
         self.wait(look, f"slot {slot} in sight")

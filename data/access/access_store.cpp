@@ -90,8 +90,9 @@ class AccessStore : public FileStore {
     auto result = work(changes);
     const access::PageImages pages = changes.Images();
     if (!pages.empty()) {
-      snapshot_.ForgetTables();
+      access::Snapshot::Images images = snapshot_.TakeImages();
       Commit(pages, what);
+      snapshot_.MendImages(std::move(images), pages);
       rows_.Journal().EndCommit();
     }
     return result;

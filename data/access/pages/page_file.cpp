@@ -38,6 +38,9 @@ void WriteCall(const Call& call) {
 /// The longest tick of a file system's clock, and then some.
 constexpr std::chrono::milliseconds kClockTick{20};
 
+/// How far a change may be stamped before its time, in microseconds.
+constexpr int kMostBefore = 900000;
+
 /// How far the clock of the machine that has the file may be behind or before this one's.
 constexpr std::chrono::minutes kMostSkew{10};
 
@@ -48,6 +51,18 @@ TimePoint TimeOfChange(int descriptor) {
   }
   return TimePoint(std::chrono::seconds(status.st_mtim.tv_sec)) +
          std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+}
+
+/// What fails here costs time only: the stamp that the change has by itself is believed later.
+void SetTimeOfChange(int descriptor, TimePoint changed) {
+  using std::chrono::nanoseconds;
+  using std::chrono::seconds;
+  const auto whole = std::chrono::floor<seconds>(changed);
+  std::array<timespec, 2> times{};
+  times[0].tv_nsec = UTIME_OMIT;
+  times[1].tv_sec = static_cast<time_t>(whole.time_since_epoch().count());
+  times[1].tv_nsec = static_cast<long>(nanoseconds(changed - whole).count());
+  futimens(descriptor, times.data());
 }
 
 /// The file's own name, whatever links lead to it.
@@ -68,7 +83,7 @@ FileHeader HeaderOf(const PosixFile& file) {
 
 }  // namespace
 
-FileClock::FileClock() : Changed(TimeOfChange) {}
+FileClock::FileClock() : Changed(TimeOfChange), SetChanged(SetTimeOfChange) {}
 
 PageFile::PageFile(const std::filesystem::path& path, bool writable, FileClock clock)
     : path_(RealPath(path)),
@@ -95,9 +110,22 @@ void PageFile::SeeStamp() {
   const TimePoint now = clock_.Now();
   if (!(stamp == stamp_)) {
     first_seen_ = std::min(now, stamp.Changed + kMostSkew);
+    is_marked_ = false;
   }
   stamp_ = stamp;
-  is_settled_ = !has_other_writers_ || now - first_seen_ >= kClockTick;
+  is_settled_ = !has_other_writers_ || is_marked_ || now - first_seen_ >= kClockTick;
+}
+
+/// Gives the change that was just made a stamp a little before its own: one that is drawn at
+/// random, so that another copy of this program does not give the same. Whoever writes from now on,
+/// be it in the same tick of the clock, leaves another one.
+void PageFile::MarkChange() {
+  std::uniform_int_distribution<int> before(1, kMostBefore);
+  const TimePoint mark = Stamp().Changed - std::chrono::microseconds(before(random_));
+  clock_.SetChanged(file_.Descriptor(), mark);
+  SeeStamp();
+  is_marked_ = stamp_.Changed == mark;
+  is_settled_ = is_settled_ || is_marked_;
 }
 
 bool PageFile::Refresh(bool always) {
@@ -171,6 +199,7 @@ void PageFile::SetOverlay(PageImages overlay) {
 }
 
 void PageFile::Write(const PageImages& pages) {
+  const bool knows_all = is_settled_ && Stamp() == stamp_;
   WriteCall([&] {
     for (const auto& [number, page] : pages) {
       file_.WriteAt(page, std::uint64_t{number} * PageSize());
@@ -180,7 +209,11 @@ void PageFile::Write(const PageImages& pages) {
     pages_.resize(std::max<std::size_t>(pages_.size(), number + std::size_t{1}));
     pages_[number] = std::make_shared<const Bytes>(page);
   }
-  SeeStamp();
+  if (knows_all && has_other_writers_) {
+    MarkChange();
+  } else {
+    SeeStamp();
+  }
 }
 
 void PageFile::CutTo(std::uint64_t size) {

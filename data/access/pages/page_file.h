@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <random>
 #include <vector>
 
 #include "data/access/format/bytes.h"
@@ -30,6 +31,9 @@ struct FileClock {
   /// When the file was written to last, by the clock of its file system. Throws FileProblem.
   std::function<TimePoint(int descriptor)> Changed;
 
+  /// Has the file say that it was written to last at another time, where this program may.
+  std::function<void(int descriptor, TimePoint changed)> SetChanged;
+
   FileClock();
 };
 
@@ -39,7 +43,8 @@ struct FileClock {
 ///
 /// File systems stamp changes with a clock that moves in ticks, so that two changes may bear the
 /// same stamp: only pages that were read a tick after the stamp was first seen are kept as long as
-/// it stays the same.
+/// it stays the same. A change of its own, of a file whose pages were known to be right, is given a
+/// stamp that no clock gives, so that whatever comes after it shows at once.
 class PageFile : public PageSource {
  public:
   /// Opens an existing file. Throws FileProblem when it is missing, no Access file, of a newer
@@ -92,6 +97,7 @@ class PageFile : public PageSource {
  private:
   FileStamp Stamp() const;
   void SeeStamp();
+  void MarkChange();
   void ReadRaw(PageNumber number, Bytes& page) const;
 
   std::filesystem::path path_;
@@ -102,6 +108,8 @@ class PageFile : public PageSource {
   FileClock clock_;
   TimePoint first_seen_;     ///< When the stamp was seen first.
   bool is_settled_ = false;  ///< The pages kept were read a tick or more after that.
+  bool is_marked_ = false;   ///< The stamp is one that MarkChange gave.
+  std::mt19937_64 random_{std::random_device()()};
   bool has_other_writers_ = true;
   std::vector<PagePtr> pages_;
   PageImages overlay_;

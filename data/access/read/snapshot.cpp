@@ -41,6 +41,30 @@ void Snapshot::ForgetTables() {
   images_.clear();
 }
 
+Snapshot::Images Snapshot::TakeImages() {
+  Images images = std::move(images_);
+  ForgetTables();
+  return images;
+}
+
+bool Snapshot::IsMended(TableImage& image, const PageImages& changed) {
+  try {
+    return image.Mend(file_, changed);
+  } catch (const FileProblem&) {
+    // The change is made, whatever meets the reading: the next reading tells of it.
+    return false;
+  }
+}
+
+void Snapshot::MendImages(Images images, const PageImages& changed) {
+  for (auto& [definition, image] : images) {
+    // Rows that somebody still reads stay as they were.
+    if (image.use_count() == 1 && IsMended(*image, changed)) {
+      images_[definition] = std::move(image);
+    }
+  }
+}
+
 void Snapshot::ForgetIfChanged() {
   if (!is_held_ && file_.Refresh()) {
     ForgetTables();

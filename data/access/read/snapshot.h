@@ -51,12 +51,22 @@ class Snapshot {
   /// Forgets what was read, and the pages that the file keeps.
   void Forget();
 
-  /// Forgets the tables that were read. To be called before the file is changed through its
+  /// The rows that were read of each table, by the page of its definition.
+  using Images = std::map<PageNumber, std::shared_ptr<TableImage>>;
+
+  /// Gives out what was read and forgets it. To be called before the file is changed through its
   /// PageFile, which keeps its pages right.
-  void ForgetTables();
+  Images TakeImages();
+
+  /// Takes back what was read before these pages, and no others, were changed, and puts it right.
+  /// What cannot be is read anew when it is asked for. REQUIRES: the file was locked for writing
+  /// between TakeImages and this call, and still is.
+  void MendImages(Images images, const PageImages& changed);
 
  private:
+  void ForgetTables();
   void ForgetIfChanged();
+  bool IsMended(TableImage& image, const PageImages& changed);
   template <typename Load>
   auto ReadSteadily(const Load& load);
 
@@ -64,7 +74,7 @@ class Snapshot {
   RetryPolicy policy_;
   bool is_held_ = false;
   std::vector<CatalogueEntry> catalogue_;
-  std::map<PageNumber, std::shared_ptr<TableImage>> images_;
+  Images images_;
 };
 
 }  // namespace veyra::access

@@ -73,6 +73,8 @@ struct ColumnLayout {
   std::uint8_t Flags = 0;
   bool MayCompress = false;
 
+  bool operator==(const ColumnLayout&) const = default;
+
   bool IsFixed() const { return (Flags & kColumnFixed) != 0; }
   bool IsAutoNumber() const { return (Flags & kColumnAutoNumber) != 0; }
   bool IsLong() const { return Kind == ColumnKind::Memo || Kind == ColumnKind::LongBinary; }

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+
 #include "tests/data/access/access_folder.h"
 
 namespace veyra {
@@ -20,7 +25,12 @@ class StandingClock : public testing::Test {
   PageFile Open() {
     access::FileClock clock;
     clock.Now = [this] { return now_; };
-    clock.Changed = [this](int) { return changed_; };
+    clock.Changed = [this](int) { return Changed(); };
+    clock.SetChanged = [this](int, access::TimePoint changed) {
+      if (may_set_) {
+        changed_ = changed;
+      }
+    };
     return PageFile(folder_.Calendar(), true, clock);
   }
 
@@ -39,7 +49,36 @@ class StandingClock : public testing::Test {
 
   AccessFolder folder_;
   access::TimePoint now_ = std::chrono::system_clock::now();
-  access::TimePoint changed_ = now_;
+  access::TimePoint tick_ = now_;  ///< The time that whoever writes leaves.
+  access::TimePoint changed_ = tick_;
+  bool may_set_ = true;
+
+ private:
+  access::TimePoint Changed() {
+    std::ifstream file(folder_.Calendar(), std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (bytes != seen_) {
+      changed_ = tick_;
+      seen_ = std::move(bytes);
+    }
+    return changed_;
+  }
+
+  std::string seen_ = {};
+};
+
+/// The same, and this program has written last.
+class OwnChange : public StandingClock {
+ protected:
+  OwnChange() : file_(Open()) {
+    now_ += kMoreThanATick;
+    file_.Refresh();
+    tick_ = now_;
+  }
+
+  void WriteOwn() { Write(file_, PageOf(file_)); }
+
+  PageFile file_;
 };
 
 TEST_F(StandingClock, DoesNotHideAnotherProgramsChangeAfterAnOwnOne) {
@@ -70,7 +109,7 @@ TEST_F(StandingClock, DoesNotHideAChangeWhileATableIsRead) {
 }
 
 TEST_F(StandingClock, DoesNotHideAChangeWhenTheFilesClockIsBehindByMinutes) {
-  changed_ = now_ - std::chrono::minutes(5);
+  tick_ = now_ - std::chrono::minutes(5);
   PageFile file = Open();
   const Bytes before = PageOf(file);
   WriteAsAnother(before);
@@ -87,8 +126,79 @@ TEST_F(StandingClock, LetsPagesBeKeptThatWereReadATickLater) {
   EXPECT_EQ(kept, file.ReadPage(kPage));
 }
 
+TEST_F(OwnChange, LetsPagesBeKeptAtOnce) {
+  const auto kept = file_.ReadPage(kPage + 1);
+  WriteOwn();
+  EXPECT_FALSE(file_.Refresh());
+  EXPECT_EQ(kept, file_.ReadPage(kPage + 1));
+  EXPECT_TRUE(file_.IsSteady());
+}
+
+TEST_F(OwnChange, DoesNotHideAnotherProgramsChangeInTheSameTick) {
+  WriteOwn();
+  const Bytes own = PageOf(file_);
+  WriteAsAnother(own);
+  EXPECT_FALSE(file_.IsSteady());
+  EXPECT_TRUE(file_.Refresh());
+  EXPECT_NE(own, PageOf(file_));
+}
+
+TEST_F(OwnChange, DoesNotHideThatOfAnotherCopyOfThisProgramInTheSameTick) {
+  WriteOwn();
+  const Bytes own = PageOf(file_);
+  PageFile other = Open();
+  now_ += kMoreThanATick;
+  other.Refresh();
+  Write(other, own);
+  EXPECT_TRUE(file_.Refresh());
+  EXPECT_NE(own, PageOf(file_));
+}
+
+TEST_F(OwnChange, DoesNotHideWhatAnotherProgramWroteRightBeforeIt) {
+  const Bytes before = *file_.ReadPage(kPage + 1);
+  PageFile other(folder_.Calendar(), true);
+  Bytes changed = before;
+  changed.back() = static_cast<access::Byte>(changed.back() + 1);
+  other.Write({{kPage + 1, changed}});
+  WriteOwn();
+  EXPECT_TRUE(file_.Refresh());
+  EXPECT_NE(before, *file_.ReadPage(kPage + 1));
+}
+
+TEST_F(OwnChange, DoesNotHideTheSecondOfTwoChangesOfAnotherProgramInTheSameTick) {
+  WriteOwn();
+  WriteAsAnother(PageOf(file_));
+  file_.Refresh();
+  const Bytes first = PageOf(file_);
+  WriteAsAnother(first);
+  EXPECT_TRUE(file_.Refresh());
+  EXPECT_NE(first, PageOf(file_));
+}
+
+TEST_F(OwnChange, DoesNotHideWhatAnotherProgramWroteInTheTickInWhichItWasRead) {
+  WriteAsAnother(PageOf(file_));
+  file_.Refresh();
+  const Bytes read = *file_.ReadPage(kPage + 1);
+  PageFile other(folder_.Calendar(), true);
+  Bytes changed = read;
+  changed.back() = static_cast<access::Byte>(changed.back() + 1);
+  other.Write({{kPage + 1, changed}});
+  WriteOwn();
+  EXPECT_TRUE(file_.Refresh());
+  EXPECT_NE(read, *file_.ReadPage(kPage + 1));
+}
+
+TEST_F(OwnChange, IsBelievedATickLaterWhereItsTimeCannotBeSet) {
+  may_set_ = false;
+  WriteOwn();
+  EXPECT_TRUE(file_.Refresh());
+  now_ += kMoreThanATick;
+  file_.Refresh();
+  EXPECT_FALSE(file_.Refresh());
+}
+
 TEST_F(StandingClock, LetsPagesOfAnOldFileBeKept) {
-  changed_ = now_ - std::chrono::hours(1);
+  tick_ = now_ - std::chrono::hours(1);
   PageFile file = Open();
   EXPECT_FALSE(file.Refresh());
 }

@@ -69,8 +69,9 @@ Outcome Decode(const std::string& bytes) {
 }
 
 std::string Encode(const Seen& seen) {
-  return std::string(reinterpret_cast<const char*>(&seen.Steps), sizeof seen.Steps) +
-         std::string(reinterpret_cast<const char*>(seen.Calls.data()), sizeof seen.Calls);
+  std::string bytes(reinterpret_cast<const char*>(&seen.Steps), sizeof seen.Steps);
+  bytes.append(reinterpret_cast<const char*>(seen.Calls.data()), sizeof seen.Calls);
+  return bytes;
 }
 
 std::string BookAfterwards(Office& office) {

@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kPageRole = Qt::UserRole;
 constexpr QSize kWindowSize{1040, 740};
+constexpr double kShareOfScreen = 0.9;  ///< The desktop draws a frame around it.
 constexpr int kSideWidth = 250;
 constexpr int kResultSpacing = 3;
 
@@ -57,7 +58,7 @@ QtHelpWindow::QtHelpWindow(Browser browser)
   setAttribute(Qt::WA_QuitOnClose, false);
   setObjectName("helpWindow");
   Name(page_, "helpPage", tr("Help page"));
-  resize(kWindowSize.boundedTo(screen()->availableSize()));
+  resize(kWindowSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 
   auto* splitter = new QSplitter(this);
   splitter->addWidget(MakeSide());

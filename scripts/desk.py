@@ -48,7 +48,7 @@ class Control:
     def box(self):
         """Left, top, width and height in pixels of the screen."""
         extents = self._accessible.get_extents(_atspi.CoordType.SCREEN)
-        return tuple(self._scale * length for length in
+        return tuple(round(self._scale * length) for length in
                      (extents.x, extents.y, extents.width, extents.height))
 
     @property
@@ -277,7 +277,7 @@ class Desk:
         """Opens the list of the front window's combo by mouse and clicks an item."""
         combo = self.first("combo box")
         x, y, width, height = combo.box
-        self.screen.click(x + width - 8 * self.screen.scale, y + height // 2)
+        self.screen.click(x + width - round(8 * self.screen.scale), y + height // 2)
         entry = self.wait(
             lambda: next((one for one in combo.everything()
                           if one.role == "list item" and one.name == item
@@ -302,7 +302,7 @@ class Desk:
     def open_day(self, day):
         """Clicks a day cell and waits for its day window."""
         x, y, width, _ = self.day_cell(day).box
-        self.screen.click(x + width // 2, y + 10 * self.screen.scale)
+        self.screen.click(x + width // 2, y + round(10 * self.screen.scale))
         return self.front_window(f"  {date_text(day)} Bookings")
 
     def close_day(self):

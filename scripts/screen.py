@@ -53,7 +53,7 @@ class Screen:
     either way, for each pixel of a usual one; its programs draw so much larger."""
 
     def __init__(self, width=1280, height=800, scale=1):
-        self.width, self.height, self.scale = width * scale, height * scale, scale
+        self.width, self.height, self.scale = round(width * scale), round(height * scale), scale
         self.environment = {}  # of the programs started on it
         self._started = []
         self._home = None

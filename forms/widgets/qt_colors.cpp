@@ -105,6 +105,10 @@ QColor TextColorOn(std::int32_t background, std::int32_t number, const QPalette&
   return ToQColor(Readable(ToRgb(stored), ToRgb(ground)));
 }
 
+QColor ReadableShade(const QColor& background, const QColor& preferred) {
+  return ToQColor(Readable(ToRgb(preferred), ToRgb(background)));
+}
+
 QColor ReadableOn(const QColor& background, const QColor& preferred) {
   const Rgb ground = ToRgb(background);
   if (Contrast(ground, ToRgb(preferred)) >= kLargeTextContrast) {

@@ -22,6 +22,9 @@ QColor ToQColor(std::int32_t number, const QPalette& theme);
 /// as it is.
 QColor TextColorOn(std::int32_t background, std::int32_t number, const QPalette& theme);
 
+/// `preferred`, or the shade next to it in which a text can be read on `background`.
+QColor ReadableShade(const QColor& background, const QColor& preferred);
+
 /// `preferred` where it can be read on `background`, otherwise black or white.
 QColor ReadableOn(const QColor& background, const QColor& preferred);
 

@@ -21,12 +21,11 @@ constexpr int kToolTipDelay = 500;
 
 constexpr int kFocusFrame = 2;
 
-/// Of the text's colour in the colour that a rim is made from.
+/// Of the text's colour in the colour that a rim is made from, in the lines of a table, and in the
+/// words that stand in an empty field.
 constexpr double kRim = 0.85;
-
-bool IsIndicator(QStyle::PrimitiveElement element) {
-  return element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_IndicatorRadioButton;
-}
+constexpr double kLine = 0.25;
+constexpr double kHintWords = 0.6;
 
 bool IsDark(const QPalette& colors) {
   return colors.color(QPalette::Window).lightness() <
@@ -41,6 +40,23 @@ QPalette WithLightRims(const QPalette& colors) {
   return light;
 }
 
+/// A copy of `option` as its own kind, with light rims.
+template <typename Option>
+Option Light(const QStyleOption& option) {
+  Option light;
+  if (const auto* same = qstyleoption_cast<const Option*>(&option)) {
+    light = *same;
+  } else {
+    light.QStyleOption::operator=(option);
+  }
+  light.palette = WithLightRims(option.palette);
+  return light;
+}
+
+QColor LineColor(const QPalette& colors) {
+  return Blend(colors.color(QPalette::Base), colors.color(QPalette::Text), kLine);
+}
+
 }  // namespace
 
 QtStyle::QtStyle() : QProxyStyle(QApplication::style()->name()) {}
@@ -48,6 +64,17 @@ QtStyle::QtStyle() : QProxyStyle(QApplication::style()->name()) {}
 void QtStyle::polish(QApplication* application) {
   QProxyStyle::polish(application);
   application->installEventFilter(this);
+}
+
+/// Not every desktop that is dark says in which colours these are to be read.
+void QtStyle::polish(QPalette& colors) {
+  QProxyStyle::polish(colors);
+  if (IsDark(colors)) {
+    const QColor base = colors.color(QPalette::Base);
+    colors.setColor(QPalette::Link, ReadableShade(base, colors.color(QPalette::Link)));
+    colors.setColor(QPalette::PlaceholderText,
+                    Blend(base, colors.color(QPalette::Text), kHintWords));
+  }
 }
 
 /// Other styles draw the mark only after the Tab key.
@@ -60,14 +87,22 @@ bool QtStyle::eventFilter(QObject* watched, QEvent* event) {
 
 void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
-  if (!IsIndicator(element) || !IsDark(option->palette)) {
-    QProxyStyle::drawPrimitive(element, option, painter, widget);
-    return;
+  if (!IsDark(option->palette)) {
+    return QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
-  QStyleOptionButton light;
-  light.QStyleOption::operator=(*option);
-  light.palette = WithLightRims(option->palette);
-  QProxyStyle::drawPrimitive(element, &light, painter, widget);
+  switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorRadioButton: {
+      const auto light = Light<QStyleOptionButton>(*option);
+      return QProxyStyle::drawPrimitive(element, &light, painter, widget);
+    }
+    case PE_FrameLineEdit: {
+      const auto light = Light<QStyleOptionFrame>(*option);
+      return QProxyStyle::drawPrimitive(element, &light, painter, widget);
+    }
+    default:
+      return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
 }
 
 /// Of a scroll bar the style does not show that it has the focus.
@@ -98,6 +133,10 @@ int QtStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget
       return 0;
     case SH_ToolTip_WakeUpDelay:
       return kToolTipDelay;
+    case SH_Table_GridLineColor:
+      return option != nullptr && IsDark(option->palette)
+                 ? static_cast<int>(LineColor(option->palette).rgba())
+                 : QProxyStyle::styleHint(hint, option, widget, more);
     default:
       return QProxyStyle::styleHint(hint, option, widget, more);
   }

@@ -3,9 +3,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QImage>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOption>
+#include <QTableWidget>
 #include <QTest>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -59,18 +63,23 @@ TYPED_TEST(FocusMarkTest, IsSeenWhicheverWayTheFocusHasCome) {
   EXPECT_NE(before, window.Picture());
 }
 
-template <typename Control>
-class DarkRimTest : public testing::Test {};
-
-using Indicators = testing::Types<QRadioButton, QCheckBox>;
-TYPED_TEST_SUITE(DarkRimTest, Indicators);
-
-TYPED_TEST(DarkRimTest, OfWhatIsNotChosenIsPlainToSee) {
+QPalette Dark() {
   QPalette dark(QColor(49, 54, 59), QColor(49, 54, 59));
   dark.setColor(QPalette::Base, QColor(35, 38, 41));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
     dark.setColor(role, QColor(239, 240, 241));
   }
+  return dark;
+}
+
+template <typename Control>
+class DarkRimTest : public testing::Test {};
+
+using Rimmed = testing::Types<QRadioButton, QCheckBox, QLineEdit>;
+TYPED_TEST_SUITE(DarkRimTest, Rimmed);
+
+TYPED_TEST(DarkRimTest, OfWhatIsNotChosenIsPlainToSee) {
+  const QPalette dark = Dark();
   const QImage picture = ControlWindow<TypeParam>(dark).Picture();
   const Rgb ground = ToRgb(dark.color(QPalette::Window));
   double best = 0;
@@ -80,6 +89,37 @@ TYPED_TEST(DarkRimTest, OfWhatIsNotChosenIsPlainToSee) {
     }
   }
   EXPECT_GE(best, kPlainContrast);
+}
+
+double ContrastOf(const QPalette& colors, QPalette::ColorRole role) {
+  return Contrast(ToRgb(colors.color(QPalette::Base)), ToRgb(colors.color(role)));
+}
+
+TEST(DarkDesktopTest, LinksAndTheWordsOfAnEmptyFieldCanBeRead) {
+  QPalette dark = Dark();
+  dark.setColor(QPalette::Link, QColor(0, 0, 255));
+  dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+  QApplication::style()->polish(dark);
+  EXPECT_GE(ContrastOf(dark, QPalette::Link), kReadableContrast);
+  EXPECT_GE(ContrastOf(dark, QPalette::PlaceholderText), kReadableContrast);
+}
+
+TEST(DarkDesktopTest, ALightOneKeepsItsColors) {
+  const QPalette before(QColor(239, 240, 241));
+  QPalette light = before;
+  QApplication::style()->polish(light);
+  EXPECT_EQ(before, light);
+}
+
+TEST(DarkDesktopTest, TheLinesOfATableAreSeen) {
+  QTableWidget table;
+  table.setPalette(Dark());
+  QStyleOption option;
+  option.initFrom(&table);
+  const auto line =
+      static_cast<QRgb>(table.style()->styleHint(QStyle::SH_Table_GridLineColor, &option, &table));
+  const Rgb ground = ToRgb(Dark().color(QPalette::Base));
+  EXPECT_GE(Contrast(ground, ToRgb(QColor(line))), 1.5);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -112,6 +113,13 @@ class QtHelpWindowTest : public testing::Test {
   std::vector<QUrl> opened_;
   QtHelpWindow window_{[this](const QUrl& url) { opened_.push_back(url); }};
 };
+
+TEST_F(QtHelpWindowTest, LeavesRoomOnTheScreenForTheFrameAroundIt) {
+  constexpr int kFrame = 40;
+  const QSize screen = window_.screen()->availableSize();
+  EXPECT_LE(window_.width() + kFrame, screen.width());
+  EXPECT_LE(window_.height() + kFrame, screen.height());
+}
 
 TEST_F(QtHelpWindowTest, ShowsThePageAskedFor) {
   EXPECT_EQ("Page one", Text());

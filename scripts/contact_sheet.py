@@ -1,0 +1,207 @@
+#!/usr/bin/python3
+"""Takes pictures of every window on screens of several sizes, scales and themes, and puts them on contact
+sheets, one for each kind of screen, to be looked at.
+
+    scripts/contact_sheet.py BUILD_FOLDER SHEET_FOLDER [KIND...]
+
+KIND is a name of KINDS below; all are taken unless some are named. The calendar must be built.
+"""
+
+import contextlib
+import os
+import subprocess
+import sys
+import tempfile
+from datetime import date
+
+from desk import Desk, date_text
+from pictures import make_calendar
+from screen import Screen
+
+# Width and height of the screen in pixels, scale, theme.
+KINDS = {
+    "smallest": (1024, 600, 1, "light"),
+    "usual": (1280, 800, 1, "light"),
+    "usual_dark": (1280, 800, 1, "dark"),
+    "at_150": (1920, 1080, 1.5, "light"),
+    "at_200": (2048, 1280, 2, "light"),
+    "at_200_dark": (2048, 1280, 2, "dark"),
+    "large": (3840, 2160, 1, "light"),
+    "large_at_200": (3840, 2160, 2, "light"),
+}
+SIX_WEEKS = date(2026, 8, 1)  # a Saturday, in a month of 31 days
+CROWDED = {4: 1, 5: 5, 6: 40}  # day of that month: bookings
+LONGEST = "Wolfgang-Maximilian Wimmersberger-Hohenwarth, Wwww"  # fifty characters, wide ones
+LONGEST_FACILITY = "Grand Assembly and Wedding Hall on the Waterfront"
+DARK = {"BackgroundNormal": "35,38,41", "ForegroundNormal": "239,240,241",
+        "BackgroundAlternate": "49,54,59", "ForegroundInactive": "161,169,177"}
+
+
+def fill(data):
+    """Adds to the sample a month of six weeks with days that are empty and crowded, for a facility with a
+    long name."""
+    lines = [f"INSERT INTO Rooms (Name, Active) VALUES ('{LONGEST_FACILITY}', 0);"]
+    for day, count in CROWDED.items():
+        for slot in range(1, count + 1):
+            name = LONGEST if slot % 2 else "Choir"
+            lines += ["INSERT INTO Reserv (RmID, Event, DateOfRes, TimeFrom, TimeTo) SELECT ID, "
+                      f"'{name}', '{SIX_WEEKS.replace(day=day).isoformat()}', {slot + 8}, {slot + 8} "
+                      f"FROM Rooms WHERE Name = '{LONGEST_FACILITY}';"]
+    subprocess.run(["sqlite3", "-bail", os.path.join(data, "Calendar.mdb")], input="\n".join(lines),
+                   text=True, check=True)
+
+
+def choose_theme(screen, theme):
+    """The variables with which the program takes on the theme. It reads a dark one as desktops keep it."""
+    if theme == "light":
+        return {}
+    parts = ("Window", "View", "Button", "Tooltip")
+    lines = [f"[Colors:{part}]\n" + "\n".join(f"{name}={color}" for name, color in DARK.items())
+             for part in parts]
+    lines += ["[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=252,252,252"]
+    folder = os.path.join(screen.environment["HOME"], ".config")
+    os.makedirs(folder, exist_ok=True)
+    with open(os.path.join(folder, "kdeglobals"), "w", encoding="utf-8") as file:
+        file.write("\n".join(lines) + "\n")
+    return {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
+
+
+class Sheet:
+    """Opens one window after another and takes a picture of each."""
+
+    def __init__(self, desk, folder):
+        self._desk = desk
+        self._folder = folder
+        self.taken = []
+
+    def take(self, name):
+        path = os.path.join(self._folder, f"{len(self.taken):02}_{name}.png")
+        self._desk.picture(path, window_only=False)
+        self.taken.append(path)
+
+    def all_windows(self):
+        self.months()
+        self.days()
+        self.small_windows()
+        self.help()
+
+    def months(self):
+        self._desk.wait_for_month_window()
+        self.take("month")
+        self._desk.key("ctrl+g")
+        self._desk.message()
+        self.take("go to")
+        self._desk.key("ctrl+a")
+        self._desk.type(date_text(SIX_WEEKS))
+        self._desk.key("Return")
+        self._desk.wait(lambda: self._desk.month_title() == f"{SIX_WEEKS:%B %Y}", "the month")
+        self._desk.choose(LONGEST_FACILITY)
+        self._desk.wait(lambda: self._desk.lines_of(SIX_WEEKS.replace(day=5)), "its bookings")
+        self.take("six weeks")
+
+    def days(self):
+        day = SIX_WEEKS.replace(day=5)
+        self._desk.open_day(day)
+        self._desk.show_slot(30)
+        self._desk.show_slot(8)
+        self.take("five bookings")
+        self._desk.click("Multiple Booking")
+        self._desk.front_window("Multiple Day Booking")
+        self._desk.click("Wed")
+        self.take("several days")
+        self._desk.click("Close")
+        self._desk.front_window(f"  {date_text(day)} Bookings")
+        self._desk.click("Single Booking")
+        self._desk.write_name(LONGEST)
+        self._desk.drag_slots(16, 19)
+        self._desk.message()
+        self.take("question")
+        self._desk.press("Cancel")
+        self._desk.close_day()
+        self._desk.click_on(self._desk.day_cell(SIX_WEEKS.replace(day=6)), 3)
+        self._desk.front_window(f"  {date_text(SIX_WEEKS.replace(day=6))} Day Viewer")
+        self.take("day viewer")
+        self._close()
+
+    def small_windows(self):
+        self._open("ctrl+f", "Find a Booking")
+        self._desk.type("wolf")
+        self._desk.wait(lambda: any(one.role == "list item" and "Wolf" in one.name
+                                    for one in self._desk.front_window().everything()), "the bookings")
+        self.take("find")
+        self._close()
+        self._open("ctrl+shift+f", "Free Time")
+        self.take("free time")
+        self._close()
+        self._desk.key("ctrl+b")
+        self._desk.front_window(is_wanted=lambda one: one.name.startswith("Day Board"))
+        self.take("board")
+        self._close()
+        self._desk.click("Settings")
+        self._desk.front_window("Calendar Color Settings")
+        self.take("colours")
+        self._close()
+
+    def help(self):
+        self._desk.click("Help")
+        self.take("menu")
+        self._desk.click("About")
+        self._desk.front_window("Veyra About")
+        self.take("about")
+        self._desk.click("Exit")
+        self._desk.wait_for_month_window()
+        self._desk.key("F1")
+        self._desk.front_window(is_wanted=lambda one: one.name.endswith("Veyra Calendar Help"))
+        self.take("help")
+
+    def _open(self, key, title):
+        self._desk.key(key)
+        self._desk.front_window(title)
+
+    def _close(self):
+        self._desk.key("Escape")
+        self._desk.wait_for_month_window()
+
+
+def take_kind(build, sheets, kind):
+    width, height, scale, theme = KINDS[kind]
+    with contextlib.ExitStack() as stack:
+        folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-sheet-"))
+        fill(os.path.join(make_calendar(build, folder), "data"))
+        screen = stack.enter_context(Screen(width / scale, height / scale, scale))
+        desk = Desk(screen, folder)
+        stack.callback(desk.__exit__)
+        desk.start(**choose_theme(screen, theme))
+        sheet = Sheet(desk, stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-shots-")))
+        try:
+            sheet.all_windows()
+        finally:
+            put_together(sheet.taken, os.path.join(sheets, f"{kind}.png"), (width, height))
+
+
+def put_together(pictures, path, size):
+    """Three in a row, in their own size unless that is huge."""
+    share = min(1.0, 1280 / size[0])
+    labels = [word for picture in pictures
+              for word in ("-label", os.path.basename(picture)[3:-4].replace("_", " "), picture)]
+    subprocess.run(["montage", *labels, "-tile", "3x", "-geometry",
+                    f"{round(size[0] * share)}x{round(size[1] * share)}+6+6", "-background", "#808080",
+                    path], check=True)
+    print(f"{path}: {len(pictures)} pictures", flush=True)
+
+
+def main():
+    build, sheets, *kinds = sys.argv[1:]
+    build, sheets = os.path.abspath(build), os.path.abspath(sheets)
+    os.makedirs(sheets, exist_ok=True)
+    if len(kinds) == 1:
+        take_kind(build, sheets, kinds[0])
+        return 0
+    # A process can have one screen only.
+    results = [subprocess.run([sys.executable, "-B", __file__, build, sheets, kind], check=False)
+               for kind in kinds or KINDS]
+    return max(result.returncode for result in results)
+
+
+if __name__ == "__main__":
+    sys.exit(main())

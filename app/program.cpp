@@ -258,7 +258,7 @@ void Program::OpenDayViewer(const std::string& caption) {
   });
   foot_.Add(viewer->Window);
   viewer->Logic.Form_Load();
-  viewer->Window.SetCaption(caption, session_.DayDate);
+  viewer->Window.SetCaption(caption, month_.FacilityShown(), session_.DayDate);
   viewer_ = std::move(viewer);
   ShowOver(viewer_->Window, month_window_);
 }

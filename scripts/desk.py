@@ -63,6 +63,19 @@ class Control:
         return [Control(child, self._scale) for child in found if child]
 
     @property
+    def description(self):
+        """What is said after the name."""
+        return self._accessible.get_description()
+
+    @property
+    def labels(self):
+        """The names of the labels that belong to it."""
+        relations = self._accessible.get_relation_set()
+        return [relation.get_target(place).get_name() for relation in relations
+                if relation.get_relation_type() == _atspi.RelationType.LABELLED_BY
+                for place in range(relation.get_n_targets())]
+
+    @property
     def text(self):
         """What an edit field holds."""
         return _atspi.Text.get_text(self._accessible, 0, -1)
@@ -311,8 +324,7 @@ class Desk:
 
     def slots(self):
         """The names in the rows of the day grid by slot; entry 0 is empty."""
-        grid = self._grid()
-        return [""] + [grid.cell(row, 1).name for row in range(48)]
+        return guests_of(self._grid())
 
     def time_of(self, slot):
         """What the time column says: "9:30 AM"."""
@@ -365,6 +377,13 @@ class Desk:
             return condition()
 
         return wait_until(look, what, passing=(_glib.Error,))
+
+
+def guests_of(grid):
+    """The names in the rows of a day grid by slot; entry 0 is empty. A screen reader says "9:00 AM, Ann
+    Smith" of a row, and "9:00 AM, free"."""
+    names = [grid.cell(row, 1).name.split(", ", 1)[1] for row in range(48)]
+    return [""] + ["" if name == "free" else name for name in names]
 
 
 def _tells_progress(window):

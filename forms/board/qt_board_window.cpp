@@ -15,6 +15,7 @@
 #include "data/shown_name.h"
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_help_item.h"
+#include "forms/widgets/qt_placed_items.h"
 #include "forms/widgets/qt_text.h"
 #include "forms/widgets/qt_window_place.h"
 #include "logic/slots.h"
@@ -122,6 +123,7 @@ void QtBoardWindow::BuildTable() {
 void QtBoardWindow::ShowBoard(const std::string& day, const modRes::DayBoard& board) {
   setWindowTitle(QStringLiteral("Day Board: ") + ToQString(day));
   lblDay_->setText(ToQString(day));
+  Grid1_->setAccessibleDescription(ToQString(day));
   SetColumns(board);
   const QBrush booked = BookedColor(palette());
   for (int column = 0; column < Grid1_->columnCount(); ++column) {
@@ -148,7 +150,7 @@ void QtBoardWindow::SetColumns(const modRes::DayBoard& board) {
   Grid1_->setColumnCount(static_cast<int>(board.Columns.size()));
   for (int column = 0; column < Grid1_->columnCount(); ++column) {
     for (int row = 0; column >= before && row < kRows; ++row) {
-      auto* cell = new QTableWidgetItem;
+      auto* cell = new QtPlacedCell;
       cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
       Grid1_->setItem(row, column, cell);
     }

@@ -139,6 +139,7 @@ QRadioButton* QtDayWindow::AddOption(int index, const char* caption, QWidget* fr
 }
 
 void QtDayWindow::WireGrid() {
+  connect(this, &QWidget::windowTitleChanged, this, [this] { DescribeGrid(); });
   connect(MSFlexGrid1_, &QtSlotGrid::Pressed, this, [this](int row, int current_row) {
     Report([=](frmDay& day) { day.MSFlexGrid1_MouseDown(row, current_row); });
   });
@@ -187,7 +188,14 @@ void QtDayWindow::ShowHeading(const std::string& facility, const std::string& we
   const QString name = OneLine(ShownName(facility));
   heading_->setText(metrics.elidedText(name, Qt::ElideRight, room) + end);
   heading_->setAccessibleName(name + end);
+  DescribeGrid();
   heading_->setToolTip(PlainToolTip(facility));
+}
+
+/// The facility, the weekday and, from the title, the date.
+void QtDayWindow::DescribeGrid() {
+  MSFlexGrid1_->setAccessibleDescription(heading_->accessibleName() + QStringLiteral(", ") +
+                                         windowTitle().trimmed());
 }
 
 void QtDayWindow::ShowNameBox(const NameBox& box) {

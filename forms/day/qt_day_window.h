@@ -66,6 +66,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   QRadioButton* AddOption(int index, const char* caption, QWidget* frame);
   void WireGrid();
   void WireNameBox();
+  void DescribeGrid();
   void Report(const std::function<void(frmDay&)>& gesture);
   int Pixels(Twips twips) const;
 

@@ -13,6 +13,7 @@
 #include "forms/day/qt_slot_delegate.h"
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_notice.h"
+#include "forms/widgets/qt_placed_items.h"
 #include "forms/widgets/qt_pointer_hint.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/slots.h"
@@ -45,6 +46,18 @@ QTableWidgetItem* MakeTimeItem(int row) {
   return item;
 }
 
+QTableWidgetItem* MakeGuestItem() {
+  auto* item = new QtPlacedCell;
+  item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  return item;
+}
+
+/// What a screen reader says of a half hour.
+QString Spoken(int row, const QString& guest) {
+  return ToQString(modRes::LongSlotLabel(row)) + QStringLiteral(", ") +
+         (guest.isEmpty() ? QStringLiteral("free") : guest);
+}
+
 }  // namespace
 
 QtSlotGrid::QtSlotGrid(QWidget* parent)
@@ -74,7 +87,7 @@ void QtSlotGrid::AddRows() {
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   for (int row = 1; row <= kRows; ++row) {
     setItem(row - 1, kTimeColumn, MakeTimeItem(row));
-    setItem(row - 1, kGuestColumn, MakeItem());
+    setItem(row - 1, kGuestColumn, MakeGuestItem());
   }
   SetCurrentRow(1);
 }
@@ -86,6 +99,7 @@ void QtSlotGrid::ShowGuests(const DayGrid& grid) {
     const GridBooking* booking = grid.At(row);
     QTableWidgetItem* cell = item(row - 1, kGuestColumn);
     cell->setText(OneLine(grid.Guest[row]));
+    cell->setData(Qt::AccessibleTextRole, Spoken(row, cell->text()));
     cell->setBackground(booking == nullptr ? QBrush() : shades.at(grid.Number[row] % 2));
     cell->setData(QtSlotDelegate::kBookingRole, grid.Number[row]);
     cell->setData(QtSlotDelegate::kSeriesRole, booking != nullptr && booking->Group.has_value());

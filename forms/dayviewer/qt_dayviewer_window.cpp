@@ -73,8 +73,10 @@ void QtDayViewerWindow::Report(void (frmDayViewer::*handler)()) {
   guard_.Run([&viewer, handler] { (viewer.*handler)(); });
 }
 
-void QtDayViewerWindow::SetCaption(const std::string& caption, Date day) {
+void QtDayViewerWindow::SetCaption(const std::string& caption, const std::string& facility,
+                                   Date day) {
   setWindowTitle(ToQString(caption));
+  lstDay_->setAccessibleDescription(OneLine(facility));
   lstDay_->setAccessibleName(QStringLiteral("Bookings on ") + ToQString(DateText(day)));
 }
 

@@ -26,7 +26,7 @@ class QtDayViewerWindow : public QMainWindow, public DayViewerView {
   void SetHandler(frmDayViewer* handler) { handler_ = handler; }
 
   /// The caption, and the day by which the list is announced to those who cannot see it.
-  void SetCaption(const std::string& caption, Date day);
+  void SetCaption(const std::string& caption, const std::string& facility, Date day);
 
   void ShowDay(const DayViewerPicture& picture) override;
   void ShowDayList(const modRes::DayLines& lines) override;

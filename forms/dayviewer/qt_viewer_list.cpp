@@ -6,6 +6,7 @@
 
 #include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
+#include "forms/widgets/qt_placed_items.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -32,7 +33,7 @@ void QtViewerList::ShowLines(const modRes::DayLines& lines) {
   lines_ = lines;
   clear();
   for (const std::string& line : lines) {
-    addItem(OneLine(line));
+    addItem(new QtPlacedLine(OneLine(line)));
   }
 }
 

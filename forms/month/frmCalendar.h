@@ -89,6 +89,9 @@ class frmCalendar {
 
   const NameBox& FacilityBox() const { return Combo1_; }
 
+  /// The facility whose bookings are shown, as it stands below the month's title.
+  const std::string& FacilityShown() const { return lblRoom_; }
+
   /// Fills the facility box anew with what the calendar holds. Throws DatabaseError.
   void ReloadFacilities();
 

@@ -14,6 +14,7 @@
 #include "forms/widgets/qt_gesture_guard.h"
 #include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
+#include "forms/widgets/qt_placed_items.h"
 #include "forms/widgets/qt_text.h"
 
 namespace veyra {
@@ -91,7 +92,7 @@ void QtDayList::ShowLines(const modRes::DayLines& lines) {
     lines_ = lines;
     clear();
     for (const std::string& line : lines) {
-      addItem(OneLine(line));
+      addItem(new QtPlacedLine(OneLine(line)));
     }
     doItemsLayout();
   }

@@ -220,6 +220,12 @@ void QtMonthGrid::ShowLines(int index, const modRes::DayLines& lines) {
   Cell(index).List().ShowLines(lines);
 }
 
+void QtMonthGrid::ShowFacility(const QString& name) {
+  for (int index = 1; index <= kCells; ++index) {
+    Cell(index).List().setAccessibleDescription(name);
+  }
+}
+
 void QtMonthGrid::Choose(int index) {
   MakeTabStop(index);
   Cell(index).List().setFocus(Qt::OtherFocusReason);

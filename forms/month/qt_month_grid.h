@@ -29,6 +29,9 @@ class QtMonthGrid : public QWidget {
   /// Shows these lines in lstDay(index), 1 to 42.
   void ShowLines(int index, const modRes::DayLines& lines);
 
+  /// Tells a screen reader whose bookings the lines are.
+  void ShowFacility(const QString& name);
+
   /// Gives the focus to lstDay(index), a cell that holds a day.
   void Choose(int index);
 

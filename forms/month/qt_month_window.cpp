@@ -253,6 +253,7 @@ void QtMonthWindow::ShowFacilityHint(const std::string& hint) {
 
 void QtMonthWindow::ShowRoom(const std::string& room) {
   lblRoom_->setText(OneLine(room));
+  grid_->ShowFacility(OneLine(room));
 }
 
 void QtMonthWindow::ShowColors(std::int32_t background, std::int32_t header) {

@@ -3,7 +3,7 @@ is stopped."""
 
 from datetime import date, timedelta
 
-from desk import date_text
+from desk import date_text, guests_of
 from desk_test import DeskTest, main
 
 BOX = "Veyra Calendar"  # the title of every box
@@ -19,8 +19,7 @@ class ActionsTest(DeskTest):
     def slots_behind(self):
         """The names in the day grid while a box stands before it."""
         day = next(window for window in self.desk.windows() if window.name.endswith(" Bookings"))
-        grid = self.desk.first("table", day)
-        return [""] + [grid.cell(row, 1).name for row in range(48)]
+        return guests_of(self.desk.first("table", day))
 
     def booked_dates(self):
         return self.sql("SELECT DateOfRes FROM Reserv ORDER BY DateOfRes;")

@@ -49,6 +49,9 @@ QPalette SheetPalette(QPalette palette) {
 QtHelpPage::QtHelpPage(QWidget* parent) : QTextBrowser(parent) {
   setPalette(SheetPalette(palette()));
   document()->setDocumentMargin(kSheetMargin);
+  // A page takes the colour of its links from the desktop's palette, not from this one.
+  document()->setDefaultStyleSheet(
+      QStringLiteral("a { color: %1 }").arg(palette().link().color().name()));
   setOpenLinks(false);
   connect(this, &QTextBrowser::anchorClicked, this, &QtHelpPage::FollowLink);
 }

@@ -114,6 +114,18 @@ class QtHelpWindowTest : public testing::Test {
   QtHelpWindow window_{[this](const QUrl& url) { opened_.push_back(url); }};
 };
 
+TEST_F(QtHelpWindowTest, LinksAreReadOnTheWhiteSheetWhateverTheDesktopsColor) {
+  const QPalette before = QApplication::palette();
+  QPalette dark = before;
+  dark.setColor(QPalette::Link, QColor(160, 160, 255));
+  QApplication::setPalette(dark);
+  window_.ShowPage("sub/two.htm");
+  const QTextCursor link = Page()->document()->find(QStringLiteral("back"));
+  QApplication::setPalette(before);
+  ASSERT_TRUE(link.charFormat().isAnchor());
+  EXPECT_LT(link.charFormat().foreground().color().lightness(), 128);
+}
+
 TEST_F(QtHelpWindowTest, LeavesRoomOnTheScreenForTheFrameAroundIt) {
   constexpr int kFrame = 40;
   const QSize screen = window_.screen()->availableSize();

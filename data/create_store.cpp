@@ -8,8 +8,8 @@
 #include "data/access/write/create_file.h"
 #include "data/errors.h"
 #include "data/new_file.h"
-#include "data/open_store.h"
 #include "data/sqlite/sqlite_store.h"
+#include "data/waiting.h"
 
 namespace veyra {
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <exception>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace veyra {
 
@@ -91,6 +93,27 @@ class MissingItemError : public DatabaseError {
 class ValueRefusedError : public DatabaseError {
  public:
   using DatabaseError::DatabaseError;
+};
+
+/// A booking that stands in the way of another one.
+struct TakenTime {
+  std::int64_t From = 0;  ///< Its slots, 1 to 48, both included.
+  std::int64_t To = 0;
+  std::string Name;
+};
+
+/// A booking would overlap others of the same facility and day that were not there when this
+/// program last looked: somebody else has made them meanwhile. Nothing was saved.
+class TimeTakenError : public DatabaseError {
+ public:
+  /// `taken` in the order of their slots; not all of them when they are many.
+  TimeTakenError(Report report, std::vector<TakenTime> taken)
+      : DatabaseError(std::move(report)), taken_(std::move(taken)) {}
+
+  const std::vector<TakenTime>& Taken() const { return taken_; }
+
+ private:
+  std::vector<TakenTime> taken_;
 };
 
 /// There is no database file of the name that was asked for.

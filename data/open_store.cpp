@@ -7,7 +7,9 @@
 #include <system_error>
 
 #include "data/access/access_store.h"
+#include "data/calendar_link.h"
 #include "data/errors.h"
+#include "data/postgres/postgres_store.h"
 #include "data/sqlite/read_only_store.h"
 #include "data/sqlite/sqlite_store.h"
 
@@ -101,7 +103,13 @@ std::unique_ptr<Store> OpenSqlite(const std::string& file, StoreAccess access,
 
 std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access,
                                         const WaitPolicy& policy) {
-  const std::string bytes = sqlite::FirstBytes(path.string(), kSqliteStart.size());
+  const std::string bytes = sqlite::FirstBytes(path.string(), kLinkStartBytes);
+  if (IsCalendarLink(bytes)) {
+    return postgres::OpenPostgres(ReadCalendarLink(path), path.string(), access, policy);
+  }
+  if (access != StoreAccess::ReadOnly) {
+    RequireWritable(path);
+  }
   if (bytes.starts_with(kSqliteStart)) {
     return OpenSqlite(path.string(), access, policy);
   }
@@ -117,9 +125,6 @@ std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access
 std::unique_ptr<Store> OpenStore(const fs::path& file, StoreAccess access, WaitPolicy policy) {
   const fs::path path = fs::absolute(file);
   RequireFile(path);
-  if (access != StoreAccess::ReadOnly) {
-    RequireWritable(path);
-  }
   policy.File = path.string();
   return OpenByFirstBytes(path, access, policy);
 }

@@ -9,7 +9,8 @@
 
 namespace veyra {
 
-/// Opens an existing database file. What kind of file it is, its first bytes tell, never its name.
+/// Opens an existing database file, or the shared calendar that a link (data/calendar_link.h) leads
+/// to. What kind of file it is, its first bytes tell, never its name.
 ///
 /// A file opened ReadOnly is never written to, and nothing is left beside it.
 /// Throws MissingFileError when there is no such file, DatabaseError when it is empty, damaged, no

@@ -9,8 +9,8 @@
 
 namespace veyra {
 
-/// The kinds of database file that a calendar may be kept in.
-enum class FileKind { Sqlite, Access };
+/// The kinds of database file that a calendar may be kept in, and a server that a link leads to.
+enum class FileKind { Sqlite, Access, Postgres };
 
 struct ColumnDescription {
   std::string Name;

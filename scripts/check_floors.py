@@ -28,6 +28,7 @@ ROOMS = {
                             "data/access/write"],
     "data/access": ["data", "data/access/format", "data/access/pages", "data/access/read",
                     "data/access/write", "data/access/check"],
+    "data/postgres": ["data"],
     "logic": ["data"],
     "help": ["data", "logic"],
     "tools": ["data", "logic"],
@@ -48,7 +49,7 @@ ROOMS["app"] += [room for room in ROOMS if room.startswith("forms/")]
 # The doors of the engines, which stores are opened and made by.
 DOORS = {
     "data/announced_store.cpp": ["data/access"],
-    "data/open_store.cpp": ["data/sqlite", "data/access"],
+    "data/open_store.cpp": ["data/sqlite", "data/access", "data/postgres"],
     "data/create_store.cpp": ["data/sqlite", "data/access", "data/access/write"],
     "data/salvage_file.cpp": ["data/sqlite/salvage", "data/access/salvage"],
 }

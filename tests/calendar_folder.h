@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <numeric>
 #include <optional>
 #include <sstream>
@@ -10,6 +12,7 @@
 
 #include "data/connection.h"
 #include "data/create_store.h"
+#include "data/recordset.h"
 #include "data/schema.h"
 #include "logic/session.h"
 #include "tests/store_kind.h"
@@ -22,11 +25,8 @@ namespace veyra {
 class CalendarFolder {
  public:
   CalendarFolder() {
-    const auto calendar = CreateStoreOfKind(TestedStoreKind(), File("Calendar.mdb"));
-    calendar->CreateTable(RoomsTable());
-    calendar->CreateTable(ReservTable());
-    const auto guests = CreateStoreOfKind(TestedStoreKind(), File("Veyra.mdb"));
-    guests->CreateTable(GuestTable());
+    Make("Calendar.mdb", {RoomsTable(), ReservTable()});
+    Make("Veyra.mdb", {GuestTable()});
   }
 
   std::string Path() const { return folder_.path().string(); }
@@ -36,29 +36,27 @@ class CalendarFolder {
   /// Adds a facility and returns its ID.
   std::int64_t AddRoom(const std::string& name, bool active = false) {
     const auto row =
-        Calendar()->Insert("Rooms", {{"Name", name}, {"Active", std::int64_t{active}}});
+        Other("Calendar.mdb")->Insert("Rooms", {{"Name", name}, {"Active", std::int64_t{active}}});
     return ToInteger(row.Values.front()).value();
   }
 
   void AddBooking(std::int64_t room, const std::string& day, int from, int to,
                   const std::string& event, Value group_key = Null{}) {
-    Calendar()->Insert("Reserv", {{"RmID", room},
-                                  {"Event", event},
-                                  {"DateOfRes", DateFromIsoText(day).value()},
-                                  {"TimeFrom", std::int64_t{from}},
-                                  {"TimeTo", std::int64_t{to}},
-                                  {"MultKey", std::move(group_key)}});
+    Other("Calendar.mdb")
+        ->Insert("Reserv", {{"RmID", room},
+                            {"Event", event},
+                            {"DateOfRes", DateFromIsoText(day).value()},
+                            {"TimeFrom", std::int64_t{from}},
+                            {"TimeTo", std::int64_t{to}},
+                            {"MultKey", std::move(group_key)}});
   }
 
-  void AddGuest(Value name) {
-    OpenStore(File("Veyra.mdb"), StoreAccess::ReadWrite)
-        ->Insert("Guest", {{"Name", std::move(name)}});
-  }
+  void AddGuest(Value name) { Other("Veyra.mdb")->Insert("Guest", {{"Name", std::move(name)}}); }
 
   /// Removes the first guest.
   void RemoveGuest() {
-    Connection guests(OpenStore(File("Veyra.mdb"), StoreAccess::ReadWrite));
-    guests.Open("SELECT * FROM Guest", CursorType::StaticOptimistic)->Delete();
+    const auto guests = Other("Veyra.mdb");
+    Recordset(*guests, ParseQuery("SELECT * FROM Guest"), CursorType::StaticOptimistic).Delete();
   }
 
   /// The facilities, a line each: "1 Pool active".
@@ -108,18 +106,36 @@ class CalendarFolder {
   }
 
  private:
+  void Make(const std::string& name, const std::vector<TableDefinition>& tables) {
+    std::shared_ptr<Store> store = CreateStoreOfKind(TestedStoreKind(), File(name));
+    for (const TableDefinition& table : tables) {
+      store->CreateTable(table);
+    }
+    if (TestedStoreKind() == StoreKind::Postgres) {
+      kept_[name] = store;
+    }
+  }
+
+  /// Another program than the one under test. It opens a file for this one statement; on a server
+  /// it has it open all the time, as other desks do, and so knows of all that it has booked.
+  std::shared_ptr<Store> Other(const std::string& name) {
+    const auto kept = kept_.find(name);
+    return kept == kept_.end() ? OpenStore(File(name), StoreAccess::ReadWrite) : kept->second;
+  }
+
   template <typename Render>
   std::string Listed(const std::string& sql, Render render) {
-    Connection connection(OpenStore(File("Calendar.mdb"), StoreAccess::ReadWrite));
+    const auto calendar = Other("Calendar.mdb");
     std::string lines;
-    const auto rows = connection.Open(sql, CursorType::ForwardOnlyReadOnly);
-    for (; !rows->AtEnd(); rows->MoveNext()) {
-      lines += render(*rows) + "\n";
+    Recordset rows(*calendar, ParseQuery(sql), CursorType::ForwardOnlyReadOnly);
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+      lines += render(rows) + "\n";
     }
     return lines;
   }
 
   TempFolder folder_;
+  std::map<std::string, std::shared_ptr<Store>> kept_;
 };
 
 /// Gives the session another calendar, without rows, whose facilities have names of at most 20

@@ -11,6 +11,10 @@ foreach(property LABELS ENVIRONMENT TIMEOUT)
   endif()
 endforeach()
 
+if(NOT "${FIXTURES}" STREQUAL "")
+  string(APPEND properties " FIXTURES_REQUIRED [==[${FIXTURES}]==]")
+endif()
+
 set(tests "")
 foreach(line IN LISTS lines)
   if(line MATCHES "^([^ ]+)\\.( |$)")

@@ -1,12 +1,13 @@
-# veyra_add_suites(TARGET [PREFIX words.] [LABELS label...] [ENVIRONMENT NAME=VALUE...] [TIMEOUT s])
+# veyra_add_suites(TARGET [PREFIX words.] [LABELS label...] [ENVIRONMENT NAME=VALUE...] [TIMEOUT s]
+#                 [FIXTURES name])
 #
 # A test of CTest for each suite of a program of tests: one process runs all of its cases, and shows
 # each. A process for every case would cost more than the case itself.
 function(veyra_add_suites target)
-  cmake_parse_arguments(PARSE_ARGV 1 suites "" "PREFIX;TIMEOUT" "LABELS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 suites "" "PREFIX;TIMEOUT;FIXTURES" "LABELS;ENVIRONMENT")
   set(list ${CMAKE_CURRENT_BINARY_DIR}/${target}-${suites_PREFIX}suites)
   set(options)
-  foreach(option PREFIX TIMEOUT LABELS ENVIRONMENT)
+  foreach(option PREFIX TIMEOUT LABELS ENVIRONMENT FIXTURES)
     list(APPEND options -D "${option}=${suites_${option}}")
   endforeach()
   add_custom_command(TARGET ${target} POST_BUILD

@@ -50,8 +50,8 @@ class JournalTest : public testing::TestWithParam<StoreKind> {
   std::string File() const { return temp_.File("Calendar.mdb").string(); }
   std::unique_ptr<FileStore> Open() const { return OpenFileStore(File(), StoreAccess::ReadWrite); }
 
-  static Row Book(Store& store, const std::string& name) {
-    return store.Insert("Reserv", {{"RmID", std::int64_t{1}},
+  static Row Book(Store& store, const std::string& name, std::int64_t facility = 1) {
+    return store.Insert("Reserv", {{"RmID", facility},
                                    {"Event", name},
                                    {"DateOfRes", MakeDate(2026, 3, 5).value()},
                                    {"TimeFrom", std::int64_t{1}},
@@ -122,7 +122,7 @@ TEST_P(JournalTest, AnActionHasTheNumberOfItsFirstEntry) {
     const JournalledAction outer(*store, "New series");
     const JournalledAction inner(*store, "not this");
     Book(*store, "one");
-    Book(*other, "of another desk");
+    Book(*other, "of another desk", 2);
     Book(*store, "two");
   }
   {

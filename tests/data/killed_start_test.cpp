@@ -138,7 +138,7 @@ TEST_P(KilledStartTest, LeavesAnOlderCalendarThatStartsInItsOwnColors) {
       {"1", "2", "3", "4", "1"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, KilledStartTest, testing::ValuesIn(kAllStoreKinds),
+INSTANTIATE_TEST_SUITE_P(Stores, KilledStartTest, testing::ValuesIn(kFileKinds),
                          [](const auto& kind) { return NameOf(kind.param); });
 
 }  // namespace

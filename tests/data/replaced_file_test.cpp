@@ -69,7 +69,7 @@ class ReplacedFileTest : public testing::TestWithParam<StoreKind> {
   Row pool_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, ReplacedFileTest, testing::ValuesIn(kAllStoreKinds),
+INSTANTIATE_TEST_SUITE_P(Kinds, ReplacedFileTest, testing::ValuesIn(kFileKinds),
                          [](const auto& kind) { return NameOf(kind.param); });
 
 constexpr const char* kReplaced =

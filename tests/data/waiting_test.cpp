@@ -174,7 +174,7 @@ TEST_P(HeldStoreTest, ReportsThatNothingWasSavedWhenTheOperatorEndsTheWait) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, HeldStoreTest, testing::ValuesIn(kAllStoreKinds),
+INSTANTIATE_TEST_SUITE_P(Stores, HeldStoreTest, testing::ValuesIn(kFileKinds),
                          [](const auto& kind) { return NameOf(kind.param); });
 
 class HeldSqliteTest : public HeldStoreTest {};

@@ -64,7 +64,7 @@ TEST_P(GuestFileTest, IsNeverOpenedForWriting) {
   EXPECT_TRUE(before == folder_.Read("Veyra.mdb"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, GuestFileTest, testing::ValuesIn(kAllStoreKinds),
+INSTANTIATE_TEST_SUITE_P(Stores, GuestFileTest, testing::ValuesIn(kFileKinds),
                          [](const auto& kind) { return NameOf(kind.param); });
 
 }  // namespace

@@ -89,7 +89,7 @@ using Case = std::tuple<StoreKind, Action>;
 
 /// All of them, named as "Access_Series".
 const auto kAllCases =
-    testing::Combine(testing::ValuesIn(kAllStoreKinds), testing::ValuesIn(Actions()));
+    testing::Combine(testing::ValuesIn(kFileKinds), testing::ValuesIn(Actions()));
 
 /// The daily series, for tests that an Access file makes another thing of.
 const auto kManyRowsAtOnce = testing::Values(Case(StoreKind::Access, DailySeries()));

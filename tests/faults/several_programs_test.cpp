@@ -236,7 +236,7 @@ TEST_P(SeveralProgramsTest, LoseNothingOfEachOtherEvenIfOneIsKilled) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, SeveralProgramsTest,
-                         testing::Combine(testing::ValuesIn(kAllStoreKinds), testing::Values(2, 5)),
+                         testing::Combine(testing::ValuesIn(kFileKinds), testing::Values(2, 5)),
                          [](const auto& one) {
                            return std::string(NameOf(std::get<0>(one.param))) + "_" +
                                   std::to_string(std::get<1>(one.param));

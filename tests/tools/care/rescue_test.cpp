@@ -133,7 +133,7 @@ class RescueTest : public testing::TestWithParam<StoreKind> {
   Rows all_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, RescueTest, testing::ValuesIn(kAllStoreKinds),
+INSTANTIATE_TEST_SUITE_P(Kinds, RescueTest, testing::ValuesIn(kFileKinds),
                          [](const auto& kind) { return std::string(NameOf(kind.param)); });
 
 TEST_P(RescueTest, ASoundFileComesThroughWhole) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "data/postgres/seen_rows.h"
+#include "data/store.h"
+
+namespace veyra::postgres {
+
+/// Whether the table is the one whose rows are bookings.
+bool HoldsBookings(const std::string& table);
+
+/// Where a booking's fields stand; nothing when one is missing, or the table holds none.
+std::optional<BookingColumns> FindBookingColumns(const std::string& table,
+                                                 const std::vector<std::string>& columns);
+
+/// The day to which a query confines itself, whatever else it asks; nothing when it does not.
+std::optional<Date> DayOf(const Query& query);
+
+/// Adds the facility's day of a booking that is added, or of a row as it was read that is changed
+/// so, to `days`.
+void AddDay(const FieldValues& fields, std::set<FacilityDay>& days);
+void AddDay(const Row& before, const BookingColumns& columns, const FieldValues& fields,
+            std::set<FacilityDay>& days);
+
+}  // namespace veyra::postgres

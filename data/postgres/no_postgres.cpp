@@ -1,0 +1,28 @@
+#include "data/errors.h"
+#include "data/postgres/postgres_store.h"
+
+namespace veyra::postgres {
+
+namespace {
+
+[[noreturn]] void Fail(const std::string& file) {
+  throw DatabaseError(
+      {file,
+       "The calendar is shared on a server, and this program was built without what "
+       "talks to such servers.",
+       "Use a program that was built with it."});
+}
+
+}  // namespace
+
+std::unique_ptr<Store> OpenPostgres(const CalendarLink&, const std::string& file, StoreAccess,
+                                    const WaitPolicy&) {
+  Fail(file);
+}
+
+std::unique_ptr<CalendarInMaking> CreateSharedCalendar(const CalendarLink&, const std::string& file,
+                                                       const WaitPolicy&) {
+  Fail(file);
+}
+
+}  // namespace veyra::postgres

@@ -1,0 +1,333 @@
+#include "data/postgres/sql_text.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/postgres/cell.h"
+#include "data/postgres/quoted.h"
+#include "data/text.h"
+
+namespace veyra::postgres {
+
+namespace {
+
+const char* TestText(Relation test) {
+  switch (test) {
+    case Relation::Equal:
+      return " = ";
+    case Relation::NotEqual:
+      return " <> ";
+    case Relation::Less:
+      return " < ";
+    case Relation::LessOrEqual:
+      return " <= ";
+    case Relation::Greater:
+      return " > ";
+    case Relation::GreaterOrEqual:
+      return " >= ";
+  }
+  return "";
+}
+
+std::string List(const std::vector<std::string>& items) {
+  std::string list;
+  for (const std::string& item : items) {
+    list += (list.empty() ? "" : ", ") + item;
+  }
+  return list;
+}
+
+/// Writes a statement's text piece by piece, gathering the values.
+class SqlWriter {
+ public:
+  SqlWriter(const Place& place, const Table& table) : place_(place), table_(table) {}
+
+  SqlWriter& Add(const std::string& text) {
+    sql_.Text += text;
+    return *this;
+  }
+
+  /// A value as the column holds it.
+  std::string Bind(const Column& column, const Value& value) {
+    return Bind(AsStored(place_.File, column, value)) + CastFor(column);
+  }
+
+  std::string Bind(std::optional<std::string> value) {
+    sql_.Values.push_back(std::move(value));
+    return "$" + std::to_string(sql_.Values.size());
+  }
+
+  const Column& Find(const std::string& name) const {
+    return FindColumn(place_.File, table_, name);
+  }
+
+  BoundSql Take() { return std::move(sql_); }
+
+ private:
+  const Place& place_;
+  const Table& table_;
+  BoundSql sql_;
+};
+
+/// Writes the condition and the order of a query.
+class QueryWriter {
+ public:
+  QueryWriter(SqlWriter& sql, const Table& table) : sql_(sql), table_(table) {}
+
+  void Write(const Query& query) {
+    if (query.Where) {
+      sql_.Add(" WHERE ");
+      WriteCondition(*query.Where);
+    }
+    WriteOrder(query.OrderBy);
+  }
+
+  void WriteCondition(const Condition& condition) {
+    std::visit([this](const auto& one) { WriteOne(one); }, condition);
+  }
+
+  /// Nulls come before all else.
+  void WriteOrder(const std::vector<OrderTerm>& order) {
+    const char* before = " ORDER BY ";
+    for (const OrderTerm& term : order) {
+      sql_.Add(std::exchange(before, ", ")).Add(Quoted(sql_.Find(term.Column).Name));
+      sql_.Add(term.Descending ? " DESC NULLS LAST" : " NULLS FIRST");
+    }
+    if (table_.HasRowColumn) {
+      sql_.Add(before).Add(kRowColumn);
+    }
+  }
+
+ private:
+  void WriteOne(const Junction& junction) {
+    const char* word = junction.By == Junction::Kind::And ? " AND " : " OR ";
+    const char* before = "(";
+    for (const Condition& part : junction.Parts) {
+      sql_.Add(std::exchange(before, word));
+      WriteCondition(part);
+    }
+    sql_.Add(")");
+  }
+
+  void WriteOne(const Comparison& comparison) {
+    const Column* left = ColumnIn(comparison.Left);
+    const Column* right = ColumnIn(comparison.Right);
+    sql_.Add(OperandText(comparison.Left, left, right))
+        .Add(TestText(comparison.Test))
+        .Add(OperandText(comparison.Right, right, left));
+  }
+
+  const Column* ColumnIn(const Operand& operand) const {
+    const auto* column = std::get_if<ColumnName>(&operand);
+    return column == nullptr ? nullptr : &sql_.Find(column->Name);
+  }
+
+  std::string OperandText(const Operand& operand, const Column* column, const Column* other) {
+    if (column != nullptr) {
+      return Quoted(column->Name);
+    }
+    const Value& value = std::get<Value>(operand);
+    const bool is_text = other == nullptr ? std::holds_alternative<std::string>(value)
+                                          : other->Type == ColumnType::Text;
+    return is_text ? BoundText(ToText(value)) : BoundNumber(value, other);
+  }
+
+  /// What no column can hold is equal to nothing that one holds.
+  std::string BoundText(const std::string& text) {
+    return StorableCharacters(text) == CharacterCount(text)
+               ? sql_.Bind(text) + "::text COLLATE \"C\""
+               : "NULL::text";
+  }
+
+  /// A value beside a column of numbers or dates, or beside none. What is neither number nor date
+  /// is equal to none.
+  std::string BoundNumber(const Value& value, const Column* other) {
+    const bool is_day =
+        other == nullptr ? std::holds_alternative<Date>(value) : other->Type == ColumnType::Day;
+    if (is_day) {
+      const auto day = ToDate(value);
+      return day ? sql_.Bind(IsoText(*day)) + "::date" : "NULL::date";
+    }
+    if (const auto whole = ToInteger(value)) {
+      return sql_.Bind(std::to_string(*whole)) + "::bigint";
+    }
+    const auto number = ToDouble(value);
+    return number ? sql_.Bind(NumberText(*number)) + "::double precision"
+                  : "NULL::double precision";
+  }
+
+  SqlWriter& sql_;
+  const Table& table_;
+};
+
+std::string TypeText(const ColumnDefinition& column) {
+  switch (column.Type) {
+    case ColumnType::WholeNumber:
+      return column.AutoIncrement ? "bigint GENERATED BY DEFAULT AS IDENTITY" : "bigint";
+    case ColumnType::Double:
+      return "double precision";
+    case ColumnType::Day:
+      return "date";
+    case ColumnType::Text:
+      break;
+  }
+  return "text COLLATE \"C\"";
+}
+
+/// The row's number, and each of its values as it was read.
+void WriteWhere(SqlWriter& sql, const Table& table, const Row& before) {
+  sql.Add(std::string(" WHERE ") + kRowColumn + " = ")
+      .Add(sql.Bind(std::to_string(before.Key)) + "::bigint");
+  for (std::size_t i = 0; i < table.Columns.size(); ++i) {
+    const Column& column = table.Columns[i];
+    const std::string name = Quoted(column.Name);
+    if (IsNull(before.Values[i])) {
+      sql.Add(" AND " + name + " IS NULL");
+    } else if (column.Type) {
+      sql.Add(" AND " + name + " = ").Add(sql.Bind(column, before.Values[i]));
+    } else {
+      sql.Add(" AND " + name + "::text = ").Add(sql.Bind(ToText(before.Values[i])) + "::text");
+    }
+  }
+}
+
+}  // namespace
+
+std::string FullName(const Place& place, const std::string& table) {
+  return Quoted(place.Schema) + "." + Quoted(table);
+}
+
+BoundSql SelectSql(const Place& place, const Table& table, const Query& query) {
+  SqlWriter sql(place, table);
+  sql.Add("SELECT * FROM " + FullName(place, table.Name));
+  QueryWriter(sql, table).Write(query);
+  return sql.Take();
+}
+
+BoundSql SelectDaySql(const Place& place, const Table& table, const Query& query, Date day) {
+  SqlWriter sql(place, table);
+  QueryWriter writer(sql, table);
+  sql.Add("SELECT *, coalesce(");
+  writer.WriteCondition(*query.Where);
+  sql.Add(std::string(", false) AS ") + kFoundColumn + " FROM " + FullName(place, table.Name));
+  const Column& column = sql.Find("DateOfRes");
+  sql.Add(" WHERE " + Quoted(column.Name) + " = ").Add(sql.Bind(column, Value(day)));
+  writer.WriteOrder(query.OrderBy);
+  return sql.Take();
+}
+
+std::size_t RowsAlike(const std::vector<FieldValues>& rows, std::size_t first, std::size_t most) {
+  const auto is_alike = [&](const FieldValues& other) {
+    return std::equal(rows[first].begin(), rows[first].end(), other.begin(), other.end(),
+                      [](const auto& one, const auto& two) {
+                        return one.first == two.first && IsNull(one.second) == IsNull(two.second);
+                      });
+  };
+  std::size_t count = 1;
+  while (count < most && first + count < rows.size() && is_alike(rows[first + count])) {
+    ++count;
+  }
+  // A row of no fields is written in a way of its own.
+  return rows[first].empty() ? 1 : count;
+}
+
+BoundSql InsertSql(const Place& place, const Table& table, std::span<const FieldValues> rows) {
+  SqlWriter sql(place, table);
+  std::vector<std::string> names;
+  std::vector<std::string> tuples;
+  for (const FieldValues& fields : rows) {
+    names.clear();
+    std::vector<std::string> values;
+    for (const auto& [name, value] : fields) {
+      const Column& column = sql.Find(name);
+      if (!column.IsAuto || !IsNull(value)) {
+        names.push_back(Quoted(column.Name));
+        values.push_back(sql.Bind(column, value));
+      }
+    }
+    tuples.push_back("(" + List(values) + ")");
+  }
+  sql.Add("INSERT INTO " + FullName(place, table.Name));
+  sql.Add(names.empty() ? " DEFAULT VALUES" : " (" + List(names) + ") VALUES " + List(tuples));
+  return sql.Add(" RETURNING *").Take();
+}
+
+BoundSql UpdateSql(const Place& place, const Table& table, const Row& before,
+                   const FieldValues& fields) {
+  SqlWriter sql(place, table);
+  if (fields.empty()) {
+    sql.Add("SELECT * FROM " + FullName(place, table.Name));
+    WriteWhere(sql, table, before);
+    return sql.Take();
+  }
+  std::vector<std::string> settings;
+  for (const auto& [name, value] : fields) {
+    const Column& column = sql.Find(name);
+    settings.push_back(Quoted(column.Name) + " = " + sql.Bind(column, value));
+  }
+  sql.Add("UPDATE " + FullName(place, table.Name) + " SET " + List(settings));
+  WriteWhere(sql, table, before);
+  return sql.Add(" RETURNING *").Take();
+}
+
+BoundSql DeleteSql(const Place& place, const Table& table, const Row& before) {
+  SqlWriter sql(place, table);
+  sql.Add("DELETE FROM " + FullName(place, table.Name));
+  WriteWhere(sql, table, before);
+  return sql.Add(std::string(" RETURNING ") + kRowColumn).Take();
+}
+
+BoundSql SelectRowSql(const Place& place, const Table& table, RowKey row) {
+  SqlWriter sql(place, table);
+  sql.Add("SELECT * FROM " + FullName(place, table.Name) + " WHERE " + kRowColumn + " = ");
+  sql.Add(sql.Bind(std::to_string(row)) + "::bigint");
+  return sql.Take();
+}
+
+std::string ColumnText(const ColumnDefinition& column) {
+  return Quoted(column.Name) + " " + TypeText(column);
+}
+
+std::string CreateTableSql(const Place& place, const TableDefinition& definition) {
+  std::vector<std::string> columns = {std::string(kRowColumn) +
+                                      " bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY"};
+  for (const ColumnDefinition& column : definition.Columns) {
+    columns.push_back(ColumnText(column) + (column.AutoIncrement ? " UNIQUE" : ""));
+  }
+  return "CREATE TABLE " + FullName(place, definition.Name) + " (" + List(columns) + ")";
+}
+
+std::string CreateIndexSql(const Place& place, const std::string& table,
+                           const IndexDefinition& index) {
+  std::vector<std::string> columns;
+  for (const std::string& column : index.Columns) {
+    columns.push_back(Quoted(column) + " NULLS FIRST");
+  }
+  return "CREATE INDEX " + Quoted(index.Name) + " ON " + FullName(place, table) + " (" +
+         List(columns) + ")";
+}
+
+std::vector<std::string> AddColumnSql(const Place& place, const Table& table,
+                                      const ColumnDefinition& column) {
+  const std::string alter = "ALTER TABLE " + FullName(place, table.Name) + " ";
+  std::string add = alter + "ADD COLUMN " + ColumnText(column);
+  if (IsNull(column.Default)) {
+    return {add};
+  }
+  const Column made{.Name = column.Name, .TypeName = {}, .Type = column.Type};
+  add += " DEFAULT " + TextLiteral(AsStored(place.File, made, column.Default).value_or("")) +
+         CastFor(made);
+  return {add, alter + "ALTER COLUMN " + Quoted(column.Name) + " DROP DEFAULT"};
+}
+
+BoundSql CopyFieldSql(const Place& place, const Table& table, const std::string& column,
+                      const CopiedField& copied) {
+  SqlWriter sql(place, table);
+  sql.Add("UPDATE " + FullName(place, table.Name) + " SET " + Quoted(column) + " = " +
+          Quoted(sql.Find(copied.From).Name) + " WHERE " + Quoted(sql.Find(copied.RowKey).Name) +
+          " = ");
+  sql.Add(sql.Bind(std::to_string(copied.Row)) + "::bigint");
+  return sql.Take();
+}
+
+}  // namespace veyra::postgres

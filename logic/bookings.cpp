@@ -1,14 +1,17 @@
 #include "logic/bookings.h"
 
+#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "data/connection.h"
+#include "data/errors.h"
 #include "data/journal.h"
 #include "logic/name_length.h"
 #include "logic/row_action.h"
 #include "logic/stored_row.h"
+#include "logic/time_taken.h"
 
 namespace veyra::modRes {
 namespace {
@@ -58,7 +61,12 @@ class BookDates : public RowAction {
     if (!IsToDo(row)) {
       return false;
     }
-    AddRow(*bookings_, Fields(row));
+    try {
+      AddRow(*bookings_, Fields(row));
+    } catch (const TimeTakenError&) {
+      // Another desk came first: as if it had come before this one looked.
+      return false;
+    }
     made_[row] = bookings_->Bookmark();
     return true;
   }
@@ -114,12 +122,19 @@ std::string MadeText(std::size_t count) {
   return std::to_string(count) + " Booking(s) Made.";
 }
 
-Made BookDay(Session& session, const std::string& name, ShownGrid grid) {
+/// Nothing, once the operator was told so, when another desk came first.
+std::optional<Made> BookDay(Session& session, const std::string& name, ShownGrid grid,
+                            Dialogs& dialogs) {
   const JournalledAction journalled(*session.ResCon, "New booking");
   const Rows bookings = session.ResCon->Open(kAllBookings, CursorType::StaticOptimistic);
-  AddRow(*bookings, FieldsOn(session, session.DayDate, name, Null{}));
+  try {
+    AddRow(*bookings, FieldsOn(session, session.DayDate, name, Null{}));
+  } catch (const TimeTakenError& taken) {
+    dialogs.MsgBox(TimesTaken(session, taken));
+    return std::nullopt;
+  }
   grid.Write(session.SelFirstSlot, session.SelLastSlot, name);
-  return {MadeText(1)};
+  return Made{.Text = MadeText(1)};
 }
 
 Made BookPlan(Session& session, const std::string& name, const MultiDayPlan& plan,
@@ -138,10 +153,14 @@ bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid gri
   const std::string name = request.TypedName.empty() ? kNoTitle : request.TypedName;
   RequireBookingNameFits(session, name);
   // A multiple booking leaves the grid as it is, even for the day it shows. This is meant.
-  const Made made = request.Multiple ? BookPlan(session, name, request.Plan, clock, dialogs)
-                                     : BookDay(session, name, grid);
-  dialogs.MsgBox({.Text = made.Text, .Sign = Icon::Exclamation});
-  return made.Whole;
+  const std::optional<Made> made = request.Multiple
+                                       ? BookPlan(session, name, request.Plan, clock, dialogs)
+                                       : BookDay(session, name, grid, dialogs);
+  if (!made) {
+    return false;
+  }
+  dialogs.MsgBox({.Text = made->Text, .Sign = Icon::Exclamation});
+  return made->Whole;
 }
 
 double GroupKey(const DateTime& time) {

@@ -24,14 +24,15 @@ struct BookingRequest {
 /// Asks nothing: the caller has the operator's consent. Names are stored as typed, or refused.
 ///
 /// A single booking writes one row for DayDate, puts the name into the grid's rows and shows them.
-/// It looks for no clash: the caller has seen to it that the rows are free.
+/// It looks for no clash: the caller has seen to it that the rows are free. When another desk has
+/// booked them since this one looked, the operator reads who, and nothing is booked.
 ///
-/// A multiple booking writes a row for each date of the plan on which ClashQuery finds nothing, all
-/// with one group key: the time at which it began. It leaves the grid as it is, by design. One that
-/// halts half-way asks as CarryOut does.
+/// A multiple booking writes a row for each date of the plan on which ClashQuery finds nothing and
+/// no other desk comes first, all with one group key: the time at which it began. It leaves the
+/// grid as it is, by design. One that halts half-way asks as CarryOut does.
 ///
-/// Returns whether the grid shows what was done, or by design does not; false after a halt, when
-/// the caller is to fill it anew.
+/// Returns whether the grid shows what was done, or by design does not; false after a halt, and
+/// when another desk came first: the caller is then to fill it anew.
 ///
 /// Throws, nothing having been written: DatabaseError, NameTooLongError when the calendar cannot
 /// hold the name, ValueError when a text of the plan is not a date.

@@ -50,6 +50,14 @@ class BookingsFixture : public testing::Test {
     Desk().SelLastSlot = Desk().SelEndRow = range.Last;
   }
 
+  /// As the operator does before he books.
+  void LookAtTheDay() {
+    Desk()
+        .ResCon
+        ->Open("SELECT * FROM Reserv Where DateOfRes = #4/6/2014#", CursorType::StaticOptimistic)
+        ->RecordCount();
+  }
+
   void Book(const std::string& name, int first, int last) {
     Select(first, last);
     MakeBookings(Desk(), {name, false, {}}, {grid_, screens_}, clock_, dialogs_);

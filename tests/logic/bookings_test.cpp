@@ -78,6 +78,7 @@ TEST_F(BookingsTest, ANameThatTheCalendarCannotHoldIsRefusedWithItsCount) {
 
 TEST_F(BookingsTest, ASingleBookingLooksForNoClash) {
   folder_.AddBooking(pool_, "2014-04-06", 19, 21, "there before");
+  LookAtTheDay();
   Book("Smith", 19, 21);
   EXPECT_EQ("1 2014-04-06 19-21 there before\n1 2014-04-06 19-21 Smith\n", folder_.Bookings());
 }

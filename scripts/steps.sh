@@ -45,9 +45,29 @@ install_packages() {
     as_root=(sudo)
   fi
   apt_get update || echo "Not all package lists could be fetched; trying with those that are here."
-  apt_get install --no-install-recommends "${missing[@]}" ||
+  forbid_first_cluster
+  apt_get install --no-install-recommends "${missing[@]}" || {
+    allow_first_cluster
     fail "apt could not install the packages; its own words are above." \
       "Needed are: ${missing[*]}"
+  }
+  allow_first_cluster
+}
+
+# Debian's package of the database server makes a database and starts it, when it is installed for
+# the first time. The tests only want its programs: they start servers of their own. A machine that
+# has had the package before is left as it is.
+no_cluster=/etc/postgresql-common/createcluster.d/veyra-no-cluster.conf
+forbid_first_cluster() {
+  if [ ! -e /etc/postgresql-common/createcluster.conf ]; then
+    # shellcheck disable=SC2016 # The inner shell is to expand them.
+    "${as_root[@]}" sh -c 'mkdir -p "$(dirname "$0")" && echo "create_main_cluster = false" >"$0"' \
+      "$no_cluster"
+  fi
+}
+
+allow_first_cluster() {
+  if [ -e "$no_cluster" ]; then "${as_root[@]}" rm -f "$no_cluster"; fi
 }
 
 # apt_get ARGUMENTS: asks nothing, and reports how far it has come on one line.

@@ -1,6 +1,7 @@
 #include "data/calendar_link.h"
 
 #include <cerrno>
+#include <fstream>
 #include <vector>
 
 #include "data/errors.h"
@@ -75,6 +76,13 @@ std::string TextOf(const CalendarLink& link) {
 
 bool IsCalendarLink(std::string_view first_bytes) {
   return first_bytes.starts_with(kStart);
+}
+
+bool LeadsToServer(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::string start(kLinkStartBytes, '\0');
+  stream.read(start.data(), static_cast<std::streamsize>(start.size()));
+  return IsCalendarLink(start);
 }
 
 CalendarLink ReadCalendarLink(const std::filesystem::path& file) {

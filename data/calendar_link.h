@@ -27,7 +27,11 @@ struct CalendarLink {
 inline constexpr std::size_t kLinkStartBytes = 20;
 bool IsCalendarLink(std::string_view first_bytes);
 
-/// Throws DatabaseError when the file cannot be read, is no link file, is one of a version not
+/// Whether a file is there and is a link. REQUIRES: nobody in this process has it open, for some
+/// kinds of database lose their locks by being closed again.
+bool LeadsToServer(const std::filesystem::path& file);
+
+/// Throws DatabaseError when the file cannot be read, is not a link file, is one of a version not
 /// known here, or names no server.
 CalendarLink ReadCalendarLink(const std::filesystem::path& file);
 

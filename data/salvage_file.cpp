@@ -7,6 +7,7 @@
 
 #include "data/access/salvage/salvage_file.h"
 #include "data/access/salvage/salvage_pages.h"
+#include "data/calendar_link.h"
 #include "data/errors.h"
 #include "data/posix_file.h"
 #include "data/sqlite/salvage/salvage_file.h"
@@ -55,6 +56,10 @@ std::optional<FileKind> KindOf(const PosixFile& file) {
 }
 
 Salvage SalvageKnown(const std::string& file, const SalvageModels& models) {
+  if (LeadsToServer(file)) {
+    throw DatabaseError({file, "The file is a link: the calendar is on a server.",
+                         "Ask whoever looks after the server for its backup."});
+  }
   const std::optional<FileKind> kind = KindOf(PosixFile(file, PosixFile::Use::Read));
   if (!kind) {
     throw DatabaseError(

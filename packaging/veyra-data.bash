@@ -2,8 +2,10 @@
 
 _veyra_data_options() {
   case $1 in
-    new) echo "--access --sample" ;;
+    new) echo "--access --sample --shared --schema" ;;
     convert) echo "--to" ;;
+    share) echo "--schema --sql --role" ;;
+    link) echo "--schema" ;;
     list) echo "--on --week --month --from --to --facility --guest --free --json" ;;
     check) echo "--mend --yes --json" ;;
     history) echo "--facility --on --from --to --guest --since --until --last --full --json" ;;
@@ -18,7 +20,7 @@ _veyra_data_options() {
 
 _veyra_data() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-  local commands="new convert compact show list check history undo restore journal"
+  local commands="new convert share link compact show list check history undo restore journal"
   commands+=" export import backup restore-backup rescue"
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
@@ -37,6 +39,7 @@ _veyra_data() {
       return
       ;;
     --on | --from | --facility | --guest | --free | --since | --until | --last | --keep) return ;;
+    --shared | --schema | --role) return ;;
   esac
   if [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(

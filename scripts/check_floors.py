@@ -51,6 +51,7 @@ DOORS = {
     "data/announced_store.cpp": ["data/access"],
     "data/open_store.cpp": ["data/sqlite", "data/access", "data/postgres"],
     "data/create_store.cpp": ["data/sqlite", "data/access", "data/access/write"],
+    "data/shared_calendar.cpp": ["data/postgres"],
     "data/salvage_file.cpp": ["data/sqlite/salvage", "data/access/salvage"],
 }
 

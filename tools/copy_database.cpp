@@ -1,5 +1,6 @@
 #include "tools/copy_database.h"
 
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -177,6 +178,16 @@ void CompareTable(Store& source, Store& target, const TablePlan& plan,
   }
 }
 
+/// The new calendar gives the last number itself, and takes it back.
+void KeepLastNumber(FileStore& source, FileStore& target, const TableDefinition& table) {
+  for (const ColumnDefinition& column : table.Columns) {
+    const std::int64_t last = column.AutoIncrement ? source.LastNumber(table.Name) : 0;
+    if (last > target.LastNumber(table.Name) && last <= std::numeric_limits<std::int32_t>::max()) {
+      target.Delete(table.Name, target.Insert(table.Name, {{column.Name, last}}));
+    }
+  }
+}
+
 }  // namespace
 
 std::optional<Value> ValueAs(ColumnType type, const Value& value) {
@@ -219,6 +230,15 @@ void CompareTables(Store& source, Store& target, const CopyPlan& plan,
       ++step.Rows;
       observer(step);
     });
+  }
+}
+
+void KeepNumbersAndJournal(FileStore& source, FileStore& target, const CopyPlan& plan) {
+  for (const TablePlan& table : plan.Tables) {
+    KeepLastNumber(source, target, table.Table);
+  }
+  if (source.KeepsJournal()) {
+    target.KeepJournal(true);
   }
 }
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "data/store.h"
+#include "data/file_store.h"
 #include "tools/copy_plan.h"
 
 namespace veyra {
@@ -22,5 +22,9 @@ void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyOb
 /// differ. Dates are compared as dates, numbers by their value.
 void CompareTables(Store& source, Store& target, const CopyPlan& plan,
                    const CopyObserver& observer);
+
+/// What the rows do not show: a number that was given once is not given again, though its row is
+/// deleted, and a journal that is kept goes on. REQUIRES: CopyTables was called.
+void KeepNumbersAndJournal(FileStore& source, FileStore& target, const CopyPlan& plan);
 
 }  // namespace veyra

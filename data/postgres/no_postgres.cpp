@@ -1,5 +1,7 @@
 #include "data/errors.h"
+#include "data/postgres/link_check.h"
 #include "data/postgres/postgres_store.h"
+#include "data/postgres/server_sql.h"
 
 namespace veyra::postgres {
 
@@ -22,6 +24,15 @@ std::unique_ptr<Store> OpenPostgres(const CalendarLink&, const std::string& file
 
 std::unique_ptr<CalendarInMaking> CreateSharedCalendar(const CalendarLink&, const std::string& file,
                                                        const WaitPolicy&) {
+  Fail(file);
+}
+
+std::string AdministratorSql(const std::string&, const std::string&,
+                             const std::vector<TableDefinition>&) {
+  Fail({});
+}
+
+LinkFacts CheckLink(const std::string& file, const CalendarLink&) {
   Fail(file);
 }
 

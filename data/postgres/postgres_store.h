@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "data/calendar_in_making.h"
 #include "data/calendar_link.h"
-#include "data/file_store.h"
 #include "data/store_access.h"
 #include "data/waiting.h"
 
@@ -25,22 +25,6 @@ namespace veyra::postgres {
 /// that is built without this it always throws.
 std::unique_ptr<Store> OpenPostgres(const CalendarLink& link, const std::string& file,
                                     StoreAccess access, const WaitPolicy& policy);
-
-/// A shared calendar that is being made: nobody else sees any of it before Save, and without Save
-/// nothing of it is left.
-class CalendarInMaking {
- public:
-  virtual ~CalendarInMaking() = default;
-
-  /// Where its tables are made and its rows added, each with its own number. A table that an
-  /// administrator has made before (AdministratorSql) is taken as it is when it is empty and has
-  /// these columns. What fails ends all: then this can only be dropped.
-  virtual FileStore& Rows() = 0;
-
-  /// Makes it stand, all in one moment, and returns it, open as OpenPostgres opens it. Throws as
-  /// Store does. REQUIRES: not called before; nothing is asked of Rows afterwards.
-  virtual std::unique_ptr<FileStore> Save() = 0;
-};
 
 /// Begins a shared calendar, in a schema that is made unless it is there. Throws as OpenPostgres
 /// does. `file` is what failures name.

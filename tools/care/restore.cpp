@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/calendar_link.h"
 #include "data/errors.h"
 #include "data/open_file_store.h"
 #include "data/open_note.h"
@@ -48,6 +49,16 @@ void Settle(const fs::path& calendar) {
     throw SomebodyHasItOpen(calendar);
   } catch (const DatabaseError&) {
     // That it cannot be used is what the backup is for.
+  }
+}
+
+/// A file in the place of the link would be this desk's alone, and the others would not know.
+void RequireOwnCalendar(const fs::path& calendar) {
+  if (LeadsToServer(calendar)) {
+    throw DatabaseError(
+        {calendar.string(), "The calendar is shared with other desks, on a server.",
+         "Nothing was changed. To put a backup on the server, share it from another folder into "
+         "another schema, and let every desk's link lead there."});
   }
 }
 
@@ -106,6 +117,7 @@ fs::path RestoreBackup(const fs::path& backup, const fs::path& calendar, Date da
   Moves moves;
   fs::path kept;
   if (fs::exists(calendar)) {
+    RequireOwnCalendar(calendar);
     Settle(calendar);
     TakeOverRights(calendar, fresh);
     kept = FreeName(calendar, day);

@@ -55,8 +55,9 @@ ExitStatus RunCompact(const std::string& folder, Date today, const CopyObserver&
   const fs::path named = fs::absolute(NativePath(folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
   if (found.Kind != FileKind::Access) {
-    out << OneLine(named.string())
-        << " is a SQLite file, which needs no compacting; nothing was changed.\n";
+    out << OneLine(named.string()) << " is "
+        << (found.Kind == FileKind::Sqlite ? "a SQLite file" : "on a server")
+        << ", which needs no compacting; nothing was changed.\n";
     return ExitStatus::Found;
   }
   RequireTablesOnly(named.string(), found);

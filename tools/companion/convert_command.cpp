@@ -26,12 +26,15 @@ const char* NameOf(FileKind kind) {
   return kind == FileKind::Access ? "an Access file" : "a SQLite file";
 }
 
-void Convert(const fs::path& file, FileKind kind, Date today, const CopyObserver& observer,
-             std::ostream& out) {
+void Convert(const fs::path& file, FileKind was, FileKind kind, Date today,
+             const CopyObserver& observer, std::ostream& out) {
   const RewrittenFile made = RewriteFile(file, kind, today, observer);
   out << OneLine(file.string()) << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
       << " tables, " << made.Plan.RowCount << " rows, all compared.\nThe old file is kept as "
       << OneLine(made.Kept.filename().string()) << ".\n";
+  if (was == FileKind::Postgres) {
+    out << "The calendar on the server stays as it is: desks that have a link still book there.\n";
+  }
   if (made.Notice) {
     out << PlainLines(Error(*made.Notice).what()) << '\n';
   }
@@ -53,7 +56,7 @@ ExitStatus RunConvert(const Options& options, Date today, const CopyObserver& ob
         << " already; nothing was changed.\n";
     return ExitStatus::Found;
   }
-  Convert(fs::canonical(named), options.To, today, observer, out);
+  Convert(fs::canonical(named), found.Kind, options.To, today, observer, out);
   return ExitStatus::Fine;
 }
 

@@ -11,7 +11,9 @@
 #include "data/file_name.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
+#include "data/shared_calendar.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/companion/link_arguments.h"
 #include "tools/new_database.h"
 #include "tools/plain_text.h"
 #include "tools/sample_data.h"
@@ -65,7 +67,16 @@ void AddGuests(Connection& guest_database, const SampleData& sample) {
   }
 }
 
-void MakeCalendar(const fs::path& file, FileKind kind, const SampleData& sample) {
+struct Options {
+  std::string Folder;
+  CalendarLink Shared;  ///< Names no server when the calendar is to be a file.
+  bool Access = false;
+  bool Sample = false;
+
+  FileKind Kind() const { return Access ? FileKind::Access : FileKind::Sqlite; }
+};
+
+void MakeCalendarFile(const fs::path& file, FileKind kind, const SampleData& sample) {
   auto store = NewDatabase(file, kind, {RoomsTable(), ReservTable()});
   FileStore& journalled = *store;
   Connection calendar(std::move(store));
@@ -74,18 +85,36 @@ void MakeCalendar(const fs::path& file, FileKind kind, const SampleData& sample)
   journalled.KeepJournal(true);
 }
 
-void MakeDatabases(const fs::path& folder, FileKind kind, const SampleData& sample) {
-  MakeCalendar(folder / kCalendarFile, kind, sample);
-  Connection guest_database(NewDatabase(folder / kGuestFile, kind, {GuestTable()}));
+void MakeSharedCalendar(const fs::path& file, const CalendarLink& link) {
+  WriteCalendarLink(file, link);
+  const auto made = BeginSharedCalendar(file, link);
+  made->Rows().CreateTable(RoomsTable());
+  made->Rows().CreateTable(ReservTable());
+  made->Rows().KeepJournal(true);
+  made->Save();
+}
+
+void MakeGuestFile(const fs::path& file, FileKind kind, const SampleData& sample) {
+  Connection guest_database(NewDatabase(file, kind, {GuestTable()}));
   AddGuests(guest_database, sample);
 }
 
-void MakeDataFolder(const fs::path& folder, FileKind kind, const SampleData& sample) {
+/// What is made on a server comes last: it stays there even if the files cannot be moved out.
+void MakeDatabases(const fs::path& folder, const Options& options, const SampleData& sample) {
+  MakeGuestFile(folder / kGuestFile, options.Kind(), sample);
+  if (options.Shared.Server.empty()) {
+    MakeCalendarFile(folder / kCalendarFile, options.Kind(), sample);
+  } else {
+    MakeSharedCalendar(folder / kCalendarFile, options.Shared);
+  }
+}
+
+void MakeDataFolder(const fs::path& folder, const Options& options, const SampleData& sample) {
   UnfinishedFolder::RemoveAbandoned(folder);
   RefuseIfThere(folder / kCalendarFile);
   RefuseIfThere(folder / kGuestFile);
   UnfinishedFolder unfinished(folder);
-  MakeDatabases(unfinished.path(), kind, sample);
+  MakeDatabases(unfinished.path(), options, sample);
   unfinished.MoveOut({kGuestFile, kCalendarFile});
 }
 
@@ -95,17 +124,13 @@ std::string Contents(const SampleData& sample) {
          std::to_string(sample.Guests.size()) + " guests";
 }
 
-struct Options {
-  std::string Folder;
-  bool Access = false;
-  bool Sample = false;
-};
-
 void RunNew(const Options& options, Date today, std::ostream& out) {
   const SampleData sample = options.Sample ? MakeSampleData(today) : SampleData{};
-  const FileKind kind = options.Access ? FileKind::Access : FileKind::Sqlite;
   const fs::path folder = NativePath(options.Folder);
-  MakeDataFolder(folder, kind, sample);
+  if (!options.Shared.Server.empty()) {
+    TellOfConnection(options.Shared, out);
+  }
+  MakeDataFolder(folder, options, sample);
   out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << OneLine(folder.string())
       << (options.Sample ? Contents(sample) : "") << ".\n";
 }
@@ -114,8 +139,14 @@ Command::Action Declare(CLI::App& app, Date today) {
   const auto options = std::make_shared<Options>();
   AddRequiredName(app, "FOLDER", options->Folder, "the data folder to be made");
   app.add_flag("--access", options->Access, "make Access 2000 files; else they are SQLite files");
-  app.add_flag("--sample", options->Sample,
-               "fill them: five facilities, forty guests, bookings over three months");
+  CLI::Option* const sample =
+      app.add_flag("--sample", options->Sample,
+                   "fill them: five facilities, forty guests, bookings over three months");
+  app.add_option("--shared", options->Shared.Server,
+                 "make the calendar on a PostgreSQL server, and Calendar.mdb a link to it")
+      ->type_name("URI")
+      ->excludes(sample);
+  AddSchema(app, options->Shared);
   return [options, today](Streams& streams) {
     RunNew(*options, today, streams.Out);
     return ExitStatus::Fine;

@@ -16,10 +16,12 @@
 #include "tools/companion/history_command.h"
 #include "tools/companion/import_command.h"
 #include "tools/companion/journal_command.h"
+#include "tools/companion/link_command.h"
 #include "tools/companion/list_command.h"
 #include "tools/companion/new_command.h"
 #include "tools/companion/rescue_command.h"
 #include "tools/companion/restore_command.h"
+#include "tools/companion/share_command.h"
 #include "tools/companion/show_command.h"
 #include "tools/companion/undo_command.h"
 #include "tools/exchange/load_ical.h"
@@ -45,6 +47,8 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
   const auto ical = []() -> const veyra::IcalCodec& { return veyra::LoadIcal(ProgramFolder()); };
   return {veyra::NewCommand(today),
           veyra::ConvertCommand(today, here.Watch),
+          veyra::ShareCommand(today, here.Watch),
+          veyra::LinkCommand(),
           veyra::CompactCommand(today, here.Watch),
           veyra::ShowCommand(),
           veyra::ListCommand(here),

@@ -1,0 +1,40 @@
+#include "tools/companion/link_arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <ostream>
+
+#include "data/shared_calendar.h"
+
+namespace veyra {
+
+void AddLinkArguments(CLI::App& app, LinkArguments& arguments) {
+  app.add_option("FOLDER", arguments.Folder, "the data folder")->type_name("");
+  app.add_option("URI", arguments.Link.Server,
+                 "the server, as PostgreSQL's programs name it: a URI or service=NAME")
+      ->type_name("");
+  AddSchema(app, arguments.Link);
+}
+
+void RequireLinkArguments(const LinkArguments& arguments) {
+  if (arguments.Folder.empty()) {
+    throw CLI::RequiredError("FOLDER");
+  }
+  if (arguments.Link.Server.empty()) {
+    throw CLI::RequiredError("URI");
+  }
+}
+
+void AddSchema(CLI::App& app, CalendarLink& link) {
+  app.add_option("--schema", link.Schema,
+                 "the schema of the database that holds the calendar (veyra unless given)")
+      ->type_name("NAME");
+}
+
+void TellOfConnection(const CalendarLink& link, std::ostream& out) {
+  const std::string warning = LinkWarning({}, link);
+  if (!warning.empty()) {
+    out << warning << '\n';
+  }
+}
+
+}  // namespace veyra

@@ -16,34 +16,31 @@ namespace {
 
 constexpr int kMostAttempts = 10;
 
-constexpr const char *kCommitted = "committed";
-constexpr const char *kAborted = "aborted";
-constexpr const char *kGivenUp =
-    "given up"; ///< The operator has ended the wait.
+constexpr const char* kCommitted = "committed";
+constexpr const char* kAborted = "aborted";
+constexpr const char* kGivenUp = "given up";  ///< The operator has ended the wait.
 
-std::string LostText(const Failure &lost) {
-  return "The connection to the calendar's server is lost: " + lost.Message() +
-         ".";
+std::string LostText(const Failure& lost) {
+  return "The connection to the calendar's server is lost: " + lost.Message() + ".";
 }
 
 /// A statement was prepared for other columns, or the catalogue tells of
 /// others.
-bool IsOfOldState(const Failure &failure) {
-  return failure.State() == state::kStalePlan ||
-         failure.State() == state::kNoTable ||
+bool IsOfOldState(const Failure& failure) {
+  return failure.State() == state::kStalePlan || failure.State() == state::kNoTable ||
          failure.State() == state::kNoColumn;
 }
 
-bool MayTryAgain(const Failure &failure, int attempt) {
+bool MayTryAgain(const Failure& failure, int attempt) {
   return failure.IsOf(state::kRetry) ? attempt < kMostAttempts
                                      : IsOfOldState(failure) && attempt == 1;
 }
 
 /// "{1,2}" for an array of the server's.
 template <typename Items, typename Text>
-std::string ArrayText(const Items &items, const Text &text) {
+std::string ArrayText(const Items& items, const Text& text) {
   std::string array = "{";
-  for (const auto &item : items) {
+  for (const auto& item : items) {
     array += (array.size() > 1 ? "," : "") + text(item);
   }
   return array + "}";
@@ -52,25 +49,23 @@ std::string ArrayText(const Items &items, const Text &text) {
 /// Whoever changes a row enters it in the journal afterwards: the journal is
 /// locked last.
 std::vector<std::string> InLockOrder(std::vector<std::string> tables) {
-  std::sort(
-      tables.begin(), tables.end(), [](const auto &one, const auto &other) {
-        const bool is_journal = SameName(one, kJournalTable);
-        const bool is_other_journal = SameName(other, kJournalTable);
-        return is_journal != is_other_journal ? is_other_journal : one < other;
-      });
+  std::sort(tables.begin(), tables.end(), [](const auto& one, const auto& other) {
+    const bool is_journal = SameName(one, kJournalTable);
+    const bool is_other_journal = SameName(other, kJournalTable);
+    return is_journal != is_other_journal ? is_other_journal : one < other;
+  });
   tables.erase(std::unique(tables.begin(), tables.end()), tables.end());
   return tables;
 }
 
-} // namespace
+}  // namespace
 
-void ChangeRunner::Repeat(const std::string &table,
-                          const std::function<void()> &work) {
+void ChangeRunner::Repeat(const std::string& table, const std::function<void()>& work) {
   for (int attempt = 1;; ++attempt) {
     try {
       work();
       return;
-    } catch (const Failure &failure) {
+    } catch (const Failure& failure) {
       session_.Rollback();
       if (is_in_outer_ || !MayTryAgain(failure, attempt)) {
         ThrowExplained(failure, session_.file(), table);
@@ -79,7 +74,7 @@ void ChangeRunner::Repeat(const std::string &table,
         catalogue_.Forget();
         session_.ForgetStatements();
       }
-    } catch (const MissingItemError &) {
+    } catch (const MissingItemError&) {
       // Another desk may have made it since the catalogue was asked.
       if (is_in_outer_ || attempt > 1) {
         throw;
@@ -89,12 +84,11 @@ void ChangeRunner::Repeat(const std::string &table,
   }
 }
 
-void ChangeRunner::Read(const std::string &table,
-                        const std::function<void()> &read) {
+void ChangeRunner::Read(const std::string& table, const std::function<void()>& read) {
   Repeat(table, read);
 }
 
-void ChangeRunner::Change(const ChangeScope &scope, const ChangeWork &change) {
+void ChangeRunner::Change(const ChangeScope& scope, const ChangeWork& change) {
   if (is_in_outer_) {
     Repeat(scope.Table, [&] { change(); });
   } else {
@@ -102,7 +96,7 @@ void ChangeRunner::Change(const ChangeScope &scope, const ChangeWork &change) {
   }
 }
 
-void ChangeRunner::Attempt(const ChangeScope &scope, const ChangeWork &change) {
+void ChangeRunner::Attempt(const ChangeScope& scope, const ChangeWork& change) {
   try {
     Begin(scope);
     Commit(change());
@@ -112,7 +106,7 @@ void ChangeRunner::Attempt(const ChangeScope &scope, const ChangeWork &change) {
   }
 }
 
-void ChangeRunner::Begin(const ChangeScope &scope) {
+void ChangeRunner::Begin(const ChangeScope& scope) {
   session_.Run("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE");
   const bool has_number = action_.IsNamed() && action_.Number();
   session_.Run(
@@ -126,34 +120,29 @@ void ChangeRunner::Begin(const ChangeScope &scope) {
 
 /// Tables first, then days, as the server's own guard does it: otherwise two
 /// desks could wait for each other.
-void ChangeRunner::LockInOrder(const ChangeScope &scope) {
+void ChangeRunner::LockInOrder(const ChangeScope& scope) {
   const Place place{.File = session_.file(), .Schema = session_.link().Schema};
-  for (const std::string &table : InLockOrder(scope.Guarded)) {
+  for (const std::string& table : InLockOrder(scope.Guarded)) {
     session_.Run("LOCK TABLE " + FullName(place, catalogue_.Find(table).Name) +
                  " IN SHARE ROW EXCLUSIVE MODE");
   }
   if (scope.Days.size() > 1) {
-    session_.Run("LOCK TABLE " +
-                 FullName(place, catalogue_.Find("Reserv").Name) +
+    session_.Run("LOCK TABLE " + FullName(place, catalogue_.Find("Reserv").Name) +
                  " IN ROW EXCLUSIVE MODE");
-    session_.Run(
-        LockDaysSql(place.Schema),
-        {ArrayText(scope.Days,
-                   [](const auto &day) { return std::to_string(day.first); }),
-         ArrayText(scope.Days,
-                   [](const auto &day) { return IsoText(day.second); })});
+    session_.Run(LockDaysSql(place.Schema),
+                 {ArrayText(scope.Days, [](const auto& day) { return std::to_string(day.first); }),
+                  ArrayText(scope.Days, [](const auto& day) { return IsoText(day.second); })});
   }
 }
 
-void ChangeRunner::Commit(const Look &is_made) {
-  const Result change =
-      session_.Run("SELECT pg_catalog.current_setting('veyra.action_id', true),"
-                   " pg_catalog.pg_current_xact_id_if_assigned()::text");
+void ChangeRunner::Commit(const Look& is_made) {
+  const Result change = session_.Run(
+      "SELECT pg_catalog.current_setting('veyra.action_id', true),"
+      " pg_catalog.pg_current_xact_id_if_assigned()::text");
   try {
     session_.Run("COMMIT");
-  } catch (const Failure &failure) {
-    const bool may_stand =
-        failure.IsOf(state::kConnection) && !change.IsNull(0, 1);
+  } catch (const Failure& failure) {
+    const bool may_stand = failure.IsOf(state::kConnection) && !change.IsNull(0, 1);
     if (!may_stand || !IsCommitted(change.Text(0, 1), failure)) {
       throw;
     }
@@ -166,11 +155,11 @@ void ChangeRunner::Commit(const Look &is_made) {
 
 /// A server that has crashed may have given the number of a transaction a
 /// second time.
-void ChangeRunner::RequireMade(const Look &is_made, const Failure &lost) {
+void ChangeRunner::RequireMade(const Look& is_made, const Failure& lost) {
   bool is_there = false;
   try {
     is_there = is_made();
-  } catch (const std::exception &) {
+  } catch (const std::exception&) {
     // As long as the server cannot be asked, nothing is known.
   }
   if (!is_there) {
@@ -179,8 +168,7 @@ void ChangeRunner::RequireMade(const Look &is_made, const Failure &lost) {
 }
 
 /// Throws OutcomeUnknownError when the server does not tell.
-bool ChangeRunner::IsCommitted(const std::string &transaction,
-                               const Failure &lost) {
+bool ChangeRunner::IsCommitted(const std::string& transaction, const Failure& lost) {
   Wait wait(session_.policy());
   do {
     const auto status = StatusOf(transaction);
@@ -195,20 +183,16 @@ bool ChangeRunner::IsCommitted(const std::string &transaction,
 }
 
 /// Nothing when the server cannot be asked now, or knows nothing.
-std::optional<std::string>
-ChangeRunner::StatusOf(const std::string &transaction) {
+std::optional<std::string> ChangeRunner::StatusOf(const std::string& transaction) {
   try {
-    const Result status = session_.Run(
-        "SELECT pg_catalog.pg_xact_status($1::xid8)", {transaction});
-    return status.IsNull(0, 0) ? std::nullopt
-                               : std::optional(status.Text(0, 0));
-  } catch (const Failure &failure) {
+    const Result status = session_.Run("SELECT pg_catalog.pg_xact_status($1::xid8)", {transaction});
+    return status.IsNull(0, 0) ? std::nullopt : std::optional(status.Text(0, 0));
+  } catch (const Failure& failure) {
     // A server that has crashed knows no transaction that was not on its disk.
-    return failure.IsOf(state::kBadData) ? std::optional<std::string>(kAborted)
-                                         : std::nullopt;
-  } catch (const WaitCancelledError &) {
+    return failure.IsOf(state::kBadData) ? std::optional<std::string>(kAborted) : std::nullopt;
+  } catch (const WaitCancelledError&) {
     return kGivenUp;
-  } catch (const DatabaseError &) {
+  } catch (const DatabaseError&) {
     return std::nullopt;
   }
 }
@@ -218,9 +202,9 @@ void ChangeRunner::BeginOuter() {
   is_in_outer_ = true;
 }
 
-void ChangeRunner::SaveOuter(const Look &is_made) {
+void ChangeRunner::SaveOuter(const Look& is_made) {
   Repeat({}, [&] { Commit(is_made); });
   is_in_outer_ = false;
 }
 
-} // namespace veyra::postgres
+}  // namespace veyra::postgres

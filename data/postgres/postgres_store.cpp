@@ -30,10 +30,11 @@ constexpr std::size_t kValuesAtOnce = 10'000;
 /// The rows of a result. Those that are bookings count as seen when they are
 /// given; those that were looked at and do not satisfy the query, at once.
 class ResultRows : public RowSource {
-public:
-  ResultRows(RowReader rows, const std::string &table, SeenRows &seen)
+ public:
+  ResultRows(RowReader rows, const std::string& table, SeenRows& seen)
       : rows_(std::move(rows)),
-        booking_(FindBookingColumns(table, rows_.ColumnNames())), seen_(seen) {
+        booking_(FindBookingColumns(table, rows_.ColumnNames())),
+        seen_(seen) {
     for (int row = 0; row < rows_.RowCount(); ++row) {
       if (!rows_.IsFound(row)) {
         Note(rows_.At(row));
@@ -41,7 +42,7 @@ public:
     }
   }
 
-  bool Next(Row &row) override {
+  bool Next(Row& row) override {
     while (next_ < rows_.RowCount() && !rows_.IsFound(next_)) {
       ++next_;
     }
@@ -53,8 +54,8 @@ public:
     return true;
   }
 
-private:
-  void Note(const Row &row) {
+ private:
+  void Note(const Row& row) {
     if (booking_) {
       seen_.Note(row, *booking_);
     }
@@ -62,61 +63,53 @@ private:
 
   RowReader rows_;
   std::optional<BookingColumns> booking_;
-  SeenRows &seen_;
+  SeenRows& seen_;
   int next_ = 0;
 };
 
-std::vector<std::string> NamesOf(const Table &table) {
+std::vector<std::string> NamesOf(const Table& table) {
   std::vector<std::string> names;
-  for (const Column &column : table.Columns) {
+  for (const Column& column : table.Columns) {
     names.push_back(column.Name);
   }
   return names;
 }
 
 class PostgresStore : public FileStore {
-public:
+ public:
   /// With `schema_is_to_be_made` nothing is asked of the schema yet.
-  PostgresStore(const CalendarLink &link, const std::string &file,
-                StoreAccess access, const WaitPolicy &policy,
-                bool schema_is_to_be_made)
-      : is_read_only_(access == StoreAccess::ReadOnly), place_{.File = file,
-                                                               .Schema =
-                                                                   link.Schema},
+  PostgresStore(const CalendarLink& link, const std::string& file, StoreAccess access,
+                const WaitPolicy& policy, bool schema_is_to_be_made)
+      : is_read_only_(access == StoreAccess::ReadOnly),
+        place_{.File = file, .Schema = link.Schema},
         session_(link, file, policy,
                  [this, access] {
-                   Greet(session_, {.Access = access,
-                                    .SchemaIsThere = !schema_is_to_be_made_});
+                   Greet(session_, {.Access = access, .SchemaIsThere = !schema_is_to_be_made_});
                  }),
         schema_is_to_be_made_(schema_is_to_be_made) {}
 
-  const std::string &FileName() const override { return place_.File; }
+  const std::string& FileName() const override { return place_.File; }
   std::vector<std::string> TableNames() override;
-  std::vector<std::string> ColumnNames(const std::string &table) override;
-  std::size_t FittingCharacters(const std::string &table,
-                                const std::string &column,
+  std::vector<std::string> ColumnNames(const std::string& table) override;
+  std::size_t FittingCharacters(const std::string& table, const std::string& column,
                                 std::string_view text) override;
   StoreDescription Describe() override;
-  std::unique_ptr<RowSource> Select(const Query &query) override;
-  Row Insert(const std::string &table, const FieldValues &fields) override;
-  std::vector<Row> InsertAll(const std::string &table,
-                             const std::vector<FieldValues> &rows) override;
-  Row Update(const std::string &table, const Row &before,
-             const FieldValues &fields) override;
-  void Delete(const std::string &table, const Row &before) override;
-  void ChangeAll(const std::vector<RowChange> &changes,
-                 const std::vector<QueryResult> &seen) override;
-  void CreateTable(const TableDefinition &definition) override;
-  void AddColumn(const std::string &table,
-                 const ColumnDefinition &column) override;
-  void CopyTo(const std::string &new_file) override;
+  std::unique_ptr<RowSource> Select(const Query& query) override;
+  Row Insert(const std::string& table, const FieldValues& fields) override;
+  std::vector<Row> InsertAll(const std::string& table,
+                             const std::vector<FieldValues>& rows) override;
+  Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
+  void Delete(const std::string& table, const Row& before) override;
+  void ChangeAll(const std::vector<RowChange>& changes,
+                 const std::vector<QueryResult>& seen) override;
+  void CreateTable(const TableDefinition& definition) override;
+  void AddColumn(const std::string& table, const ColumnDefinition& column) override;
+  void CopyTo(const std::string& new_file) override;
   std::vector<std::string> Verify() override;
-  std::int64_t LastNumber(const std::string &table) override;
+  std::int64_t LastNumber(const std::string& table) override;
   bool KeepsJournal() override;
   void KeepJournal(bool keep) override;
-  void BeginAction(const std::string &name) override {
-    runner_.action().Begin(name);
-  }
+  void BeginAction(const std::string& name) override { runner_.action().Begin(name); }
   void EndAction() override { runner_.action().End(); }
 
   /// Looks whether the server can be reached and holds what is needed.
@@ -140,29 +133,27 @@ public:
     schema_is_to_be_made_ = false;
   }
 
-private:
+ private:
   template <typename Work>
-  auto Reading(const std::string &table, const Work &work) {
+  auto Reading(const std::string& table, const Work& work) {
     std::optional<decltype(work())> result;
     runner_.Read(table, [&] { result = work(); });
     return std::move(*result);
   }
 
-  void Change(const ChangeScope &scope, const ChangeWork &change);
+  void Change(const ChangeScope& scope, const ChangeWork& change);
 
-  std::unique_ptr<RowSource> SelectNow(const Query &query);
-  std::vector<Row> Add(const std::string &table,
-                       const std::vector<FieldValues> &rows);
-  Row SetFields(const std::string &table, const Row &before,
-                const FieldValues &fields);
-  void Remove(const std::string &table, const Row &before);
-  Look Make(const RowChange &change);
-  bool IsStored(const std::string &table, const Row &row);
-  void AddDayOf(const RowChange &change, std::set<FacilityDay> &days);
+  std::unique_ptr<RowSource> SelectNow(const Query& query);
+  std::vector<Row> Add(const std::string& table, const std::vector<FieldValues>& rows);
+  Row SetFields(const std::string& table, const Row& before, const FieldValues& fields);
+  void Remove(const std::string& table, const Row& before);
+  Look Make(const RowChange& change);
+  bool IsStored(const std::string& table, const Row& row);
+  void AddDayOf(const RowChange& change, std::set<FacilityDay>& days);
 
-  std::vector<Row> Noted(const std::string &table, RowReader rows);
-  [[noreturn]] void FailAsChanged(const Table &table, RowKey row);
-  void RequireRowOf(const Table &table, const Row &before);
+  std::vector<Row> Noted(const std::string& table, RowReader rows);
+  [[noreturn]] void FailAsChanged(const Table& table, RowKey row);
+  void RequireRowOf(const Table& table, const Row& before);
 
   bool is_read_only_;
   Place place_;
@@ -181,35 +172,31 @@ std::vector<std::string> PostgresStore::TableNames() {
   });
 }
 
-std::vector<std::string> PostgresStore::ColumnNames(const std::string &table) {
+std::vector<std::string> PostgresStore::ColumnNames(const std::string& table) {
   return Reading(table, [&] { return NamesOf(catalogue_.Find(table)); });
 }
 
-std::size_t PostgresStore::FittingCharacters(const std::string &table,
-                                             const std::string &column,
+std::size_t PostgresStore::FittingCharacters(const std::string& table, const std::string& column,
                                              std::string_view text) {
   return Reading(table, [&] {
-    const Column &found =
-        FindColumn(FileName(), catalogue_.Find(table), column);
-    return found.Type == ColumnType::Text ? StorableCharacters(text)
-                                          : CharacterCount(text);
+    const Column& found = FindColumn(FileName(), catalogue_.Find(table), column);
+    return found.Type == ColumnType::Text ? StorableCharacters(text) : CharacterCount(text);
   });
 }
 
 StoreDescription PostgresStore::Describe() {
-  return Reading(
-      {}, [this] { return postgres::Describe(session_, catalogue_, place_); });
+  return Reading({}, [this] { return postgres::Describe(session_, catalogue_, place_); });
 }
 
-std::unique_ptr<RowSource> PostgresStore::Select(const Query &query) {
+std::unique_ptr<RowSource> PostgresStore::Select(const Query& query) {
   return Reading(query.Table, [&] { return SelectNow(query); });
 }
 
-std::unique_ptr<RowSource> PostgresStore::SelectNow(const Query &query) {
-  const Table &table = catalogue_.Find(query.Table);
+std::unique_ptr<RowSource> PostgresStore::SelectNow(const Query& query) {
+  const Table& table = catalogue_.Find(query.Table);
   const auto day = HoldsBookings(query.Table) ? DayOf(query) : std::nullopt;
-  const BoundSql sql = day ? SelectDaySql(place_, table, query, *day)
-                           : SelectSql(place_, table, query);
+  const BoundSql sql =
+      day ? SelectDaySql(place_, table, query, *day) : SelectSql(place_, table, query);
   RowReader rows(session_.Run(sql.Text, sql.Values));
   if (rows.ColumnNames() != NamesOf(table)) {
     catalogue_.Forget();
@@ -217,22 +204,21 @@ std::unique_ptr<RowSource> PostgresStore::SelectNow(const Query &query) {
   return std::make_unique<ResultRows>(std::move(rows), query.Table, seen_);
 }
 
-void PostgresStore::Change(const ChangeScope &scope, const ChangeWork &change) {
+void PostgresStore::Change(const ChangeScope& scope, const ChangeWork& change) {
   if (is_read_only_) {
     throw OpenedForReadingOnly(FileName());
   }
   SayingNothingSaved([&] { runner_.Change(scope, change); });
 }
 
-Row PostgresStore::Insert(const std::string &table, const FieldValues &fields) {
+Row PostgresStore::Insert(const std::string& table, const FieldValues& fields) {
   return InsertAll(table, {fields}).front();
 }
 
-std::vector<Row>
-PostgresStore::InsertAll(const std::string &table,
-                         const std::vector<FieldValues> &rows) {
+std::vector<Row> PostgresStore::InsertAll(const std::string& table,
+                                          const std::vector<FieldValues>& rows) {
   ChangeScope scope{.Table = table, .Days = {}, .Guarded = {}};
-  for (const FieldValues &fields : rows) {
+  for (const FieldValues& fields : rows) {
     if (HoldsBookings(table)) {
       AddDay(fields, scope.Days);
     }
@@ -245,18 +231,17 @@ PostgresStore::InsertAll(const std::string &table,
   return added;
 }
 
-std::vector<Row> PostgresStore::Add(const std::string &table_name,
-                                    const std::vector<FieldValues> &rows) {
-  const Table &table = catalogue_.Find(table_name);
+std::vector<Row> PostgresStore::Add(const std::string& table_name,
+                                    const std::vector<FieldValues>& rows) {
+  const Table& table = catalogue_.Find(table_name);
   schema_.KeepNumbersAhead(table, rows);
   std::vector<Row> added;
   for (std::size_t at = 0; at < rows.size();) {
-    const std::size_t most = std::min(
-        kRowsAtOnce, kValuesAtOnce / std::max<std::size_t>(rows[at].size(), 1));
+    const std::size_t most =
+        std::min(kRowsAtOnce, kValuesAtOnce / std::max<std::size_t>(rows[at].size(), 1));
     const std::size_t count = RowsAlike(rows, at, most);
     const BoundSql sql = InsertSql(place_, table, {rows.data() + at, count});
-    for (Row &row :
-         Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)))) {
+    for (Row& row : Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)))) {
       added.push_back(std::move(row));
     }
     at += count;
@@ -266,8 +251,7 @@ std::vector<Row> PostgresStore::Add(const std::string &table_name,
 
 /// Rows as the server gave them: this desk knows of them. So it does when they
 /// are undone again: their numbers are never given a second time.
-std::vector<Row> PostgresStore::Noted(const std::string &table,
-                                      RowReader rows) {
+std::vector<Row> PostgresStore::Noted(const std::string& table, RowReader rows) {
   std::vector<Row> noted;
   ResultRows source(std::move(rows), table, seen_);
   for (Row row; source.Next(row);) {
@@ -277,22 +261,18 @@ std::vector<Row> PostgresStore::Noted(const std::string &table,
 }
 
 /// As another program may have added a column meanwhile.
-void PostgresStore::RequireRowOf(const Table &table, const Row &before) {
+void PostgresStore::RequireRowOf(const Table& table, const Row& before) {
   if (before.Values.size() != table.Columns.size()) {
     catalogue_.Forget();
-    if (before.Values.size() !=
-        catalogue_.Find(std::string(table.Name)).Columns.size()) {
+    if (before.Values.size() != catalogue_.Find(std::string(table.Name)).Columns.size()) {
       throw RowChanged(FileName(), table.Name);
     }
   }
 }
 
-Row PostgresStore::Update(const std::string &table, const Row &before,
-                          const FieldValues &fields) {
-  const RowChange change{.What = RowChange::Kind::Set,
-                         .Table = table,
-                         .Before = before,
-                         .Fields = fields};
+Row PostgresStore::Update(const std::string& table, const Row& before, const FieldValues& fields) {
+  const RowChange change{
+      .What = RowChange::Kind::Set, .Table = table, .Before = before, .Fields = fields};
   ChangeScope scope{.Table = table, .Days = {}, .Guarded = {}};
   AddDayOf(change, scope.Days);
   Row after;
@@ -303,20 +283,19 @@ Row PostgresStore::Update(const std::string &table, const Row &before,
   return after;
 }
 
-Row PostgresStore::SetFields(const std::string &table_name, const Row &before,
-                             const FieldValues &fields) {
+Row PostgresStore::SetFields(const std::string& table_name, const Row& before,
+                             const FieldValues& fields) {
   RequireRowOf(catalogue_.Find(table_name), before);
-  const Table &table = catalogue_.Find(table_name);
+  const Table& table = catalogue_.Find(table_name);
   const BoundSql sql = UpdateSql(place_, table, before, fields);
-  std::vector<Row> rows =
-      Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)));
+  std::vector<Row> rows = Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)));
   if (rows.empty()) {
     FailAsChanged(table, before.Key);
   }
   return std::move(rows.front());
 }
 
-void PostgresStore::FailAsChanged(const Table &table, RowKey row) {
+void PostgresStore::FailAsChanged(const Table& table, RowKey row) {
   const BoundSql sql = SelectRowSql(place_, table, row);
   if (session_.Run(sql.Text, sql.Values).RowCount() == 0) {
     throw RowRemoved(FileName(), table.Name);
@@ -324,16 +303,16 @@ void PostgresStore::FailAsChanged(const Table &table, RowKey row) {
   throw RowChanged(FileName(), table.Name);
 }
 
-void PostgresStore::Delete(const std::string &table, const Row &before) {
+void PostgresStore::Delete(const std::string& table, const Row& before) {
   Change({.Table = table, .Days = {}, .Guarded = {}}, [&]() -> Look {
     Remove(table, before);
     return [&] { return !IsStored(table, before); };
   });
 }
 
-void PostgresStore::Remove(const std::string &table_name, const Row &before) {
+void PostgresStore::Remove(const std::string& table_name, const Row& before) {
   RequireRowOf(catalogue_.Find(table_name), before);
-  const Table &table = catalogue_.Find(table_name);
+  const Table& table = catalogue_.Find(table_name);
   const BoundSql sql = DeleteSql(place_, table, before);
   if (session_.Run(sql.Text, sql.Values).RowCount() == 0) {
     FailAsChanged(table, before.Key);
@@ -341,7 +320,7 @@ void PostgresStore::Remove(const std::string &table_name, const Row &before) {
 }
 
 /// Returns what looks whether the change is made.
-Look PostgresStore::Make(const RowChange &change) {
+Look PostgresStore::Make(const RowChange& change) {
   if (change.What == RowChange::Kind::Remove) {
     Remove(change.Table, change.Before);
     return [this, &change] { return !IsStored(change.Table, change.Before); };
@@ -353,15 +332,14 @@ Look PostgresStore::Make(const RowChange &change) {
 }
 
 /// Whether the row stands there as it is here.
-bool PostgresStore::IsStored(const std::string &table_name, const Row &row) {
-  const Table &table = catalogue_.Find(table_name);
+bool PostgresStore::IsStored(const std::string& table_name, const Row& row) {
+  const Table& table = catalogue_.Find(table_name);
   const BoundSql sql = SelectRowSql(place_, table, row.Key);
   const RowReader rows(session_.Run(sql.Text, sql.Values));
   return rows.RowCount() == 1 && rows.At(0).Values == row.Values;
 }
 
-void PostgresStore::AddDayOf(const RowChange &change,
-                             std::set<FacilityDay> &days) {
+void PostgresStore::AddDayOf(const RowChange& change, std::set<FacilityDay>& days) {
   if (!HoldsBookings(change.Table) || change.What == RowChange::Kind::Remove) {
     return;
   }
@@ -369,70 +347,64 @@ void PostgresStore::AddDayOf(const RowChange &change,
     AddDay(change.Fields, days);
     return;
   }
-  const auto columns =
-      FindBookingColumns(change.Table, ColumnNames(change.Table));
-  if (columns &&
-      change.Before.Values.size() == ColumnNames(change.Table).size()) {
+  const auto columns = FindBookingColumns(change.Table, ColumnNames(change.Table));
+  if (columns && change.Before.Values.size() == ColumnNames(change.Table).size()) {
     AddDay(change.Before, *columns, change.Fields, days);
   }
 }
 
-void PostgresStore::ChangeAll(const std::vector<RowChange> &changes,
-                              const std::vector<QueryResult> &seen) {
+void PostgresStore::ChangeAll(const std::vector<RowChange>& changes,
+                              const std::vector<QueryResult>& seen) {
   ChangeScope scope;
-  for (const QueryResult &result : seen) {
+  for (const QueryResult& result : seen) {
     scope.Guarded.push_back(result.Asked.Table);
   }
-  for (const RowChange &change : changes) {
+  for (const RowChange& change : changes) {
     AddDayOf(change, scope.Days);
     scope.Table = change.Table;
   }
   Change(scope, [&]() -> Look {
-    for (const QueryResult &result : seen) {
+    for (const QueryResult& result : seen) {
       if (!GivesTheSame(*SelectNow(result.Asked), result.Rows)) {
         throw RowsChanged(FileName(), result.Asked.Table);
       }
     }
     Look is_made = [] { return true; };
-    for (const RowChange &change : changes) {
+    for (const RowChange& change : changes) {
       is_made = Make(change);
     }
     return is_made;
   });
 }
 
-void PostgresStore::CreateTable(const TableDefinition &definition) {
+void PostgresStore::CreateTable(const TableDefinition& definition) {
   Change({.Table = definition.Name, .Days = {}, .Guarded = {}}, [&]() -> Look {
     schema_.MakeTable(definition);
-    for (const FieldValues &fields : definition.FirstRows) {
+    for (const FieldValues& fields : definition.FirstRows) {
       Add(definition.Name, {fields});
     }
     return [&] { return FindName(TableNames(), definition.Name).has_value(); };
   });
 }
 
-void PostgresStore::AddColumn(const std::string &table,
-                              const ColumnDefinition &column) {
+void PostgresStore::AddColumn(const std::string& table, const ColumnDefinition& column) {
   Change({.Table = table, .Days = {}, .Guarded = {}}, [&]() -> Look {
     schema_.AddColumn(table, column);
-    return
-        [&] { return FindName(ColumnNames(table), column.Name).has_value(); };
+    return [&] { return FindName(ColumnNames(table), column.Name).has_value(); };
   });
 }
 
-void PostgresStore::CopyTo(const std::string &new_file) {
+void PostgresStore::CopyTo(const std::string& new_file) {
   runner_.Read({}, [&] { CopyToFile(session_, catalogue_, place_, new_file); });
 }
 
 std::vector<std::string> PostgresStore::Verify() {
-  return Reading(
-      {}, [this] { return postgres::Verify(session_, catalogue_, place_); });
+  return Reading({}, [this] { return postgres::Verify(session_, catalogue_, place_); });
 }
 
-std::int64_t PostgresStore::LastNumber(const std::string &table) {
-  return Reading(table, [&] {
-    return postgres::LastNumber(session_, place_, catalogue_.Find(table));
-  });
+std::int64_t PostgresStore::LastNumber(const std::string& table) {
+  return Reading(table,
+                 [&] { return postgres::LastNumber(session_, place_, catalogue_.Find(table)); });
 }
 
 bool PostgresStore::KeepsJournal() {
@@ -447,39 +419,35 @@ void PostgresStore::KeepJournal(bool keep) {
 }
 
 class MakingOnServer : public CalendarInMaking {
-public:
-  MakingOnServer(const CalendarLink &link, const std::string &file,
-                 const WaitPolicy &policy)
-      : store_(std::make_unique<PostgresStore>(
-            link, file, StoreAccess::ReadWrite, policy, true)) {
+ public:
+  MakingOnServer(const CalendarLink& link, const std::string& file, const WaitPolicy& policy)
+      : store_(std::make_unique<PostgresStore>(link, file, StoreAccess::ReadWrite, policy, true)) {
     store_->BeginMaking();
   }
 
-  FileStore &Rows() override { return *store_; }
+  FileStore& Rows() override { return *store_; }
   std::unique_ptr<FileStore> Save() override {
     store_->SaveMade();
     return std::move(store_);
   }
 
-private:
+ private:
   std::unique_ptr<PostgresStore> store_;
 };
 
-} // namespace
+}  // namespace
 
-std::unique_ptr<Store> OpenPostgres(const CalendarLink &link,
-                                    const std::string &file, StoreAccess access,
-                                    const WaitPolicy &policy) {
-  auto store =
-      std::make_unique<PostgresStore>(link, file, access, policy, false);
+std::unique_ptr<Store> OpenPostgres(const CalendarLink& link, const std::string& file,
+                                    StoreAccess access, const WaitPolicy& policy) {
+  auto store = std::make_unique<PostgresStore>(link, file, access, policy, false);
   store->Open();
   return store;
 }
 
-std::unique_ptr<CalendarInMaking>
-CreateSharedCalendar(const CalendarLink &link, const std::string &file,
-                     const WaitPolicy &policy) {
+std::unique_ptr<CalendarInMaking> CreateSharedCalendar(const CalendarLink& link,
+                                                       const std::string& file,
+                                                       const WaitPolicy& policy) {
   return std::make_unique<MakingOnServer>(link, file, policy);
 }
 
-} // namespace veyra::postgres
+}  // namespace veyra::postgres

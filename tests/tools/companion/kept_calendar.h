@@ -75,7 +75,7 @@ class KeptCalendarTest : public testing::TestWithParam<StoreKind> {
 };
 
 /// Runs the tests of a fixture over every kind of file.
-#define VEYRA_FOR_ALL_KINDS(Fixture)                                          \
+#define VEYRA_FOR_ALL_KINDS(Fixture)                                      \
   INSTANTIATE_TEST_SUITE_P(Kinds, Fixture, testing::ValuesIn(kFileKinds), \
                            [](const auto& kind) { return std::string(NameOf(kind.param)); })
 

@@ -68,7 +68,7 @@ class SourceTable {
     if (converted) {
       return *converted;
     }
-    Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is no " +
+    Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is not a " +
          WordFor(column.Type) + ".");
   }
 

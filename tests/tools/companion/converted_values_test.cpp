@@ -20,7 +20,7 @@ TEST_F(ConvertCommandTest, AnUnreadableDateIsReportedWithItsRow) {
   }
   ExpectRefusal("access",
                 "Row 6 of the table Reserv cannot be converted. DateOfRes holds \"31/12/2014\", "
-                "which is no date.");
+                "which is not a date.");
 }
 
 TEST_F(ConvertCommandTest, ANumberThatAccessCannotHoldIsReportedWithItsRow) {

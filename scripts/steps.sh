@@ -59,7 +59,7 @@ install_packages() {
 # has had the package before is left as it is.
 no_cluster=/etc/postgresql-common/createcluster.d/veyra-no-cluster.conf
 forbid_first_cluster() {
-  if [ ! -e /etc/postgresql-common/createcluster.conf ]; then
+  if [[ " ${missing[*]} " == *" postgresql "* && ! -e /etc/postgresql-common/createcluster.conf ]]; then
     # shellcheck disable=SC2016 # The inner shell is to expand them.
     "${as_root[@]}" sh -c 'mkdir -p "$(dirname "$0")" && echo "create_main_cluster = false" >"$0"' \
       "$no_cluster"

@@ -1,6 +1,5 @@
 #include "data/postgres/postgres_store.h"
 
-#include <algorithm>
 #include <optional>
 #include <set>
 #include <utility>
@@ -13,7 +12,8 @@
 #include "data/postgres/copy.h"
 #include "data/postgres/describe.h"
 #include "data/postgres/greeting.h"
-#include "data/postgres/quoted.h"
+#include "data/postgres/result_rows.h"
+#include "data/postgres/row_changes.h"
 #include "data/postgres/schema_maker.h"
 #include "data/same_rows.h"
 #include "data/store_errors.h"
@@ -22,50 +22,6 @@
 namespace veyra::postgres {
 
 namespace {
-
-/// How many rows are sent in one statement, and how many values it may hold.
-constexpr std::size_t kRowsAtOnce = 200;
-constexpr std::size_t kValuesAtOnce = 10'000;
-
-/// The rows of a result. Those that are bookings count as seen when they are
-/// given; those that were looked at and do not satisfy the query, at once.
-class ResultRows : public RowSource {
- public:
-  ResultRows(RowReader rows, const std::string& table, SeenRows& seen)
-      : rows_(std::move(rows)),
-        booking_(FindBookingColumns(table, rows_.ColumnNames())),
-        seen_(seen) {
-    for (int row = 0; row < rows_.RowCount(); ++row) {
-      if (!rows_.IsFound(row)) {
-        Note(rows_.At(row));
-      }
-    }
-  }
-
-  bool Next(Row& row) override {
-    while (next_ < rows_.RowCount() && !rows_.IsFound(next_)) {
-      ++next_;
-    }
-    if (next_ >= rows_.RowCount()) {
-      return false;
-    }
-    row = rows_.At(next_++);
-    Note(row);
-    return true;
-  }
-
- private:
-  void Note(const Row& row) {
-    if (booking_) {
-      seen_.Note(row, *booking_);
-    }
-  }
-
-  RowReader rows_;
-  std::optional<BookingColumns> booking_;
-  SeenRows& seen_;
-  int next_ = 0;
-};
 
 std::vector<std::string> NamesOf(const Table& table) {
   std::vector<std::string> names;
@@ -144,16 +100,7 @@ class PostgresStore : public FileStore {
   void Change(const ChangeScope& scope, const ChangeWork& change);
 
   std::unique_ptr<RowSource> SelectNow(const Query& query);
-  std::vector<Row> Add(const std::string& table, const std::vector<FieldValues>& rows);
-  Row SetFields(const std::string& table, const Row& before, const FieldValues& fields);
-  void Remove(const std::string& table, const Row& before);
-  Look Make(const RowChange& change);
-  bool IsStored(const std::string& table, const Row& row);
   void AddDayOf(const RowChange& change, std::set<FacilityDay>& days);
-
-  std::vector<Row> Noted(const std::string& table, RowReader rows);
-  [[noreturn]] void FailAsChanged(const Table& table, RowKey row);
-  void RequireRowOf(const Table& table, const Row& before);
 
   bool is_read_only_;
   Place place_;
@@ -163,6 +110,7 @@ class PostgresStore : public FileStore {
   SeenRows seen_;
   ChangeRunner runner_{session_, catalogue_, seen_};
   SchemaMaker schema_{session_, catalogue_, place_};
+  RowChanges rows_{session_, catalogue_, schema_, seen_, place_};
 };
 
 std::vector<std::string> PostgresStore::TableNames() {
@@ -225,49 +173,10 @@ std::vector<Row> PostgresStore::InsertAll(const std::string& table,
   }
   std::vector<Row> added;
   Change(scope, [&]() -> Look {
-    added = Add(table, rows);
-    return [&] { return added.empty() || IsStored(table, added.back()); };
+    added = rows_.Add(table, rows);
+    return [&] { return added.empty() || rows_.IsStored(table, added.back()); };
   });
   return added;
-}
-
-std::vector<Row> PostgresStore::Add(const std::string& table_name,
-                                    const std::vector<FieldValues>& rows) {
-  const Table& table = catalogue_.Find(table_name);
-  schema_.KeepNumbersAhead(table, rows);
-  std::vector<Row> added;
-  for (std::size_t at = 0; at < rows.size();) {
-    const std::size_t most =
-        std::min(kRowsAtOnce, kValuesAtOnce / std::max<std::size_t>(rows[at].size(), 1));
-    const std::size_t count = RowsAlike(rows, at, most);
-    const BoundSql sql = InsertSql(place_, table, {rows.data() + at, count});
-    for (Row& row : Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)))) {
-      added.push_back(std::move(row));
-    }
-    at += count;
-  }
-  return added;
-}
-
-/// Rows as the server gave them: this desk knows of them. So it does when they
-/// are undone again: their numbers are never given a second time.
-std::vector<Row> PostgresStore::Noted(const std::string& table, RowReader rows) {
-  std::vector<Row> noted;
-  ResultRows source(std::move(rows), table, seen_);
-  for (Row row; source.Next(row);) {
-    noted.push_back(row);
-  }
-  return noted;
-}
-
-/// As another program may have added a column meanwhile.
-void PostgresStore::RequireRowOf(const Table& table, const Row& before) {
-  if (before.Values.size() != table.Columns.size()) {
-    catalogue_.Forget();
-    if (before.Values.size() != catalogue_.Find(std::string(table.Name)).Columns.size()) {
-      throw RowChanged(FileName(), table.Name);
-    }
-  }
 }
 
 Row PostgresStore::Update(const std::string& table, const Row& before, const FieldValues& fields) {
@@ -277,66 +186,17 @@ Row PostgresStore::Update(const std::string& table, const Row& before, const Fie
   AddDayOf(change, scope.Days);
   Row after;
   Change(scope, [&]() -> Look {
-    after = SetFields(table, before, fields);
-    return [&] { return IsStored(table, after); };
+    after = rows_.SetFields(table, before, fields);
+    return [&] { return rows_.IsStored(table, after); };
   });
   return after;
 }
 
-Row PostgresStore::SetFields(const std::string& table_name, const Row& before,
-                             const FieldValues& fields) {
-  RequireRowOf(catalogue_.Find(table_name), before);
-  const Table& table = catalogue_.Find(table_name);
-  const BoundSql sql = UpdateSql(place_, table, before, fields);
-  std::vector<Row> rows = Noted(table_name, RowReader(session_.Run(sql.Text, sql.Values)));
-  if (rows.empty()) {
-    FailAsChanged(table, before.Key);
-  }
-  return std::move(rows.front());
-}
-
-void PostgresStore::FailAsChanged(const Table& table, RowKey row) {
-  const BoundSql sql = SelectRowSql(place_, table, row);
-  if (session_.Run(sql.Text, sql.Values).RowCount() == 0) {
-    throw RowRemoved(FileName(), table.Name);
-  }
-  throw RowChanged(FileName(), table.Name);
-}
-
 void PostgresStore::Delete(const std::string& table, const Row& before) {
   Change({.Table = table, .Days = {}, .Guarded = {}}, [&]() -> Look {
-    Remove(table, before);
-    return [&] { return !IsStored(table, before); };
+    rows_.Remove(table, before);
+    return [&] { return !rows_.IsStored(table, before); };
   });
-}
-
-void PostgresStore::Remove(const std::string& table_name, const Row& before) {
-  RequireRowOf(catalogue_.Find(table_name), before);
-  const Table& table = catalogue_.Find(table_name);
-  const BoundSql sql = DeleteSql(place_, table, before);
-  if (session_.Run(sql.Text, sql.Values).RowCount() == 0) {
-    FailAsChanged(table, before.Key);
-  }
-}
-
-/// Returns what looks whether the change is made.
-Look PostgresStore::Make(const RowChange& change) {
-  if (change.What == RowChange::Kind::Remove) {
-    Remove(change.Table, change.Before);
-    return [this, &change] { return !IsStored(change.Table, change.Before); };
-  }
-  const Row after = change.What == RowChange::Kind::Add
-                        ? Add(change.Table, {change.Fields}).front()
-                        : SetFields(change.Table, change.Before, change.Fields);
-  return [this, &change, after] { return IsStored(change.Table, after); };
-}
-
-/// Whether the row stands there as it is here.
-bool PostgresStore::IsStored(const std::string& table_name, const Row& row) {
-  const Table& table = catalogue_.Find(table_name);
-  const BoundSql sql = SelectRowSql(place_, table, row.Key);
-  const RowReader rows(session_.Run(sql.Text, sql.Values));
-  return rows.RowCount() == 1 && rows.At(0).Values == row.Values;
 }
 
 void PostgresStore::AddDayOf(const RowChange& change, std::set<FacilityDay>& days) {
@@ -371,7 +231,7 @@ void PostgresStore::ChangeAll(const std::vector<RowChange>& changes,
     }
     Look is_made = [] { return true; };
     for (const RowChange& change : changes) {
-      is_made = Make(change);
+      is_made = rows_.Make(change);
     }
     return is_made;
   });
@@ -381,7 +241,7 @@ void PostgresStore::CreateTable(const TableDefinition& definition) {
   Change({.Table = definition.Name, .Days = {}, .Guarded = {}}, [&]() -> Look {
     schema_.MakeTable(definition);
     for (const FieldValues& fields : definition.FirstRows) {
-      Add(definition.Name, {fields});
+      rows_.Add(definition.Name, {fields});
     }
     return [&] { return FindName(TableNames(), definition.Name).has_value(); };
   });

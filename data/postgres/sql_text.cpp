@@ -5,37 +5,12 @@
 
 #include "data/postgres/cell.h"
 #include "data/postgres/quoted.h"
+#include "data/sql_words.h"
 #include "data/text.h"
 
 namespace veyra::postgres {
 
 namespace {
-
-const char* TestText(Relation test) {
-  switch (test) {
-    case Relation::Equal:
-      return " = ";
-    case Relation::NotEqual:
-      return " <> ";
-    case Relation::Less:
-      return " < ";
-    case Relation::LessOrEqual:
-      return " <= ";
-    case Relation::Greater:
-      return " > ";
-    case Relation::GreaterOrEqual:
-      return " >= ";
-  }
-  return "";
-}
-
-std::string List(const std::vector<std::string>& items) {
-  std::string list;
-  for (const std::string& item : items) {
-    list += (list.empty() ? "" : ", ") + item;
-  }
-  return list;
-}
 
 /// Writes a statement's text piece by piece, gathering the values.
 class SqlWriter {
@@ -245,10 +220,11 @@ BoundSql InsertSql(const Place& place, const Table& table, std::span<const Field
         values.push_back(sql.Bind(column, value));
       }
     }
-    tuples.push_back("(" + List(values) + ")");
+    tuples.push_back("(" + CommaList(values) + ")");
   }
   sql.Add("INSERT INTO " + FullName(place, table.Name));
-  sql.Add(names.empty() ? " DEFAULT VALUES" : " (" + List(names) + ") VALUES " + List(tuples));
+  sql.Add(names.empty() ? " DEFAULT VALUES"
+                        : " (" + CommaList(names) + ") VALUES " + CommaList(tuples));
   return sql.Add(" RETURNING *").Take();
 }
 
@@ -265,7 +241,7 @@ BoundSql UpdateSql(const Place& place, const Table& table, const Row& before,
     const Column& column = sql.Find(name);
     settings.push_back(Quoted(column.Name) + " = " + sql.Bind(column, value));
   }
-  sql.Add("UPDATE " + FullName(place, table.Name) + " SET " + List(settings));
+  sql.Add("UPDATE " + FullName(place, table.Name) + " SET " + CommaList(settings));
   WriteWhere(sql, table, before);
   return sql.Add(" RETURNING *").Take();
 }
@@ -294,7 +270,7 @@ std::string CreateTableSql(const Place& place, const TableDefinition& definition
   for (const ColumnDefinition& column : definition.Columns) {
     columns.push_back(ColumnText(column) + (column.AutoIncrement ? " UNIQUE" : ""));
   }
-  return "CREATE TABLE " + FullName(place, definition.Name) + " (" + List(columns) + ")";
+  return "CREATE TABLE " + FullName(place, definition.Name) + " (" + CommaList(columns) + ")";
 }
 
 std::string CreateIndexSql(const Place& place, const std::string& table,
@@ -304,7 +280,7 @@ std::string CreateIndexSql(const Place& place, const std::string& table,
     columns.push_back(Quoted(column) + " NULLS FIRST");
   }
   return "CREATE INDEX " + Quoted(index.Name) + " ON " + FullName(place, table) + " (" +
-         List(columns) + ")";
+         CommaList(columns) + ")";
 }
 
 std::vector<std::string> AddColumnSql(const Place& place, const Table& table,

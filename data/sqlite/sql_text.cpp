@@ -5,40 +5,12 @@
 #include <utility>
 
 #include "data/names.h"
+#include "data/sql_words.h"
 #include "data/store_errors.h"
 
 namespace veyra::sqlite {
 
 namespace {
-
-const char* TestText(Relation test) {
-  switch (test) {
-    case Relation::Equal:
-      return " = ";
-    case Relation::NotEqual:
-      return " <> ";
-    case Relation::Less:
-      return " < ";
-    case Relation::LessOrEqual:
-      return " <= ";
-    case Relation::Greater:
-      return " > ";
-    case Relation::GreaterOrEqual:
-      return " >= ";
-  }
-  return "";
-}
-
-std::string List(const std::vector<std::string>& items) {
-  std::string list;
-  for (const std::string& item : items) {
-    if (!list.empty()) {
-      list += ", ";
-    }
-    list += item;
-  }
-  return list;
-}
 
 /// Writes a query's text piece by piece, gathering the values.
 class SelectWriter {
@@ -173,8 +145,8 @@ std::string InsertSql(const Table& table) {
     names.push_back(Quoted(table.Columns[i]));
     marks.emplace_back("?");
   }
-  return "INSERT INTO " + Quoted(table.Name) + " (" + List(names) + ") VALUES (" + List(marks) +
-         ")";
+  return "INSERT INTO " + Quoted(table.Name) + " (" + CommaList(names) + ") VALUES (" +
+         CommaList(marks) + ")";
 }
 
 std::string UpdateSql(const Table& table, const std::vector<std::string>& columns) {
@@ -182,7 +154,8 @@ std::string UpdateSql(const Table& table, const std::vector<std::string>& column
   for (const std::string& column : columns) {
     settings.push_back(Quoted(column) + " = ?");
   }
-  return "UPDATE " + Quoted(table.Name) + " SET " + List(settings) + " WHERE " + table.Key + " = ?";
+  return "UPDATE " + Quoted(table.Name) + " SET " + CommaList(settings) + " WHERE " + table.Key +
+         " = ?";
 }
 
 std::string DeleteSql(const Table& table) {
@@ -194,7 +167,7 @@ std::string CreateTableSql(const TableDefinition& definition) {
   for (const ColumnDefinition& column : definition.Columns) {
     columns.push_back(ColumnText(column));
   }
-  return "CREATE TABLE " + Quoted(definition.Name) + " (" + List(columns) + ")";
+  return "CREATE TABLE " + Quoted(definition.Name) + " (" + CommaList(columns) + ")";
 }
 
 std::string CreateIndexSql(const std::string& table, const IndexDefinition& index) {
@@ -202,7 +175,8 @@ std::string CreateIndexSql(const std::string& table, const IndexDefinition& inde
   for (const std::string& column : index.Columns) {
     columns.push_back(Quoted(column));
   }
-  return "CREATE INDEX " + Quoted(index.Name) + " ON " + Quoted(table) + " (" + List(columns) + ")";
+  return "CREATE INDEX " + Quoted(index.Name) + " ON " + Quoted(table) + " (" + CommaList(columns) +
+         ")";
 }
 
 std::string AddColumnSql(const Table& table, const ColumnDefinition& column) {

@@ -182,6 +182,15 @@ TEST_F(MendedImageTest, IsReadAnewWhenTheColumnsAreOthers) {
 /// What a calendar keeps of what it read while it is changed.
 class KeptImagesTest : public testing::Test {
  protected:
+  void AddBooking() {
+    PageChanges pages(file_);
+    TableWriter writer(pages, snapshot_.DefinitionOf("Reserv"));
+    access::InsertRow(pages, writer, Booking(1, "Ann", kFirstDay, 1, 2));
+    access::Snapshot::Images images = snapshot_.TakeImages();
+    file_.Write(pages.Images());
+    snapshot_.MendImages(std::move(images), pages.Images());
+  }
+
   AccessFolder folder_;
   PageFile file_{folder_.Calendar(), true};
   access::Snapshot snapshot_{file_};
@@ -190,12 +199,7 @@ class KeptImagesTest : public testing::Test {
 TEST_F(KeptImagesTest, ATableIsNotReadAgainAfterAChange) {
   const TableImage* read = snapshot_.Table("Reserv").get();
   const access::Snapshot::Held held(snapshot_);
-  PageChanges pages(file_);
-  TableWriter writer(pages, snapshot_.DefinitionOf("Reserv"));
-  access::InsertRow(pages, writer, Booking(1, "Ann", kFirstDay, 1, 2));
-  access::Snapshot::Images images = snapshot_.TakeImages();
-  file_.Write(pages.Images());
-  snapshot_.MendImages(std::move(images), pages.Images());
+  AddBooking();
   EXPECT_EQ(read, snapshot_.Table("Reserv").get());
   EXPECT_EQ(1U, snapshot_.Table("Reserv")->RowCount());
 }
@@ -203,12 +207,7 @@ TEST_F(KeptImagesTest, ATableIsNotReadAgainAfterAChange) {
 TEST_F(KeptImagesTest, RowsThatSomebodyStillReadsStayAsTheyWere) {
   const std::shared_ptr<TableImage> read = snapshot_.Table("Reserv");
   const access::Snapshot::Held held(snapshot_);
-  PageChanges pages(file_);
-  TableWriter writer(pages, snapshot_.DefinitionOf("Reserv"));
-  access::InsertRow(pages, writer, Booking(1, "Ann", kFirstDay, 1, 2));
-  access::Snapshot::Images images = snapshot_.TakeImages();
-  file_.Write(pages.Images());
-  snapshot_.MendImages(std::move(images), pages.Images());
+  AddBooking();
   EXPECT_EQ(0U, read->RowCount());
   EXPECT_EQ(1U, snapshot_.Table("Reserv")->RowCount());
 }

@@ -78,6 +78,18 @@ class OwnChange : public StandingClock {
 
   void WriteOwn() { Write(file_, PageOf(file_)); }
 
+  /// Another program changes a page that this one has read, and then this one another page.
+  void ExpectSeenThoughAnOwnChangeFollows() {
+    const Bytes read = *file_.ReadPage(kPage + 1);
+    PageFile other(folder_.Calendar(), true);
+    Bytes changed = read;
+    changed.back() = static_cast<access::Byte>(changed.back() + 1);
+    other.Write({{kPage + 1, changed}});
+    WriteOwn();
+    EXPECT_TRUE(file_.Refresh());
+    EXPECT_NE(read, *file_.ReadPage(kPage + 1));
+  }
+
   PageFile file_;
 };
 
@@ -155,14 +167,7 @@ TEST_F(OwnChange, DoesNotHideThatOfAnotherCopyOfThisProgramInTheSameTick) {
 }
 
 TEST_F(OwnChange, DoesNotHideWhatAnotherProgramWroteRightBeforeIt) {
-  const Bytes before = *file_.ReadPage(kPage + 1);
-  PageFile other(folder_.Calendar(), true);
-  Bytes changed = before;
-  changed.back() = static_cast<access::Byte>(changed.back() + 1);
-  other.Write({{kPage + 1, changed}});
-  WriteOwn();
-  EXPECT_TRUE(file_.Refresh());
-  EXPECT_NE(before, *file_.ReadPage(kPage + 1));
+  ExpectSeenThoughAnOwnChangeFollows();
 }
 
 TEST_F(OwnChange, DoesNotHideTheSecondOfTwoChangesOfAnotherProgramInTheSameTick) {
@@ -178,14 +183,7 @@ TEST_F(OwnChange, DoesNotHideTheSecondOfTwoChangesOfAnotherProgramInTheSameTick)
 TEST_F(OwnChange, DoesNotHideWhatAnotherProgramWroteInTheTickInWhichItWasRead) {
   WriteAsAnother(PageOf(file_));
   file_.Refresh();
-  const Bytes read = *file_.ReadPage(kPage + 1);
-  PageFile other(folder_.Calendar(), true);
-  Bytes changed = read;
-  changed.back() = static_cast<access::Byte>(changed.back() + 1);
-  other.Write({{kPage + 1, changed}});
-  WriteOwn();
-  EXPECT_TRUE(file_.Refresh());
-  EXPECT_NE(read, *file_.ReadPage(kPage + 1));
+  ExpectSeenThoughAnOwnChangeFollows();
 }
 
 TEST_F(OwnChange, IsBelievedATickLaterWhereItsTimeCannotBeSet) {

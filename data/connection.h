@@ -24,6 +24,10 @@ class Connection {
   /// not understood or names a table or column that is not there.
   std::unique_ptr<Recordset> Open(std::string_view sql, CursorType cursor);
 
+  /// The rows of each of several queries, forward only. A server is asked for all of them in one
+  /// go. Throws as Open does.
+  std::vector<std::unique_ptr<Recordset>> OpenAll(const std::vector<std::string>& sql);
+
   /// The database by rows instead of by SQL text. REQUIRES: no record set is open.
   Store& Rows() { return *store_; }
 

@@ -47,6 +47,11 @@ std::unique_ptr<RowSource> ExplainingStore::Select(const Query& query) {
   return Explaining([&] { return ForwardingStore::Select(query); });
 }
 
+std::vector<std::unique_ptr<RowSource>> ExplainingStore::SelectAll(
+    const std::vector<Query>& queries) {
+  return Explaining([&] { return ForwardingStore::SelectAll(queries); });
+}
+
 std::size_t ExplainingStore::FittingCharacters(const std::string& table, const std::string& column,
                                                std::string_view text) {
   return Explaining([&] { return ForwardingStore::FittingCharacters(table, column, text); });

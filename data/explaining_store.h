@@ -26,6 +26,7 @@ class ExplainingStore : public ForwardingStore {
   std::size_t FittingCharacters(const std::string& table, const std::string& column,
                                 std::string_view text) override;
   std::unique_ptr<RowSource> Select(const Query& query) override;
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override;
   Row Insert(const std::string& table, const FieldValues& fields) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;

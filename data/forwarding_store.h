@@ -30,6 +30,9 @@ class ForwardingStore : public Store {
   }
   StoreDescription Describe() override { return store_->Describe(); }
   std::unique_ptr<RowSource> Select(const Query& query) override { return store_->Select(query); }
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override {
+    return store_->SelectAll(queries);
+  }
   Row Insert(const std::string& table, const FieldValues& fields) override {
     return store_->Insert(table, fields);
   }

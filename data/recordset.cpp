@@ -72,6 +72,15 @@ Recordset::Recordset(Store& store, Query query, CursorType cursor)
   }
 }
 
+Recordset::Recordset(Store& store, Query query, std::unique_ptr<RowSource> rows)
+    : store_(&store),
+      query_(std::move(query)),
+      cursor_(CursorType::ForwardOnlyReadOnly),
+      source_(std::move(rows)),
+      read_(true) {
+  ReadFirst();
+}
+
 void Recordset::RequireOpen() const {
   if (store_ == nullptr) {
     throw std::logic_error("the record set is closed");

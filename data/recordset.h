@@ -46,6 +46,9 @@ class Recordset {
  public:
   /// The store must outlive the record set.
   Recordset(Store& store, Query query, CursorType cursor);
+
+  /// Forward only, with the rows that the store has given for the query.
+  Recordset(Store& store, Query query, std::unique_ptr<RowSource> rows);
   ~Recordset() = default;
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;

@@ -125,6 +125,10 @@ class Store {
   /// it reads is changed through this store.
   virtual std::unique_ptr<RowSource> Select(const Query& query) = 0;
 
+  /// The rows of each query, as Select gives them. A store at the end of a line is asked for all of
+  /// them in one go.
+  virtual std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries);
+
   /// Adds a row and returns it as stored, an auto-increment key filled in. Columns that `fields`
   /// does not name hold null, whatever default they declare.
   virtual Row Insert(const std::string& table, const FieldValues& fields) = 0;

@@ -48,11 +48,22 @@ Date FirstDayOf(int year, int month) {
 }
 
 /// The day's bookings of the current facility, in the order of their first slots.
+std::string SelectDay(const Session& session, Date day) {
+  return "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
+         " And DateOfRes = #" + DateText(day) + "# Order By TimeFrom;";
+}
+
 std::unique_ptr<Recordset> OpenDay(Session& session, Date day) {
-  return session.ResCon->Open(
-      "SELECT * FROM Reserv Where RmID = " + std::to_string(session.CurRmID) +
-          " And DateOfRes = #" + DateText(day) + "# Order By TimeFrom;",
-      CursorType::ForwardOnlyReadOnly);
+  return session.ResCon->Open(SelectDay(session, day), CursorType::ForwardOnlyReadOnly);
+}
+
+/// So many days from the first one on, a query for each.
+std::vector<std::unique_ptr<Recordset>> OpenDays(Session& session, Date first_day, int count) {
+  std::vector<std::string> queries;
+  for (int day = 0; day < count; ++day) {
+    queries.push_back(SelectDay(session, AddDays(first_day, day)));
+  }
+  return session.ResCon->OpenAll(queries);
 }
 
 SlotRange RangeOf(Recordset& booking) {
@@ -64,13 +75,16 @@ std::string ListingLine(const Session& session, Recordset& booking) {
          ShownName(ToText(booking.Field("Event")));
 }
 
-DayLines LinesOfDay(Session& session, Date day) {
+DayLines LinesOf(const Session& session, Recordset& bookings) {
   DayLines lines;
-  const auto bookings = OpenDay(session, day);
-  for (; !bookings->AtEnd(); bookings->MoveNext()) {
-    lines.push_back(ListingLine(session, *bookings));
+  for (; !bookings.AtEnd(); bookings.MoveNext()) {
+    lines.push_back(ListingLine(session, bookings));
   }
   return lines;
+}
+
+DayLines LinesOfDay(Session& session, Date day) {
+  return LinesOf(session, *OpenDay(session, day));
 }
 
 void ColorCell(const ColorSettings& colors, MonthCell& cell) {
@@ -82,14 +96,14 @@ void ColorCell(const ColorSettings& colors, MonthCell& cell) {
   cell.ListColor = ColorNumber(colors.TodayBColor, "TodayBColor");
 }
 
-MonthCell CellOf(Session& session, Date day, Date today) {
+MonthCell CellOf(const Session& session, Date day, Date today, Recordset& bookings) {
   MonthCell cell;
   cell.Visible = true;
   cell.Day = day;
   cell.Number = std::to_string(DayOf(day));
   cell.IsToday = day == today;
   ColorCell(session.CurrentColors, cell);
-  cell.Lines = LinesOfDay(session, day);
+  cell.Lines = LinesOf(session, bookings);
   return cell;
 }
 
@@ -108,8 +122,11 @@ void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int
   }
   const int first_cell = WeekdayNumber(first_day);
   const Date today = clock.Today();
-  for (int day = 0; day < DaysInMonth(year, month); ++day) {
-    picture.Cells[first_cell + day] = CellOf(session, AddDays(first_day, day), today);
+  const auto days = OpenDays(session, first_day, DaysInMonth(year, month));
+  for (int day = 0; day < static_cast<int>(days.size()); ++day) {
+    Recordset& bookings = *days[static_cast<std::size_t>(day)];
+    picture.Cells[first_cell + day] = CellOf(session, AddDays(first_day, day), today, bookings);
+    bookings.Close();
   }
   screen.ShowMonth(picture);
 }

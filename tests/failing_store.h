@@ -85,6 +85,9 @@ class FailingStore : public ForwardingStore {
     faults_.Begin(Statement::Select);
     return ForwardingStore::Select(query);
   }
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override {
+    return Store::SelectAll(queries);
+  }
   Row Insert(const std::string& table, const FieldValues& fields) override {
     faults_.Begin(Statement::Insert);
     Row row = ForwardingStore::Insert(table, fields);

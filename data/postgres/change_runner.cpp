@@ -107,9 +107,9 @@ void ChangeRunner::Attempt(const ChangeScope& scope, const ChangeWork& change) {
 }
 
 void ChangeRunner::Begin(const ChangeScope& scope) {
-  session_.Run("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE");
+  session_.RunLater("BEGIN ISOLATION LEVEL READ COMMITTED READ WRITE");
   const bool has_number = action_.IsNamed() && action_.Number();
-  session_.Run(
+  session_.RunLater(
       "SELECT pg_catalog.set_config('veyra.seen', $1, true),"
       " pg_catalog.set_config('veyra.action', $2, true),"
       " pg_catalog.set_config('veyra.action_id', $3, true)",
@@ -123,15 +123,16 @@ void ChangeRunner::Begin(const ChangeScope& scope) {
 void ChangeRunner::LockInOrder(const ChangeScope& scope) {
   const Place place{.File = session_.file(), .Schema = session_.link().Schema};
   for (const std::string& table : InLockOrder(scope.Guarded)) {
-    session_.Run("LOCK TABLE " + FullName(place, catalogue_.Find(table).Name) +
-                 " IN SHARE ROW EXCLUSIVE MODE");
+    session_.RunLater("LOCK TABLE " + FullName(place, catalogue_.Find(table).Name) +
+                      " IN SHARE ROW EXCLUSIVE MODE");
   }
   if (scope.Days.size() > 1) {
-    session_.Run("LOCK TABLE " + FullName(place, catalogue_.Find("Reserv").Name) +
-                 " IN ROW EXCLUSIVE MODE");
-    session_.Run(LockDaysSql(place.Schema),
-                 {ArrayText(scope.Days, [](const auto& day) { return std::to_string(day.first); }),
-                  ArrayText(scope.Days, [](const auto& day) { return IsoText(day.second); })});
+    session_.RunLater("LOCK TABLE " + FullName(place, catalogue_.Find("Reserv").Name) +
+                      " IN ROW EXCLUSIVE MODE");
+    session_.RunLater(
+        LockDaysSql(place.Schema),
+        {ArrayText(scope.Days, [](const auto& day) { return std::to_string(day.first); }),
+         ArrayText(scope.Days, [](const auto& day) { return IsoText(day.second); })});
   }
 }
 

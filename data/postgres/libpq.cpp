@@ -55,6 +55,9 @@ Libpq::Libpq(const std::string& file) : library_(Open(file)) {
   find(SendQueryParams, "PQsendQueryParams");
   find(SendPrepare, "PQsendPrepare");
   find(SendQueryPrepared, "PQsendQueryPrepared");
+  find(EnterPipelineMode, "PQenterPipelineMode");
+  find(ExitPipelineMode, "PQexitPipelineMode");
+  find(PipelineSync, "PQpipelineSync");
   find(Flush, "PQflush");
   find(ConsumeInput, "PQconsumeInput");
   find(IsBusy, "PQisBusy");

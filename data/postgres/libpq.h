@@ -35,6 +35,9 @@ class Libpq {
   decltype(&PQsendQueryParams) SendQueryParams;
   decltype(&PQsendPrepare) SendPrepare;
   decltype(&PQsendQueryPrepared) SendQueryPrepared;
+  decltype(&PQenterPipelineMode) EnterPipelineMode;
+  decltype(&PQexitPipelineMode) ExitPipelineMode;
+  decltype(&PQpipelineSync) PipelineSync;
   decltype(&PQflush) Flush;
   decltype(&PQconsumeInput) ConsumeInput;
   decltype(&PQisBusy) IsBusy;

@@ -51,6 +51,7 @@ class PostgresStore : public FileStore {
                                 std::string_view text) override;
   StoreDescription Describe() override;
   std::unique_ptr<RowSource> Select(const Query& query) override;
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override;
   Row Insert(const std::string& table, const FieldValues& fields) override;
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
@@ -99,6 +100,8 @@ class PostgresStore : public FileStore {
 
   void Change(const ChangeScope& scope, const ChangeWork& change);
 
+  Statement StatementOf(const Query& query);
+  std::unique_ptr<RowSource> SourceOf(const Query& query, Result result);
   std::unique_ptr<RowSource> SelectNow(const Query& query);
   void AddDayOf(const RowChange& change, std::set<FacilityDay>& days);
 
@@ -140,16 +143,40 @@ std::unique_ptr<RowSource> PostgresStore::Select(const Query& query) {
   return Reading(query.Table, [&] { return SelectNow(query); });
 }
 
-std::unique_ptr<RowSource> PostgresStore::SelectNow(const Query& query) {
+std::vector<std::unique_ptr<RowSource>> PostgresStore::SelectAll(
+    const std::vector<Query>& queries) {
+  return Reading(queries.empty() ? std::string() : queries.front().Table, [&] {
+    std::vector<Statement> statements;
+    for (const Query& query : queries) {
+      statements.push_back(StatementOf(query));
+    }
+    std::vector<Result> results = session_.RunAll(std::move(statements));
+    std::vector<std::unique_ptr<RowSource>> sources;
+    for (std::size_t i = 0; i < queries.size(); ++i) {
+      sources.push_back(SourceOf(queries[i], std::move(results[i])));
+    }
+    return sources;
+  });
+}
+
+Statement PostgresStore::StatementOf(const Query& query) {
   const Table& table = catalogue_.Find(query.Table);
   const auto day = HoldsBookings(query.Table) ? DayOf(query) : std::nullopt;
-  const BoundSql sql =
-      day ? SelectDaySql(place_, table, query, *day) : SelectSql(place_, table, query);
-  RowReader rows(session_.Run(sql.Text, sql.Values));
-  if (rows.ColumnNames() != NamesOf(table)) {
+  BoundSql sql = day ? SelectDaySql(place_, table, query, *day) : SelectSql(place_, table, query);
+  return {.Sql = std::move(sql.Text), .Values = std::move(sql.Values)};
+}
+
+std::unique_ptr<RowSource> PostgresStore::SourceOf(const Query& query, Result result) {
+  RowReader rows(std::move(result));
+  if (rows.ColumnNames() != NamesOf(catalogue_.Find(query.Table))) {
     catalogue_.Forget();
   }
   return std::make_unique<ResultRows>(std::move(rows), query.Table, seen_);
+}
+
+std::unique_ptr<RowSource> PostgresStore::SelectNow(const Query& query) {
+  const Statement statement = StatementOf(query);
+  return SourceOf(query, session_.Run(statement.Sql, statement.Values));
 }
 
 void PostgresStore::Change(const ChangeScope& scope, const ChangeWork& change) {

@@ -1,12 +1,13 @@
 #include "data/postgres/session.h"
 
 #include <array>
-#include <string_view>
+#include <chrono>
+#include <iterator>
 #include <utility>
 
 #include "data/errors.h"
 #include "data/postgres/failure.h"
-#include "data/postgres/link_check.h"
+#include "data/postgres/reply_wait.h"
 
 namespace veyra::postgres {
 
@@ -14,24 +15,20 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kConnecting{15'000};
 constexpr milliseconds kCancelling{10'000};
 constexpr std::size_t kMostStatements = 200;
 
 /// The server's remarks go to nobody: what matters comes as a failure.
 void DropNotice(void*, const PGresult*) {}
 
-std::string FirstLine(std::string_view text) {
-  text = text.substr(0, text.find('\n'));
-  while (!text.empty() && (text.back() == ' ' || text.back() == '.')) {
-    text.remove_suffix(1);
-  }
-  return std::string(text);
-}
-
 std::string Field(const Libpq& libpq, const PGresult* result, int code) {
   const char* const text = libpq.ResultErrorField(result, code);
   return text == nullptr ? std::string() : std::string(text);
+}
+
+Failure FailureIn(const Libpq& libpq, const PGresult* result) {
+  return {Field(libpq, result, PG_DIAG_SQLSTATE), Field(libpq, result, PG_DIAG_MESSAGE_PRIMARY),
+          Field(libpq, result, PG_DIAG_MESSAGE_DETAIL)};
 }
 
 std::vector<const char*> Pointers(const Parameters& parameters) {
@@ -45,16 +42,19 @@ std::vector<const char*> Pointers(const Parameters& parameters) {
 
 }  // namespace
 
+/// What has gone to the server, and is to be read from it.
+struct Session::Sent {
+  std::vector<bool> IsWanted;             ///< Of each result, whether it is one of a statement.
+  std::vector<std::string> ToBePrepared;  ///< The texts.
+};
+
 Session::Session(CalendarLink link, std::string file, WaitPolicy policy,
                  std::function<void()> on_connect)
     : libpq_(std::make_shared<Libpq>(file)),
-      link_(std::move(link)),
-      file_(std::move(file)),
+      address_{.File = std::move(file), .Link = std::move(link), .Facts = {}},
       policy_(std::move(policy)),
       on_connect_(std::move(on_connect)) {
-  const LinkFacts facts = CheckLink(file_, link_);
-  names_tls_ = facts.NamesTls;
-  tls_ = facts.Tls;
+  address_.Facts = CheckLink(address_.File, address_.Link);
 }
 
 Session::~Session() {
@@ -62,7 +62,8 @@ Session::~Session() {
 }
 
 void Session::Disconnect() {
-  statements_.clear();
+  prepared_.Clear();
+  later_.clear();
   if (connection_ != nullptr) {
     libpq_->Finish(std::exchange(connection_, nullptr));
   }
@@ -82,135 +83,88 @@ void Session::RequireConnection() {
 }
 
 void Session::Connect() {
-  connection_ = Start();
-  try {
-    FinishConnecting();
-    RequireSafeWay();
-  } catch (...) {
-    Disconnect();
-    throw;
-  }
+  connection_ = postgres::Connect(*libpq_, address_, policy_);
   libpq_->SetNonblocking(connection_, 1);
   libpq_->SetNoticeReceiver(connection_, DropNotice, nullptr);
 }
 
-/// What comes before the link in the list gives way to what the link says itself.
-PGconn* Session::Start() const {
-  std::vector<const char*> names = {"fallback_application_name", "tcp_user_timeout",
-                                    "keepalives_idle", "keepalives_interval"};
-  std::vector<const char*> values = {"veyra-calendar", "20000", "20", "5"};
-  if (!names_tls_ && !tls_.empty()) {
-    names.push_back("sslmode");
-    values.push_back(tls_.c_str());
-  }
-  names.insert(names.end(), {"dbname", "client_encoding", nullptr});
-  values.insert(values.end(), {link_.Server.c_str(), "UTF8", nullptr});
-  return libpq_->ConnectStart(names.data(), values.data(), 1);
-}
-
-void Session::FinishConnecting() {
-  ReplyWait wait(policy_);
-  if (connection_ == nullptr || libpq_->Status(connection_) == CONNECTION_BAD) {
-    FailToConnect();
-  }
-  bool for_writing = true;
-  while (true) {
-    while (!wait.Poll(libpq_->Socket(connection_), for_writing)) {
-      if (wait.WasCancelled()) {
-        throw WaitCancelledError({file_, "The wait for the calendar's server was ended.", {}});
-      }
-      if (wait.Lasted() > kConnecting) {
-        throw DatabaseError({file_, "The calendar's server does not answer.",
-                             "Check the network, and that the server is running."});
-      }
-    }
-    switch (libpq_->ConnectPoll(connection_)) {
-      case PGRES_POLLING_OK:
-        return;
-      case PGRES_POLLING_READING:
-        for_writing = false;
-        break;
-      case PGRES_POLLING_WRITING:
-        for_writing = true;
-        break;
-      default:
-        FailToConnect();
-    }
-  }
-}
-
-void Session::FailToConnect() {
-  const std::string why =
-      connection_ == nullptr ? "too little memory" : FirstLine(libpq_->ErrorMessage(connection_));
-  const bool needs_password = connection_ != nullptr && libpq_->NeedsPassword(connection_) != 0;
-  throw DatabaseError({file_, "The calendar's server cannot be reached: " + why + ".",
-                       needs_password
-                           ? "Put the password into the file ~/.pgpass of this account."
-                           : "Check the network, that the server is running, and that the link "
-                             "names the right one."});
-}
-
-/// A service file or the environment may name another host than the link does, and nobody has said
-/// how to be sure of that one.
-void Session::RequireSafeWay() const {
-  if (names_tls_ || IsThisMachine(libpq_->Host(connection_))) {
-    return;
-  }
-  PQconninfoOption* const options = libpq_->Conninfo(connection_);
-  std::string tls;
-  for (const PQconninfoOption* option = options; option != nullptr && option->keyword != nullptr;
-       ++option) {
-    if (std::string_view(option->keyword) == "sslmode" && option->val != nullptr) {
-      tls = option->val;
-    }
-  }
-  libpq_->ConninfoFree(options);
-  if (tls.empty() || tls == "prefer" || tls == "allow") {
-    throw DatabaseError({file_,
-                         std::string("The calendar's server is another machine, ") +
-                             libpq_->Host(connection_) + ", and nothing says how to be sure of it.",
-                         "Put sslmode=verify-full into the service file."});
-  }
-}
-
 Result Session::Run(const std::string& sql, const Parameters& parameters) {
+  std::vector<Statement> statements;
+  statements.push_back({.Sql = sql, .Values = parameters});
+  return std::move(RunAll(std::move(statements)).front());
+}
+
+void Session::RunLater(const std::string& sql, const Parameters& parameters) {
   RequireConnection();
-  Send(sql, parameters);
-  return Reply();
+  later_.push_back({.Sql = sql, .Values = parameters});
+}
+
+std::vector<Result> Session::RunAll(std::vector<Statement> statements) {
+  RequireConnection();
+  if (prepared_.Count() > kMostStatements) {
+    ForgetStatements();
+  }
+  const auto before = static_cast<std::ptrdiff_t>(later_.size());
+  std::move(statements.begin(), statements.end(), std::back_inserter(later_));
+  std::vector<Result> results = SendAndRead(std::exchange(later_, {}));
+  results.erase(results.begin(), results.begin() + before);
+  return results;
+}
+
+/// In libpq's pipeline mode, where the server answers when it has all of them.
+std::vector<Result> Session::SendAndRead(const std::vector<Statement>& statements) {
+  Sent sent;
+  CheckSent(libpq_->EnterPipelineMode(connection_));
+  for (const Statement& statement : statements) {
+    Send(statement, sent);
+  }
+  CheckSent(libpq_->PipelineSync(connection_));
+  std::vector<Result> results;
+  try {
+    results = Replies(false);
+  } catch (...) {
+    for (const std::string& sql : sent.ToBePrepared) {
+      prepared_.Unmake(sql);
+    }
+    throw;
+  }
+  std::vector<Result> wanted;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    if (sent.IsWanted.at(i)) {
+      wanted.push_back(std::move(results[i]));
+    }
+  }
+  return wanted;
+}
+
+void Session::Send(const Statement& statement, Sent& sent) {
+  const PreparedStatements::Way way = prepared_.Next(statement.Sql);
+  if (way.IsToBeMade) {
+    sent.ToBePrepared.push_back(statement.Sql);
+    sent.IsWanted.push_back(false);
+    CheckSent(
+        libpq_->SendPrepare(connection_, way.Name.c_str(), statement.Sql.c_str(), 0, nullptr));
+  }
+  sent.IsWanted.push_back(true);
+  const std::vector<const char*> values = Pointers(statement.Values);
+  const int count = static_cast<int>(values.size());
+  CheckSent(way.Name.empty() ? libpq_->SendQueryParams(connection_, statement.Sql.c_str(), count,
+                                                       nullptr, values.data(), nullptr, nullptr, 0)
+                             : libpq_->SendQueryPrepared(connection_, way.Name.c_str(), count,
+                                                         values.data(), nullptr, nullptr, 0));
 }
 
 void Session::RunScript(const std::string& sql) {
   RequireConnection();
+  if (!later_.empty()) {
+    RunAll({});
+  }
   CheckSent(libpq_->SendQuery(connection_, sql.c_str()));
-  Reply();
-}
-
-/// To prepare a statement is a way to the server and back: it is worth it from the second time on.
-void Session::Send(const std::string& sql, const Parameters& parameters) {
-  if (statements_.size() > kMostStatements) {
-    ForgetStatements();
-  }
-  const auto [known, is_new] = statements_.try_emplace(sql);
-  if (!is_new && known->second.empty()) {
-    const std::string name = "veyra_" + std::to_string(++last_statement_);
-    Prepare(sql, name);
-    statements_[sql] = name;
-  }
-  const std::vector<const char*> values = Pointers(parameters);
-  const int count = static_cast<int>(values.size());
-  CheckSent(is_new ? libpq_->SendQueryParams(connection_, sql.c_str(), count, nullptr,
-                                             values.data(), nullptr, nullptr, 0)
-                   : libpq_->SendQueryPrepared(connection_, statements_[sql].c_str(), count,
-                                               values.data(), nullptr, nullptr, 0));
-}
-
-void Session::Prepare(const std::string& sql, const std::string& name) {
-  CheckSent(libpq_->SendPrepare(connection_, name.c_str(), sql.c_str(), 0, nullptr));
-  Reply();
+  Replies(true);
 }
 
 void Session::ForgetStatements() {
-  statements_.clear();
+  prepared_.Clear();
   if (connection_ != nullptr && !IsInTransaction()) {
     RunScript("DEALLOCATE ALL");
   }
@@ -222,32 +176,43 @@ void Session::CheckSent(int was_sent) {
   }
 }
 
-/// The last result of a script, or the first that failed.
-Result Session::Reply() {
-  Result last(libpq_, nullptr);
+/// What came for each statement. Throws the first failure, when all has been read.
+std::vector<Result> Session::Replies(bool to_script) {
+  std::vector<Result> results;
   std::optional<Failure> failure;
-  while (true) {
+  for (bool is_read = false; !is_read;) {
     AwaitReply();
     PGresult* const result = libpq_->GetResult(connection_);
     if (result == nullptr) {
-      break;
+      is_read = to_script || libpq_->Status(connection_) == CONNECTION_BAD;
+      continue;
     }
-    last = Result(libpq_, result);
-    const ExecStatusType status = libpq_->ResultStatus(result);
-    if (status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK && !failure) {
-      failure.emplace(Field(*libpq_, result, PG_DIAG_SQLSTATE),
-                      Field(*libpq_, result, PG_DIAG_MESSAGE_PRIMARY),
-                      Field(*libpq_, result, PG_DIAG_MESSAGE_DETAIL));
+    Result held(libpq_, result);
+    switch (libpq_->ResultStatus(result)) {
+      case PGRES_TUPLES_OK:
+      case PGRES_COMMAND_OK:
+        results.push_back(std::move(held));
+        break;
+      case PGRES_PIPELINE_SYNC:
+        is_read = true;
+        break;
+      case PGRES_PIPELINE_ABORTED:
+        break;
+      default:
+        if (!failure) {
+          failure = FailureIn(*libpq_, result);
+        }
     }
   }
   if (libpq_->Status(connection_) == CONNECTION_BAD) {
     Lose(failure && !failure->Message().empty() ? failure->Message()
                                                 : FirstLine(libpq_->ErrorMessage(connection_)));
   }
+  libpq_->ExitPipelineMode(connection_);
   if (failure) {
     throw Failure(*failure);
   }
-  return last;
+  return results;
 }
 
 void Session::AwaitReply() {
@@ -291,6 +256,7 @@ bool Session::IsInTransaction() const {
 }
 
 void Session::Rollback() noexcept {
+  later_.clear();
   if (!IsInTransaction()) {
     return;
   }

@@ -4,12 +4,12 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "data/calendar_link.h"
+#include "data/postgres/connecting.h"
 #include "data/postgres/libpq.h"
-#include "data/postgres/reply_wait.h"
+#include "data/postgres/prepared_statements.h"
 #include "data/postgres/result.h"
 #include "data/waiting.h"
 
@@ -17,6 +17,11 @@ namespace veyra::postgres {
 
 /// What stands for $1, $2 ... in a statement, as text; nothing for null.
 using Parameters = std::vector<std::optional<std::string>>;
+
+struct Statement {
+  std::string Sql;
+  Parameters Values = {};
+};
 
 /// A connection to the server, made when it is first needed and again when it was lost. While it
 /// waits the policy's observer is told, who can end the wait.
@@ -34,8 +39,15 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// Sends one statement and returns its rows.
+  /// Sends one statement, after those that were to go with it, and returns its rows: one way to the
+  /// server and back. What one of them fails with is thrown; those after it are not carried out.
   Result Run(const std::string& sql, const Parameters& parameters = {});
+
+  /// Sends several in one go, in the same way, and returns the rows of each.
+  std::vector<Result> RunAll(std::vector<Statement> statements);
+
+  /// A statement whose rows nobody wants, to be sent with the next that Run or RunScript sends.
+  void RunLater(const std::string& sql, const Parameters& parameters = {});
 
   /// Sends several statements, with semicolons between them; REQUIRES: they hold no value.
   void RunScript(const std::string& sql);
@@ -53,37 +65,30 @@ class Session {
   void Disconnect();
 
   /// The full name of the link file.
-  const std::string& file() const { return file_; }
-  const CalendarLink& link() const { return link_; }
+  const std::string& file() const { return address_.File; }
+  const CalendarLink& link() const { return address_.Link; }
   const WaitPolicy& policy() const { return policy_; }
 
  private:
   void RequireConnection();
   void Connect();
-  PGconn* Start() const;
-  void FinishConnecting();
-  void RequireSafeWay() const;
-  [[noreturn]] void FailToConnect();
 
-  void Send(const std::string& sql, const Parameters& parameters);
-  void Prepare(const std::string& sql, const std::string& name);
+  struct Sent;
+  std::vector<Result> SendAndRead(const std::vector<Statement>& statements);
+  void Send(const Statement& statement, Sent& sent);
   void CheckSent(int was_sent);
-  Result Reply();
+  std::vector<Result> Replies(bool to_script);
   void AwaitReply();
   void RequestCancel();
   [[noreturn]] void Lose(const std::string& message);
 
   LibpqPtr libpq_;
-  CalendarLink link_;
-  std::string file_;
+  Address address_;
   WaitPolicy policy_;
   std::function<void()> on_connect_;
-  bool names_tls_ = false;
-  std::string tls_;
   PGconn* connection_ = nullptr;
-  /// The name under which each text is prepared; empty when it was sent once.
-  std::unordered_map<std::string, std::string> statements_;
-  long last_statement_ = 0;
+  PreparedStatements prepared_;
+  std::vector<Statement> later_;
 };
 
 }  // namespace veyra::postgres

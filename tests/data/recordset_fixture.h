@@ -36,6 +36,9 @@ class CountingStore : public ForwardingStore {
     ++counts_.Selects;
     return ForwardingStore::Select(query);
   }
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override {
+    return Store::SelectAll(queries);
+  }
   Row Insert(const std::string& table, const FieldValues& fields) override {
     ++counts_.Inserts;
     return ForwardingStore::Insert(table, fields);

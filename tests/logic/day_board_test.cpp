@@ -20,6 +20,9 @@ class CountingStore : public ForwardingStore {
     Queries += query.Table == "Reserv" ? 1 : 0;
     return ForwardingStore::Select(query);
   }
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override {
+    return Store::SelectAll(queries);
+  }
 };
 
 class DayBoardTest : public testing::Test {

@@ -16,19 +16,25 @@
 namespace veyra::modRes {
 namespace {
 
-/// A store that counts the queries that it is asked.
+/// A store that counts the queries that it is asked, and how often it is asked for several in one
+/// go.
 class CountingStore : public ForwardingStore {
  public:
-  CountingStore(std::unique_ptr<Store> store, int& queries)
-      : ForwardingStore(std::move(store)), queries_(queries) {}
+  CountingStore(std::unique_ptr<Store> store, int& queries, int& goes)
+      : ForwardingStore(std::move(store)), queries_(queries), goes_(goes) {}
 
   std::unique_ptr<RowSource> Select(const Query& query) override {
     ++queries_;
     return ForwardingStore::Select(query);
   }
+  std::vector<std::unique_ptr<RowSource>> SelectAll(const std::vector<Query>& queries) override {
+    ++goes_;
+    return Store::SelectAll(queries);
+  }
 
  private:
   int& queries_;
+  int& goes_;
 };
 
 class ListingsTest : public testing::Test {
@@ -213,12 +219,14 @@ TEST_F(ListingsTest, BookingsOfOneFirstSlotStayInTheOrderOfTheirMaking) {
   EXPECT_EQ((DayLines{" 9:00A-12:30P long", " 9:00A-10:00A short"}), CellOn("2014-03-15"));
 }
 
-TEST_F(ListingsTest, AMonthIsOneQuestionADay) {
+TEST_F(ListingsTest, AMonthIsOneQuestionADayAndAllAreAskedInOneGo) {
   int queries = 0;
+  int goes = 0;
   Desk().ResCon = std::make_unique<Connection>(std::make_unique<CountingStore>(
-      OpenStore(folder_.File("Calendar.mdb"), StoreAccess::ReadWrite), queries));
+      OpenStore(folder_.File("Calendar.mdb"), StoreAccess::ReadWrite), queries, goes));
   Month(2014, 3);
   EXPECT_EQ(31, queries);
+  EXPECT_EQ(1, goes);
 }
 
 TEST_F(ListingsTest, ABookingToMidnightEndsWithTwelveA) {

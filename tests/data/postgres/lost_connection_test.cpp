@@ -39,6 +39,14 @@ TEST_F(LostConnectionTest, ReadingSaysSoToo) {
   EXPECT_NO_THROW(Look(*desk_));
 }
 
+TEST_F(LostConnectionTest, SoDoesReadingAMonth) {
+  Book(*desk_, 1, 2, "Smith");
+  const std::vector<Query> days(31, ParseQuery("SELECT * FROM Reserv"));
+  Cut();
+  EXPECT_THROW(desk_->SelectAll(days), DatabaseError);
+  EXPECT_EQ(31U, desk_->SelectAll(days).size());
+}
+
 TEST_F(LostConnectionTest, RowsThatWereReadBeforeAreGivenToTheEnd) {
   Book(*desk_, 1, 2, "Smith");
   Book(*desk_, 3, 4, "Jones");

@@ -63,6 +63,9 @@ class Connection {
   void BeginAction(const std::string& name) { store_->BeginAction(name); }
   void EndAction() { store_->EndAction(); }
 
+  /// See Store.
+  ChangeFeed* Feed() { return store_->Feed(); }
+
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }
   void AddColumn(const std::string& table, const ColumnDefinition& column) {

@@ -58,6 +58,7 @@ class ForwardingStore : public Store {
   }
   void BeginAction(const std::string& name) override { store_->BeginAction(name); }
   void EndAction() override { store_->EndAction(); }
+  ChangeFeed* Feed() override { return store_->Feed(); }
   MissingItemError NoSuchColumn(const std::string& table,
                                 const std::string& column) const override {
     return store_->NoSuchColumn(table, column);

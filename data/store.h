@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/change_feed.h"
 #include "data/column_type.h"
 #include "data/errors.h"
 #include "data/query.h"
@@ -164,6 +165,10 @@ class Store {
   /// To be called by JournalledAction.
   virtual void BeginAction(const std::string&) {}
   virtual void EndAction() {}
+
+  /// Tells from the first call on what is changed in a calendar that several desks share; lives as
+  /// long as the store. Null for a file, of which nobody tells.
+  virtual ChangeFeed* Feed() { return nullptr; }
 
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;

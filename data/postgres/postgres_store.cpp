@@ -8,6 +8,7 @@
 #include "data/names.h"
 #include "data/postgres/booking_days.h"
 #include "data/postgres/cell.h"
+#include "data/postgres/change_listener.h"
 #include "data/postgres/change_runner.h"
 #include "data/postgres/copy.h"
 #include "data/postgres/describe.h"
@@ -41,6 +42,9 @@ class PostgresStore : public FileStore {
         session_(link, file, policy,
                  [this, access] {
                    Greet(session_, {.Access = access, .SchemaIsThere = !schema_is_to_be_made_});
+                   if (listener_) {
+                     listener_->Listen();
+                   }
                  }),
         schema_is_to_be_made_(schema_is_to_be_made) {}
 
@@ -68,6 +72,7 @@ class PostgresStore : public FileStore {
   void KeepJournal(bool keep) override;
   void BeginAction(const std::string& name) override { runner_.action().Begin(name); }
   void EndAction() override { runner_.action().End(); }
+  ChangeFeed* Feed() override;
 
   /// Looks whether the server can be reached and holds what is needed.
   void Open() {
@@ -108,6 +113,7 @@ class PostgresStore : public FileStore {
   bool is_read_only_;
   Place place_;
   Session session_;
+  std::unique_ptr<ChangeListener> listener_;  ///< Nothing while nobody has asked for it.
   bool schema_is_to_be_made_;
   Catalogue catalogue_{session_};
   SeenRows seen_;
@@ -303,6 +309,16 @@ void PostgresStore::KeepJournal(bool keep) {
     schema_.KeepJournal(keep);
     return [this, keep] { return schema_.KeepsJournal() == keep; };
   });
+}
+
+/// It is set in its place last: a connection that is made meanwhile does not listen by itself.
+ChangeFeed* PostgresStore::Feed() {
+  if (!listener_) {
+    auto listener = std::make_unique<ChangeListener>(session_);
+    runner_.Read({}, [&] { listener->Listen(); });
+    listener_ = std::move(listener);
+  }
+  return listener_.get();
 }
 
 class MakingOnServer : public CalendarInMaking {

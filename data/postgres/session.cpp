@@ -31,6 +31,18 @@ Failure FailureIn(const Libpq& libpq, const PGresult* result) {
           Field(libpq, result, PG_DIAG_MESSAGE_DETAIL)};
 }
 
+/// Who is told of a wait may look for notices meanwhile, but what arrives then is not his to read.
+class InTheMiddle {
+ public:
+  explicit InTheMiddle(bool& is_so) : is_so_(is_so) { is_so_ = true; }
+  ~InTheMiddle() { is_so_ = false; }
+  InTheMiddle(const InTheMiddle&) = delete;
+  InTheMiddle& operator=(const InTheMiddle&) = delete;
+
+ private:
+  bool& is_so_;
+};
+
 std::vector<const char*> Pointers(const Parameters& parameters) {
   std::vector<const char*> pointers;
   pointers.reserve(parameters.size());
@@ -86,6 +98,9 @@ void Session::Connect() {
   connection_ = postgres::Connect(*libpq_, address_, policy_);
   libpq_->SetNonblocking(connection_, 1);
   libpq_->SetNoticeReceiver(connection_, DropNotice, nullptr);
+  if (notices_) {
+    notices_->Watch(libpq_->Socket(connection_));
+  }
 }
 
 Result Session::Run(const std::string& sql, const Parameters& parameters) {
@@ -154,13 +169,44 @@ void Session::Send(const Statement& statement, Sent& sent) {
                                                          values.data(), nullptr, nullptr, 0));
 }
 
-void Session::RunScript(const std::string& sql) {
+Result Session::RunScript(const std::string& sql) {
   RequireConnection();
   if (!later_.empty()) {
     RunAll({});
   }
   CheckSent(libpq_->SendQuery(connection_, sql.c_str()));
-  Replies(true);
+  std::vector<Result> results = Replies(true);
+  return results.empty() ? Result(libpq_, nullptr) : std::move(results.back());
+}
+
+NoticeQueue& Session::KeepNotices() {
+  if (!notices_) {
+    notices_ = std::make_unique<NoticeQueue>(address_.File);
+    if (connection_ != nullptr) {
+      notices_->Watch(libpq_->Socket(connection_));
+    }
+  }
+  return *notices_;
+}
+
+void Session::ReadArrived() {
+  if (connection_ == nullptr || is_waiting_) {
+    return;
+  }
+  if (libpq_->ConsumeInput(connection_) == 0 || libpq_->Status(connection_) == CONNECTION_BAD) {
+    Disconnect();
+  } else {
+    TakeNotices();
+  }
+}
+
+/// Also those of which the reading of a reply has read more than it needed.
+void Session::TakeNotices() {
+  PGnotify* told = nullptr;
+  while (notices_ && (told = libpq_->Notifies(connection_)) != nullptr) {
+    notices_->Add({.Sender = told->be_pid, .Text = told->extra});
+    libpq_->FreeMem(told);
+  }
 }
 
 void Session::ForgetStatements() {
@@ -209,6 +255,7 @@ std::vector<Result> Session::Replies(bool to_script) {
                                                 : FirstLine(libpq_->ErrorMessage(connection_)));
   }
   libpq_->ExitPipelineMode(connection_);
+  TakeNotices();
   if (failure) {
     throw Failure(*failure);
   }
@@ -216,6 +263,7 @@ std::vector<Result> Session::Replies(bool to_script) {
 }
 
 void Session::AwaitReply() {
+  const InTheMiddle of_a_call(is_waiting_);
   ReplyWait wait(policy_);
   std::optional<milliseconds> cancelled_at;
   while (true) {

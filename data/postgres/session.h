@@ -9,6 +9,7 @@
 #include "data/calendar_link.h"
 #include "data/postgres/connecting.h"
 #include "data/postgres/libpq.h"
+#include "data/postgres/notice_queue.h"
 #include "data/postgres/prepared_statements.h"
 #include "data/postgres/result.h"
 #include "data/waiting.h"
@@ -49,8 +50,17 @@ class Session {
   /// A statement whose rows nobody wants, to be sent with the next that Run or RunScript sends.
   void RunLater(const std::string& sql, const Parameters& parameters = {});
 
-  /// Sends several statements, with semicolons between them; REQUIRES: they hold no value.
-  void RunScript(const std::string& sql);
+  /// Sends several statements, with semicolons between them, and returns the rows of the last one;
+  /// REQUIRES: they hold no value.
+  Result RunScript(const std::string& sql);
+
+  /// Keeps from now on what the server tells without being asked, whichever call it arrives in. The
+  /// queue lives as long as the session. Throws DatabaseError when the system gives no descriptors.
+  NoticeQueue& KeepNotices();
+
+  /// Takes in what has arrived, without waiting; does nothing in the middle of a call. A connection
+  /// that is found dead is dropped.
+  void ReadArrived();
 
   /// Whether a transaction is open on the server.
   bool IsInTransaction() const;
@@ -79,6 +89,7 @@ class Session {
   void CheckSent(int was_sent);
   std::vector<Result> Replies(bool to_script);
   void AwaitReply();
+  void TakeNotices();
   void RequestCancel();
   [[noreturn]] void Lose(const std::string& message);
 
@@ -89,6 +100,8 @@ class Session {
   PGconn* connection_ = nullptr;
   PreparedStatements prepared_;
   std::vector<Statement> later_;
+  bool is_waiting_ = false;               ///< In the middle of a call.
+  std::unique_ptr<NoticeQueue> notices_;  ///< Nothing while they are not kept.
 };
 
 }  // namespace veyra::postgres

@@ -6,14 +6,13 @@
 #include <utility>
 
 #include "app/daily_backup.h"
+#include "app/day_form.h"
 #include "app/front_refresh.h"
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
 #include "forms/about/qt_about_window.h"
 #include "forms/board/frmBoard.h"
 #include "forms/board/qt_board_window.h"
-#include "forms/day/frmDay.h"
-#include "forms/day/qt_day_window.h"
 #include "forms/dayviewer/frmDayViewer.h"
 #include "forms/dayviewer/qt_dayviewer_window.h"
 #include "forms/find/frmFind.h"
@@ -32,14 +31,6 @@
 
 namespace veyra {
 
-/// A day window may have to close while its logic is at work: it is deleted later.
-class DayForm : public QObject, public Form<QtDayWindow, frmDay> {
- public:
-  using Form::Form;
-
-  QtInputGate Gate{Window};
-};
-
 Program::Program(const Clock& clock, Dialogs& dialogs)
     : dialogs_(dialogs),
       clock_(clock),
@@ -50,7 +41,8 @@ Program::Program(const Clock& clock, Dialogs& dialogs)
       sheets_(session_, printer_, dialogs, clock),
       month_(session_, month_window_, *this, dialogs, clock, printer_),
       undo_(session_, *this, foot_, dialogs),
-      desk_(month_, *this, dialogs, clock) {
+      desk_(month_, *this, dialogs, clock),
+      others_(session_, month_, *this, dialogs) {
   session_.Waiting = WaitPolicy(kStoreTimeout, &sign_);
   month_window_.SetHandler(&month_, &desk_);
   guard_.SetRecovery([this] { FillAnew(); });
@@ -77,13 +69,10 @@ bool Program::Start(const std::filesystem::path& app_folder,
     StartDailyBackup(companion, data);
   });
   ShowMonthWindow();
+  others_watch_.Watch(others_.Listen());
   new FrontRefresh(
       &month_window_, clock_,
-      {[this] {
-         return QApplication::activeModalWidget() != nullptr ||
-                QApplication::activePopupWidget() != nullptr || sign_.IsWaiting() ||
-                (day_ && day_->Window.IsDragging());
-       },
+      {[this] { return IsInTheMiddle(); },
        [this] {
          guard_.Run([this] {
            // A facility's name that is being typed stays.
@@ -108,14 +97,16 @@ void Program::End() {
 
 void Program::CloseDatabases() {
   if (!sign_.IsWaiting()) {
-    DropSearches();
+    DropReaders();
     session_.ResCon.reset();
     session_.GuestCon.reset();
   }
 }
 
 /// They read the calendar that is about to be closed.
-void Program::DropSearches() {
+void Program::DropReaders() {
+  others_watch_.Watch(-1);
+  others_.Drop();
   if (find_) {
     find_->Logic.Drop();
   }
@@ -128,34 +119,10 @@ void Program::DropSearches() {
 }
 
 void Program::OpenCalendarAnew() {
-  DropSearches();
+  DropReaders();
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
+  others_watch_.Watch(others_.Listen());
   FillAnew();
-}
-
-void Program::ShowWhatIsStored() {
-  if (!modRes::CurrentFacility(session_)) {
-    month_.LoadFacilityBox();
-    month_.SelectActiveFacility();
-  }
-  FillAnew();
-}
-
-void Program::FillAnew() {
-  if (!session_.ResCon) {
-    return;
-  }
-  month_.ReloadFacilities();
-  month_.RefreshMonth();
-  if (viewer_ && session_.DayOpener == Opener::DayViewer) {
-    viewer_->Logic.FillList();
-  }
-  if (day_) {
-    day_->Logic.FillGrid();
-  }
-  if (board_ && board_->Window.isVisible()) {
-    board_->Logic.Fill();
-  }
 }
 
 QWidget* Program::PrintingWindow() {

@@ -11,11 +11,13 @@
 #include "forms/handler_guard.h"
 #include "forms/month/desk_actions.h"
 #include "forms/month/frmCalendar.h"
+#include "forms/month/other_desks.h"
 #include "forms/month/qt_month_window.h"
 #include "forms/print/door_sheets.h"
 #include "forms/print/qt_sheet_printer.h"
 #include "forms/settings/mixed_color.h"
 #include "forms/widgets/qt_browser.h"
+#include "forms/widgets/qt_feed_watch.h"
 #include "forms/widgets/qt_foot_line.h"
 #include "forms/widgets/qt_input_gate.h"
 #include "forms/widgets/qt_waiting_sign.h"
@@ -90,6 +92,9 @@ class Program : public Windows {
   void PrintDay(Date day) override;
   void PrintWeek(Date day) override;
   void ShowWhatIsStored() override;
+  void ShowDayAnew() override;
+  void ShowListsAnew() override;
+  void LeaveDay() override;
   void EndProgram() override;
 
  private:
@@ -119,7 +124,10 @@ class Program : public Windows {
 
   void DropDayWindow();
   void DayWindowClosed();
-  void DropSearches();
+  void DropReaders();
+
+  /// Whether the operator would be disturbed if what is shown changed now.
+  bool IsInTheMiddle() const;
   modRes::Listings ListingsOfDay();
   MultiDayForm& MultiDay();
 
@@ -138,6 +146,10 @@ class Program : public Windows {
   QtFootLine foot_;
   DeskUndo undo_;
   DeskActions desk_;
+  OtherDesks others_;
+  QtFeedWatch others_watch_{{[this] { return others_.Take(); },
+                             [this] { return guard_.IsRunning() || IsInTheMiddle(); },
+                             [this] { guard_.Run([this] { others_.Show(); }); }}};
   NoDayList no_list_;
   std::unique_ptr<ViewerForm> viewer_;
   std::unique_ptr<MultiDayForm> multi_day_;

@@ -43,6 +43,11 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
   files.Close(handle);
 }
 
+/// Before anything is read, so that nothing of what they change is missed.
+void ListenToOtherDesks(Session& session) {
+  session.ResCon->Feed();
+}
+
 /// The report is not a failure: the calendar opens all the same.
 void TellOfTheOpening(Session& session, Dialogs& dialogs) {
   if (const auto notice = session.ResCon->TakeNotice()) {
@@ -68,6 +73,7 @@ bool StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
     return false;
   }
   CreateResCon(session);
+  ListenToOtherDesks(session);
   TellOfTheOpening(session, dialogs);
   CreateVeyraCon(session);
   EnsureSettingsRow(session);
@@ -88,6 +94,7 @@ bool StartUp(Session& session, frmCalendar& calendar, Dialogs& dialogs,
 
 void OpenCalendarAnew(Session& session, frmCalendar& calendar, Dialogs& dialogs) {
   ReopenResCon(session);
+  ListenToOtherDesks(session);
   TellOfTheOpening(session, dialogs);
   EnsureSettingsRow(session);
   EnsureMultKeyColumn(session);

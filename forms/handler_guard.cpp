@@ -31,6 +31,18 @@ std::string ReportText(const std::exception& failure) {
          "anew.";
 }
 
+/// Counts a handler that runs.
+class Running {
+ public:
+  explicit Running(int& count) : count_(count) { ++count_; }
+  ~Running() { --count_; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  int& count_;
+};
+
 }  // namespace
 
 Message StandardReport(const std::exception& failure) {
@@ -41,6 +53,7 @@ void HandlerGuard::Run(const std::function<void()>& handler) const {
   if (held_) {
     return;
   }
+  const Running running(running_);
   try {
     handler();
     if (tell_) {

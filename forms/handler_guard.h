@@ -32,6 +32,9 @@ class HandlerGuard {
   /// Runs a handler, or nothing while handlers are held back.
   void Run(const std::function<void()>& handler) const;
 
+  /// Whether a handler is running, or a box of its is shown.
+  bool IsRunning() const { return running_ > 0; }
+
   /// Holds handlers back, or lets them run again. For the middle of a call to a store.
   void Hold(bool held) { held_ = held; }
 
@@ -42,6 +45,7 @@ class HandlerGuard {
   Dialogs& dialogs_;
   std::function<void()> fill_anew_;
   bool held_ = false;
+  mutable int running_ = 0;  ///< How many handlers, one within the other.
   std::function<void()> open_anew_;
   std::function<void()> tell_;
 };

@@ -82,6 +82,17 @@ class Windows {
   /// picked where none was. Throws DatabaseError.
   virtual void ShowWhatIsStored() = 0;
 
+  /// Fills the windows of the day anew, as far as they are loaded: the day viewer and the day
+  /// window. What the operator has chosen or typed in them stays. Throws DatabaseError.
+  virtual void ShowDayAnew() = 0;
+
+  /// Fills the windows anew that list bookings of several facilities, as far as they are on the
+  /// screen. Throws DatabaseError.
+  virtual void ShowListsAnew() = 0;
+
+  /// Closes the windows of the day, as far as they are loaded.
+  virtual void LeaveDay() = 0;
+
   /// Ends the program, closing every window.
   virtual void EndProgram() = 0;
 };

@@ -20,11 +20,11 @@
 
 namespace veyra {
 
-/// A data folder with a real calendar and a real guest database in it, both without rows, of the
-/// kind of file that this run of the tests is for.
+/// A data folder with a real calendar and a real guest database in it, both without rows; of the
+/// kind of file that this run of the tests is for, where no other is named.
 class CalendarFolder {
  public:
-  CalendarFolder() {
+  explicit CalendarFolder(StoreKind kind = TestedStoreKind()) : kind_(kind) {
     Make("Calendar.mdb", {RoomsTable(), ReservTable()});
     Make("Veyra.mdb", {GuestTable()});
   }
@@ -107,11 +107,11 @@ class CalendarFolder {
 
  private:
   void Make(const std::string& name, const std::vector<TableDefinition>& tables) {
-    std::shared_ptr<Store> store = CreateStoreOfKind(TestedStoreKind(), File(name));
+    std::shared_ptr<Store> store = CreateStoreOfKind(kind_, File(name));
     for (const TableDefinition& table : tables) {
       store->CreateTable(table);
     }
-    if (TestedStoreKind() == StoreKind::Postgres) {
+    if (kind_ == StoreKind::Postgres) {
       kept_[name] = store;
     }
   }
@@ -134,6 +134,7 @@ class CalendarFolder {
     return lines;
   }
 
+  StoreKind kind_;
   TempFolder folder_;
   std::map<std::string, std::shared_ptr<Store>> kept_;
 };

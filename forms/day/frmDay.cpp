@@ -41,8 +41,7 @@ bool frmDay::Form_Load() {
     return false;
   }
   view_.PlaceOnScreen();
-  view_.ShowHeading(modRes::CurrentFacility(session_).value_or(""),
-                    modRes::WeekdayName(session_.DayDate));
+  ShowHeading();
   view_.ScrollToRow(kFirstRowSeen);
   modRes::LoadGuestNames(session_, Combo1_);
   Combo1_.Used = session_.UsedNames;
@@ -145,6 +144,16 @@ void frmDay::UndoKey() {
 
 void frmDay::ChooseRows(modRes::SlotRange rows) {
   view_.ChooseRows(rows.First, rows.Last);
+}
+
+void frmDay::ShowAnew() {
+  ShowHeading();
+  FillGrid();
+}
+
+void frmDay::ShowHeading() {
+  view_.ShowHeading(modRes::CurrentFacility(session_).value_or(""),
+                    modRes::WeekdayName(session_.DayDate));
 }
 
 void frmDay::Form_Unload() {

@@ -59,12 +59,17 @@ class frmDay {
   /// Fills the grid anew with what the calendar holds. Throws DatabaseError.
   void FillGrid();
 
+  /// Shows anew what the calendar holds, the facility's name and the grid; what is chosen or typed
+  /// stays. Throws DatabaseError.
+  void ShowAnew();
+
   /// The window goes: the one that opened it is shown again, and the month cell of the day is
   /// filled again.
   void Form_Unload();
 
  private:
   void SelectRows(int row);
+  void ShowHeading();
   int BookedRowsInSelection() const;
   void ChangeSelectedBooking();
   void DeleteSelectedBooking();

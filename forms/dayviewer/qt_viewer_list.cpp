@@ -3,6 +3,8 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
 
 #include "forms/widgets/qt_keys.h"
 #include "forms/widgets/qt_mouse_button.h"
@@ -30,11 +32,26 @@ QtViewerList::QtViewerList(QWidget* parent) : QListWidget(parent) {
 }
 
 void QtViewerList::ShowLines(const modRes::DayLines& lines) {
+  if (lines == lines_) {
+    return;
+  }
+  const std::vector<std::string> selected = SelectedLines();
+  const std::string current =
+      currentRow() < 0 ? "" : lines_.at(static_cast<std::size_t>(currentRow()));
+  const QPoint place(horizontalScrollBar()->value(), verticalScrollBar()->value());
   lines_ = lines;
   clear();
   for (const std::string& line : lines) {
     addItem(new QtPlacedLine(OneLine(line)));
+    item(count() - 1)
+        ->setSelected(std::find(selected.begin(), selected.end(), line) != selected.end());
+    if (line == current) {
+      setCurrentRow(count() - 1, QItemSelectionModel::NoUpdate);
+    }
   }
+  doItemsLayout();
+  horizontalScrollBar()->setValue(place.x());
+  verticalScrollBar()->setValue(place.y());
 }
 
 std::vector<std::string> QtViewerList::SelectedLines() const {

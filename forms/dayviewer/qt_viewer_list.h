@@ -16,7 +16,7 @@ class QtViewerList : public QListWidget {
  public:
   explicit QtViewerList(QWidget* parent = nullptr);
 
-  /// Shows these lines, none of them selected.
+  /// Shows these lines. Those that stay are still selected, and the list where it was scrolled to.
   void ShowLines(const modRes::DayLines& lines);
 
   /// The lines that are selected, top to bottom.

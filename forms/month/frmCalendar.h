@@ -95,6 +95,15 @@ class frmCalendar {
   /// Fills the facility box anew with what the calendar holds. Throws DatabaseError.
   void ReloadFacilities();
 
+  /// Fills the facility box anew with what other desks have made of the facilities. A name that is
+  /// being typed stays. Returns the name of the facility whose bookings are shown, when that is
+  /// gone. Throws DatabaseError.
+  std::optional<std::string> TakeOverFacilities();
+
+  /// Turns to the first facility, or to none when there is none, as after the deletion of one.
+  /// Throws DatabaseError.
+  void ShowFirstFacility();
+
   /// Paints the window anew in the colours in use, and draws the month again.
   void Repaint();
 

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "forms/month/qt_day_list.h"
 #include "forms/widgets/qt_colors.h"
@@ -53,7 +54,7 @@ void QtDayCell::ShowDay(const modRes::MonthCell& cell, std::int32_t background) 
     if (cell.ListColor) {
       lstDay_->SetBackground(ToQColor(*cell.ListColor, QGuiApplication::palette()));
     }
-    lstDay_->ShowLines(cell.Lines);
+    lstDay_->ShowLines(cell.Lines, std::exchange(day_, cell.Day) == cell.Day);
   }
   setToolTip(cell.Visible ? lstDay_->toolTip() : QString());
   lblDate_->setVisible(cell.Visible);

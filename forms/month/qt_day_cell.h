@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 
 #include "logic/listings.h"
 
@@ -20,13 +21,17 @@ class QtDayCell : public QWidget {
   /// `index` is 1 to 42.
   QtDayCell(int index, QWidget* parent);
 
-  /// Shows the day, or nothing when the cell does not belong to the month. The list's background
-  /// changes only when the cell names one. `background`: the window's, as a stored colour.
+  /// Shows the day, or nothing when the cell does not belong to the month. A list of the same day
+  /// stays where it was scrolled to; it begins at its beginning after ForgetDay. The list's
+  /// background changes only when the cell names one. `background`: the window's, as a stored
+  /// colour.
   void ShowDay(const modRes::MonthCell& cell, std::int32_t background);
 
   /// Puts the number beside the list, where there is no room to put it above, and sets the size of
   /// the list's font.
   void SetLayout(bool number_beside, double point_size);
+
+  void ForgetDay() { day_.reset(); }
 
   QtDayList& List() { return *lstDay_; }
 
@@ -44,6 +49,7 @@ class QtDayCell : public QWidget {
   QBoxLayout* layout_;
   QLabel* lblDate_;
   QtDayList* lstDay_;
+  std::optional<Date> day_;  ///< Of what the list shows.
   bool has_day_ = false;
   bool is_today_ = false;
 };

@@ -87,7 +87,9 @@ QtDayList::QtDayList(QWidget* parent) : QListWidget(parent) {
       "Left Click to Add/Change the Bookings for this Day    Right Click for Larger View"));
 }
 
-void QtDayList::ShowLines(const modRes::DayLines& lines) {
+void QtDayList::ShowLines(const modRes::DayLines& lines, bool stays) {
+  const QPoint place =
+      stays ? QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value()) : QPoint();
   if (lines != lines_) {
     lines_ = lines;
     clear();
@@ -96,8 +98,8 @@ void QtDayList::ShowLines(const modRes::DayLines& lines) {
     }
     doItemsLayout();
   }
-  horizontalScrollBar()->setValue(0);
-  verticalScrollBar()->setValue(0);
+  horizontalScrollBar()->setValue(place.x());
+  verticalScrollBar()->setValue(place.y());
 }
 
 QString QtDayList::ShownText(const QString& line) const {

@@ -15,8 +15,9 @@ class QtDayList : public QListWidget {
  public:
   explicit QtDayList(QWidget* parent = nullptr);
 
-  /// Shows these lines, each on one line, from the first one's beginning.
-  void ShowLines(const modRes::DayLines& lines);
+  /// Shows these lines, each on one line, from the first one's beginning; where the list has been
+  /// scrolled to when `stays` is true.
+  void ShowLines(const modRes::DayLines& lines, bool stays = false);
 
   /// What is to be seen of a line: as the list begins it, its beginning and an ellipsis when it is
   /// longer than the list is wide; all of it once the list has been scrolled sideways.

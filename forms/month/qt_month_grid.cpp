@@ -222,6 +222,9 @@ void QtMonthGrid::ShowLines(int index, const modRes::DayLines& lines) {
 
 void QtMonthGrid::ShowFacility(const QString& name) {
   for (int index = 1; index <= kCells; ++index) {
+    if (Cell(index).List().accessibleDescription() != name) {
+      Cell(index).ForgetDay();
+    }
     Cell(index).List().setAccessibleDescription(name);
   }
 }

@@ -111,6 +111,13 @@ void frmMultiDay::HelpKey() {
   windows_.ShowHelp(kHelpFile);
 }
 
+void frmMultiDay::LeaveWindow() {
+  Drop();
+  view_.HidePicker(false);
+  windows_.EnableDayWindow(true);
+  view_.HideWindow();
+}
+
 /// The order of the two dates does not matter here: a reversed range is complete and has no date.
 bool frmMultiDay::IsComplete() const {
   const Date today = clock_.Today();
@@ -127,13 +134,6 @@ void frmMultiDay::AnnounceDays() {
 void frmMultiDay::ShowPlanLine() {
   view_.ShowPlanLine(
       DescribePlan(plan_, clock_.Today(), session_.SlotLabel, taken_ ? &*taken_ : nullptr));
-}
-
-void frmMultiDay::LeaveWindow() {
-  Drop();
-  view_.HidePicker(false);
-  windows_.EnableDayWindow(true);
-  view_.HideWindow();
 }
 
 }  // namespace veyra

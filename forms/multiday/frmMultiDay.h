@@ -51,13 +51,15 @@ class frmMultiDay {
   void Command3_Click();  ///< "Close Calendar"
   void HelpKey();         ///< F1
 
+  /// Takes the window off the screen; the day window takes input again.
+  void LeaveWindow();
+
   const MultiDayPlan& Plan() const { return plan_; }
 
  private:
   bool IsComplete() const;
   void ShowPlanLine();
   void AnnounceDays();
-  void LeaveWindow();
 
   Session& session_;
   MultiDayView& view_;

@@ -146,10 +146,14 @@ void QtNameBox::FillList(const std::vector<std::string>& names) {
   lines.reserve(static_cast<qsizetype>(names.size()));
   std::transform(names.begin(), names.end(), std::back_inserter(lines), OneLine);
   const QString text = lineEdit()->text();
+  const int cursor = lineEdit()->cursorPosition();
+  const int selected = static_cast<int>(lineEdit()->selectedText().size());
+  const int anchor = lineEdit()->selectionStart() < cursor ? cursor - selected : cursor + selected;
   const QScopedValueRollback silence(silent_, true);
   list_->setStringList(lines);
   setCurrentIndex(-1);
   setEditText(text);
+  lineEdit()->setSelection(anchor, cursor - anchor);
 }
 
 void QtNameBox::focusInEvent(QFocusEvent* event) {

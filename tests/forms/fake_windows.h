@@ -49,6 +49,9 @@ class FakeWindows : public Windows {
   void PrintDay(Date day) override { Add("print day " + DateText(day)); }
   void PrintWeek(Date day) override { Add("print week of " + DateText(day)); }
   void ShowWhatIsStored() override { Add("show what is stored"); }
+  void ShowDayAnew() override { Add("show day anew"); }
+  void ShowListsAnew() override { Add("show lists anew"); }
+  void LeaveDay() override { Add("leave day"); }
   void EndProgram() override { Add("end"); }
 
  private:

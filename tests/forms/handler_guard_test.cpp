@@ -23,6 +23,19 @@ TEST_F(HandlerGuardTest, AHandlerThatSucceedsIsSilent) {
   EXPECT_TRUE(dialogs_.Boxes().empty());
 }
 
+TEST_F(HandlerGuardTest, AHandlerRunsUntilItsLastBoxIsAnswered) {
+  EXPECT_FALSE(guard_.IsRunning());
+  guard_.Run([&] {
+    guard_.Run([&] { EXPECT_TRUE(guard_.IsRunning()); });
+    EXPECT_TRUE(guard_.IsRunning());
+  });
+  EXPECT_FALSE(guard_.IsRunning());
+  dialogs_.WhileShown = [&] { EXPECT_TRUE(guard_.IsRunning()); };
+  guard_.Run([] { throw DatabaseError({"/desk/Calendar.mdb", "It is locked.", "Wait."}); });
+  EXPECT_EQ(1U, dialogs_.Boxes().size());
+  EXPECT_FALSE(guard_.IsRunning());
+}
+
 TEST_F(HandlerGuardTest, AFailureIsReportedWithItsFileCauseAndAdvice) {
   guard_.Run([] { throw DatabaseError({"/desk/Calendar.mdb", "It is locked.", "Wait."}); });
   const std::string report = dialogs_.OnlyBox();

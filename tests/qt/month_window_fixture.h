@@ -12,6 +12,8 @@ namespace veyra {
 /// The month window of the program, and the look at its parts.
 class MonthWindowFixture : public ProgramFixture {
  protected:
+  using ProgramFixture::ProgramFixture;
+
   template <typename Control>
   static Control& Find(const QString& name) {
     return In<Control>(Month(), name);

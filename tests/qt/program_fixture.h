@@ -24,7 +24,7 @@ namespace veyra {
 /// Pool and, active, Hall.
 class ProgramFixture : public testing::Test {
  protected:
-  ProgramFixture() {
+  explicit ProgramFixture(StoreKind kind = TestedStoreKind()) : data_(kind) {
     app_.Write("path.txt", data_.Path() + "\r\n");
     pool_ = data_.AddRoom("Pool");
     hall_ = data_.AddRoom("Hall", true);

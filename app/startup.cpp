@@ -3,6 +3,7 @@
 #include "app/file_opener.h"
 #include "app/other_desk.h"
 #include "data/color_settings.h"
+#include "data/desk_note.h"
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/schema.h"
@@ -45,7 +46,8 @@ void ReadDataFolder(Session& session, Dialogs& dialogs) {
 
 /// Before anything is read, so that nothing of what they change is missed.
 void ListenToOtherDesks(Session& session) {
-  session.ResCon->Feed();
+  const bool is_shared = session.ResCon->Feed() != nullptr;
+  session.DeskNote = is_shared ? DeskNoteOf(CalendarFileOf(session)) : std::filesystem::path();
 }
 
 /// The report is not a failure: the calendar opens all the same.

@@ -102,6 +102,7 @@ void RemoveCurrentEntry(NameBox& Combo1) {
 void SelectAfterDeletion(Session& session, NameBox& Combo1, std::string& lblRoom) {
   try {
     SelectFirstFacility(session, Combo1, lblRoom);
+    KeepMarkOnServer(session);
   } catch (Error& failure) {
     failure.SetEffect("The facility is deleted, but no other one could be picked.");
     throw;

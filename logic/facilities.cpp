@@ -1,5 +1,6 @@
 #include "logic/facilities.h"
 
+#include "data/desk_note.h"
 #include "data/journal.h"
 
 namespace veyra::modRes {
@@ -23,9 +24,30 @@ void SetActive(Recordset& room, bool active) {
   room.SetField("Active", std::int64_t{active ? 1 : 0});
 }
 
+bool HasActive(Recordset& rooms) {
+  for (; !rooms.AtEnd(); rooms.MoveNext()) {
+    if (IsActive(rooms)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+std::optional<std::int64_t> NotedFacility(const Session& session) {
+  return session.DeskNote.empty() ? std::nullopt : ReadDeskNote(session.DeskNote);
+}
+
+void NoteFacility(const Session& session) {
+  if (!session.DeskNote.empty()) {
+    WriteDeskNote(session.DeskNote, session.CurRmID);
+  }
+}
+
 }  // namespace
 
 void LoadFacilities(Session& session, NameBox& Combo1) {
+  const auto noted = NotedFacility(session);
+  std::optional<std::string> noted_name;
   const auto rooms = session.ResCon->Open(kAllRooms, CursorType::ForwardOnlyReadOnly);
   if (rooms->IsEmpty()) {
     return;
@@ -36,7 +58,11 @@ void LoadFacilities(Session& session, NameBox& Combo1) {
     if (IsActive(*rooms)) {
       Combo1.Text = Combo1.Items.back();
     }
+    if (noted == IdOf(*rooms)) {
+      noted_name = Combo1.Items.back();
+    }
   }
+  Combo1.Text = noted_name.value_or(Combo1.Text);
 }
 
 void SelectFacility(Session& session, const std::string& FacilityName) {
@@ -48,8 +74,12 @@ void SelectFacility(Session& session, const std::string& FacilityName) {
     if (selected) {
       selected_id = IdOf(*rooms);
     }
-    SetActive(*rooms, selected);
-    rooms->Update();
+    if (session.DeskNote.empty()) {
+      SetActive(*rooms, selected);
+      rooms->Update();
+    } else if (selected) {
+      WriteDeskNote(session.DeskNote, selected_id);
+    }
   }
   session.CurRmID = selected_id;
 }
@@ -63,11 +93,13 @@ void ShowCurrentFacility(Session& session, NameBox& Combo1) {
 void AddFacility(Session& session, NameBox& Combo1) {
   const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
   const JournalledAction journalled(*session.ResCon, "New facility");
+  const bool is_marked = session.DeskNote.empty() || !HasActive(*rooms);
   rooms->AddNew();
   rooms->SetField("Name", Combo1.Text);
-  SetActive(*rooms, true);
+  SetActive(*rooms, is_marked);
   rooms->Update();
   session.CurRmID = IdOf(*rooms);
+  NoteFacility(session);
   Combo1.Items.push_back(Combo1.Text);
 }
 
@@ -78,11 +110,27 @@ void SelectFirstFacility(Session& session, NameBox& Combo1, std::string& lblRoom
     return;
   }
   const JournalledAction journalled(*session.ResCon, "Facility picked");
-  SetActive(*rooms, true);
-  rooms->Update();
+  if (session.DeskNote.empty()) {
+    SetActive(*rooms, true);
+    rooms->Update();
+  }
   session.CurRmID = IdOf(*rooms);
+  NoteFacility(session);
   Combo1.Text = NameOf(*rooms);
   lblRoom = Combo1.Text;
+}
+
+void KeepMarkOnServer(Session& session) {
+  if (session.DeskNote.empty()) {
+    return;
+  }
+  const auto rooms = session.ResCon->Open(kAllRooms, CursorType::StaticOptimistic);
+  if (rooms->IsEmpty() || HasActive(*rooms)) {
+    return;
+  }
+  rooms->MoveFirst();
+  SetActive(*rooms, true);
+  rooms->Update();
 }
 
 std::optional<std::string> CurrentFacility(Session& session) {

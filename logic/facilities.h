@@ -9,7 +9,9 @@
 namespace veyra::modRes {
 
 /// Every routine here works on table Rooms of session.ResCon and throws DatabaseError when that
-/// fails. `Combo1` is the month window's facility box.
+/// fails. `Combo1` is the month window's facility box. Which facility is active the column Active
+/// says; on a calendar that several desks share the note of this desk does (data/desk_note.h), and
+/// the column only where that names no facility.
 
 /// Lists every facility in Combo1, in the table's order, and makes the active one its text; the
 /// last one when several are active. Leaves Combo1 alone when there is no facility.
@@ -29,6 +31,10 @@ void AddFacility(Session& session, NameBox& Combo1);
 /// Makes the first facility active, CurRmID, Combo1's text and lblRoom. When there is none Combo1's
 /// text is empty, and CurRmID and lblRoom stay.
 void SelectFirstFacility(Session& session, NameBox& Combo1, std::string& lblRoom);
+
+/// On a shared calendar: marks the first facility in the column when none is marked there, for
+/// whoever makes the calendar a file again. To be called after a facility was deleted.
+void KeepMarkOnServer(Session& session);
 
 /// The name of facility CurRmID; nothing when there is no such facility.
 std::optional<std::string> CurrentFacility(Session& session);

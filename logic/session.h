@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@ enum class Opener { MonthWindow = 1, DayViewer = 2 };
 /// The state that all windows share, one for a run. With its base it holds the folders, the two
 /// connections and the state of the booking flow, under the names the design gives them.
 struct Session : Databases {
+  /// Of a calendar that several desks share: where this desk notes the facility that it has
+  /// selected last (data/desk_note.h). Empty for a file, in which Rooms.Active says it.
+  std::filesystem::path DeskNote;
+
   std::int64_t CurRmID = 0;  ///< Rooms.ID of the selected facility, 0 before any.
   int CurMonth = 0;          ///< Month shown in the month window, 1 to 12.
   int CurYear = 0;           ///< Year shown in the month window.

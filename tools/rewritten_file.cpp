@@ -1,9 +1,14 @@
 #include "tools/rewritten_file.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "data/calendar_link.h"
+#include "data/connection.h"
+#include "data/desk_note.h"
 #include "data/errors.h"
 #include "data/open_file_store.h"
 #include "data/open_store.h"
@@ -33,16 +38,39 @@ void CopyInto(const fs::path& fresh, FileKind kind, FileStore& source, const Cop
   KeepNumbersAndJournal(source, *target, plan);
 }
 
-/// Makes the new file, whole, compared and checked, and returns what it holds.
-CopyPlan MakeCopy(FileStore& source, const fs::path& fresh, FileKind kind,
-                  const CopyObserver& observer) {
-  CopyPlan plan = PlanCopy(source, kind, observer);
-  CopyInto(fresh, kind, source, plan, observer);
+void RequireWhole(const fs::path& fresh) {
   if (HasJournal(fresh)) {
     throw FileError({fresh.string(), "The new file could not be completed.",
                      "Nothing was changed. Check that the disk has room."});
   }
+}
+
+/// Marks that facility and no other; when it is not there, the marks stay as they are.
+void MakeActive(const fs::path& fresh, std::int64_t facility) {
+  Connection calendar(OpenStore(fresh.string(), StoreAccess::ReadWrite));
+  const std::string id = std::to_string(facility);
+  if (calendar.Open("SELECT * FROM Rooms Where ID = " + id, CursorType::ForwardOnlyReadOnly)
+          ->IsEmpty()) {
+    return;
+  }
+  const auto rooms = calendar.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
+  for (; !rooms->AtEnd(); rooms->MoveNext()) {
+    rooms->SetField("Active", std::int64_t{ToInteger(rooms->Field("ID")) == facility});
+    rooms->Update();
+  }
+}
+
+/// Makes the new file, whole, compared and checked, and returns what it holds.
+CopyPlan MakeCopy(FileStore& source, const fs::path& fresh, FileKind kind,
+                  std::optional<std::int64_t> active, const CopyObserver& observer) {
+  CopyPlan plan = PlanCopy(source, kind, observer);
+  CopyInto(fresh, kind, source, plan, observer);
+  RequireWhole(fresh);
   CompareTables(source, *OpenStore(fresh.string(), StoreAccess::ReadOnly), plan, observer);
+  if (active) {
+    MakeActive(fresh, *active);
+    RequireWhole(fresh);
+  }
   RequireSound(fresh);
   return plan;
 }
@@ -56,7 +84,9 @@ RewrittenFile RewriteFile(const fs::path& file, FileKind kind, Date today,
   UnfinishedFolder unfinished(file.parent_path());
   const fs::path fresh = unfinished.path() / file.filename();
   auto source = unused.Open();
-  CopyPlan plan = MakeCopy(*source, fresh, kind, observer);
+  // On a server the facility that was picked last stands in a note of the desk.
+  const auto active = is_link ? ReadDeskNote(DeskNoteOf(file)) : std::nullopt;
+  CopyPlan plan = MakeCopy(*source, fresh, kind, active, observer);
   if (!is_link) {
     // A file is closed before it is moved. What a link leads to stays closed to others till then.
     source.reset();

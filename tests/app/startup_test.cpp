@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "data/desk_note.h"
 #include "data/errors.h"
 #include "tests/app/startup_fixture.h"
 #include "tests/data/access/fixtures.h"
@@ -210,7 +211,24 @@ TEST_F(StartUpTest, OfTwoActiveFacilitiesTheLastIsShownAndTheMarksAreSetRight) {
   data_.AddRoom("Hall", true);
   StartOnData();
   EXPECT_EQ("Hall", view_.lblRoom);
-  EXPECT_EQ("1 Pool\n2 Hall active\n", data_.Rooms());
+  // Of a shared calendar each desk keeps a note of its own, and leaves the marks to all.
+  const bool is_shared = TestedStoreKind() == StoreKind::Postgres;
+  EXPECT_EQ(is_shared ? "1 Pool active\n2 Hall active\n" : "1 Pool\n2 Hall active\n",
+            data_.Rooms());
+}
+
+TEST_F(StartUpTest, EachDeskOfASharedCalendarBeginsWithTheFacilityItHadLast) {
+  if (TestedStoreKind() != StoreKind::Postgres) {
+    GTEST_SKIP() << "a file has one mark for all";
+  }
+  data_.AddRoom("Pool");
+  data_.AddRoom("Hall", true);
+  StartOnData();
+  EXPECT_EQ(DeskNoteOf(data_.File("Calendar.mdb")), session_.DeskNote);
+  EXPECT_EQ(2, ReadDeskNote(session_.DeskNote));
+  WriteDeskNote(session_.DeskNote, 1);
+  StartOnData();
+  EXPECT_EQ("Pool", view_.lblRoom);
 }
 
 TEST_F(StartUpTest, WithoutPathTxtTheFileIsMadeAndThisStartFails) {

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "data/desk_note.h"
 #include "tests/calendar_folder.h"
 
 namespace veyra::modRes {
@@ -45,6 +46,88 @@ TEST_F(FacilitiesTest, WithNoFacilityTheBoxIsLeftAsItWas) {
   box_ = {{"left"}, "over"};
   LoadFacilities(Desk(), box_);
   EXPECT_EQ((NameBox{{"left"}, "over"}), box_);
+}
+
+/// A desk that shares the calendar with others.
+class SharedFacilitiesTest : public FacilitiesTest {
+ protected:
+  /// Another desk has picked the Hall last, this one nothing yet.
+  SharedFacilitiesTest() {
+    folder_.AddRoom("Pool");
+    folder_.AddRoom("Hall", true);
+    folder_.AddRoom("Court");
+    Desk().DeskNote = folder_.File("note");
+  }
+
+  std::string NamedFirst() {
+    NameBox box;
+    LoadFacilities(Desk(), box);
+    return box.Text;
+  }
+};
+
+TEST_F(SharedFacilitiesTest, WhereNothingIsNotedTheColumnSaysWhichIsActive) {
+  EXPECT_EQ("Hall", NamedFirst());
+}
+
+TEST_F(SharedFacilitiesTest, SelectingOneTurnsNoPageOfOtherDesks) {
+  SelectFacility(Desk(), "Court");
+  EXPECT_EQ(3, Desk().CurRmID);
+  EXPECT_EQ("1 Pool\n2 Hall active\n3 Court\n", folder_.Rooms());
+  EXPECT_EQ("Court", NamedFirst());
+  Desk().DeskNote = folder_.File("note of another desk");
+  EXPECT_EQ("Hall", NamedFirst());
+}
+
+TEST_F(SharedFacilitiesTest, SelectingAnUnknownNameLeavesWhatIsNoted) {
+  SelectFacility(Desk(), "Court");
+  SelectFacility(Desk(), "no such");
+  EXPECT_EQ("Court", NamedFirst());
+}
+
+TEST_F(SharedFacilitiesTest, ANotedFacilityThatIsGoneIsAsIfNoneWasNoted) {
+  WriteDeskNote(Desk().DeskNote, 77);
+  EXPECT_EQ("Hall", NamedFirst());
+}
+
+TEST_F(SharedFacilitiesTest, ANewFacilityIsNotedAndTakesNoMark) {
+  box_.Text = "Sauna";
+  AddFacility(Desk(), box_);
+  EXPECT_EQ("1 Pool\n2 Hall active\n3 Court\n4 Sauna\n", folder_.Rooms());
+  EXPECT_EQ("Sauna", NamedFirst());
+}
+
+TEST_F(SharedFacilitiesTest, TheFirstOneAfterADeletionIsNotedAndTakesNoMark) {
+  std::string shown;
+  SelectFirstFacility(Desk(), box_, shown);
+  EXPECT_EQ("Pool", shown);
+  EXPECT_EQ("Pool", NamedFirst());
+  KeepMarkOnServer(Desk());
+  EXPECT_EQ("1 Pool\n2 Hall active\n3 Court\n", folder_.Rooms());
+}
+
+TEST_F(SharedFacilitiesTest, TheColumnIsKeptMarkedForWhoeverLeaves) {
+  SelectFacility(Desk(), "Court");
+  Recordset(*folder_.Calendar(), ParseQuery("SELECT * FROM Rooms Where ID = 2"),
+            CursorType::StaticOptimistic)
+      .Delete();
+  KeepMarkOnServer(Desk());
+  EXPECT_EQ("1 Pool active\n3 Court\n", folder_.Rooms());
+  EXPECT_EQ("Court", NamedFirst());
+}
+
+TEST_F(FacilitiesTest, TheVeryFirstFacilityOfASharedCalendarTakesTheMark) {
+  Desk().DeskNote = folder_.File("note");
+  box_.Text = "Sauna";
+  AddFacility(Desk(), box_);
+  EXPECT_EQ("1 Sauna active\n", folder_.Rooms());
+}
+
+TEST_F(FacilitiesTest, OfAFileNothingIsNoted) {
+  folder_.AddRoom("Pool");
+  SelectFacility(Desk(), "Pool");
+  KeepMarkOnServer(Desk());
+  EXPECT_EQ("1 Pool active\n", folder_.Rooms());
 }
 
 TEST_F(FacilitiesTest, SelectingMarksThatOneFacilityOnly) {

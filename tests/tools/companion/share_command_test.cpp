@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "data/calendar_link.h"
+#include "data/desk_note.h"
 #include "data/open_file_store.h"
 #include "data/shared_calendar.h"
 #include "tests/postgres/test_server.h"
@@ -79,6 +80,24 @@ TEST_P(ShareFromTest, ThereAndBackIsTheSame) {
   Share();
   Convert(GetParam() == FileKind::Access ? "access" : "sqlite");
   EXPECT_EQ(GetParam(), Kind());
+  EXPECT_EQ(before, Everything(*Open()));
+}
+
+TEST_P(ShareFromTest, OnTheWayBackTheFacilityThatTheDeskHadPickedIsTheActiveOne) {
+  Fill(*Make(GetParam()), 3);
+  Share();
+  WriteDeskNote(DeskNoteOf(File()), 6);
+  Convert(GetParam() == FileKind::Access ? "access" : "sqlite");
+  EXPECT_EQ((Lines{"2|Main Hall|0", "3|Café 🎂|0", "6|Зал|1", "11||0", "40|\\N|0"}),
+            RowsOf(*Open(), "Rooms"));
+}
+
+TEST_P(ShareFromTest, ANoteOfAFacilityThatIsGoneChangesNoMark) {
+  Fill(*Make(GetParam()), 3);
+  const Lines before = Everything(*Open());
+  Share();
+  WriteDeskNote(DeskNoteOf(File()), 77);
+  Convert(GetParam() == FileKind::Access ? "access" : "sqlite");
   EXPECT_EQ(before, Everything(*Open()));
 }
 

@@ -8,6 +8,7 @@
 #include "data/connection.h"
 #include "data/errors.h"
 #include "data/journal.h"
+#include "logic/listings.h"
 #include "logic/name_length.h"
 #include "logic/row_action.h"
 #include "logic/stored_row.h"
@@ -130,6 +131,9 @@ std::optional<Made> BookDay(Session& session, const std::string& name, ShownGrid
   try {
     AddRow(*bookings, FieldsOn(session, session.DayDate, name, Null{}));
   } catch (const TimeTakenError& taken) {
+    DayGrid now;
+    FillDayList(session, now, session.DayDate);
+    grid.Show(now);
     dialogs.MsgBox(TimesTaken(session, taken));
     return std::nullopt;
   }
@@ -148,8 +152,8 @@ Made BookPlan(Session& session, const std::string& name, const MultiDayPlan& pla
 
 }  // namespace
 
-bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
-                  const Clock& clock, Dialogs& dialogs) {
+BookingOutcome MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
+                            const Clock& clock, Dialogs& dialogs) {
   const std::string name = request.TypedName.empty() ? kNoTitle : request.TypedName;
   RequireBookingNameFits(session, name);
   // A multiple booking leaves the grid as it is, even for the day it shows. This is meant.
@@ -157,10 +161,10 @@ bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid gri
                                        ? BookPlan(session, name, request.Plan, clock, dialogs)
                                        : BookDay(session, name, grid, dialogs);
   if (!made) {
-    return false;
+    return BookingOutcome::Refused;
   }
   dialogs.MsgBox({.Text = made->Text, .Sign = Icon::Exclamation});
-  return made->Whole;
+  return made->Whole ? BookingOutcome::Shown : BookingOutcome::Halted;
 }
 
 double GroupKey(const DateTime& time) {

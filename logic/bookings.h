@@ -20,24 +20,28 @@ struct BookingRequest {
   MultiDayPlan Plan;      ///< Used when Multiple; both texts must be dates.
 };
 
+enum class BookingOutcome {
+  Shown,    ///< The grid shows what was done, or by design does not.
+  Halted,   ///< It came to no end: the caller is to fill the grid anew.
+  Refused,  ///< Nothing was booked: another desk came first.
+};
+
 /// Books facility CurRmID for SelFirstSlot to SelLastSlot and reports how many rows were written.
 /// Asks nothing: the caller has the operator's consent. Names are stored as typed, or refused.
 ///
 /// A single booking writes one row for DayDate, puts the name into the grid's rows and shows them.
 /// It looks for no clash: the caller has seen to it that the rows are free. When another desk has
-/// booked them since this one looked, the operator reads who, and nothing is booked.
+/// booked them since this one looked, the grid is filled anew, the operator reads who, and nothing
+/// is booked.
 ///
 /// A multiple booking writes a row for each date of the plan on which ClashQuery finds nothing and
 /// no other desk comes first, all with one group key: the time at which it began. It leaves the
 /// grid as it is, by design. One that halts half-way asks as CarryOut does.
 ///
-/// Returns whether the grid shows what was done, or by design does not; false after a halt, and
-/// when another desk came first: the caller is then to fill it anew.
-///
 /// Throws, nothing having been written: DatabaseError, NameTooLongError when the calendar cannot
 /// hold the name, ValueError when a text of the plan is not a date.
-bool MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
-                  const Clock& clock, Dialogs& dialogs);
+BookingOutcome MakeBookings(Session& session, const BookingRequest& request, ShownGrid grid,
+                            const Clock& clock, Dialogs& dialogs);
 
 /// The group key of a multiple booking begun at that time: the fourteen digits yyyymmddhhmmss as a
 /// number.

@@ -56,6 +56,11 @@ struct ShownGrid {
   DayGrid& MSFlexGrid1;
   DayGridScreen& Screen;
 
+  void Show(const DayGrid& grid) {
+    MSFlexGrid1 = grid;
+    Screen.ShowGrid(MSFlexGrid1);
+  }
+
   /// Writes `name` into rows `first` to `last`, both included, and shows the grid. Rows that a
   /// booking had stay that booking's, others become one of their own; an empty name frees them.
   void Write(int first, int last, const std::string& name) {
@@ -66,8 +71,7 @@ struct ShownGrid {
         written.Number[row] = name.empty() ? 0 : MSFlexGrid1.Number[row];
       }
     }
-    MSFlexGrid1 = written;
-    Screen.ShowGrid(MSFlexGrid1);
+    Show(written);
   }
 };
 

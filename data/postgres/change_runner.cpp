@@ -84,8 +84,14 @@ void ChangeRunner::Repeat(const std::string& table, const std::function<void()>&
   }
 }
 
+/// Nothing was to be saved, so nothing is said of that.
 void ChangeRunner::Read(const std::string& table, const std::function<void()>& read) {
-  Repeat(table, read);
+  try {
+    Repeat(table, read);
+  } catch (DatabaseError& failure) {
+    failure.SetEffect({});
+    throw;
+  }
 }
 
 void ChangeRunner::Change(const ChangeScope& scope, const ChangeWork& change) {

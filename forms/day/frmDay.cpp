@@ -220,11 +220,15 @@ void frmDay::BookSelection() {
   if (!NameFits() || !(multiple_ ? ConfirmMultiple() : ConfirmSingle())) {
     return;
   }
-  const bool grid_is_right = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_},
-                                                  Grid(), listings_.Time, dialogs_);
-  RememberName(Combo1_.Text);
+  const auto outcome = modRes::MakeBookings(session_, {Combo1_.Text, multiple_, plan_}, Grid(),
+                                            listings_.Time, dialogs_);
   grid_is_old_ = multiple_;
-  if (!grid_is_right) {
+  if (outcome == modRes::BookingOutcome::Refused) {
+    view_.ChooseRows(session_.SelFirstSlot, session_.SelLastSlot);
+  } else {
+    RememberName(Combo1_.Text);
+  }
+  if (outcome == modRes::BookingOutcome::Halted) {
     FillGrid();
   }
   modRes::RefreshListings(session_, listings_);

@@ -132,6 +132,7 @@ void QtSlotGrid::SetCurrentRow(int row) {
 
 /// The first row is the one that is seen for certain.
 void QtSlotGrid::ChooseRows(int first, int last) {
+  stays_chosen_ = true;
   SetCurrentRow(first);
   StretchRangeTo(last);
   scrollTo(model()->index(last - 1, kTimeColumn));
@@ -230,8 +231,11 @@ void QtSlotGrid::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void QtSlotGrid::Report(int row, int column) {
+  stays_chosen_ = false;
   emit Released(row, column);
-  clearSelection();
+  if (!stays_chosen_) {
+    clearSelection();
+  }
 }
 
 void QtSlotGrid::keyPressEvent(QKeyEvent* event) {

@@ -54,7 +54,8 @@ class QtSlotGrid : public QTableWidget {
   void Pressed(int row, int current_row);
 
   /// The range was ended in `row`, the nearest one to the mouse, or in the header, 0; in the time
-  /// column, 0, or in column 1. The highlight goes when this has been dealt with.
+  /// column, 0, or in column 1. The highlight goes when this has been dealt with, unless rows were
+  /// chosen meanwhile.
   void Released(int row, int column);
 
  protected:
@@ -92,9 +93,10 @@ class QtSlotGrid : public QTableWidget {
   bool dragging_ = false;
   bool has_moved_ = false;  ///< Since the button went down.
   bool choosing_by_key_ = false;
-  QPoint pointer_;      ///< On the screen, while rows are dragged over.
-  int anchor_row_ = 1;  ///< Where the range begins.
-  int end_row_ = 1;     ///< Where it ends, above or below.
+  bool stays_chosen_ = false;  ///< Somebody else has chosen rows since a range was ended.
+  QPoint pointer_;             ///< On the screen, while rows are dragged over.
+  int anchor_row_ = 1;         ///< Where the range begins.
+  int end_row_ = 1;            ///< Where it ends, above or below.
   int wanted_top_row_ = 0;
   int drag_y_ = 0;
   QBasicTimer scroll_timer_;

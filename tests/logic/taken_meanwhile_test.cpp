@@ -14,7 +14,8 @@ class TakenMeanwhileTest : public BookingsFixture {
 
   bool BookOne(const std::string& name, int first, int last) {
     Select(first, last);
-    return MakeBookings(Desk(), {name, false, {}}, {grid_, screens_}, clock_, dialogs_);
+    return MakeBookings(Desk(), {name, false, {}}, {grid_, screens_}, clock_, dialogs_) ==
+           BookingOutcome::Shown;
   }
 
   static bool HasServer() { return TestedStoreKind() == StoreKind::Postgres; }
@@ -38,6 +39,18 @@ TEST_F(TakenMeanwhileTest, TheSelectionIsKept) {
   BookOne("Jones", 19, 22);
   EXPECT_EQ(19, session_->SelFirstSlot);
   EXPECT_EQ(22, session_->SelLastSlot);
+}
+
+TEST_F(TakenMeanwhileTest, TheGridShowsWhatThereIsBehindTheMessage) {
+  Desk();
+  faults_.Fail(Statement::Insert, 1, 1, [this] {
+    folder_.AddBooking(pool_, "2014-04-06", 20, 20, "Smith");
+    ThrowTaken();
+  });
+  dialogs_.WhileShown = [this] { EXPECT_EQ("Smith", screens_.Grid.Guest[20]); };
+  EXPECT_FALSE(BookOne("Jones", 19, 22));
+  EXPECT_EQ("Smith", grid_.Guest[20]);
+  EXPECT_EQ(1U, dialogs_.Boxes().size());
 }
 
 TEST_F(TakenMeanwhileTest, OfASeriesTheDateIsLeftOutAndTheCountIsTrue) {

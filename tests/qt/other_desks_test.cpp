@@ -1,9 +1,13 @@
 #include <QDialog>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollBar>
+#include <stdexcept>
+#include <thread>
 #include <utility>
 
+#include "data/calendar_link.h"
 #include "tests/postgres/test_server.h"
 #include "tests/qt/event_loop.h"
 #include "tests/qt/month_window_fixture.h"
@@ -137,11 +141,14 @@ TEST_F(OtherDesksTest, WhileAQuestionIsAskedNothingIsReadAndNoTimeBookedTwice) {
     if (std::exchange(is_first, false)) {
       Book(19, 20, "Smith");
     }
-    EXPECT_FALSE(Comes([] { return Guest(19) != ""; }, 300));
+    const bool is_refused = dialogs_.Boxes().back().find("somebody else") != std::string::npos;
+    EXPECT_EQ(is_refused, Comes([] { return Guest(19) != ""; }, 300));
   };
   DragRows(19, 20);
   EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("somebody else has booked"));
   EXPECT_EQ(std::to_string(hall_) + " 2014-03-15 19-20 Smith\n", data_.Bookings());
+  EXPECT_EQ(2, Grid().selectionModel()->selectedRows().size());
+  EXPECT_TRUE(Grid().item(18, 1)->isSelected());
   EXPECT_TRUE(Comes([] { return Guest(19) == "Smith"; }));
 }
 
@@ -168,6 +175,52 @@ TEST_F(OtherDesksTest, AFacilityThatIsDeletedLeavesItsDay) {
   ASSERT_NE(nullptr, Month());
   EXPECT_EQ("Pool", Facility().currentText().toStdString());
   EXPECT_EQ("Pool", Label("lblRoom").text().toStdString());
+}
+
+TEST_F(OtherDesksTest, NobodyTurnsThePageOfAnotherDesk) {
+  Start();
+  const std::string before = data_.Rooms();
+  QTest::keyClick(Month(), Qt::Key_1, Qt::ControlModifier);
+  ASSERT_EQ("Pool", Label("lblRoom").text().toStdString());
+  EXPECT_EQ(before, data_.Rooms());
+  program_.reset();
+  Start();
+  EXPECT_EQ("Pool", Label("lblRoom").text().toStdString());
+}
+
+TEST_F(OtherDesksTest, AWaitForTheServerShowsASignWhoseCancelEndsIt) {
+  StartAndOpenDay();
+  const std::string table =
+      "\"" + ReadCalendarLink(data_.File("Calendar.mdb")).Schema + "\".\"Reserv\"";
+  std::thread holder([&] {
+    EXPECT_THROW(TestDatabase::Get().Run("BEGIN; LOCK TABLE " + table +
+                                         " IN EXCLUSIVE MODE; SELECT pg_sleep(600)"),
+                 std::runtime_error);
+  });
+  while (TestDatabase::Get().Run("SELECT count(*) FROM pg_locks WHERE mode = 'ExclusiveLock' AND "
+                                 "granted AND relation = '" +
+                                 table + "'::regclass") == "0") {
+    std::this_thread::yield();
+  }
+  QString sign;
+  QTimer operators_eye;
+  QObject::connect(&operators_eye, &QTimer::timeout, [&sign] {
+    if (auto* box = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget())) {
+      sign = box->labelText();
+      box->cancel();
+    }
+  });
+  operators_eye.start(5);
+  dialogs_.AnswerNext(Answer::Ok);
+  DragRows(19, 20);
+  TestDatabase::Get().Run(
+      "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE query LIKE '%pg_sleep(600)%'"
+      " AND pid <> pg_backend_pid()");
+  holder.join();
+  EXPECT_TRUE(sign.startsWith(QStringLiteral("Waiting for"))) << sign.toStdString();
+  EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("The wait for another desk was ended"));
+  EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("Nothing was saved."));
+  EXPECT_EQ("", data_.Bookings());
 }
 
 TEST_F(OtherDesksTest, AConnectionThatBreaksInIdleTimeIsQuiet) {

@@ -41,7 +41,7 @@ TEST_F(DeskNoteTest, WithoutANoteThereIsNothing) {
 TEST_F(DeskNoteTest, ADamagedNoteIsNone) {
   for (const char* text :
        {"", "3", "veyra calendar desk 1\n", "veyra calendar desk 1\nfacility: \n",
-        "veyra calendar desk 1\nfacility: 3", "veyra calendar desk 1\nfacility: 3x\n",
+        "veyra calendar desk 1\nfacility: 12", "veyra calendar desk 1\nfacility: 3x\n",
         "veyra calendar desk 2\nfacility: 3\n", "veyra calendar desk 1\nfacility: 3\n\n",
         "veyra calendar desk 1\nfacility: 99999999999999999999\n"}) {
     folder_.Write(Note().filename().string(), text);

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "data/desk_note.h"
 #include "data/errors.h"
 #include "logic/facilities.h"
 #include "tests/calendar_folder.h"
@@ -70,6 +71,15 @@ TEST_F(DeleteFacilityTest, AfterDeletingTheFirstFacilityLeftIsSelected) {
   EXPECT_EQ(1, Desk().CurRmID);
   EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Pool"}), box_);
   EXPECT_EQ("Pool", lblRoom_);
+}
+
+TEST_F(DeleteFacilityTest, OnASharedCalendarTheMarkGoesToOneThatIsLeft) {
+  OpenPool();
+  folder_.AddRoom("Court");
+  Desk().DeskNote = folder_.File("note");
+  Delete();
+  EXPECT_EQ("2 Hall active\n3 Court\n", folder_.Rooms());
+  EXPECT_EQ(2, ReadDeskNote(Desk().DeskNote));
 }
 
 TEST_F(DeleteFacilityTest, DeletingTheLastFacilityLeavesTheTextEmptyAndCurRmIDAlone) {

@@ -65,6 +65,8 @@ class Connection {
 
   /// See Store.
   ChangeFeed* Feed() { return store_->Feed(); }
+  void DelayFlushes() { store_->DelayFlushes(); }
+  void Flush() { store_->Flush(); }
 
   /// The schema engine: see Store.
   void CreateTable(const TableDefinition& definition) { store_->CreateTable(definition); }

@@ -84,6 +84,15 @@ std::vector<Row> ExplainingStore::InsertAll(const std::string& table,
   return Explaining([&] { return ForwardingStore::InsertAll(table, rows); });
 }
 
+void ExplainingStore::DeleteAll(const std::string& table, const std::vector<Row>& rows) {
+  Explaining([&] { ForwardingStore::DeleteAll(table, rows); });
+}
+
+std::vector<Row> ExplainingStore::UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                                            const FieldValues& fields) {
+  return Explaining([&] { return ForwardingStore::UpdateAll(table, rows, fields); });
+}
+
 MissingItemError ExplainingStore::NoSuchColumn(const std::string& table,
                                                const std::string& column) const {
   return Explained(ForwardingStore::NoSuchColumn(table, column));

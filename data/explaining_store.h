@@ -35,6 +35,9 @@ class ExplainingStore : public ForwardingStore {
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
+  void DeleteAll(const std::string& table, const std::vector<Row>& rows) override;
+  std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                             const FieldValues& fields) override;
   MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const override;
 
  private:

@@ -41,6 +41,15 @@ class ForwardingStore : public Store {
                              const std::vector<FieldValues>& rows) override {
     return store_->InsertAll(table, rows);
   }
+  void DeleteAll(const std::string& table, const std::vector<Row>& rows) override {
+    store_->DeleteAll(table, rows);
+  }
+  std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                             const FieldValues& fields) override {
+    return store_->UpdateAll(table, rows, fields);
+  }
+  void DelayFlushes() override { store_->DelayFlushes(); }
+  void Flush() override { store_->Flush(); }
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     return store_->Update(table, before, fields);
   }

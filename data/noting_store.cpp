@@ -116,6 +116,32 @@ std::vector<Row> NotingStore::InsertAll(const std::string& table,
   return added;
 }
 
+void NotingStore::DeleteAll(const std::string& table, const std::vector<Row>& rows) {
+  if (RowsAtOnce() == 1) {
+    Store::DeleteAll(table, rows);
+    return;
+  }
+  const auto* columns = ColumnsToNote(table);
+  Noting([&] { ForwardingStore::DeleteAll(table, rows); });
+  for (const Row& row : rows) {
+    Note(table, columns, &row, nullptr);
+  }
+}
+
+std::vector<Row> NotingStore::UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                                        const FieldValues& fields) {
+  if (RowsAtOnce() == 1) {
+    return Store::UpdateAll(table, rows, fields);
+  }
+  const auto* columns = ColumnsToNote(table);
+  std::vector<Row> changed =
+      Noting([&] { return ForwardingStore::UpdateAll(table, rows, fields); });
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    Note(table, columns, &rows[i], &changed[i]);
+  }
+  return changed;
+}
+
 void NotingStore::BeginAction(const std::string& name) {
   ForwardingStore::BeginAction(name);
   notes_.Begin(name);

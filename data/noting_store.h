@@ -76,6 +76,9 @@ class NotingStore : public ForwardingStore {
   Row Insert(const std::string& table, const FieldValues& fields) override;
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
+  void DeleteAll(const std::string& table, const std::vector<Row>& rows) override;
+  std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                             const FieldValues& fields) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;
   void BeginAction(const std::string& name) override;

@@ -11,21 +11,6 @@ namespace veyra {
 
 namespace {
 
-/// Whether storing `value` where `held` was read would change nothing.
-bool IsHeldAlready(const Value& held, const Value& value) {
-  if (held == value) {
-    return true;
-  }
-  if (const auto* date = std::get_if<Date>(&value)) {
-    const auto* text = std::get_if<std::string>(&held);
-    return text != nullptr && *text == IsoText(*date);
-  }
-  const bool both_numbers = !IsNull(held) && !IsNull(value) &&
-                            !std::holds_alternative<std::string>(held) &&
-                            !std::holds_alternative<std::string>(value);
-  return both_numbers && ToDouble(held) == ToDouble(value);
-}
-
 /// Whether every column that a condition names is one of these.
 class ColumnCheck {
  public:
@@ -335,22 +320,6 @@ void Recordset::HoldNewRow(Row row) {
   LearnColumns(row);
   rows_.push_back({std::move(row)});
   position_ = rows_.size() - 1;
-}
-
-std::size_t Recordset::RowsAtOnce() const {
-  RequireOpen();
-  return store_->RowsAtOnce();
-}
-
-std::vector<RowKey> Recordset::AddAll(const std::vector<FieldValues>& rows) {
-  RequireStatic();
-  RequireNothingPending();
-  std::vector<RowKey> bookmarks;
-  for (Row& row : store_->InsertAll(query_.Table, rows)) {
-    bookmarks.push_back(row.Key);
-    HoldNewRow(std::move(row));
-  }
-  return bookmarks;
 }
 
 void Recordset::WriteCurrentRow(const FieldValues& fields) {

@@ -91,14 +91,24 @@ class Recordset {
   /// pending fields.
   void AddNew();
 
-  /// How many rows AddAll adds in one change of the file, all or none; 1 where it adds each by
-  /// itself. REQUIRES: not closed.
+  /// How many rows AddAll, DeleteAll and SetFieldInAll are best given: that many they do in one
+  /// change of the file, all or none; 1 where each is done by itself. REQUIRES: not closed.
   std::size_t RowsAtOnce() const;
 
   /// Adds these rows, which become the last ones, and returns their bookmarks; the cursor stands on
   /// the last of them. With more rows than RowsAtOnce, a failure may have added the first of them,
   /// which this record set then lacks. REQUIRES: StaticOptimistic, no pending fields.
   std::vector<RowKey> AddAll(const std::vector<FieldValues>& rows);
+
+  /// Removes the rows of these bookmarks, as many in one change as RowsAtOnce says. The cursor
+  /// stands where the last of them was, as after Delete. REQUIRES: StaticOptimistic, no pending
+  /// fields; each is a row's that is not deleted.
+  void DeleteAll(const std::vector<RowKey>& bookmarks);
+
+  /// Sets a field in the rows of these bookmarks, those that hold the value already left alone. The
+  /// cursor stands on the last of them. REQUIRES: as for DeleteAll.
+  void SetFieldInAll(const std::vector<RowKey>& bookmarks, std::string_view name,
+                     const Value& value);
 
   /// Sets a field of the new row, or of the current one; nothing is written before Update.
   /// REQUIRES: StaticOptimistic, and AddNew was called or the cursor is on a row.
@@ -143,7 +153,9 @@ class Recordset {
 
   void WriteNewRow(const FieldValues& fields);
   void HoldNewRow(Row row);
+  static bool IsHeldAlready(const Value& held, const Value& value);
   void WriteCurrentRow(const FieldValues& fields);
+  std::vector<std::size_t> PlacesOf(const std::vector<RowKey>& bookmarks);
 
   Store* store_;  ///< Null once closed.
   Query query_;

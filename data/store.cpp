@@ -18,4 +18,19 @@ std::vector<Row> Store::InsertAll(const std::string& table, const std::vector<Fi
   return added;
 }
 
+void Store::DeleteAll(const std::string& table, const std::vector<Row>& rows) {
+  for (const Row& row : rows) {
+    Delete(table, row);
+  }
+}
+
+std::vector<Row> Store::UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                                  const FieldValues& fields) {
+  std::vector<Row> changed;
+  for (const Row& row : rows) {
+    changed.push_back(Update(table, row, fields));
+  }
+  return changed;
+}
+
 }  // namespace veyra

@@ -96,7 +96,8 @@ struct QueryResult {
 /// FileReplacedError when the name leads to another file by now. A member that throws has changed
 /// nothing in the file, unless it throws OutcomeUnknownError.
 ///
-/// Each change is durable when the member returns: it survives a loss of power.
+/// Each change is durable when the member returns: it survives a loss of power. Between
+/// DelayFlushes and Flush it need not be.
 class Store {
  public:
   virtual ~Store() = default;
@@ -173,8 +174,8 @@ class Store {
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 
-  /// How many rows the operator's actions give InsertAll at a time; 1 where each row of theirs is a
-  /// change of its own.
+  /// How many rows the operator's actions give InsertAll, DeleteAll and UpdateAll at a time; 1
+  /// where each row of theirs is a change of its own.
   virtual std::size_t RowsAtOnce() const { return 1; }
 
   /// Adds rows in their order and returns them as stored. A kind of file that can adds all of them
@@ -182,6 +183,23 @@ class Store {
   /// then a member that throws may have added the first of them.
   virtual std::vector<Row> InsertAll(const std::string& table,
                                      const std::vector<FieldValues>& rows);
+
+  /// The same with rows that were read as these: removes them,
+  virtual void DeleteAll(const std::string& table, const std::vector<Row>& rows);
+
+  /// or sets `fields` in each and returns them as they are now.
+  virtual std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                                     const FieldValues& fields);
+
+  /// From now on until Flush a kind of file that can flushes many changes at once, the first of
+  /// them a second ago at the most when another is made. Every other program sees each change as
+  /// soon as its member returns, and it survives the end of this one. A loss of power leaves the
+  /// first of them, none of which is missing before another.
+  virtual void DelayFlushes() {}
+
+  /// Ends that: all changes so far are durable when this returns. Throws OutcomeUnknownError when
+  /// that cannot be said, as the disk has failed; it can be called again then.
+  virtual void Flush() {}
 };
 
 }  // namespace veyra

@@ -146,7 +146,7 @@ Made BookPlan(Session& session, const std::string& name, const MultiDayPlan& pla
   const JournalledAction journalled(*session.ResCon, "New series");
   const double group_key = GroupKey(clock.Now());
   BookDates action(session, name, PlannedDates(RangeOfPlan(plan, clock.Today())), group_key);
-  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  const RowActionResult result = CarryOut(*session.ResCon, action, kWords, dialogs);
   return {ResultText(result, kWords, MadeText(result.Done)), !result.Halted};
 }
 

@@ -28,7 +28,7 @@ Message GroupQuestion() {
 BookingChange DeleteGroup(Session& session, const Value& group_key, Dialogs& dialogs) {
   const JournalledAction journalled(*session.ResCon, "Series deleted");
   DeleteRows action(session, FindGroup(session, group_key));
-  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  const RowActionResult result = CarryOut(*session.ResCon, action, kWords, dialogs);
   const std::string text = std::to_string(result.Done) + " Bookings Deleted.";
   return {ResultText(result, kWords, text), true, true};
 }

@@ -45,6 +45,10 @@ class DeleteWithBookings : public RowAction {
     return IsRoom(row) ? "the facility" : bookings_.NameOf(row);
   }
 
+  std::size_t AtOnce() const override { return bookings_.AtOnce(); }
+  bool CanJoin(std::size_t row) const override { return !IsRoom(row) && bookings_.CanJoin(row); }
+  void DoTogether(const std::vector<std::size_t>& rows) override { bookings_.DoTogether(rows); }
+
   bool Do(std::size_t row) override {
     if (!IsRoom(row)) {
       return bookings_.Do(row);
@@ -88,7 +92,7 @@ class DeleteWithBookings : public RowAction {
 
 RowActionResult CarryOutJournalled(Session& session, RowAction& action, Dialogs& dialogs) {
   const JournalledAction journalled(*session.ResCon, "Facility deleted");
-  return CarryOut(action, kWords, dialogs);
+  return CarryOut(*session.ResCon, action, kWords, dialogs);
 }
 
 void RemoveCurrentEntry(NameBox& Combo1) {

@@ -28,6 +28,16 @@ bool DeleteRows::Do(std::size_t row) {
   return true;
 }
 
+void DeleteRows::DoTogether(const std::vector<std::size_t>& rows) {
+  std::vector<RowKey> bookmarks;
+  for (const std::size_t row : rows) {
+    bookmarks.push_back(places_.at(row).Bookmark);
+    bookings_->MoveTo(bookmarks.back());
+    held_[row] = FieldsOf(*bookings_, columns_);
+  }
+  bookings_->DeleteAll(bookmarks);
+}
+
 void DeleteRows::Undo(std::size_t row) {
   AddRow(*bookings_, held_.at(row));
   places_.at(row).Bookmark = bookings_->Bookmark();

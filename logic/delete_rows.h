@@ -19,6 +19,9 @@ class DeleteRows : public RowAction {
   std::size_t Count() const override { return places_.size(); }
   std::string NameOf(std::size_t row) const override { return BookingOn(places_.at(row).Day); }
   bool Do(std::size_t row) override;
+  std::size_t AtOnce() const override { return bookings_->RowsAtOnce(); }
+  bool CanJoin(std::size_t row) const override { return !held_.contains(row); }
+  void DoTogether(const std::vector<std::size_t>& rows) override;
   void Undo(std::size_t row) override;
   bool IsDone(std::size_t row) override;
 

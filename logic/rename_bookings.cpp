@@ -49,6 +49,19 @@ class RenameRows : public RowAction {
     return true;
   }
 
+  std::size_t AtOnce() const override { return bookings_->RowsAtOnce(); }
+  bool CanJoin(std::size_t row) const override { return !before_.contains(row); }
+
+  void DoTogether(const std::vector<std::size_t>& rows) override {
+    std::vector<RowKey> bookmarks;
+    for (const std::size_t row : rows) {
+      bookmarks.push_back(places_.at(row).first);
+      bookings_->MoveTo(bookmarks.back());
+      before_[row] = FieldsOf(*bookings_, columns_);
+    }
+    bookings_->SetFieldInAll(bookmarks, "Event", name_);
+  }
+
   void Undo(std::size_t row) override {
     const FieldValues& before = before_.at(row);
     bookings_->MoveTo(places_.at(row).first);
@@ -102,7 +115,7 @@ BookingChange RenameGroup(Session& session, const Value& group_key, const std::s
   RequireBookingNameFits(session, name);
   const JournalledAction journalled(*session.ResCon, "Series renamed");
   RenameRows action(session, FindGroup(session, group_key), name);
-  const RowActionResult result = CarryOut(action, kWords, dialogs);
+  const RowActionResult result = CarryOut(*session.ResCon, action, kWords, dialogs);
   const std::string text = std::to_string(result.Done) + " Bookings Name Changed.";
   return {ResultText(result, kWords, text), true, true};
 }

@@ -25,20 +25,29 @@ enum class RowState : std::uint8_t {
 /// One carrying out of an action, until nothing is left to be asked.
 class Run {
  public:
-  Run(RowAction& action, const RowActionWords& words, Dialogs& dialogs)
-      : action_(action), words_(words), dialogs_(dialogs), states_(action.Count()) {}
+  Run(Connection& connection, RowAction& action, const RowActionWords& words, Dialogs& dialogs)
+      : connection_(connection),
+        action_(action),
+        words_(words),
+        dialogs_(dialogs),
+        states_(action.Count()) {}
 
   RowActionResult CarryOut();
 
  private:
   std::optional<Halt> Walk();
+  std::optional<Halt> WalkRows();
+  std::optional<Halt> Flush();
   template <typename Work>
   std::optional<Halt> Try(const std::vector<std::size_t>& rows, const Work& work);
   std::optional<Halt> DoGathered();
   Halt HaltedAt(const std::vector<std::size_t>& rows, RowState state);
+  std::optional<Halt> DoEach(const std::vector<std::size_t>& rows);
   void SetStates(const std::vector<std::size_t>& rows, RowState state);
+  void SetWritten(std::size_t row, RowState state);
   void Step(std::size_t row);
   void Begin(std::size_t row);
+  void DoOne(std::size_t row);
   void LookAtUncertain();
   bool IsOver(const Halt& halt) const;
   bool Ask(const Halt& halt);
@@ -47,10 +56,13 @@ class Run {
   RowCounts Counts() const;
   RowActionResult Result() const;
 
+  Connection& connection_;
   RowAction& action_;
   const RowActionWords& words_;
   Dialogs& dialogs_;
   std::vector<RowState> states_;
+  std::vector<std::pair<std::size_t, RowState>> unflushed_;  ///< What became of rows since the last
+                                                             ///< flush, in its order.
   std::vector<std::size_t> gathered_;  ///< To be done together, and not done yet.
   bool undoing_ = false;
   bool halted_ = false;
@@ -95,6 +107,39 @@ bool Run::Ask(const Halt& halt) {
 
 /// Nothing when it came to the end.
 std::optional<Halt> Run::Walk() {
+  if (auto halt = Flush()) {
+    return halt;
+  }
+  connection_.DelayFlushes();
+  std::optional<Halt> halt;
+  try {
+    halt = WalkRows();
+  } catch (...) {
+    Flush();
+    throw;
+  }
+  const std::optional<Halt> unflushed = Flush();
+  return halt ? halt : unflushed;
+}
+
+/// What was done is known to be so, or else not known.
+std::optional<Halt> Run::Flush() {
+  try {
+    connection_.Flush();
+  } catch (const std::exception&) {
+    for (const auto& [row, state] : unflushed_) {
+      states_[row] = RowState::Uncertain;
+    }
+    const std::size_t row = unflushed_.empty() ? 0 : unflushed_.front().first;
+    return Halt{row, "saving them on the disk", std::current_exception()};
+  }
+  for (const auto& [row, state] : std::exchange(unflushed_, {})) {
+    states_[row] = state;
+  }
+  return std::nullopt;
+}
+
+std::optional<Halt> Run::WalkRows() {
   const auto progress =
       dialogs_.StartProgress(undoing_ ? "Taking back ..." : words_.Progress, EarlyEnd::Stop);
   const RowState from = undoing_ ? RowState::Done : RowState::Open;
@@ -106,6 +151,11 @@ std::optional<Halt> Run::Walk() {
     if (!progress->Report(static_cast<std::int64_t>(row),
                           static_cast<std::int64_t>(states_.size()))) {
       return Halt{};
+    }
+    if (!action_.CanJoin(row)) {
+      if (auto halt = DoGathered()) {
+        return halt;
+      }
     }
     if (auto halt = Try({row}, [&] { Step(row); })) {
       return halt;
@@ -125,10 +175,29 @@ std::optional<Halt> Run::DoGathered() {
   if (rows.empty()) {
     return std::nullopt;
   }
-  return Try(rows, [&] {
-    action_.DoTogether(rows);
-    SetStates(rows, RowState::Done);
+  bool is_one_foreign = false;
+  auto halt = Try(rows, [&] {
+    try {
+      action_.DoTogether(rows);
+    } catch (const RowChangedError&) {
+      is_one_foreign = true;
+      return;
+    }
+    for (const std::size_t row : rows) {
+      SetWritten(row, RowState::Done);
+    }
   });
+  return is_one_foreign ? DoEach(rows) : halt;
+}
+
+/// One of them was changed by another program, and none was done.
+std::optional<Halt> Run::DoEach(const std::vector<std::size_t>& rows) {
+  for (const std::size_t row : rows) {
+    if (auto halt = Try({row}, [&] { DoOne(row); })) {
+      return halt;
+    }
+  }
+  return std::nullopt;
 }
 
 /// Does `work` to rows that are all in one state.
@@ -153,6 +222,12 @@ Halt Run::HaltedAt(const std::vector<std::size_t>& rows, RowState state) {
           std::current_exception()};
 }
 
+/// What was written counts when it is flushed.
+void Run::SetWritten(std::size_t row, RowState state) {
+  states_[row] = state;
+  unflushed_.emplace_back(row, state);
+}
+
 void Run::SetStates(const std::vector<std::size_t>& rows, RowState state) {
   for (const std::size_t row : rows) {
     states_[row] = state;
@@ -167,14 +242,22 @@ void Run::Step(std::size_t row) {
     Begin(row);
   } else if (undoing_ && states_[row] == RowState::Done) {
     action_.Undo(row);
-    states_[row] = RowState::Open;
+    SetWritten(row, RowState::Open);
+  }
+}
+
+void Run::DoOne(std::size_t row) {
+  if (action_.Do(row)) {
+    SetWritten(row, RowState::Done);
+  } else {
+    states_[row] = RowState::PassedOver;
   }
 }
 
 /// Does the row, or puts it to those that are done together.
 void Run::Begin(std::size_t row) {
-  if (action_.AtOnce() == 1) {
-    states_[row] = action_.Do(row) ? RowState::Done : RowState::PassedOver;
+  if (action_.AtOnce() == 1 || !action_.CanJoin(row)) {
+    DoOne(row);
   } else if (action_.IsToDo(row)) {
     gathered_.push_back(row);
   } else {
@@ -182,8 +265,11 @@ void Run::Begin(std::size_t row) {
   }
 }
 
-/// What cannot be looked at stays uncertain, and the operator is told so.
+/// What cannot be looked at, or is not flushed, stays uncertain, and the operator is told so.
 void Run::LookAtUncertain() {
+  if (!unflushed_.empty()) {
+    return;
+  }
   for (std::size_t row = 0; row < states_.size(); ++row) {
     if (states_[row] != RowState::Uncertain) {
       continue;
@@ -232,8 +318,9 @@ void RowAction::DoTogether(const std::vector<std::size_t>&) {
   throw std::logic_error("these rows are done one by one");
 }
 
-RowActionResult CarryOut(RowAction& action, const RowActionWords& words, Dialogs& dialogs) {
-  return Run(action, words, dialogs).CarryOut();
+RowActionResult CarryOut(Connection& connection, RowAction& action, const RowActionWords& words,
+                         Dialogs& dialogs) {
+  return Run(connection, action, words, dialogs).CarryOut();
 }
 
 std::string ResultText(const RowActionResult& result, const RowActionWords& words,

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "data/connection.h"
 #include "logic/dialogs.h"
 #include "logic/row_words.h"
 
 namespace veyra::modRes {
 
 /// Something that is done to many rows, one after another, each of them, or each group that is done
-/// together, saved before the next is begun. The rows are counted from 0.
+/// together, written before the next is begun. The rows are counted from 0.
 class RowAction {
  public:
   virtual ~RowAction() = default;
@@ -30,12 +31,15 @@ class RowAction {
   /// How many rows are best done together, in one change of the file; 1: each by itself.
   virtual std::size_t AtOnce() const { return 1; }
 
+  /// Whether the row can be done together with others; if not, it is done after those before it.
+  virtual bool CanJoin(std::size_t) const { return true; }
+
   /// Whether Do would do it now, rather than pass it over. Asked, in place of Do, of rows that are
   /// then done together.
   virtual bool IsToDo(std::size_t) { return true; }
 
   /// Does these rows, all of them or none; throws as Do does. REQUIRES: no more of them than
-  /// AtOnce, which is more than 1; IsToDo of each.
+  /// AtOnce, which is more than 1; CanJoin and IsToDo of each.
   virtual void DoTogether(const std::vector<std::size_t>& rows);
 
   /// Takes back what Do did. Throws as Do does.
@@ -57,9 +61,13 @@ struct RowActionResult {
 /// the operator stops it, the operator is told how far it came and is asked for one of three ways:
 /// to go on with the rows that are left, to take back what was done, or to keep it. Going on and
 /// taking back may fail or be stopped in their turn; that leads to the same question.
+///
+/// The rows, which are those of `connection`, are flushed together, before the operator is told of
+/// any; of those that could not be flushed he is told that it is not known.
 /// Throws what the action threw when nothing was done by then, and FileReplacedError, with how far
 /// it came, when the file was replaced under it.
-RowActionResult CarryOut(RowAction& action, const RowActionWords& words, Dialogs& dialogs);
+RowActionResult CarryOut(Connection& connection, RowAction& action, const RowActionWords& words,
+                         Dialogs& dialogs);
 
 /// What to tell the operator in the end: `text`, or that it was taken back, and the remark.
 std::string ResultText(const RowActionResult& result, const RowActionWords& words,

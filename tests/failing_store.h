@@ -12,7 +12,7 @@
 
 namespace veyra {
 
-enum class Statement { Select, Insert, Update, Delete };
+enum class Statement { Select, Insert, Update, Delete, Flush };
 
 /// What is to go wrong in a FailingStore.
 class Faults {
@@ -70,7 +70,7 @@ class Faults {
   static bool IsDue(const Plan& plan) { return plan.First <= 0 && plan.First > -plan.Times; }
   Plan& At(Statement kind) { return plans_.at(static_cast<std::size_t>(kind)); }
 
-  std::array<Plan, 4> plans_;
+  std::array<Plan, 5> plans_;
   std::size_t together_ = 1;
 };
 
@@ -112,6 +112,22 @@ class FailingStore : public ForwardingStore {
     faults_.Begin(Statement::Delete);
     ForwardingStore::Delete(table, before);
     faults_.End(Statement::Delete);
+  }
+  void DeleteAll(const std::string& table, const std::vector<Row>& rows) override {
+    faults_.Begin(Statement::Delete);
+    ForwardingStore::DeleteAll(table, rows);
+    faults_.End(Statement::Delete);
+  }
+  std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                             const FieldValues& fields) override {
+    faults_.Begin(Statement::Update);
+    std::vector<Row> changed = ForwardingStore::UpdateAll(table, rows, fields);
+    faults_.End(Statement::Update);
+    return changed;
+  }
+  void Flush() override {
+    faults_.Begin(Statement::Flush);
+    ForwardingStore::Flush();
   }
 
  private:

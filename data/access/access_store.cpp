@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "data/access/access_rows.h"
 #include "data/access/broken_change.h"
 #include "data/access/check/check_file.h"
 #include "data/access/format/file_header.h"
@@ -38,23 +39,9 @@ namespace {
 /// operator sees them come.
 constexpr std::size_t kRowsAtOnce = 128;
 
+using access::AccessRows;
 using access::FileLock;
 using access::Reporting;
-
-class AccessRows : public RowSource {
- public:
-  AccessRows(const std::string& file_name, const std::string& table, access::TableRows rows)
-      : file_name_(file_name), table_(table), rows_(std::move(rows)) {}
-
-  bool Next(Row& row) override {
-    return Reporting(file_name_, table_, [&] { return rows_.Next(row); });
-  }
-
- private:
-  std::string file_name_;
-  std::string table_;
-  access::TableRows rows_;
-};
 
 class AccessStore : public FileStore {
   template <typename Work>
@@ -204,6 +191,30 @@ class AccessStore : public FileStore {
       what = access::WordsForDelete(table, writer.Layout(), before);
       rows_.Delete(changes, writer, table, before);
       return 0;
+    });
+  }
+
+  void DeleteAll(const std::string& table, const std::vector<Row>& rows) override {
+    std::string what;
+    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForDeleteAll(table, writer.Layout(), rows);
+      for (const Row& row : rows) {
+        rows_.Delete(changes, writer, table, row);
+      }
+      return 0;
+    });
+  }
+
+  std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
+                             const FieldValues& fields) override {
+    std::string what;
+    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+      what = access::WordsForUpdateAll(table, writer.Layout(), rows);
+      std::vector<Row> changed;
+      for (const Row& row : rows) {
+        changed.push_back(rows_.Update(changes, writer, table, row, fields));
+      }
+      return changed;
     });
   }
 

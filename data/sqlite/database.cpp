@@ -13,6 +13,7 @@
 #include "data/errors.h"
 #include "data/sqlite/sqlite_errors.h"
 #include "data/sqlite/trouble.h"
+#include "data/sqlite/wal_file.h"
 #include "data/store_errors.h"
 
 namespace veyra::sqlite {
@@ -38,6 +39,29 @@ int TakeNumber(void* number, int, char** columns, char**) {
 /// SQLite calls it whenever another program holds what it needs.
 int GoesOnWaiting(void* wait, int) {
   return static_cast<Wait*>(wait)->GoOn() ? 1 : 0;
+}
+
+constexpr std::size_t kLogIndexBytes = 20;
+
+struct LogSize {
+  std::uint32_t Frames = 0;
+  sqlite3_int64 Bytes = 0;
+};
+
+/// How long the log is as its index begins.
+LogSize SizeOfLog(const std::string& index) {
+  constexpr std::size_t kPageSizeAt = 14;
+  constexpr std::size_t kFramesAt = 16;
+  constexpr sqlite3_int64 kHeadBytes = 32;
+  constexpr sqlite3_int64 kFrameHeadBytes = 24;
+  std::uint16_t page_size = 0;
+  LogSize size;
+  std::memcpy(&page_size, index.data() + kPageSizeAt, sizeof page_size);
+  std::memcpy(&size.Frames, index.data() + kFramesAt, sizeof size.Frames);
+  // The largest size, which does not fit there, stands as 1.
+  const sqlite3_int64 frame = kFrameHeadBytes + (page_size == 1 ? 65536 : page_size);
+  size.Bytes = size.Frames == 0 ? 0 : kHeadBytes + size.Frames * frame;
+  return size;
 }
 
 }  // namespace
@@ -134,23 +158,49 @@ void Database::ChangeHead() {
 
 /// The log's index counts the frames of whole changes only.
 bool Database::CutLog() {
-  constexpr std::size_t kPageSizeAt = 14;
-  constexpr std::size_t kFramesAt = 16;
-  constexpr sqlite3_int64 kHeadBytes = 32;
-  constexpr sqlite3_int64 kFrameHeadBytes = 24;
-  const std::string index = LogIndexHead(kFramesAt + 4);
-  std::uint16_t page_size = 0;
-  std::uint32_t frames = 0;
-  std::memcpy(&page_size, index.data() + kPageSizeAt, sizeof page_size);
-  std::memcpy(&frames, index.data() + kFramesAt, sizeof frames);
-  // The largest size, which does not fit there, stands as 1.
-  const sqlite3_int64 frame = kFrameHeadBytes + (page_size == 1 ? 65536 : page_size);
-  sqlite3_file* log = nullptr;
-  return sqlite3_file_control(handle_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) == SQLITE_OK &&
-         log->pMethods != nullptr &&
-         log->pMethods->xTruncate(log, frames == 0 ? 0 : kHeadBytes + frames * frame) ==
-             SQLITE_OK &&
+  const LogSize size = SizeOfLog(LogIndexHead(kLogIndexBytes));
+  sqlite3_file* const log = LogFile();
+  return log != nullptr && log->pMethods->xTruncate(log, size.Bytes) == SQLITE_OK &&
          log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) == SQLITE_OK;
+}
+
+/// Nothing while the log is not open.
+sqlite3_file* Database::LogFile() {
+  sqlite3_file* log = nullptr;
+  const int code = sqlite3_file_control(handle_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+  return code == SQLITE_OK && log != nullptr && log->pMethods != nullptr ? log : nullptr;
+}
+
+void Database::SetFlushesEachChange(bool flushes) {
+  Execute(flushes ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+}
+
+void Database::FlushLog() {
+  sqlite3_file* const log = LogFile();
+  if (log == nullptr || log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) == SQLITE_OK) {
+    return;
+  }
+  // Nobody else may write to the log meanwhile.
+  const Transaction alone(*this);
+  Check(RewriteLog(log));
+}
+
+/// What the system still has of the log may not be what was written: so it is compared with the
+/// count of frames in the log's index.
+int Database::RewriteLog(sqlite3_file* log) {
+  const LogSize size = SizeOfLog(LogIndexHead(kLogIndexBytes));
+  if (size.Frames == 0) {
+    return SQLITE_OK;  // All of it is in the file, which was flushed.
+  }
+  std::string bytes(static_cast<std::size_t>(size.Bytes), '\0');
+  int code = log->pMethods->xRead(log, bytes.data(), static_cast<int>(bytes.size()), 0);
+  if (code == SQLITE_OK && ReadWal(file_ + "-wal").Frames != size.Frames) {
+    code = SQLITE_IOERR_FSYNC;
+  }
+  if (code == SQLITE_OK) {
+    code = log->pMethods->xWrite(log, bytes.data(), static_cast<int>(bytes.size()), 0);
+  }
+  return code == SQLITE_OK ? log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) : code;
 }
 
 void Database::CheckWhole() {

@@ -64,6 +64,14 @@ class Database {
   /// change is open.
   bool DropLogOfFailedChange();
 
+  /// Whether a change waits for the log to be flushed, from now on. REQUIRES: no change is open.
+  void SetFlushesEachChange(bool flushes);
+
+  /// Sees to it that all that is in the log survives a loss of power. When the disk fails all of it
+  /// is written once more, for what was to be written may be lost then. Throws DatabaseError when
+  /// that fails, too. REQUIRES: the file is kept with a log; no change is open.
+  void FlushLog();
+
   /// Changes, in a change of its own, a number in the file's head that tells nobody anything;
   /// unless another program is changing the file just now.
   void ChangeHead();
@@ -80,6 +88,8 @@ class Database {
   sqlite3_file* MainFile();
   sqlite3_file* OpenFile();
   bool CutLog();
+  sqlite3_file* LogFile();
+  int RewriteLog(sqlite3_file* log);
 
   sqlite3* handle_ = nullptr;
   std::string location_;

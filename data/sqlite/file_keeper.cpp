@@ -163,13 +163,21 @@ void FileKeeper::AfterChange(Database& database) {
 
 void FileKeeper::PutLogAway(Database& database) {
   const OpenNoteLock lock(FileNow());
-  database.ChangeHead();
-  PutNote(MarkTakingLog(database));
+  PutNoteOfTaking(database);
   is_note_current_ = false;
   sqlite3_wal_checkpoint_v2(database.handle(), "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
   Remember(database);
   mark_ = MarkAtRest(database);
   PutNote(mark_);
+}
+
+/// The note tells of pages in the log, which therefore must not be lost before it. Other programs'
+/// changes may stand in the log that are not flushed yet.
+void FileKeeper::PutNoteOfTaking(Database& database) {
+  database.ChangeHead();
+  const FileMark mark = MarkTakingLog(database);
+  database.FlushLog();
+  PutNote(mark);
 }
 
 void FileKeeper::BeforeClosing(Database& database) {
@@ -181,8 +189,7 @@ void FileKeeper::BeforeClosing(Database& database) {
     const LogState log = StateOfLog(database);
     if (log.Frames > log.PutAway) {
       closing_ = std::make_unique<OpenNoteLock>(FileNow());
-      database.ChangeHead();
-      PutNote(MarkTakingLog(database));
+      PutNoteOfTaking(database);
     }
   } catch (const Error&) {
     // Then it is not sure that the log would be put into the right file, and the log stays.

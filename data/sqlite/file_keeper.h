@@ -76,6 +76,7 @@ class FileKeeper {
   void Remember(Database& database);
   void PutNote(const FileMark& mark);
   void PutLogAway(Database& database);
+  void PutNoteOfTaking(Database& database);
   void LeaveNote();
   bool IsAsMarked(const std::string& file) const;
 

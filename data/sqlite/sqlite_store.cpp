@@ -13,6 +13,7 @@
 #include "data/open_note.h"
 #include "data/same_rows.h"
 #include "data/sqlite/copy.h"
+#include "data/sqlite/delayed_flush.h"
 #include "data/sqlite/describe.h"
 #include "data/sqlite/file_keeper.h"
 #include "data/sqlite/journal_keeper.h"
@@ -117,6 +118,13 @@ class SqliteStore : public FileStore {
   void KeepJournal(bool keep) override;
   void BeginAction(const std::string& name) override { journal_.action().Begin(name); }
   void EndAction() override { journal_.action().End(); }
+  void DelayFlushes() override {
+    // Without a log SQLite itself must flush each change, in an order of its own.
+    if (keeper_ && keeper_->HasLog()) {
+      flushes_.Delay();
+    }
+  }
+  void Flush() override { flushes_.Flush(); }
 
  private:
   /// The reader, once it is sure that it reads the file that is meant.
@@ -161,6 +169,7 @@ class SqliteStore : public FileStore {
   Reader reader_;
   RowWriter rows_{reader_};
   JournalKeeper journal_{reader_};
+  DelayedFlush flushes_{reader_.database()};
   FileWatch watch_;
   std::optional<Report> notice_;
 };
@@ -180,6 +189,7 @@ void SqliteStore::Commit(Change& change, const Look& is_made) {
   if (number) {
     journal_.action().SetNumber(*number);
   }
+  flushes_.AfterChange();
   if (keeper_) {
     keeper_->AfterChange(reader_.database());
   }

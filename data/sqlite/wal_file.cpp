@@ -97,7 +97,7 @@ WalContents ReadWal(const std::string& log) {
   if (page_size < kSmallestPage || page_size > kLargestPage || !sum.Is(head, 24)) {
     return {};
   }
-  WalContents contents{.Pages = {}, .PageSize = page_size};
+  WalContents contents{.Pages = {}, .Latest = {}, .PageSize = page_size, .Frames = 0};
   std::vector<Frame> unfinished;
   std::vector<unsigned char> frame(kFrameHeadBytes + page_size);
   for (std::uint64_t at = kHeadBytes; Fill(stream, frame) && BearsMarksOf(head, frame);
@@ -113,6 +113,7 @@ WalContents ReadWal(const std::string& log) {
       for (const Frame& done : unfinished) {
         Add(done, contents);
       }
+      contents.Frames += static_cast<std::uint32_t>(unfinished.size());
       unfinished.clear();
     }
   }

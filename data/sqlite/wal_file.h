@@ -17,6 +17,7 @@ struct WalContents {
   /// Of each page, where in the log it lies as it was last.
   std::map<std::uint32_t, std::uint64_t> Latest = {};
   std::uint32_t PageSize = 0;
+  std::uint32_t Frames = 0;  ///< How many pages it has, each as often as it was changed.
 };
 
 /// Reads a log as SQLite recovers it: as far as its frames bear the marks of its head and their

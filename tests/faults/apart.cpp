@@ -89,11 +89,11 @@ void Work(const Action& action, const std::string& folder, const Plan& plan, int
   std::unique_ptr<Office> office;
   std::string failure;
   try {
-    office = std::make_unique<Office>(folder, [&] {
-      if (counting) {
-        Send(pipe, Tag::Saved, {});
-      }
-    });
+    office = std::make_unique<Office>(folder, Witness{.Made = [&] {
+                                        if (counting) {
+                                          Send(pipe, Tag::Saved, {});
+                                        }
+                                      }});
     office->Start();
     action.Do(*office);
     failure = office->Halts();
@@ -146,7 +146,7 @@ std::vector<std::string> StatesOf(const Action& action, const ReadyFolder& ready
   ready.CopyTo(folder.path().string());
   const std::string calendar = folder.File("Calendar.mdb").string();
   std::vector<std::string> states{Contents(calendar)};
-  Office office(folder.path().string(), [&] { states.push_back(Contents(calendar)); });
+  Office office(folder.path().string(), {.Made = [&] { states.push_back(Contents(calendar)); }});
   office.Start();
   action.Do(office);
   return states;

@@ -166,6 +166,11 @@ void Watch(const Plan& plan) {
   Disk::The().Take(plan);
 }
 
+void MarkMade() {
+  const std::lock_guard lock(Disk::The().Mutex);
+  Disk::The().Record({.What = Change::Kind::Made});
+}
+
 void Mark() {
   const std::lock_guard lock(Disk::The().Mutex);
   Disk::The().Record({.What = Change::Kind::Mark});

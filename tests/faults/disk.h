@@ -31,7 +31,7 @@ struct Plan {
 
 /// A change of the folder, as the disk was asked for it. Files are told apart by inode number.
 struct Change {
-  enum class Kind { Create, Link, Unlink, Rename, Write, Truncate, Sync, SyncFolder, Mark };
+  enum class Kind { Create, Link, Unlink, Rename, Write, Truncate, Sync, SyncFolder, Made, Mark };
 
   Kind What = Kind::Mark;
   std::uint64_t File = 0;
@@ -54,7 +54,10 @@ struct Seen {
 /// names end with "-shm" are none of the disk's: what is in them does not outlive the programs.
 void Watch(const Plan& plan);
 
-/// Puts a mark among the changes: here something was reported as saved.
+/// Puts a mark among the changes: here something was made, and is going to be reported as saved,
+void MarkMade();
+
+/// or was reported so.
 void Mark();
 
 /// Ends the watch and returns what was seen.

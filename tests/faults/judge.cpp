@@ -72,10 +72,16 @@ std::string Judge::FaultOf(const Outcome& outcome, const std::string& folder) co
   });
 }
 
-std::string Judge::FaultOfCut(std::size_t saved, const std::string& folder) const {
+std::string Judge::FaultOfCut(std::size_t saved, std::size_t made,
+                              const std::string& folder) const {
   const std::string calendar = folder + "/Calendar.mdb";
   return Reporting([&] {
-    const std::string fault = FaultOfRows(Contents(calendar), saved, true) + Damage(calendar);
+    const std::string found = Contents(calendar);
+    const auto first = states_.begin() + static_cast<std::ptrdiff_t>(saved);
+    const auto last = states_.begin() + static_cast<std::ptrdiff_t>(std::max(saved, made));
+    const bool is_one_of_them = std::find(first, last, found) != last;
+    const std::string rows = is_one_of_them ? "" : FaultOfRows(found, std::max(saved, made), true);
+    const std::string fault = rows + Damage(calendar);
     return fault.empty() && action_.Calendar != Before::InUse ? FaultOfStart(folder) : fault;
   });
 }
@@ -109,7 +115,7 @@ std::string Judge::FaultOfRows(const std::string& found, std::size_t saved,
 }
 
 std::string Judge::FaultOfStart(const std::string& folder) const {
-  Office(folder, [] {}).Start();
+  Office(folder).Start();
   std::string started = Contents(folder + "/Calendar.mdb");
   TakeBookingAfterwards(started);
   return action_.Calendar == Before::InUse || started == states_.back()

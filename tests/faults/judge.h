@@ -24,8 +24,9 @@ class Judge {
   /// must be sound, and a start must find it so; a first start that broke off, it must complete.
   std::string FaultOf(const Outcome& outcome, const std::string& folder) const;
 
-  /// The same of a power cut after so many changes were reported.
-  std::string FaultOfCut(std::size_t saved, const std::string& folder) const;
+  /// The same of a power cut after so many changes were reported, and so many made: of those that
+  /// were not reported the first may be there, none of which is missing before another.
+  std::string FaultOfCut(std::size_t saved, std::size_t made, const std::string& folder) const;
 
  private:
   std::string FaultOfReports(const Outcome& outcome) const;

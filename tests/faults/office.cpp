@@ -9,7 +9,6 @@
 #include "logic/delete_facility.h"
 #include "logic/facilities.h"
 #include "logic/rename_bookings.h"
-#include "tests/faults/watched_store.h"
 #include "tests/temp_folder.h"
 
 namespace veyra::faults {
@@ -99,12 +98,12 @@ void MakeTables(Store& store, Before calendar) {
 
 }  // namespace
 
-Office::Office(const std::string& folder, const std::function<void()>& saved) {
+Office::Office(const std::string& folder, const Witness& witness) {
   dialogs_.AnswerHalts(Answer::Keep);
   session_.DataFolder = folder;
   modRes::SlotLabels(session_.SlotLabel);
   session_.ResCon = std::make_unique<Connection>(std::make_unique<WatchedStore>(
-      OpenStore(folder + "/Calendar.mdb", StoreAccess::ReadWrite), saved));
+      OpenStore(folder + "/Calendar.mdb", StoreAccess::ReadWrite), witness));
   session_.CurYear = 2014;
   session_.CurMonth = 4;
   session_.CurrentColors = {"0", "0", "0", "0", "0"};
@@ -147,9 +146,9 @@ void Office::BookSeries(const std::string& name) {
   modRes::MakeBookings(session_, {name, true, plan}, {grid_, screens_}, clock_, dialogs_);
 }
 
-void Office::BookDays(const std::string& name) {
+void Office::BookDays(const std::string& name, const std::string& to) {
   Select(kGroupMonth, kGroupDay);
-  MultiDayPlan plan{{"5/1/2014", "9/30/2014"}, {}};
+  MultiDayPlan plan{{"5/1/2014", to}, {}};
   for (int weekday = 1; weekday <= 7; ++weekday) {
     plan.Days[weekday] = true;
   }
@@ -234,7 +233,7 @@ ReadyFolder::ReadyFolder(StoreKind kind, const Action& action) {
   const TempFolder folder;
   MakeTables(*CreateStoreOfKind(kind, folder.File("Calendar.mdb").string()), action.Calendar);
   if (action.Calendar == Before::InUse) {
-    Office office(folder.path().string(), [] {});
+    Office office(folder.path().string());
     office.Start();
     action.Prepare(office);
   }

@@ -16,6 +16,7 @@
 #include "logic/session.h"
 #include "tests/fake_clock.h"
 #include "tests/fake_dialogs.h"
+#include "tests/faults/watched_store.h"
 #include "tests/logic/fake_screens.h"
 #include "tests/store_kind.h"
 
@@ -25,15 +26,16 @@ namespace veyra::faults {
 /// the windows call them. What it does is the same in every run.
 class Office {
  public:
-  /// Opens the folder's databases; `saved` is told of each change that was reported as saved.
-  Office(const std::string& folder, const std::function<void()>& saved);
+  /// Opens the folder's databases.
+  explicit Office(const std::string& folder, const Witness& witness = {});
 
   /// Brings the calendar up to date and shows the active facility, as a start does.
   void Start();
 
   void Book(int day, const std::string& name);  ///< In April 2014, 9:00 to 10:30.
   void BookSeries(const std::string& name);     ///< On Tuesdays and Thursdays in May 2014.
-  void BookDays(const std::string& name);       ///< On every day from May to September 2014.
+  void BookDays(const std::string& name,        ///< On every day from May 2014 to September.
+                const std::string& to = "9/30/2014");
   void Delete(int month, int day, Answer whole_group = Answer::No);
   void Rename(int month, int day, const std::string& name, Answer whole_group = Answer::No);
   void AddFacility(const std::string& name);

@@ -88,7 +88,7 @@ void PowerCut::Apply(const Change& change, const Fate& fate, State& state) {
 }
 
 void PowerCut::Happen(const Change& change) {
-  if (change.What == Kind::Mark) {
+  if (change.What == Kind::Mark || change.What == Kind::Made) {
     return;
   }
   if (change.What != Kind::Sync && change.What != Kind::SyncFolder) {

@@ -21,23 +21,6 @@ using Image = std::map<std::string, std::string>;
 /// have reached the disk or not, in any order, a write in any of its 512-byte sectors, and a write
 /// past the end as a longer file that holds zeros.
 class PowerCut {
- public:
-  /// `first` are the files before the changes, with the numbers by which the changes tell them.
-  struct File {
-    std::string Name;
-    std::uint64_t Number = 0;
-    std::string Bytes;
-  };
-  explicit PowerCut(const std::vector<File>& first);
-
-  /// The next change happens.
-  void Happen(const Change& change);
-
-  /// Calls `visit` with images of a power cut right now: the systematic ones and some drawn at
-  /// random, of all these the given share, 0 to 1. No image comes twice for the same `saved`.
-  void ForEachImage(std::size_t saved, double share,
-                    const std::function<void(const Image&)>& visit);
-
  private:
   struct State {
     std::map<std::string, std::uint64_t> Names;
@@ -52,6 +35,30 @@ class PowerCut {
   };
   using Fates = std::vector<Fate>;
 
+ public:
+  /// `first` are the files before the changes, with the numbers by which the changes tell them.
+  struct File {
+    std::string Name;
+    std::uint64_t Number = 0;
+    std::string Bytes;
+  };
+  explicit PowerCut(const std::vector<File>& first);
+
+  /// The next change happens.
+  void Happen(const Change& change);
+
+  /// The image that holds nothing but what was flushed.
+  Image FlushedOnly() const { return ImageOf(Fates(pending_.size(), Fate{.Reached = false})); }
+
+  /// How many changes are not flushed.
+  std::size_t Pending() const { return pending_.size(); }
+
+  /// Calls `visit` with images of a power cut right now: the systematic ones and some drawn at
+  /// random, of all these the given share, 0 to 1. No image comes twice for the same `saved`.
+  void ForEachImage(std::size_t saved, double share,
+                    const std::function<void(const Image&)>& visit);
+
+ private:
   static void Apply(const Change& change, const Fate& fate, State& state);
   Image ImageOf(const Fates& fates) const;
   std::vector<Fates> Systematic() const;

@@ -38,6 +38,15 @@ FieldValues FieldsOf(const TableLayout& layout, const Row& row) {
   return fields;
 }
 
+/// "30 rows in Reserv, from (RmID 3, ...) to (RmID 3, ...)".
+std::string CountAndBounds(const std::string& table, const TableLayout& layout,
+                           const std::vector<Row>& rows, const std::string& rows_of) {
+  const std::string count = std::to_string(rows.size()) + rows_of + table;
+  return rows.empty() ? count
+                      : count + ", from" + InBrackets(FieldsOf(layout, rows.front())) + " to" +
+                            InBrackets(FieldsOf(layout, rows.back()));
+}
+
 std::string WordsForChange(const RowChange& change) {
   switch (change.What) {
     case RowChange::Kind::Add:
@@ -62,6 +71,18 @@ std::string WordsForInsertAll(const std::string& table, const std::vector<FieldV
   }
   return std::to_string(rows.size()) + " new rows in " + table + ", from" +
          InBrackets(rows.front()) + " to" + InBrackets(rows.back());
+}
+
+std::string WordsForUpdateAll(const std::string& table, const TableLayout& layout,
+                              const std::vector<Row>& rows) {
+  return rows.size() == 1 ? WordsForUpdate(table, layout, rows.front())
+                          : "changes of " + CountAndBounds(table, layout, rows, " rows in ");
+}
+
+std::string WordsForDeleteAll(const std::string& table, const TableLayout& layout,
+                              const std::vector<Row>& rows) {
+  return rows.size() == 1 ? WordsForDelete(table, layout, rows.front())
+                          : "the removal of " + CountAndBounds(table, layout, rows, " rows from ");
 }
 
 std::string WordsForUpdate(const std::string& table, const TableLayout& layout, const Row& before) {

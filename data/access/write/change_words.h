@@ -14,6 +14,10 @@ std::string WordsForInsert(const std::string& table, const FieldValues& fields);
 std::string WordsForInsertAll(const std::string& table, const std::vector<FieldValues>& rows);
 std::string WordsForChangeAll(const std::vector<RowChange>& changes);
 std::string WordsForUpdate(const std::string& table, const TableLayout& layout, const Row& before);
+std::string WordsForUpdateAll(const std::string& table, const TableLayout& layout,
+                              const std::vector<Row>& rows);
 std::string WordsForDelete(const std::string& table, const TableLayout& layout, const Row& before);
+std::string WordsForDeleteAll(const std::string& table, const TableLayout& layout,
+                              const std::vector<Row>& rows);
 
 }  // namespace veyra::access

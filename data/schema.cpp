@@ -119,9 +119,11 @@ TableDefinition ReservTable() {
                       {.Name = "TimeFrom", .Type = ColumnType::WholeNumber},
                       {.Name = "TimeTo", .Type = ColumnType::WholeNumber},
                       MultKeyColumn()},
-          .Indexes = {{"ReservByDay", {"RmID", "DateOfRes", "TimeFrom"}},
-                      {"ReservByDate", {"DateOfRes"}},
-                      {"ReservByGroup", {"RmID", "MultKey"}}}};
+          .Indexes = {{.Name = "ReservByDay",
+                       .Columns = {"RmID", "DateOfRes", "TimeFrom"},
+                       .Held = {"TimeTo", "Event", "MultKey"}},
+                      {.Name = "ReservByDate", .Columns = {"DateOfRes"}},
+                      {.Name = "ReservByGroup", .Columns = {"RmID", "MultKey"}}}};
 }
 
 std::vector<TableDefinition> CalendarTables() {

@@ -44,6 +44,9 @@ struct ColumnDefinition {
 struct IndexDefinition {
   std::string Name;
   std::vector<std::string> Columns;
+  std::vector<std::string> Held = {};  ///< Further columns, whose values a SQLite file's index has
+                                       ///< beside these: who asks for no others need not look for
+                                       ///< the rows, which may lie all over the file.
 };
 
 struct TableDefinition {

@@ -138,6 +138,8 @@ std::vector<IndexDefinition> PossibleIndexes(const TableDefinition& known,
     if (std::all_of(index.Columns.begin(), index.Columns.end(),
                     [&](const auto& name) { return Find(columns, name) != nullptr; })) {
       possible.push_back(index);
+      std::erase_if(possible.back().Held,
+                    [&](const auto& name) { return Find(columns, name) == nullptr; });
     }
   }
   return possible;

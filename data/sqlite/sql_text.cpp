@@ -175,6 +175,9 @@ std::string CreateIndexSql(const std::string& table, const IndexDefinition& inde
   for (const std::string& column : index.Columns) {
     columns.push_back(Quoted(column));
   }
+  for (const std::string& column : index.Held) {
+    columns.push_back(Quoted(column));
+  }
   return "CREATE INDEX " + Quoted(index.Name) + " ON " + Quoted(table) + " (" + CommaList(columns) +
          ")";
 }

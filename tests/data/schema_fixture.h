@@ -35,6 +35,7 @@ class SchemaTest : public testing::Test {
     TableDefinition table = ReservTable();
     table.Columns.pop_back();
     table.Indexes.pop_back();
+    table.Indexes.front().Held.pop_back();
     return table;
   }
 

@@ -145,6 +145,7 @@ TEST_P(ConvertToTest, ACalendarOfBeforeTheGroupsStaysOne) {
     TableDefinition old = ReservTable();
     old.Columns.pop_back();
     old.Indexes.pop_back();
+    old.Indexes.front().Held.pop_back();
     store->CreateTable(old);
     store->Insert("Reserv", {{"RmID", std::int64_t{1}}, {"DateOfRes", kToday}});
   }

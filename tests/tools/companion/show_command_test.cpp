@@ -98,9 +98,9 @@ TEST_F(ShowCommandTest, TheTablesOfASqliteFile) {
       "  column  INTEGER  -   -  TimeFrom\n"
       "  column  INTEGER  -   -  TimeTo\n"
       "  column  DOUBLE   -   -  MultKey\n"
-      "  index  RmID, DateOfRes, TimeFrom  -  ReservByDay\n"
-      "  index  DateOfRes                  -  ReservByDate\n"
-      "  index  RmID, MultKey              -  ReservByGroup\n",
+      "  index  RmID, DateOfRes, TimeFrom, TimeTo, Event, MultKey  -  ReservByDay\n"
+      "  index  DateOfRes                                          -  ReservByDate\n"
+      "  index  RmID, MultKey                                      -  ReservByGroup\n",
       ShownTables());
 }
 

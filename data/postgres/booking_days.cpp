@@ -26,12 +26,31 @@ void Add(const Value& facility, const Value& date, std::set<FacilityDay>& days) 
   }
 }
 
-std::optional<Date> DayIn(const Comparison& comparison) {
-  const auto* column = std::get_if<ColumnName>(&comparison.Left);
-  const auto* value = std::get_if<Value>(&comparison.Right);
-  const bool is_day = column != nullptr && value != nullptr && SameName(column->Name, kDay) &&
-                      comparison.Test == Relation::Equal;
-  return is_day ? ToDate(*value) : std::nullopt;
+/// What a condition demands of a column: that it equals this; nothing when it is no such condition.
+std::optional<Value> Demanded(const Condition& condition, const char* name) {
+  const auto* comparison = std::get_if<Comparison>(&condition);
+  if (comparison == nullptr || comparison->Test != Relation::Equal) {
+    return std::nullopt;
+  }
+  const auto* column = std::get_if<ColumnName>(&comparison->Left);
+  const auto* value = std::get_if<Value>(&comparison->Right);
+  const bool is_demanded = column != nullptr && value != nullptr && SameName(column->Name, name);
+  return is_demanded ? std::optional(*value) : std::nullopt;
+}
+
+/// The same of a query, whatever else it demands.
+Value DemandedOf(const Query& query, const char* name) {
+  const auto* junction = query.Where ? std::get_if<Junction>(&*query.Where) : nullptr;
+  if (junction == nullptr) {
+    return query.Where ? Demanded(*query.Where, name).value_or(Null{}) : Null{};
+  }
+  for (const Condition& part : junction->Parts) {
+    const auto value = Demanded(part, name);
+    if (value && junction->By == Junction::Kind::And) {
+      return *value;
+    }
+  }
+  return Null{};
 }
 
 }  // namespace
@@ -52,22 +71,11 @@ std::optional<BookingColumns> FindBookingColumns(const std::string& table,
   return BookingColumns{.Facility = *facility, .Day = *day, .From = *from, .To = *to};
 }
 
-std::optional<Date> DayOf(const Query& query) {
-  if (!query.Where) {
-    return std::nullopt;
-  }
-  if (const auto* comparison = std::get_if<Comparison>(&*query.Where)) {
-    return DayIn(*comparison);
-  }
-  const Junction& junction = std::get<Junction>(*query.Where);
-  for (const Condition& part : junction.Parts) {
-    const auto* comparison = std::get_if<Comparison>(&part);
-    const auto day = comparison == nullptr ? std::nullopt : DayIn(*comparison);
-    if (day && junction.By == Junction::Kind::And) {
-      return day;
-    }
-  }
-  return std::nullopt;
+std::optional<WholeDay> DayOf(const Query& query) {
+  const auto day = ToDate(DemandedOf(query, kDay));
+  return day ? std::optional(
+                   WholeDay{.Day = *day, .Facility = ToInteger(DemandedOf(query, kFacility))})
+             : std::nullopt;
 }
 
 void AddDay(const FieldValues& fields, std::set<FacilityDay>& days) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -17,8 +18,15 @@ bool HoldsBookings(const std::string& table);
 std::optional<BookingColumns> FindBookingColumns(const std::string& table,
                                                  const std::vector<std::string>& columns);
 
-/// The day to which a query confines itself, whatever else it asks; nothing when it does not.
-std::optional<Date> DayOf(const Query& query);
+/// A day, of one facility or of all.
+struct WholeDay {
+  Date Day{};
+  std::optional<std::int64_t> Facility;
+};
+
+/// The day to which a query confines itself, and the facility if it names one, whatever else it
+/// asks; nothing when it does not.
+std::optional<WholeDay> DayOf(const Query& query);
 
 /// Adds the facility's day of a booking that is added, or of a row as it was read that is changed
 /// so, to `days`.

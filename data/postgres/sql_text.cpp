@@ -179,14 +179,20 @@ BoundSql SelectSql(const Place& place, const Table& table, const Query& query) {
   return sql.Take();
 }
 
-BoundSql SelectDaySql(const Place& place, const Table& table, const Query& query, Date day) {
+BoundSql SelectDaySql(const Place& place, const Table& table, const Query& query,
+                      const WholeDay& whole) {
   SqlWriter sql(place, table);
   QueryWriter writer(sql, table);
   sql.Add("SELECT *, coalesce(");
   writer.WriteCondition(*query.Where);
   sql.Add(std::string(", false) AS ") + kFoundColumn + " FROM " + FullName(place, table.Name));
-  const Column& column = sql.Find("DateOfRes");
-  sql.Add(" WHERE " + Quoted(column.Name) + " = ").Add(sql.Bind(column, Value(day)));
+  const Column& day = sql.Find("DateOfRes");
+  sql.Add(" WHERE " + Quoted(day.Name) + " = ").Add(sql.Bind(day, Value(whole.Day)));
+  if (whole.Facility) {
+    const Column& facility = sql.Find("RmID");
+    sql.Add(" AND " + Quoted(facility.Name) + " = ")
+        .Add(sql.Bind(facility, Value(*whole.Facility)));
+  }
   writer.WriteOrder(query.OrderBy);
   return sql.Take();
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/postgres/booking_days.h"
 #include "data/postgres/catalogue.h"
 #include "data/query.h"
 #include "data/store.h"
@@ -30,9 +31,11 @@ std::string FullName(const Place& place, const std::string& table);
 /// table lacks.
 BoundSql SelectSql(const Place& place, const Table& table, const Query& query);
 
-/// Every booking of a day, whether or not it satisfies the query, which names that day: whoever
-/// looks for what stands in his way on a day knows from then on of all that is booked on it.
-BoundSql SelectDaySql(const Place& place, const Table& table, const Query& query, Date day);
+/// Every booking of a day, of one facility or of all, whether or not it satisfies the query, which
+/// confines itself to that day: whoever looks for what stands in his way on a day knows from then
+/// on of all that is booked on it.
+BoundSql SelectDaySql(const Place& place, const Table& table, const Query& query,
+                      const WholeDay& whole);
 
 /// How many rows from `first` on name the same columns as that one and leave its number to the
 /// server where that does; no more than `most`, at least 1.

@@ -152,6 +152,14 @@ TEST_F(GuardTest, AnotherProgramIsHeldToItToo) {
                std::runtime_error);
 }
 
+TEST_F(GuardTest, WhoHasLookedAtOneFacilityHasNotSeenAnotherOnes) {
+  other_->Insert("Reserv", Booking(1, 4, "Smith", 2));
+  Look(*desk_, "SELECT * FROM Reserv Where RmID = 1 And DateOfRes = #3/5/2026#");
+  EXPECT_TRUE(IsRefused(*desk_, Booking(2, 3, "Jones", 2)));
+  Look(*desk_, "SELECT * FROM Reserv Where DateOfRes = #3/5/2026# And TimeFrom = 30");
+  EXPECT_FALSE(IsRefused(*desk_, Booking(2, 3, "Jones", 2)));
+}
+
 /// Two desks that each look at a day, find it free and book all of it, again and again at the same
 /// moment: of each round one booking stands.
 TEST_F(GuardTest, TwoDesksNeverBookTheSameTime) {

@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <algorithm>
 #include <optional>
 
 namespace veyra {
@@ -58,6 +59,7 @@ QtHelpPage::QtHelpPage(QWidget* parent) : QTextBrowser(parent) {
 
 void QtHelpPage::SetArchive(std::shared_ptr<const ChmArchive> archive) {
   archive_ = std::move(archive);
+  pictures_.clear();
   document()->clear();
   clearHistory();
 }
@@ -101,7 +103,45 @@ QVariant QtHelpPage::loadResource(int type, const QUrl& name) {
                       .arg(QString::fromStdString(*reference).toHtmlEscaped());
   }
   const std::string* bytes = archive_->Object(*reference);
-  return bytes != nullptr ? QVariant(QByteArray::fromStdString(*bytes)) : QVariant();
+  if (bytes == nullptr) {
+    return {};
+  }
+  const QByteArray content = QByteArray::fromStdString(*bytes);
+  if (type != QTextDocument::ImageResource) {
+    return content;
+  }
+  return Fitted(pictures_[name] = QImage::fromData(content));
+}
+
+int QtHelpPage::RoomForPictures() const {
+  return std::max(1, static_cast<int>(viewport()->width() - 2 * document()->documentMargin()));
+}
+
+/// On a screen of more pixels than the layout has, none of the picture's own are given away.
+QImage QtHelpPage::Fitted(const QImage& picture) const {
+  if (picture.width() <= RoomForPictures()) {
+    return picture;
+  }
+  const qreal scale = devicePixelRatioF();
+  const int width = std::min(picture.width(), static_cast<int>(RoomForPictures() * scale));
+  QImage fitted = picture.scaledToWidth(width, Qt::SmoothTransformation);
+  fitted.setDevicePixelRatio(static_cast<qreal>(width) / RoomForPictures());
+  return fitted;
+}
+
+void QtHelpPage::FitPictures() {
+  fitted_to_ = RoomForPictures();
+  for (auto picture = pictures_.cbegin(); picture != pictures_.cend(); ++picture) {
+    document()->addResource(QTextDocument::ImageResource, picture.key(), Fitted(picture.value()));
+  }
+  document()->markContentsDirty(0, document()->characterCount());
+}
+
+void QtHelpPage::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  if (RoomForPictures() != fitted_to_ && !pictures_.isEmpty()) {
+    FitPictures();
+  }
 }
 
 void QtHelpPage::FollowLink(const QUrl& link) {

@@ -32,8 +32,8 @@ constexpr const char* kContents =
     "<UL><LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"Two\">"
     "<param name=\"Local\" value=\"sub\\two.htm\"></OBJECT></UL></UL>";
 
-std::string RedPicture() {
-  QImage image(40, 30, QImage::Format_RGB32);
+std::string RedPicture(int width, int height) {
+  QImage image(width, height, QImage::Format_RGB32);
   image.fill(Qt::red);
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -52,7 +52,9 @@ std::shared_ptr<const ChmArchive> SampleFile() {
       {"/sub/two.htm",
        "<h1>Page two</h1><p><img src=\"../pictures\\red.png\"> word word <a "
        "href=\"..\\one.htm\">back</a>"},
-      {"/pictures/red.png", RedPicture()},
+      {"/pictures/red.png", RedPicture(40, 30)},
+      {"/wide.htm", "<p><img src=\"pictures/wide.png\"></p>"},
+      {"/pictures/wide.png", RedPicture(3000, 1000)},
       {"/latin.htm",
        "<meta http-equiv=content-type content=\"text/html; charset=windows-1252\">"
        "caf\xE9 \x80"},
@@ -172,6 +174,21 @@ TEST_F(QtHelpWindowTest, PicturesAreShown) {
   picture.setPosition(picture.selectionStart());
   const QPoint place = Page()->cursorRect(picture).topLeft() + QPoint(10, 5);
   EXPECT_EQ("#ff0000", QColor(Page()->viewport()->grab().toImage().pixel(place)).name());
+}
+
+TEST_F(QtHelpWindowTest, APictureWiderThanThePageIsMadeToFit) {
+  window_.ShowPage("wide.htm");
+  EXPECT_NEAR(Page()->viewport()->width(), Page()->document()->idealWidth(), 2);
+  EXPECT_FALSE(Page()->horizontalScrollBar()->isVisible());
+}
+
+TEST_F(QtHelpWindowTest, AFittedPictureFollowsTheWindowsWidth) {
+  window_.ShowPage("wide.htm");
+  for (const int width : {500, 800}) {
+    window_.resize(width, window_.height());
+    EXPECT_NEAR(Page()->viewport()->width(), Page()->document()->idealWidth(), 2) << width;
+    EXPECT_EQ(0, Page()->horizontalScrollBar()->maximum()) << width;
+  }
 }
 
 TEST_F(QtHelpWindowTest, NothingIsReadFromTheDisk) {

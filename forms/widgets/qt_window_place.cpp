@@ -39,6 +39,19 @@ QPoint PlaceBeside(const QRect& neighbour, const QSize& size, const QRect& scree
   return ClampToScreen({to_the_right ? right : left, neighbour.y()}, size, screen);
 }
 
+QPoint PlaceMakingRoom(const QRect& neighbour, const QSize& size, const QRect& screen) {
+  const int room_right = screen.x() + screen.width() - (neighbour.x() + neighbour.width());
+  const int room_left = neighbour.x() - screen.x();
+  const bool room_for_both = neighbour.width() + size.width() <= screen.width();
+  if (!room_for_both || size.width() <= std::max(room_left, room_right)) {
+    return neighbour.topLeft();
+  }
+  const int missing_right = size.width() - room_right;
+  const int missing_left = size.width() - room_left;
+  return neighbour.topLeft() +
+         QPoint(missing_right <= missing_left ? -missing_right : missing_left, 0);
+}
+
 QPoint PlaceOver(const QRect& owner, const QSize& size, const QRect& screen) {
   QRect place({}, size);
   place.moveCenter(owner.center());
@@ -64,9 +77,14 @@ void BringToFront(QWidget& window) {
 void ShowBeside(QWidget& window, QWidget* neighbour) {
   if (neighbour != nullptr) {
     KeepAbove(window, *neighbour);
-    const QPoint place = PlaceBeside(neighbour->frameGeometry(), SizeWithFrame(window, *neighbour),
-                                     neighbour->screen()->availableGeometry());
-    MoveFrameTo(window, place, *neighbour);
+    const QSize size = SizeWithFrame(window, *neighbour);
+    const QRect screen = neighbour->screen()->availableGeometry();
+    QRect beside = neighbour->frameGeometry();
+    beside.moveTopLeft(PlaceMakingRoom(beside, size, screen));
+    if (beside != neighbour->frameGeometry()) {
+      neighbour->move(beside.topLeft());
+    }
+    MoveFrameTo(window, PlaceBeside(beside, size, screen), *neighbour);
   }
   BringToFront(window);
 }

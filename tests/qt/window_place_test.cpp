@@ -49,6 +49,31 @@ INSTANTIATE_TEST_SUITE_P(
             "WithItsCornerOnATinyScreen", {0, 0, 260, 200}, kWindow, {0, 0, 320, 200}, {0, 0}}),
     NameOf);
 
+class MakingRoom : public testing::TestWithParam<PlaceCase> {};
+
+TEST_P(MakingRoom, Moves) {
+  const PlaceCase& one = GetParam();
+  EXPECT_EQ(one.Expected, PlaceMakingRoom(one.Other, one.Size, one.Screen));
+}
+
+constexpr QRect kSmall(0, 0, 1024, 600);
+
+INSTANTIATE_TEST_SUITE_P(
+    All, MakingRoom,
+    testing::Values(
+        PlaceCase{"NotWhereThereIsRoomRight", {364, 0, 260, 550}, kWindow, kSmall, {364, 0}},
+        PlaceCase{"NotWhereThereIsRoomLeft", {400, 0, 260, 550}, kWindow, kSmall, {400, 0}},
+        PlaceCase{"LeftWhenThatIsShorter", {382, 5, 260, 550}, kWindow, kSmall, {364, 5}},
+        PlaceCase{"RightWhenThatIsShorter", {383, 5, 260, 550}, kWindow, kSmall, {400, 5}},
+        PlaceCase{
+            "OnASecondScreen", {1661, 30, 260, 550}, kWindow, {1280, 0, 1024, 600}, {1644, 30}},
+        PlaceCase{"NotWhenBothNeedMoreThanTheScreen",
+                  {200, 0, 260, 400},
+                  kWindow,
+                  {0, 0, 640, 480},
+                  {200, 0}}),
+    NameOf);
+
 class Over : public testing::TestWithParam<PlaceCase> {};
 
 TEST_P(Over, Stands) {

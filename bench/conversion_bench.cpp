@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/raw_calendar.h"
 #include "data/access/access_store.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
@@ -20,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int64_t kBookings = 100'000;
+constexpr std::int64_t kBookingsOfSeries = 100'000;
 constexpr std::int64_t kTurned = 4'576;
 constexpr int kTurnovers = 10;
 constexpr std::size_t kWeeksOfAYear = 52;
@@ -55,12 +56,12 @@ void AddAll(Store& store, const std::vector<FieldValues>& rows) {
   }
 }
 
-std::string MakeCalendar(const TempFolder& folder, FileKind kind) {
+std::string MakeCalendar(const TempFolder& folder, FileKind kind, std::int64_t bookings) {
   const std::string file = folder.File("Calendar.mdb").string();
   const auto store = CreateFileStore(file, Durability::WhenAsked, kind);
   store->CreateTable(RoomsTable());
   store->CreateTable(ReservTable());
-  AddAll(*store, Bookings(kBookings));
+  AddAll(*store, Bookings(bookings));
   return file;
 }
 
@@ -68,30 +69,31 @@ FileKind OtherThan(FileKind kind) {
   return kind == FileKind::Access ? FileKind::Sqlite : FileKind::Access;
 }
 
-/// The yardstick of the conversion: the rows are read and added to a new file, nothing is planned,
-/// compared or checked.
-void RawCopy(benchmark::State& state, FileKind to) {
+/// The yardstick of the conversion, whatever kind of file it makes: the rows of one SQLite file are
+/// read and added to another by SQLite alone, nothing is planned, compared or checked.
+void RowsCopiedByHand(benchmark::State& state) {
   const TempFolder folder;
-  const std::string file = MakeCalendar(folder, OtherThan(to));
+  const std::string file = MakeCalendar(folder, FileKind::Sqlite, state.range(0));
   for (auto _ : state) {
     const TempFolder other;
-    const auto source = OpenFileStore(file, StoreAccess::ReadOnly);
-    const auto target =
-        CreateFileStore(other.File("Calendar.mdb").string(), Durability::WhenAsked, to);
-    target->CreateTable(ReservTable());
-    Query all;
-    all.Table = "Reserv";
-    const auto rows = source->Select(all);
-    const std::vector<std::string> names = source->ColumnNames("Reserv");
-    std::vector<FieldValues> read;
-    for (Row row; rows->Next(row);) {
-      FieldValues fields;
-      for (std::size_t i = 0; i < names.size(); ++i) {
-        fields.emplace_back(names[i], row.Values[i]);
+    const std::string copy = other.File("Calendar.mdb").string();
+    MakeRawCalendar(copy, {});
+    RawFile from(file);
+    RawFile to(copy);
+    to.Run("BEGIN");
+    sqlite3_stmt* read =
+        from.Prepare("SELECT RmID, Event, DateOfRes, TimeFrom, TimeTo, MultKey FROM Reserv");
+    sqlite3_stmt* insert = to.Prepare(
+        "INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo, MultKey)"
+        " VALUES (?, ?, ?, ?, ?, ?)");
+    while (sqlite3_step(read) == SQLITE_ROW) {
+      for (int column = 0; column < sqlite3_column_count(read); ++column) {
+        Check(sqlite3_bind_value(insert, column + 1, sqlite3_column_value(read, column)));
       }
-      read.push_back(std::move(fields));
+      Check(sqlite3_step(insert));
+      Check(sqlite3_reset(insert));
     }
-    AddAll(*target, read);
+    to.Run("COMMIT");
   }
 }
 
@@ -99,7 +101,7 @@ void Conversion(benchmark::State& state, FileKind to) {
   for (auto _ : state) {
     state.PauseTiming();
     const TempFolder folder;
-    const std::string file = MakeCalendar(folder, OtherThan(to));
+    const std::string file = MakeCalendar(folder, OtherThan(to), state.range(0));
     state.ResumeTiming();
     RewriteFile(file, to, kToday, [](const CopyStep&) {});
   }
@@ -108,7 +110,7 @@ void Conversion(benchmark::State& state, FileKind to) {
 /// The yardstick of the check: every byte of the file, read once.
 void FileReadOnce(benchmark::State& state, FileKind kind) {
   const TempFolder folder;
-  const std::string name = MakeCalendar(folder, kind);
+  const std::string name = MakeCalendar(folder, kind, state.range(0));
   for (auto _ : state) {
     std::ifstream file(name, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -120,7 +122,7 @@ void FileReadOnce(benchmark::State& state, FileKind kind) {
 
 void Check(benchmark::State& state, FileKind kind) {
   const TempFolder folder;
-  const std::string name = MakeCalendar(folder, kind);
+  const std::string name = MakeCalendar(folder, kind, state.range(0));
   for (auto _ : state) {
     benchmark::DoNotOptimize(OpenFileStore(name, StoreAccess::ReadOnly)->Verify().size());
   }
@@ -152,7 +154,7 @@ void Turnovers(benchmark::State& state) {
 /// How many times the disk is waited for, by a series of so many dates.
 void Series(benchmark::State& state) {
   const TempFolder folder;
-  const std::string name = MakeCalendar(folder, FileKind::Access);
+  const std::string name = MakeCalendar(folder, FileKind::Access, kBookingsOfSeries);
   int steps = 0;
   const auto store =
       OpenAccessStore(name, StoreAccess::ReadWrite, {}, [&steps](access::CommitStep) { ++steps; });
@@ -167,22 +169,16 @@ void Series(benchmark::State& state) {
   state.counters["steps"] = static_cast<double>(steps) / static_cast<double>(state.iterations());
 }
 
-BENCHMARK_CAPTURE(RawCopy, ToSqlite, FileKind::Sqlite)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(Conversion, ToSqlite, FileKind::Sqlite)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(RawCopy, ToAccess, FileKind::Access)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(Conversion, ToAccess, FileKind::Access)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(FileReadOnce, Access, FileKind::Access)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Check, Access, FileKind::Access)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(FileReadOnce, Sqlite, FileKind::Sqlite)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Check, Sqlite, FileKind::Sqlite)->Unit(benchmark::kMillisecond);
+#define OF_ALL_SIZES(registered) \
+  registered->Unit(benchmark::kMillisecond)->UseRealTime()->Arg(1'000)->Arg(100'000)
+
+OF_ALL_SIZES(BENCHMARK(RowsCopiedByHand));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(Conversion, ToSqlite, FileKind::Sqlite));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(Conversion, ToAccess, FileKind::Access));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(FileReadOnce, Access, FileKind::Access));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(Check, Access, FileKind::Access));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(FileReadOnce, Sqlite, FileKind::Sqlite));
+OF_ALL_SIZES(BENCHMARK_CAPTURE(Check, Sqlite, FileKind::Sqlite));
 BENCHMARK(Turnovers)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(Series)
     ->Arg(1)

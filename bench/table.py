@@ -19,8 +19,8 @@ YARDSTICKS = [
     (r"(?:Deleted|Renamed)Series/\w+/(\d+)/(\d+)", r"RowsAddedByHand/\1/\2"),
     (r"DeletedFacility/\w+/(\d+)", r"RowsDeletedByHand/\1"),
     (r"MonthThroughRecordsets/(\d+)", r"MonthThroughOneStatement/\1"),
-    (r"Conversion/(\w+)", r"RawCopy/\1"),
-    (r"Check/(\w+)", r"FileReadOnce/\1"),
+    (r"Conversion/\w+/(\d+)", r"RowsCopiedByHand/\1"),
+    (r"Check/(\w+)/(\d+)", r"FileReadOnce/\1/\2"),
     (r"FirstMonth|NextMonth|BookingAndItsMonth", "CalendarFileReadOnce"),
     (r"GuestNames", "GuestNamesByMdbExport"),
 ]

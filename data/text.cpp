@@ -13,6 +13,7 @@ using Mapping = CodePoint (*)(CodePoint);
 constexpr CodePoint kNone = -1;
 constexpr CodePoint kBlank = 0x20;
 constexpr CodePoint kSharpS = 0xDF;
+constexpr unsigned char kFirstOfTwoBytes = 0x80;
 
 /// One character and the bytes it takes in the text; kNone for a byte of no valid sequence.
 struct Character {
@@ -22,6 +23,9 @@ struct Character {
 
 /// REQUIRES: the text is not empty.
 Character FirstCharacter(std::string_view text) {
+  if (const auto byte = static_cast<unsigned char>(text.front()); byte < kFirstOfTwoBytes) {
+    return {byte, text.substr(0, 1)};
+  }
   CodePoint code = kNone;
   const utf8proc_ssize_t length =
       utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),

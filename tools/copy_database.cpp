@@ -29,6 +29,21 @@ const char* WordFor(ColumnType type) {
   return "value";
 }
 
+/// Whether the value is one of the type as it is.
+bool IsOf(ColumnType type, const Value& value) {
+  switch (type) {
+    case ColumnType::WholeNumber:
+      return std::holds_alternative<std::int64_t>(value);
+    case ColumnType::Double:
+      return std::holds_alternative<double>(value);
+    case ColumnType::Day:
+      return std::holds_alternative<Date>(value);
+    case ColumnType::Text:
+      return std::holds_alternative<std::string>(value);
+  }
+  return false;
+}
+
 /// A table of the source while its rows are gone through.
 class SourceTable {
  public:
@@ -62,11 +77,14 @@ class SourceTable {
   }
 
  private:
-  Value Converted(std::size_t i) const {
+  Value Converted(std::size_t i) {
     const ColumnDefinition& column = table_.Columns[i];
-    const std::optional<Value> converted = ValueAs(column.Type, row_.Values[i]);
+    if (IsOf(column.Type, row_.Values[i])) {
+      return std::move(row_.Values[i]);
+    }
+    std::optional<Value> converted = ValueAs(column.Type, row_.Values[i]);
     if (converted) {
-      return *converted;
+      return std::move(*converted);
     }
     Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is not a " +
          WordFor(column.Type) + ".");
@@ -82,7 +100,7 @@ class SourceTable {
 /// Rows that are added to the target many at a time.
 class RowBatch {
  public:
-  RowBatch(Store& target, const TableDefinition& table) : target_(target), table_(table) {}
+  RowBatch(FileStore& target, const TableDefinition& table) : target_(target), table_(table) {}
 
   void Add(const SourceTable& from) {
     FieldValues fields;
@@ -100,7 +118,7 @@ class RowBatch {
   /// Adds the rows to the target.
   void Write(const SourceTable& from) {
     try {
-      target_.InsertAll(table_.Name, rows_);
+      target_.Fill(table_.Name, rows_);
     } catch (const ValueRefusedError&) {
       FailForOneOf(from);
     } catch (const DatabaseError& error) {
@@ -129,7 +147,7 @@ class RowBatch {
     from.Fail("The new file cannot hold it together with the rows before it.");
   }
 
-  Store& target_;
+  FileStore& target_;
   const TableDefinition& table_;
   std::vector<FieldValues> rows_;
   std::size_t bytes_ = 0;
@@ -146,11 +164,34 @@ void MakeTable(const Store& source, Store& target, const TableDefinition& table)
   }
 }
 
+void FillFrom(Store& source, FileStore& target, const TablePlan& table,
+              const std::function<void()>& tell) {
+  SourceTable from(source, table);
+  RowBatch batch(target, table.Table);
+  while (from.Next()) {
+    batch.Add(from);
+    tell();
+  }
+  batch.Write(from);
+}
+
+/// What fails here may be left out of a file that is whole otherwise.
+void CopyRows(Store& source, FileStore& target, const TablePlan& table,
+              const std::function<void()>& tell) {
+  try {
+    FillFrom(source, target, table, tell);
+  } catch (const DatabaseError&) {
+    target.EndFilling(table.Table.Name);
+    throw;
+  }
+  target.EndFilling(table.Table.Name);
+}
+
 void CompareRow(const SourceTable& from, const Row& row, const TableDefinition& table) {
   for (std::size_t i = 0; i < table.Columns.size(); ++i) {
     const ColumnDefinition& column = table.Columns[i];
     const Value& before = from.Values()[i];
-    if (ValueAs(column.Type, row.Values[i]) == before) {
+    if (row.Values[i] == before || ValueAs(column.Type, row.Values[i]) == before) {
       continue;
     }
     from.Fail(column.Name + " is \"" + ToText(before) + "\" and would become \"" +
@@ -207,18 +248,15 @@ std::optional<Value> ValueAs(ColumnType type, const Value& value) {
   return std::nullopt;
 }
 
-void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyObserver& observer) {
+void CopyTables(Store& source, FileStore& target, const CopyPlan& plan,
+                const CopyObserver& observer) {
   CopyStep step{.Verb = "Copied", .Rows = 0, .Of = plan.RowCount};
   for (const TablePlan& table : plan.Tables) {
     MakeTable(source, target, table.Table);
-    SourceTable from(source, table);
-    RowBatch batch(target, table.Table);
-    while (from.Next()) {
-      batch.Add(from);
+    CopyRows(source, target, table, [&] {
       ++step.Rows;
       observer(step);
-    }
-    batch.Write(from);
+    });
   }
 }
 

@@ -16,7 +16,8 @@ std::optional<Value> ValueAs(ColumnType type, const Value& value);
 /// A value of another type than its column becomes one when it stands for one, the text "19" the
 /// number 19. Throws DatabaseError, naming the table and the row, when it does not, or when the
 /// target cannot hold the row. REQUIRES: `target` has no tables.
-void CopyTables(Store& source, Store& target, const CopyPlan& plan, const CopyObserver& observer);
+void CopyTables(Store& source, FileStore& target, const CopyPlan& plan,
+                const CopyObserver& observer);
 
 /// Reads both files side by side and throws DatabaseError, naming the table and the row, where they
 /// differ. Dates are compared as dates, numbers by their value.

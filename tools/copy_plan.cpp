@@ -42,6 +42,11 @@ bool IsDay(const Value& value) {
   return (text == nullptr || text->size() == kIsoDateSize) && ToDate(value).has_value();
 }
 
+int LengthOf(const Value& value) {
+  const auto* text = std::get_if<std::string>(&value);
+  return static_cast<int>(Utf16Length(text == nullptr ? ToText(value) : *text));
+}
+
 void Note(const Value& value, FileKind target, ColumnFacts& facts) {
   if (IsNull(value)) {
     return;
@@ -54,8 +59,7 @@ void Note(const Value& value, FileKind target, ColumnFacts& facts) {
                            (whole != nullptr && *whole >= -kMostExact && *whole <= kMostExact));
   facts.AreDays = facts.AreDays && IsDay(value);
   facts.AreTexts = facts.AreTexts && std::holds_alternative<std::string>(value);
-  const auto length = static_cast<int>(Utf16Length(ToText(value)));
-  facts.Longest = std::max(facts.Longest, length);
+  facts.Longest = std::max(facts.Longest, LengthOf(value));
 }
 
 bool Fits(ColumnType type, const ColumnFacts& facts) {

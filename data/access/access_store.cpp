@@ -22,6 +22,7 @@
 #include "data/access/write/change_words.h"
 #include "data/access/write/journal_writer.h"
 #include "data/access/write/journalled_rows.h"
+#include "data/access/write/row_changes.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
@@ -175,6 +176,34 @@ class AccessStore : public FileStore {
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       return rows_.InsertAll(changes, writer, table, rows);
     });
+  }
+
+  void Fill(const std::string& table, const std::vector<FieldValues>& rows) override {
+    if (KeepsJournal()) {
+      InsertAll(table, rows);
+      return;
+    }
+    const std::string what = access::WordsForInsertAll(table, rows);
+    const access::PendingEntries added =
+        WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+          return access::FillRows(changes, writer, rows);
+        });
+    access::PendingEntries& pending = pending_[table];
+    pending.resize(std::max(pending.size(), added.size()));
+    for (std::size_t i = 0; i < added.size(); ++i) {
+      pending[i].insert(pending[i].end(), added[i].begin(), added[i].end());
+    }
+  }
+
+  void EndFilling(const std::string& table) override {
+    auto filled = pending_.extract(table);
+    if (!filled.empty()) {
+      WritingRows(table, "the indexes of the table " + table,
+                  [&](access::PageChanges&, access::TableWriter& writer) {
+                    writer.AddEntries(std::move(filled.mapped()));
+                    return 0;
+                  });
+    }
   }
 
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
@@ -366,6 +395,7 @@ class AccessStore : public FileStore {
   access::BrokenChange broken_change_{file_name_, policy_, file_, snapshot_};
   access::JournalledRows rows_{file_, snapshot_};
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
+  std::map<std::string, access::PendingEntries> pending_;
   std::optional<FileLock> use_;
 };
 

@@ -63,7 +63,8 @@ void RowWriter::CheckUnchanged(const Table& table, const Row& before) {
   }
 }
 
-void RowWriter::Insert(const Table& table, const FieldValues& fields) {
+/// What the columns that are no formula are to hold.
+std::vector<Value> RowWriter::StoredValues(const Table& table, const FieldValues& fields) const {
   std::vector<Value> by_column(table.Columns.size());
   for (const auto& [name, value] : fields) {
     by_column[RequireColumn(reader_.file(), table, name)] = value;
@@ -74,7 +75,21 @@ void RowWriter::Insert(const Table& table, const FieldValues& fields) {
       stored.push_back(std::move(by_column[i]));
     }
   }
-  Run(InsertSql(table), stored);
+  return stored;
+}
+
+void RowWriter::Insert(const Table& table, const FieldValues& fields) {
+  Run(InsertSql(table), StoredValues(table, fields));
+}
+
+void RowWriter::InsertAll(const Table& table, const std::vector<FieldValues>& rows) {
+  const auto statement = reader_.statements().Take(InsertSql(table));
+  for (const FieldValues& fields : rows) {
+    const std::vector<Value> stored = StoredValues(table, fields);
+    statement->Bind(stored);
+    statement->Run();
+    statement->Reset();
+  }
 }
 
 Row RowWriter::ReadNew(const Table& table) {

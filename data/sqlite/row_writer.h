@@ -25,6 +25,7 @@ class RowWriter {
   const Table& Find(const std::string& name);
 
   void Insert(const Table& table, const FieldValues& fields);
+  void InsertAll(const Table& table, const std::vector<FieldValues>& rows);
 
   /// The row that was added last.
   Row ReadNew(const Table& table);
@@ -44,6 +45,7 @@ class RowWriter {
 
  private:
   bool ReadRow(const Table& table, RowKey key, Row& row);
+  std::vector<Value> StoredValues(const Table& table, const FieldValues& fields) const;
   void CheckUnchanged(const Table& table, const Row& before);
 
   Reader& reader_;

@@ -101,6 +101,7 @@ class SqliteStore : public FileStore {
   Row Insert(const std::string& table, const FieldValues& fields) override;
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override;
+  void Fill(const std::string& table, const std::vector<FieldValues>& rows) override;
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override;
   void Delete(const std::string& table, const Row& before) override;
   void CreateTable(const TableDefinition& definition) override;
@@ -229,6 +230,17 @@ std::vector<Row> SqliteStore::InsertAll(const std::string& table_name,
   }
   Commit(change, [&] { return added.empty() || rows_.IsStored(table_name, added.back()); });
   return added;
+}
+
+void SqliteStore::Fill(const std::string& table_name, const std::vector<FieldValues>& rows) {
+  if (rows.empty()) {
+    return;
+  }
+  Change change(*this);
+  const Table& table = rows_.Find(table_name);
+  rows_.InsertAll(table, rows);
+  const Row last = rows_.ReadNew(table);
+  Commit(change, [&] { return rows_.IsStored(table_name, last); });
 }
 
 Row SqliteStore::Update(const std::string& table_name, const Row& before,

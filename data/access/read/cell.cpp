@@ -168,7 +168,9 @@ std::int64_t DaysFromDate(Date date) {
 }
 
 std::string ExpandCompressed(ByteView text) {
+  constexpr Byte kFirstOfTwoBytes = 0x80;
   std::string result;
+  result.reserve(text.size());
   bool compressed = true;
   std::size_t at = 0;
   while (at < text.size()) {
@@ -177,7 +179,8 @@ std::string ExpandCompressed(ByteView text) {
     std::size_t run = 0;
     if (compressed) {
       while (run < left && begin[run] != 0) {
-        AppendUtf8(result, begin[run]);
+        begin[run] < kFirstOfTwoBytes ? result.push_back(static_cast<char>(begin[run]))
+                                      : AppendUtf8(result, begin[run]);
         ++run;
       }
     } else {

@@ -1,6 +1,7 @@
 #include "data/access/write/index_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/access/write/usage_map_writer.h"
 
@@ -38,17 +39,17 @@ bool BeginsWith(const Bytes& entry_key, const Bytes& key) {
 }
 
 /// The entries on as many pages as they need.
-std::vector<IndexPage> Spread(const std::vector<IndexEntry>& entries, bool is_leaf) {
+std::vector<IndexPage> Spread(std::vector<IndexEntry> entries, bool is_leaf) {
   std::vector<IndexPage> level(1);
   std::size_t filled = 0;
-  for (const IndexEntry& entry : entries) {
+  for (IndexEntry& entry : entries) {
     const std::size_t size = entry.Key.size() + (is_leaf ? 0 : 4);
     if (filled + size > kFilledTo) {
       level.emplace_back();
       filled = 0;
     }
     level.back().IsLeaf = is_leaf;
-    level.back().Entries.push_back(entry);
+    level.back().Entries.push_back(std::move(entry));
     filled += size;
   }
   if (level.size() > 1 && level.back().Entries.size() == 1) {
@@ -261,9 +262,9 @@ void IndexTree::Write(PageNumber number, const IndexPage& page) {
 
 /// Writes entries as pages side by side; returns an entry for each of them, its last key with its
 /// page. Pages come from `spare` as long as there are some.
-std::vector<IndexEntry> IndexTree::WriteLevel(const std::vector<IndexEntry>& entries, bool is_leaf,
+std::vector<IndexEntry> IndexTree::WriteLevel(std::vector<IndexEntry> entries, bool is_leaf,
                                               std::vector<PageNumber>& spare) {
-  std::vector<IndexPage> level = Spread(entries, is_leaf);
+  std::vector<IndexPage> level = Spread(std::move(entries), is_leaf);
   std::vector<PageNumber> numbers;
   for (std::size_t i = 0; i < level.size(); ++i) {
     if (spare.empty()) {
@@ -289,17 +290,16 @@ std::vector<IndexEntry> IndexTree::WriteLevel(const std::vector<IndexEntry>& ent
   return parents;
 }
 
-void IndexTree::Rebuild(const std::vector<Bytes>& keys) {
+void IndexTree::Rebuild(std::vector<Bytes> keys) {
   std::vector<PageNumber> spare = SparePages(pages_, index_, table_);
-  std::vector<IndexEntry> entries;
-  for (const Bytes& key : keys) {
-    entries.push_back({key, 0});
-  }
   bool is_leaf = true;
   IndexPage top;
-  top.Entries = entries;
+  top.Entries.reserve(keys.size());
+  for (Bytes& key : keys) {
+    top.Entries.push_back({std::move(key), 0});
+  }
   while (BytesOfEntries(top) > kFilledTo) {
-    top.Entries = WriteLevel(top.Entries, is_leaf, spare);
+    top.Entries = WriteLevel(std::move(top.Entries), is_leaf, spare);
     is_leaf = false;
     top.IsLeaf = false;
   }

@@ -30,7 +30,7 @@ class IndexTree {
   bool Remove(const Bytes& key, RowPointer row);
 
   /// Builds the index anew. REQUIRES: `entries` holds EntryKey keys, rising, no two the same.
-  void Rebuild(const std::vector<Bytes>& entries);
+  void Rebuild(std::vector<Bytes> entries);
 
  private:
   /// A page on the way from the root to a leaf, and which of its entries the way went through;
@@ -50,7 +50,7 @@ class IndexTree {
   void SplitRoot(Path& path);
   void MendSeparators(Path& path, std::size_t level);
   void RemoveEmptyLeaf(Path& path);
-  std::vector<IndexEntry> WriteLevel(const std::vector<IndexEntry>& entries, bool is_leaf,
+  std::vector<IndexEntry> WriteLevel(std::vector<IndexEntry> entries, bool is_leaf,
                                      std::vector<PageNumber>& spare);
 
   PageChanges& pages_;

@@ -55,6 +55,17 @@ void DropLongValues(PageChanges& pages, const TableLayout& layout, const RawRow&
   }
 }
 
+std::vector<RawRow> EncodeRows(PageChanges& pages, const TableLayout& layout,
+                               const std::vector<FieldValues>& rows) {
+  std::vector<RawRow> raw;
+  raw.reserve(rows.size());
+  for (const FieldValues& fields : rows) {
+    raw.emplace_back(layout.Columns.size());
+    SetFields(pages, raw.back(), layout, fields);
+  }
+  return raw;
+}
+
 }  // namespace
 
 Row InsertRow(PageChanges& pages, TableWriter& writer, const FieldValues& fields) {
@@ -66,16 +77,18 @@ Row InsertRow(PageChanges& pages, TableWriter& writer, const FieldValues& fields
 
 std::vector<Row> InsertRows(PageChanges& pages, TableWriter& writer,
                             const std::vector<FieldValues>& rows) {
-  std::vector<RawRow> raw;
-  for (const FieldValues& fields : rows) {
-    raw.emplace_back(writer.Layout().Columns.size());
-    SetFields(pages, raw.back(), writer.Layout(), fields);
-  }
+  std::vector<RawRow> raw = EncodeRows(pages, writer.Layout(), rows);
   std::vector<Row> added;
   for (const RowPointer home : writer.InsertAll(raw)) {
     added.push_back(ReadRow(pages, writer.Layout(), home));
   }
   return added;
+}
+
+PendingEntries FillRows(PageChanges& pages, TableWriter& writer,
+                        const std::vector<FieldValues>& rows) {
+  std::vector<RawRow> raw = EncodeRows(pages, writer.Layout(), rows);
+  return writer.InsertWithoutEntries(raw);
 }
 
 /// A field that is set to what it holds stays as it is, so that a date keeps its time of day.

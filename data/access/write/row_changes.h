@@ -11,6 +11,11 @@ namespace veyra::access {
 Row InsertRow(PageChanges& pages, TableWriter& writer, const FieldValues& fields);
 std::vector<Row> InsertRows(PageChanges& pages, TableWriter& writer,
                             const std::vector<FieldValues>& rows);
+
+/// Adds rows as InsertRows does, and returns what TableWriter::InsertWithoutEntries does.
+PendingEntries FillRows(PageChanges& pages, TableWriter& writer,
+                        const std::vector<FieldValues>& rows);
+
 Row UpdateRow(PageChanges& pages, TableWriter& writer, const Row& before,
               const FieldValues& fields);
 void DeleteRow(PageChanges& pages, TableWriter& writer, const Row& before);

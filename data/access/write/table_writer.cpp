@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "data/access/format/data_page.h"
 #include "data/access/read/table_image.h"
@@ -109,37 +110,72 @@ std::vector<RowPointer> TableWriter::InsertAll(std::vector<RawRow>& rows) {
     }
     return homes;
   }
+  homes = PlaceAll(rows);
+  for (const IndexLayout& index : table_.Indexes) {
+    AddToIndex(index, EntriesOf(index, rows, homes));
+  }
+  return homes;
+}
+
+PendingEntries TableWriter::InsertWithoutEntries(std::vector<RawRow>& rows) {
+  const std::vector<RowPointer> homes = PlaceAll(rows);
+  PendingEntries pending;
+  for (const IndexLayout& index : table_.Indexes) {
+    pending.push_back(EntriesOf(index, rows, homes));
+    if (index.IsUnique()) {
+      AddToIndex(index, std::exchange(pending.back(), {}));
+    }
+  }
+  return pending;
+}
+
+void TableWriter::AddEntries(PendingEntries pending) {
+  for (std::size_t i = 0; i < pending.size(); ++i) {
+    if (!pending[i].empty()) {
+      AddToIndex(table_.Indexes.at(i), std::move(pending[i]));
+    }
+  }
+}
+
+std::vector<RowPointer> TableWriter::PlaceAll(std::vector<RawRow>& rows) {
+  std::vector<RowPointer> homes;
+  homes.reserve(rows.size());
   for (RawRow& row : rows) {
     GiveAutoNumber(row);
     homes.push_back(PlaceNew(EncodeRow(row, table_)));
   }
   SetRowCount(table_.RowCount + static_cast<std::uint32_t>(rows.size()));
-  for (const IndexLayout& index : table_.Indexes) {
-    AddToIndex(index, rows, homes);
-  }
   return homes;
 }
 
-void TableWriter::AddToIndex(const IndexLayout& index, const std::vector<RawRow>& rows,
-                             const std::vector<RowPointer>& homes) {
+std::vector<Bytes> TableWriter::EntriesOf(const IndexLayout& index, const std::vector<RawRow>& rows,
+                                          const std::vector<RowPointer>& homes) const {
   std::vector<Bytes> keys;
+  keys.reserve(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (HasEntry(index, &rows[i])) {
       keys.push_back(EntryKey(IndexKey(index, table_, rows[i]), homes[i]));
     }
   }
+  return keys;
+}
+
+void TableWriter::AddToIndex(const IndexLayout& index, std::vector<Bytes> keys) {
   std::sort(keys.begin(), keys.end());
   IndexTree tree(pages_, table_.Page, index);
-  const std::vector<Bytes> before = tree.Keys();
+  std::vector<Bytes> before = tree.Keys();
   std::vector<Bytes> all;
-  std::merge(before.begin(), before.end(), keys.begin(), keys.end(), std::back_inserter(all));
+  all.reserve(before.size() + keys.size());
+  std::merge(std::make_move_iterator(before.begin()), std::make_move_iterator(before.end()),
+             std::make_move_iterator(keys.begin()), std::make_move_iterator(keys.end()),
+             std::back_inserter(all));
   const auto same = std::adjacent_find(
       all.begin(), all.end(),
       [&](const Bytes& one, const Bytes& other) { return HaveSameKey(index, one, other); });
   if (index.IsUnique() && same != all.end()) {
     RefuseSecond(index);
   }
-  tree.Rebuild(all);
+  tree.Rebuild(std::move(all));
 }
 
 void TableWriter::Update(RowPointer home, const RawRow& row) {
@@ -343,7 +379,7 @@ void TableWriter::RebuildIndex(const IndexLayout& index) {
     }
   }
   std::sort(keys.begin(), keys.end());
-  IndexTree(pages_, table_.Page, index).Rebuild(keys);
+  IndexTree(pages_, table_.Page, index).Rebuild(std::move(keys));
 }
 
 }  // namespace veyra::access

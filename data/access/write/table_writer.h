@@ -14,6 +14,9 @@ void CheckMayWrite(const FileHeader& header);
 /// program does not know, so that it could not be kept right.
 void CheckMayWrite(const TableLayout& table);
 
+/// Entries that the indexes of a table lack yet, of each index in the table's order of them.
+using PendingEntries = std::vector<std::vector<Bytes>>;
+
 /// Changes the rows of one table of a Jet 4 file, with its row count, auto number, indexes and maps
 /// of pages. In a table with an auto number added rows come after all others; in one without they
 /// take the first room that there is. Throws FileProblem; the changes are then to be thrown away.
@@ -32,6 +35,13 @@ class TableWriter {
   /// Adds rows in their order, as Insert does. Returns their home slots.
   std::vector<RowPointer> InsertAll(std::vector<RawRow>& rows);
 
+  /// Adds rows in their order, but enters them only in indexes that allow each value once. Returns
+  /// the entries that the others lack.
+  PendingEntries InsertWithoutEntries(std::vector<RawRow>& rows);
+
+  /// Enters in the indexes what they lack.
+  void AddEntries(PendingEntries pending);
+
   /// Replaces the row of that home slot, which it keeps. Throws StoreProblem when there is none.
   void Update(RowPointer home, const RawRow& row);
 
@@ -49,8 +59,10 @@ class TableWriter {
   RowPointer PlaceNew(const Bytes& row);
   RowPointer Place(const Bytes& row, std::uint16_t flags);
   RowPointer PlaceLast(const Bytes& row);
-  void AddToIndex(const IndexLayout& index, const std::vector<RawRow>& rows,
-                  const std::vector<RowPointer>& homes);
+  std::vector<RowPointer> PlaceAll(std::vector<RawRow>& rows);
+  std::vector<Bytes> EntriesOf(const IndexLayout& index, const std::vector<RawRow>& rows,
+                               const std::vector<RowPointer>& homes) const;
+  void AddToIndex(const IndexLayout& index, std::vector<Bytes> keys);
   PageNumber AddPage(PageNumber above);
   void Move(RowPointer home, RowPointer place, const Bytes& row);
   void Empty(RowPointer place);

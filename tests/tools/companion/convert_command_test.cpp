@@ -105,6 +105,22 @@ TEST_P(ConvertToTest, BrokenOffWhileComparingItLeavesTheFolderAsItWas) {
   RefuseToGoOnAfter("Compared");
 }
 
+/// More rows than are added at a time.
+TEST_P(ConvertToTest, KilledWhileCopyingItLeavesTheCalendarAndNothingAfterTheNext) {
+  {
+    const auto store = Make(From());
+    Fill(*store, 10);
+    store->InsertAll("Reserv", std::vector<FieldValues>(21'000, {{"RmID", std::int64_t{1}}}));
+  }
+  const std::string bytes = temp_.Read("Calendar.mdb");
+  const Lines before = Everything(*Open());
+  ConvertAndBeKilledWhile("Copied", 20'900);
+  EXPECT_TRUE(bytes == temp_.Read("Calendar.mdb"));
+  Convert(To());
+  EXPECT_EQ((Lines{kKept, "Calendar.mdb"}), temp_.Names());
+  EXPECT_EQ(before, Everything(*Open()));
+}
+
 TEST_P(ConvertToTest, TheNextNewFacilityComesAfterTheHighestNumber) {
   Fill(*Make(From()), 0);
   Convert(To());

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <memory>
 #include <sstream>
@@ -151,6 +154,22 @@ class ConvertToTest : public ConvertCommandTest, public ::testing::WithParamInte
  protected:
   std::string To() const { return GetParam(); }
   FileKind From() const { return To() == "access" ? FileKind::Sqlite : FileKind::Access; }
+
+  /// In a program of its own, which is killed at that step.
+  void ConvertAndBeKilledWhile(const std::string& verb, std::int64_t row) {
+    const pid_t child = fork();
+    if (child == 0) {
+      Convert(To(), [&](const CopyStep& step) {
+        if (step.Verb == verb && step.Rows == row) {
+          raise(SIGKILL);
+        }
+      });
+      _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status));
+  }
 
   void RefuseToGoOnAfter(const std::string& verb) {
     Fill(*Make(From()), 10);

@@ -1,4 +1,4 @@
-#include "bench/raw_calendar.h"
+#include "tests/bench/raw_calendar.h"
 
 #include <stdexcept>
 

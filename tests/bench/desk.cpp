@@ -1,4 +1,4 @@
-#include "bench/desk.h"
+#include "tests/bench/desk.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 """How many bookings desks make on one server, beside pgbench with the same inserts by as many
 clients; then what a month and a booking take one desk among all of them.
 
-    bench/desks.py BUILD_FOLDER [--desks 20] [--rows 0]
+    tests/bench/desks.py BUILD_FOLDER [--desks 20] [--rows 0]
 
 BUILD_FOLDER is a build with VEYRA_BENCH. --rows fills the calendar before. A private server is
 made for it, which goes afterwards.
@@ -14,7 +14,7 @@ import subprocess
 import sys
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "desks"))
 
 from office import Office  # noqa: E402

@@ -74,7 +74,7 @@ def shown_time(nanoseconds):
 
 def main():
     build, options = sys.argv[1], sys.argv[2:]
-    folder = os.path.join(build, "bench")
+    folder = os.path.join(build, "tests", "bench")
     slow_disk = os.path.abspath(os.path.join(folder, "libveyra_slow_disk.so"))
     table = []
     for program in sorted(os.listdir(folder)):

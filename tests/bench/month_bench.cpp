@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "bench/raw_calendar.h"
+#include "tests/bench/raw_calendar.h"
 #include "data/connection.h"
 #include "data/open_store.h"
 #include "tests/temp_folder.h"

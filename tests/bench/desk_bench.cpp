@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "bench/desk.h"
-#include "bench/raw_calendar.h"
+#include "tests/bench/desk.h"
+#include "tests/bench/raw_calendar.h"
 
 namespace veyra {
 namespace {

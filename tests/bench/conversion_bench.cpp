@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/raw_calendar.h"
+#include "tests/bench/raw_calendar.h"
 #include "data/access/access_store.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/bench/raw_calendar.h"
 #include "data/access/access_store.h"
 #include "data/open_file_store.h"
 #include "data/schema.h"
+#include "tests/bench/raw_calendar.h"
 #include "tests/temp_folder.h"
 #include "tools/rewritten_file.h"
 

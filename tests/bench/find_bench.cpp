@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "tests/bench/raw_calendar.h"
 #include "data/open_store.h"
 #include "logic/find_bookings.h"
+#include "tests/bench/raw_calendar.h"
 #include "tests/temp_folder.h"
 
 namespace veyra {

@@ -179,8 +179,11 @@ std::string ExpandCompressed(ByteView text) {
     std::size_t run = 0;
     if (compressed) {
       while (run < left && begin[run] != 0) {
-        begin[run] < kFirstOfTwoBytes ? result.push_back(static_cast<char>(begin[run]))
-                                      : AppendUtf8(result, begin[run]);
+        if (begin[run] < kFirstOfTwoBytes) {
+          result.push_back(static_cast<char>(begin[run]));
+        } else {
+          AppendUtf8(result, begin[run]);
+        }
         ++run;
       }
     } else {

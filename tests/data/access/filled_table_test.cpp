@@ -60,13 +60,11 @@ class FilledTable : public testing::Test {
     EXPECT_EQ("", IndexFaults(File(), "Rooms"));
   }
 
-  /// Sound, and as a file whose rows were added one by one.
+  /// Sound, and as a file to which the same rows were added.
   void ExpectAsIfInserted(int count) {
     ExpectSound();
     const auto other = Make("Other.mdb");
-    for (const FieldValues& row : Bookings(0, count)) {
-      other->Insert("Reserv", row);
-    }
+    other->InsertAll("Reserv", Bookings(0, count));
     EXPECT_EQ(RowTexts(*other, "Reserv"), RowTexts(*store_, "Reserv"));
     if (AccessFolder::HasOtherReader()) {
       EXPECT_EQ("", FirstDifference(AccessFolder::OtherReader(File("Other.mdb"), "Reserv"),

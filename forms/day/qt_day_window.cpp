@@ -9,11 +9,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
-#include <QShortcut>
 #include <algorithm>
 
 #include "data/shown_name.h"
 #include "forms/day/qt_slot_grid.h"
+#include "forms/widgets/qt_escape_key.h"
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_name_box.h"
 #include "forms/widgets/qt_text.h"
@@ -52,9 +52,7 @@ QtDayWindow::QtDayWindow(const HandlerGuard& guard) : guard_(guard) {
   BuildContents();
   WireGrid();
   WireNameBox();
-  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  escape->setAutoRepeat(false);
-  connect(escape, &QShortcut::activated, this, [this] { Report(&frmDay::Command2_Click); });
+  AddEscapeKey(*this, [this] { Report(&frmDay::Command2_Click); });
   AddUndoKey(*this, [this] { Report(&frmDay::UndoKey); });
   connect(Command2_, &QPushButton::clicked, this, [this] { Report(&frmDay::Command2_Click); });
   setFixedWidth(Pixels(kWidth));

@@ -9,11 +9,11 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "data/shown_name.h"
+#include "forms/widgets/qt_escape_key.h"
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
@@ -46,8 +46,7 @@ QtFreeWindow::QtFreeWindow(const HandlerGuard& guard) : guard_(guard) {
   setObjectName(QStringLiteral("frmFree"));
   setWindowTitle(QStringLiteral("Free Time"));
   BuildContents();
-  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-  connect(escape, &QShortcut::activated, this, &QWidget::close);
+  AddEscapeKey(*this, [this] { close(); });
   AddHelpKey(*this, [this] { guard_.Run([this] { handler_->HelpKey(); }); });
   resize(kComfortableSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 }

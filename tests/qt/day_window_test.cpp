@@ -1,3 +1,4 @@
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
@@ -5,6 +6,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QWindow>
 
 #include "forms/day/qt_day_window.h"
 #include "tests/qt/day_window_fixture.h"
@@ -210,6 +212,15 @@ TEST_F(DayWindowTest, OfALongFacilityNameTheWeekdayStaysInSight) {
   EXPECT_TRUE(heading.text().endsWith(QLatin1String(", Saturday")));
   EXPECT_LE(heading.fontMetrics().horizontalAdvance(heading.text()), heading.width());
   EXPECT_LE(heading.mapTo(Day(), heading.rect().topRight()).x(), Day()->width());
+}
+
+TEST_F(DayWindowTest, EscapeClosesAnOpenListAndNotTheWindow) {
+  StartAndOpenDay();
+  Names(Day()).showPopup();
+  ASSERT_TRUE(Names(Day()).view()->isVisible());
+  QTest::keyClick(Day()->windowHandle(), Qt::Key_Escape);
+  ASSERT_NE(nullptr, Day());
+  EXPECT_FALSE(Names(Day()).view()->isVisible());
 }
 
 TEST_F(DayWindowTest, EscapeClosesIt) {

@@ -1,5 +1,7 @@
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
+#include <QWindow>
 
 #include "tests/qt/month_window_fixture.h"
 
@@ -132,6 +134,15 @@ TEST_F(FreeWindowTest, EnterOnNothingDoesNothing) {
   QTest::keyClick(&Of<QLineEdit>("Text1(0)"), Qt::Key_Return);
   EXPECT_NE(nullptr, Free());
   EXPECT_EQ(nullptr, Day());
+}
+
+TEST_F(FreeWindowTest, EscapeClosesAnOpenListAndNotTheWindow) {
+  StartAndOpen();
+  Of<QComboBox>("Length").showPopup();
+  ASSERT_TRUE(Of<QComboBox>("Length").view()->isVisible());
+  QTest::keyClick(Free()->windowHandle(), Qt::Key_Escape);
+  EXPECT_FALSE(Of<QComboBox>("Length").view()->isVisible());
+  ASSERT_NE(nullptr, Free());
 }
 
 TEST_F(FreeWindowTest, WhileItIsOpenTheMonthWaitsAndEscapeClosesIt) {

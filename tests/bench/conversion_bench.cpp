@@ -13,6 +13,7 @@
 #include "data/open_file_store.h"
 #include "data/schema.h"
 #include "tests/bench/raw_calendar.h"
+#include "tests/bench/sizes.h"
 #include "tests/temp_folder.h"
 #include "tools/rewritten_file.h"
 
@@ -170,7 +171,7 @@ void Series(benchmark::State& state) {
 }
 
 #define OF_ALL_SIZES(registered) \
-  registered->Unit(benchmark::kMillisecond)->UseRealTime()->Arg(1'000)->Arg(100'000)
+  registered->Unit(benchmark::kMillisecond)->UseRealTime()->Apply(OfAllSizes)
 
 OF_ALL_SIZES(BENCHMARK(RowsCopiedByHand));
 OF_ALL_SIZES(BENCHMARK_CAPTURE(Conversion, ToSqlite, FileKind::Sqlite));

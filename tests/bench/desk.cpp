@@ -125,6 +125,12 @@ Desk::Desk(const DeskCalendar& calendar) : file_(folder_.File("Calendar.mdb").st
   modRes::RefreshMonth(session_, clock_, screens_, session_.CurMonth);
 }
 
+void Desk::ReadFirstMonth() {
+  session_.CurYear = YearOf(kFirstDay);
+  session_.CurMonth = MonthOf(kFirstDay);
+  modRes::RefreshMonth(session_, clock_, screens_, session_.CurMonth);
+}
+
 MultiDayPlan Desk::PlanOf(int dates) const {
   MultiDayPlan plan{{DateText(kFirstOfSeries), DateText(AddDays(kFirstOfSeries, dates - 1))}, {}};
   for (int weekday = 1; weekday <= 7; ++weekday) {

@@ -57,6 +57,9 @@ class Desk {
   void BookSeries(int dates);
   void CheckSeries(int dates);
   void BookOne();
+
+  /// Reads the first month with bookings, January 2016, of the facility 1, as a page turn does.
+  void ReadFirstMonth();
   void DeleteSeries();
   void RenameSeries();
   void DeleteFacility();

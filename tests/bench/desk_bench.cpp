@@ -1,19 +1,20 @@
 #include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdint>
+#include <fstream>
 #include <string>
 
 #include "tests/bench/desk.h"
 #include "tests/bench/raw_calendar.h"
+#include "tests/bench/sizes.h"
 
 namespace veyra {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-constexpr std::int64_t kSmall = 1'000;
-constexpr std::int64_t kLarge = 100'000;
 
 double SecondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
@@ -110,6 +111,104 @@ void RowsAddedByHand(benchmark::State& state) {
   }
 }
 
+/// The yardstick of a check: the bookings of each date that hold one of its two slots, asked for by
+/// hand.
+void DatesCheckedByHand(benchmark::State& state) {
+  for (auto _ : state) {
+    const Desk desk({FileKind::Sqlite, state.range(1)});
+    RawFile raw(desk.FileName());
+    sqlite3_stmt* query = raw.Prepare(
+        "SELECT Event FROM Reserv WHERE DateOfRes = date('2027-01-01', '+' || ? || ' days')"
+        " AND (TimeFrom <= 19 AND TimeTo >= 19 OR TimeFrom <= 21 AND TimeTo >= 21)");
+    const auto start = Clock::now();
+    for (std::int64_t day = 0; day < state.range(0); ++day) {
+      Check(sqlite3_bind_int64(query, 1, day));
+      Check(sqlite3_step(query));
+      Check(sqlite3_reset(query));
+    }
+    state.SetIterationTime(SecondsSince(start));
+  }
+}
+
+/// The yardstick of the month: its lines by one statement a day that is prepared once.
+void MonthByHand(benchmark::State& state) {
+  constexpr int kDaysOfMonth = 31;
+  const Desk desk({FileKind::Sqlite, state.range(0)});
+  RawFile raw(desk.FileName());
+  sqlite3_stmt* query = raw.Prepare(
+      "SELECT rowid, * FROM Reserv WHERE RmID = 1"
+      " AND DateOfRes = date('2016-01-01', '+' || ? || ' days') ORDER BY TimeFrom, rowid");
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    for (int day = 0; day < kDaysOfMonth; ++day) {
+      Check(sqlite3_bind_int(query, 1, day));
+      while (sqlite3_step(query) == SQLITE_ROW) {
+        const unsigned char* event = sqlite3_column_text(query, 2);
+        benchmark::DoNotOptimize(std::string(reinterpret_cast<const char*>(event)));
+      }
+      Check(sqlite3_reset(query));
+    }
+    state.SetIterationTime(SecondsSince(start));
+  }
+}
+
+/// The yardstick of a booking: one row by hand, on the disk when it is done.
+void RowAddedByHand(benchmark::State& state) {
+  for (auto _ : state) {
+    const Desk desk({FileKind::Sqlite, state.range(0)});
+    RawFile raw(desk.FileName());
+    raw.Run("PRAGMA synchronous = FULL");
+    const auto start = Clock::now();
+    raw.Run(
+        "INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo, MultKey)"
+        " VALUES (1, 'Choir', '2027-01-01', 19, 21, 0)");
+    state.SetIterationTime(SecondsSince(start));
+  }
+}
+
+void Month(benchmark::State& state, FileKind kind) {
+  Desk desk({kind, state.range(0)});
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    desk.ReadFirstMonth();
+    state.SetIterationTime(SecondsSince(start));
+  }
+}
+
+/// The memory that this process holds, in kilobytes; what is free in it is given back first.
+double KilobytesHeld() {
+  malloc_trim(0);
+  std::ifstream statm("/proc/self/statm");
+  double whole = 0;
+  double held = 0;
+  statm >> whole >> held;
+  return held * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1024;
+}
+
+/// What a calendar takes whose month has been read.
+void Memory(benchmark::State& state, FileKind kind) {
+  { const Desk made({kind, state.range(0)}); }
+  for (auto _ : state) {
+    const double before = KilobytesHeld();
+    Desk desk({kind, state.range(0)});
+    desk.ReadFirstMonth();
+    state.counters["kilobytes"] = KilobytesHeld() - before;
+  }
+}
+
+/// The yardstick of the memory: SQLite has gone through the file once.
+void MemoryByHand(benchmark::State& state) {
+  const Desk desk({FileKind::Sqlite, state.range(0)});
+  for (auto _ : state) {
+    const double before = KilobytesHeld();
+    RawFile raw(desk.FileName());
+    sqlite3_stmt* query = raw.Prepare("SELECT * FROM Reserv");
+    while (sqlite3_step(query) == SQLITE_ROW) {
+    }
+    state.counters["kilobytes"] = KilobytesHeld() - before;
+  }
+}
+
 #define BOTH_KINDS(name, arguments)                 \
   BENCHMARK_CAPTURE(name, Sqlite, FileKind::Sqlite) \
       ->arguments->Unit(benchmark::kMillisecond)    \
@@ -119,20 +218,32 @@ void RowsAddedByHand(benchmark::State& state) {
       ->UseManualTime()
 
 BENCHMARK(RowsAddedByHand)
-    ->ArgsProduct({{365, 3650}, {kSmall, kLarge}})
+    ->ArgsProduct({{365, 3650}, BookingCounts()})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
-BOTH_KINDS(Series, ArgsProduct({{365, 3650}, {kSmall, kLarge}}));
-BOTH_KINDS(CheckOfSeries, ArgsProduct({{365, 3650}, {kSmall, kLarge}}));
-BOTH_KINDS(OneBooking, Arg(kSmall)->Arg(kLarge));
-BOTH_KINDS(DeletedSeries, ArgsProduct({{365}, {kSmall, kLarge}}));
-BOTH_KINDS(RenamedSeries, ArgsProduct({{365}, {kSmall, kLarge}}));
-BENCHMARK(RowsDeletedByHand)
-    ->Arg(kSmall)
-    ->Arg(kLarge)
+BENCHMARK(DatesCheckedByHand)
+    ->ArgsProduct({{365, 3650}, BookingCounts()})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
-BOTH_KINDS(DeletedFacility, Arg(kSmall)->Arg(kLarge));
+BENCHMARK(MonthByHand)->Apply(OfAllSizes)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(RowAddedByHand)->Apply(OfAllSizes)->Unit(benchmark::kMillisecond)->UseManualTime();
+BOTH_KINDS(Month, Apply(OfAllSizes));
+BOTH_KINDS(Series, ArgsProduct({{365, 3650}, BookingCounts()}));
+BOTH_KINDS(CheckOfSeries, ArgsProduct({{365, 3650}, BookingCounts()}));
+BOTH_KINDS(OneBooking, Apply(OfAllSizes));
+BOTH_KINDS(DeletedSeries, ArgsProduct({{365}, BookingCounts()}));
+BOTH_KINDS(RenamedSeries, ArgsProduct({{365}, BookingCounts()}));
+BENCHMARK(RowsDeletedByHand)->Apply(OfAllSizes)->Unit(benchmark::kMillisecond)->UseManualTime();
+BOTH_KINDS(DeletedFacility, Apply(OfAllSizes));
+BENCHMARK(MemoryByHand)->Apply(OfAllSizes)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK_CAPTURE(Memory, Sqlite, FileKind::Sqlite)
+    ->Apply(OfAllSizes)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1);
+BENCHMARK_CAPTURE(Memory, Access, FileKind::Access)
+    ->Apply(OfAllSizes)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1);
 
 }  // namespace
 }  // namespace veyra

@@ -8,6 +8,7 @@
 #include "data/connection.h"
 #include "data/open_store.h"
 #include "tests/bench/raw_calendar.h"
+#include "tests/bench/sizes.h"
 #include "tests/temp_folder.h"
 
 namespace veyra {
@@ -94,9 +95,9 @@ void BookingThroughARecordset(benchmark::State& state) {
   }
 }
 
-BENCHMARK(MonthThroughOneStatement)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(MonthThroughRecordsets)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BookingThroughARecordset)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(MonthThroughOneStatement)->Apply(OfAllSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(MonthThroughRecordsets)->Apply(OfAllSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BookingThroughARecordset)->Apply(OfAllSizes)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace veyra

@@ -18,6 +18,11 @@ YARDSTICKS = [
     (r"Series/\w+/(\d+)/(\d+)", r"RowsAddedByHand/\1/\2"),
     (r"(?:Deleted|Renamed)Series/\w+/(\d+)/(\d+)", r"RowsAddedByHand/\1/\2"),
     (r"DeletedFacility/\w+/(\d+)", r"RowsDeletedByHand/\1"),
+    (r"CheckOfSeries/\w+/(\d+)/(\d+)", r"DatesCheckedByHand/\1/\2"),
+    (r"Month/\w+/(\d+)", r"MonthByHand/\1"),
+    (r"OneBooking/\w+/(\d+)", r"RowAddedByHand/\1"),
+    (r"Memory/\w+/(\d+)", r"MemoryByHand/\1"),
+    (r"GuestList/\w+", r"GuestListByHand"),
     (r"MonthThroughRecordsets/(\d+)", r"MonthThroughOneStatement/\1"),
     (r"Conversion/\w+/(\d+)", r"RowsCopiedByHand/\1"),
     (r"Check/(\w+)/(\d+)", r"FileReadOnce/\1/\2"),
@@ -58,11 +63,26 @@ def yardstick_of(name):
     return None
 
 
-def rows_of(times):
-    for name, time in times.items():
-        yardstick = yardstick_of(name)
-        ratio = time / times[yardstick] if yardstick in times else None
-        yield {"row": name, "nanoseconds": time, "yardstick": yardstick, "ratio": ratio}
+def memory_of(report):
+    return {plain_name(row["name"]): row["kilobytes"] for row in report["benchmarks"]
+            if "kilobytes" in row}
+
+
+def rows_of(report):
+    """Times, and for rows about memory that instead."""
+    memory = memory_of(report)
+    times = {name: time for name, time in best_times(report).items() if name not in memory}
+    for unit, figures in (("nanoseconds", times), ("kilobytes", memory)):
+        for name, figure in figures.items():
+            yardstick = yardstick_of(name)
+            ratio = figure / figures[yardstick] if figures.get(yardstick, 0) > 0 else None
+            yield {"row": name, unit: figure, "yardstick": yardstick, "ratio": ratio}
+
+
+def shown(row):
+    if "kilobytes" in row:
+        return f"{row['kilobytes'] / 1024:.1f} MB"
+    return shown_time(row["nanoseconds"])
 
 
 def shown_time(nanoseconds):
@@ -80,10 +100,10 @@ def main():
     for program in sorted(os.listdir(folder)):
         if not program.endswith("_bench"):
             continue
-        for row in rows_of(best_times(run(os.path.join(folder, program), slow_disk, options))):
+        for row in rows_of(run(os.path.join(folder, program), slow_disk, options)):
             table.append(row)
             beside = f"{row['ratio']:6.2f} x {row['yardstick']}" if row["ratio"] else ""
-            print(f"{row['row']:48} {shown_time(row['nanoseconds']):>12} {beside}", flush=True)
+            print(f"{row['row']:48} {shown(row):>12} {beside}", flush=True)
     memory = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss
     print(f"{'most memory of a program':48} {memory / 1024:9.0f} MB")
     with open(os.path.join(build, "bench.json"), "w", encoding="utf-8") as file:

@@ -310,7 +310,7 @@ TEST_F(MultiDayWindowTest, ItSaysWhatThePlanComesTo) {
   ASSERT_TRUE(IsInUse(Plan()));
   Write(1, "3/29/2014");
   Weekday(7).click();
-  const auto& line = In<QLabel>(Plan(), "planLine");
+  auto& line = In<QLabel>(Plan(), "planLine");
   EXPECT_TRUE(QTest::qWaitFor([&line] {
     return line.text() == QLatin1String("3 dates, 1 of them taken");
   })) << line.text().toStdString();
@@ -320,16 +320,16 @@ TEST_F(MultiDayWindowTest, ItSaysWhatThePlanComesTo) {
 
 TEST_F(MultiDayWindowTest, APlanThatIsHardlyMeantIsMarked) {
   Open();
-  const auto& note = In<QLabel>(Plan(), "planNote");
+  auto& note = In<QLabel>(Plan(), "planNote");
   Weekday(7).click();
   Write(1, "3/29/2014");
-  const QRect place = Place(const_cast<QLabel&>(note));
+  const QRect place = Place(note);
   EXPECT_EQ(QFrame::NoFrame, note.frameShape());
   Write(1, "3/29/2226");
   EXPECT_EQ("Is this meant? It ends in 2226.", note.text().toStdString());
   EXPECT_EQ(QFrame::Box, note.frameShape());
   EXPECT_TRUE(note.autoFillBackground());
-  EXPECT_EQ(place, Place(const_cast<QLabel&>(note)));
+  EXPECT_EQ(place, Place(note));
   EXPECT_LE(note.sizeHint().width(), note.width());
 }
 

@@ -100,6 +100,14 @@ class BookingsFixture : public testing::Test {
     dialogs_.AnswerNext(Answer::Yes);
   }
 
+  /// Another program gives the first booking that the query finds another name.
+  void RenameElsewhere(const std::string& query, const std::string& name) {
+    Connection other(folder_.Calendar());
+    const auto booking = other.Open(query, CursorType::StaticOptimistic);
+    booking->SetField("Event", name);
+    booking->Update();
+  }
+
   /// As a statement fails of which the store cannot say whether it was carried out.
   static void ThrowUnknown() {
     throw OutcomeUnknownError({"/desk/Calendar.mdb", "The disk failed in the commit.", "Look."});

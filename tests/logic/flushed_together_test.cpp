@@ -71,11 +71,7 @@ TEST_F(FlushedTogetherTest, OneForeignRowAmongManyIsLeftAlone) {
   MeanTheGroup();
   faults_.AddTogether(TestedStoreKind() == StoreKind::Access ? 128 : 1);
   faults_.Before(Statement::Delete, 1, [this] {
-    Connection other(folder_.Calendar());
-    const auto row = other.Open("SELECT * FROM Reserv Where DateOfRes = #4/13/2014#",
-                                CursorType::StaticOptimistic);
-    row->SetField("Event", std::string("Theirs"));
-    row->Update();
+    RenameElsewhere("SELECT * FROM Reserv Where DateOfRes = #4/13/2014#", "Theirs");
   });
   dialogs_.AnswerNext(Answer::Continue);
   Delete(20, 20);

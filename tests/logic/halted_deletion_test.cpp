@@ -72,11 +72,7 @@ TEST_F(HaltedDeletionTest, AnUndoThatFailsTellsWhatIsStillGone) {
 TEST_F(HaltedDeletionTest, ARowThatAnotherProgramChangedIsLeftAlone) {
   MeanTheGroup();
   faults_.Before(Statement::Delete, 2, [this] {
-    Connection other(folder_.Calendar());
-    const auto row = other.Open("SELECT * FROM Reserv Where DateOfRes = #4/13/2014#",
-                                CursorType::StaticOptimistic);
-    row->SetField("Event", std::string("Theirs"));
-    row->Update();
+    RenameElsewhere("SELECT * FROM Reserv Where DateOfRes = #4/13/2014#", "Theirs");
   });
   dialogs_.AnswerNext(Answer::Continue);
   Delete(20, 20);

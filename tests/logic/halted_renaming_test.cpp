@@ -43,12 +43,7 @@ TEST_F(HaltedRenamingTest, ContinueRenamesTheRest) {
 
 TEST_F(HaltedRenamingTest, UndoGivesEveryRowItsOwnOldName) {
   MeanTheGroup();
-  {
-    Connection other(folder_.Calendar());
-    const auto row = other.Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
-    row->SetField("Event", std::string("Solo"));
-    row->Update();
-  }
+  RenameElsewhere("SELECT * FROM Reserv", "Solo");
   faults_.Fail(Statement::Update, 3);
   dialogs_.AnswerNext(Answer::Undo);
   Rename(20, 20, "Band");

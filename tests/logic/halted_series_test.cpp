@@ -161,10 +161,7 @@ TEST_F(HaltedSeriesTest, ABookingThatAnotherProgramRenamedIsNotTakenBack) {
   dialogs_.AnswerNext(Answer::Undo);
   dialogs_.WhileShown = [&] {
     if (dialogs_.Boxes().size() == 1) {
-      Connection other(folder_.Calendar());
-      const auto row = other.Open("SELECT * FROM Reserv", CursorType::StaticOptimistic);
-      row->SetField("Event", std::string("Theirs"));
-      row->Update();
+      RenameElsewhere("SELECT * FROM Reserv", "Theirs");
     }
   };
   BookSundays();

@@ -48,8 +48,8 @@ std::string DateText(Date date);
 std::string IsoText(Date date);
 
 /// The date that an ISO 8601 text names: ten characters, optionally followed by a blank or "T" and
-/// a time of day ("17:30", "17:30:00.000Z"), which is dropped. Nothing when the text is no such
-/// date, or its year lies outside kFirstYear to kLastYear.
+/// a time of day ("17:30", "17:30:00.000Z"), which is dropped. Nothing when the text is not
+/// such a date, or its year lies outside kFirstYear to kLastYear.
 std::optional<Date> DateFromIsoText(std::string_view text);
 
 }  // namespace veyra

@@ -19,8 +19,8 @@ struct SharedFile {
 
 /// Copies the tables, columns and rows of `file` to the server, all in one transaction of it,
 /// compares every row there, and then puts a link in the place of the file, which stays beside it
-/// as ReplaceAndKeep names it. Broken off before the transaction ends it leaves nothing on the
-/// server; broken off after that, the server has the calendar and the file is still the old one.
+/// as ReplaceAndKeep names it. Interrupted before the transaction ends it leaves nothing on the
+/// server; interrupted after that, the server has the calendar and the file is still the old one.
 ///
 /// Throws DatabaseError, FileError; DatabaseBusyError when somebody has the file open. Then the
 /// folder is as it was.

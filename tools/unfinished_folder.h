@@ -31,7 +31,7 @@ class UnfinishedFolder {
   /// on the disk, safe from a loss of power. Never replaces a file there: throws FileError when
   /// that would be needed or a file cannot be moved, and then none of them has been. A target that
   /// was missing appears with all of them in it; in another they appear one after the other, and
-  /// when this is broken off between two, RemoveAbandoned takes back those that are there, except
+  /// when this is interrupted between two, RemoveAbandoned takes back those that are there, except
   /// on a file system that cannot give a file two names.
   void MoveOut(const std::vector<std::string>& names);
 

@@ -26,7 +26,7 @@ void Add(const Value& facility, const Value& date, std::set<FacilityDay>& days) 
   }
 }
 
-/// What a condition demands of a column: that it equals this; nothing when it is no such condition.
+/// What a condition demands of a column: that it equals this; nothing when it demands none.
 std::optional<Value> Demanded(const Condition& condition, const char* name) {
   const auto* comparison = std::get_if<Comparison>(&condition);
   if (comparison == nullptr || comparison->Test != Relation::Equal) {

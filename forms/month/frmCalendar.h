@@ -58,8 +58,8 @@ class frmCalendar {
 
   /// Makes the month window ready for opening a day: brings back the controls that printing hid.
   /// Returns whether a day may be opened for booking: not while the facility box is empty or
-  /// CurRmID is no facility, which the operator is told, and not by the first click after printing
-  /// or during start-up, which only ends that state.
+  /// CurRmID is not a facility, which the operator is told, and not by the first click after
+  /// printing or during start-up, which only ends that state.
   bool PrepareToOpenDay();
 
   void mnuContents_Click();

@@ -12,7 +12,7 @@ namespace {
 /// The least ratio of contrast at which large text still reads well: WCAG 2.1, level AA.
 constexpr double kLargeTextContrast = 3.0;
 
-/// A background that is lighter, of 0 to 255, is no dark one.
+/// A background that is lighter, of 0 to 255, is not a dark one.
 constexpr int kDarkest = 127;
 
 QPalette::ColorRole RoleOf(ThemeColor part) {

@@ -26,7 +26,9 @@ class SchemaTest : public testing::Test {
 
   std::unique_ptr<Store> Make(const std::string& name, const std::vector<TableDefinition>& tables) {
     auto store = CreateStoreOfKind(TestedStoreKind(), File(name));
-    for (const TableDefinition& table : tables) store->CreateTable(table);
+    for (const TableDefinition& table : tables) {
+      store->CreateTable(table);
+    }
     return store;
   }
 
@@ -54,7 +56,9 @@ class SchemaTest : public testing::Test {
   std::string Table(const std::string& name) {
     std::string text;
     const auto columns = databases_.ResCon->ColumnNames(name);
-    for (const std::string& column : columns) text += column + " ";
+    for (const std::string& column : columns) {
+      text += column + " ";
+    }
     const auto rows =
         databases_.ResCon->Open("SELECT * FROM " + name, CursorType::ForwardOnlyReadOnly);
     for (; !rows->AtEnd(); rows->MoveNext()) {

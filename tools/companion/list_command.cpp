@@ -47,9 +47,15 @@ DayRange DaysOf(const Options& options, Date today) {
     return TypedRange(options.Days, today);
   }
   const Date day = options.On.empty() ? today : TypedDate(options.On, today);
-  if (options.Week) return WeekOf(day);
-  if (options.Month) return MonthOf(day);
-  if (options.On.empty() && !options.Guest.empty()) return {};
+  if (options.Week) {
+    return WeekOf(day);
+  }
+  if (options.Month) {
+    return MonthOf(day);
+  }
+  if (options.On.empty() && !options.Guest.empty()) {
+    return {};
+  }
   return {day, day};
 }
 
@@ -64,7 +70,9 @@ int LengthOf(const std::string& text) {
 }
 
 DayListing Listed(Store& store, const ListingRequest& request, const std::string& free) {
-  if (free.empty()) return ListBookings(store, request);
+  if (free.empty()) {
+    return ListBookings(store, request);
+  }
   const int half_hours = LengthOf(free);
   if (!request.Days.From || !request.Days.To) {
     throw ValueError(
@@ -89,7 +97,9 @@ class Printer {
         last = place.first;
       }
       out_ << "  " << OneLine(facilities_[place.second].Name) << '\n';
-      for (const Stretch& stretch : stretches) out_ << "    " << Line(stretch) << '\n';
+      for (const Stretch& stretch : stretches) {
+        out_ << "    " << Line(stretch) << '\n';
+      }
     }
   }
 
@@ -120,8 +130,12 @@ class Printer {
                  {"from", TimeOf(stretch.Slots.First, 0)},
                  {"to", TimeOf(stretch.Slots.Last, 1)},
                  {"line", Line(stretch)}};
-    if (stretch.Event) json["name"] = *stretch.Event;
-    if (stretch.Group) json["series"] = ToText(*stretch.Group);
+    if (stretch.Event) {
+      json["name"] = *stretch.Event;
+    }
+    if (stretch.Group) {
+      json["series"] = ToText(*stretch.Group);
+    }
     return json;
   }
 

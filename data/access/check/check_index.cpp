@@ -64,7 +64,7 @@ class IndexWalk {
  private:
   void TakeLeaf(PageNumber number, const IndexPage& page) {
     if (page.Previous != last_leaf_ || (last_leaf_ != 0 && next_ != number)) {
-      Fault("its leaves do not hang together at page " + std::to_string(number));
+      Fault("its leaf pages are not linked to each other at page " + std::to_string(number));
     }
     last_leaf_ = number;
     next_ = page.Next;

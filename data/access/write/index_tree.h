@@ -9,7 +9,7 @@
 namespace veyra::access {
 
 /// An index of a table, changed entry by entry or built anew. The root keeps its page number; the
-/// leaves hang together by their neighbours. Throws DamagedFile when the pages are no such tree:
+/// leaf pages are linked to their neighbours. Throws DamagedFile when the pages are not a B-tree:
 /// an index that cannot be followed can still be rebuilt.
 class IndexTree {
  public:

@@ -25,7 +25,7 @@ struct LeafYield {
 };
 
 /// Reads the rows of a table's leaf that are whole: a record has just the length that it promises,
-/// and the rows' numbers rise. Throws NotWhole when the page is no such leaf.
+/// and the rows' numbers rise. Throws NotWhole when the page is not such a leaf.
 LeafYield ReadLeaf(const SalvagePages& pages, std::uint32_t number);
 
 /// A part of a tree.

@@ -6,6 +6,7 @@ import sqlite3
 import subprocess
 import sys
 import time
+from datetime import date
 
 from desk_test import DeskTest, main, screen
 from screen import end, wait_until
@@ -196,6 +197,14 @@ class SessionEndTest(AtWork):
         self.end_session()
         self.assert_ends_properly()
         self.assertEqual([], self.bookings_on(day))
+
+    def test_windows_that_wait_for_another_are_no_obstacle(self):
+        self.start_in_session()
+        self.desk.open_day(date.today())
+        self.desk.click("Multiple Booking")
+        self.desk.front_window("Multiple Day Booking")
+        self.end_session()
+        self.assert_ends_properly()
 
     def test_an_open_message_is_no_obstacle(self):
         self.start_in_session()

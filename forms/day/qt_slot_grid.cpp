@@ -100,7 +100,8 @@ void QtSlotGrid::ShowGuests(const DayGrid& grid) {
     QTableWidgetItem* cell = item(row - 1, kGuestColumn);
     cell->setText(OneLine(grid.Guest[row]));
     cell->setData(Qt::AccessibleTextRole, Spoken(row, cell->text()));
-    cell->setBackground(booking == nullptr ? QBrush() : shades.at(grid.Number[row] % 2));
+    const QBrush& shade = shades.at(grid.Number[row] % 2 == 0 ? 0 : 1);
+    cell->setBackground(booking == nullptr ? QBrush() : shade);
     cell->setData(QtSlotDelegate::kBookingRole, grid.Number[row]);
     cell->setData(QtSlotDelegate::kSeriesRole, booking != nullptr && booking->Group.has_value());
   }

@@ -162,7 +162,7 @@ TEST(WholeSqliteStoreTest, TheFilesOwnWordsAreGiven) {
   const auto problems =
       OpenFileStore(folder.File("Any.mdb").string(), StoreAccess::ReadOnly)->Verify();
   ASSERT_EQ(1U, problems.size());
-  EXPECT_NE(std::string::npos, problems[0].find("freelist")) << problems[0];
+  EXPECT_NE(std::string::npos, problems[0].find("reelist")) << problems[0];
 }
 
 }  // namespace

@@ -89,8 +89,8 @@ std::vector<std::string> AccessFolder::LinesOfCommand(const std::string& command
 
 std::vector<std::string> AccessFolder::OtherReader(const std::string& file,
                                                    const std::string& table) {
-  auto lines =
-      LinesOfCommand("mdb-export -H -Q -d '|' -T '%Y-%m-%d' '" + file + "' '" + table + "'");
+  auto lines = LinesOfCommand("LC_ALL=C.UTF-8 mdb-export -H -Q -d '|' -T '%Y-%m-%d' '" + file +
+                              "' '" + table + "'");
   for (std::string& line : lines) {
     const std::size_t last = line.rfind('|');
     const std::string number = line.substr(last + 1);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "data/access/format/code_page.h"
 #include "data/access/read/cell.h"
 #include "data/access/write/definition_writer.h"
@@ -53,7 +55,8 @@ TEST(FirstCharacter, OfATextInAFileComesBackInBothKindsOfColumn) {
   const auto store = folder.Open();
   store->CreateTable(Notes());
   std::vector<std::string> expected;
-  for (const char32_t character : {0xFEFF, 0xFFFE, 0xFF, 0xFE, 0x100, 0x3000}) {
+  constexpr std::array<char32_t, 6> kFirst = {0xFEFF, 0xFFFE, 0xFF, 0xFE, 0x100, 0x3000};
+  for (const char32_t character : kFirst) {
     const std::string text = Utf8(character) + "Chess";
     const std::string memo = text + std::string(300, 'x');
     store->Insert("Notes", {{"Short", text}, {"Long", memo}, {"Number", 1}});

@@ -54,7 +54,7 @@ class UndoCommandTest : public KeptCalendarTest {
     for (const int day : {2, 9, 16}) {
       desk->Insert("Reserv", {{"RmID", pool_},
                               {"Event", std::string("Choir")},
-                              {"DateOfRes", MakeDate(2026, 3, static_cast<unsigned>(day)).value()},
+                              {"DateOfRes", MakeDate(2026, 3, day).value()},
                               {"TimeFrom", std::int64_t{19}},
                               {"TimeTo", std::int64_t{21}},
                               {"MultKey", 20260302093000.0}});

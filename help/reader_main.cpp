@@ -7,22 +7,9 @@
 #include "help/archive_stream.h"
 #include "help/chm_objects.h"
 #include "help/confinement.h"
+#include "help/sanitized.h"
 
 namespace {
-
-// The address sanitizer reserves far more address space than any limit leaves it, and looks at
-// files and processes when it reports.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kIsConfined = false;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool kIsConfined = false;
-#else
-constexpr bool kIsConfined = true;
-#endif
-#else
-constexpr bool kIsConfined = true;
-#endif
 
 constexpr rlim_t kMostSeconds = 5;
 constexpr rlim_t kMostMemory = 512U << 20U;
@@ -35,7 +22,7 @@ void Limit(auto resource, rlim_t most) {
 void LimitThisProcess() {
   Limit(RLIMIT_CORE, 0);
   Limit(RLIMIT_CPU, kMostSeconds);
-  if (kIsConfined) {
+  if (!veyra::kIsSanitized) {
     Limit(RLIMIT_AS, kMostMemory);
     veyra::ConfineThisProcess();
   }

@@ -14,16 +14,11 @@
 #include <functional>
 #include <string>
 
+#include "help/sanitized.h"
 #include "tests/help/help_samples.h"
 
 namespace veyra {
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kIsSanitized = true;
-#else
-constexpr bool kIsSanitized = false;
-#endif
 
 constexpr int kCannotBeConfined = 77;
 

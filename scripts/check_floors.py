@@ -9,6 +9,7 @@ there is any.
 
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 
@@ -75,12 +76,18 @@ def may_know_qt(path):
     return path.startswith(QT_FLOORS) or pathlib.PurePath(path).name.startswith("qt_")
 
 
-def sources(root):
+def tracked(root):
+    """None where there is no git, or no history."""
+    if shutil.which("git") is None:
+        return None
     listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "*.h", "*.cpp"], cwd=root,
                             check=False, capture_output=True, text=True)
-    if listed.returncode == 0:
-        names = listed.stdout.split()
-    else:
+    return listed.stdout.split() if listed.returncode == 0 else None
+
+
+def sources(root):
+    names = tracked(root)
+    if names is None:
         names = [str(path.relative_to(root)) for path in root.rglob("*") if path.suffix in (".h", ".cpp")]
     return [name for name in names if room_of(name) and (root / name).exists()]
 

@@ -240,6 +240,7 @@ class AccessStore : public FileStore {
     return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForUpdateAll(table, writer.Layout(), rows);
       std::vector<Row> changed;
+      changed.reserve(rows.size());
       for (const Row& row : rows) {
         changed.push_back(rows_.Update(changes, writer, table, row, fields));
       }

@@ -29,10 +29,21 @@ class LineDelegate : public QStyledItemDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
+    const QString shown = list_.ShownText(TextOf(index));
+    if (IsPlain(option, shown)) {
+      list_.PlainLines().Draw(*painter, option, shown);
+      return;
+    }
     QStyleOptionViewItem line = option;
     initStyleOption(&line, index);
-    line.text = list_.ShownText(line.text);
+    line.text = shown;
     list_.style()->drawControl(QStyle::CE_ItemViewItem, &line, painter, &list_);
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QString line = TextOf(index);
+    return IsPlain(option, line) ? list_.PlainLines().SizeOf(line)
+                                 : QStyledItemDelegate::sizeHint(option, index);
   }
 
  protected:
@@ -42,6 +53,11 @@ class LineDelegate : public QStyledItemDelegate {
   }
 
  private:
+  static QString TextOf(const QModelIndex& index) { return index.data(Qt::DisplayRole).toString(); }
+  bool IsPlain(const QStyleOptionViewItem& option, const QString& line) const {
+    return option.direction == Qt::LeftToRight && list_.PlainLines().Covers(line);
+  }
+
   const QtDayList& list_;
 };
 
@@ -107,7 +123,23 @@ QString QtDayList::ShownText(const QString& line) const {
     return line;
   }
   const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-  return CutLine(line, fontMetrics(), viewport()->width() - 2 * margin);
+  const int width = viewport()->width() - 2 * margin;
+  return PlainLines().Covers(line) ? PlainLines().Cut(line, width)
+                                   : CutLine(line, fontMetrics(), width);
+}
+
+const QtPlainLines& QtDayList::PlainLines() const {
+  if (!plain_lines_) {
+    plain_lines_.emplace(*this);
+  }
+  return *plain_lines_;
+}
+
+void QtDayList::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    plain_lines_.reset();
+  }
+  QListWidget::changeEvent(event);
 }
 
 /// Over a line that is cut, the whole of it; the list's own tooltip over all else.

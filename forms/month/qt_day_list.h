@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QListWidget>
+#include <optional>
 
+#include "forms/month/qt_plain_lines.h"
 #include "forms/mouse_button.h"
 #include "logic/listings.h"
 
@@ -23,6 +25,9 @@ class QtDayList : public QListWidget {
   /// longer than the list is wide; all of it once the list has been scrolled sideways.
   QString ShownText(const QString& line) const;
 
+  /// How lines of plain signs are drawn in this font.
+  const QtPlainLines& PlainLines() const;
+
   void SetBackground(const QColor& color);
 
   /// Sets the size of the fixed-pitch font.
@@ -38,6 +43,7 @@ class QtDayList : public QListWidget {
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -51,6 +57,7 @@ class QtDayList : public QListWidget {
   void ScrollBy(int key);
 
   modRes::DayLines lines_;
+  mutable std::optional<QtPlainLines> plain_lines_;  ///< Nothing until a line is measured.
 };
 
 }  // namespace veyra

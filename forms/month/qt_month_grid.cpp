@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "forms/month/qt_day_cell.h"
@@ -55,18 +56,31 @@ int StepOf(int key) {
   }
 }
 
-/// Above the lines stands the number, about as high as one of them.
-bool Fits(QFont font, double size, const QSize& cell) {
+/// So many times the room of the lines fits into a cell. Above them stands the number, about as
+/// high as one of them.
+double TimesItFits(QFont font, double size, const QSize& cell) {
   font.setPointSizeF(size);
   const QFontMetrics metrics(font);
   const int characters = size > kUsualFont ? kCharactersSeenWhenLarge : kCharactersSeen;
-  return metrics.horizontalAdvance(QString(characters, QChar(u'0'))) <=
-             cell.width() - kListMargins &&
-         (kLinesSeen + 1) * metrics.height() <= cell.height() - kListMargins;
+  const double width = metrics.horizontalAdvance(QString(characters, QChar(u'0')));
+  const double height = (kLinesSeen + 1) * metrics.height();
+  return std::min((cell.width() - kListMargins) / width, (cell.height() - kListMargins) / height);
+}
+
+bool Fits(const QFont& font, double size, const QSize& cell) {
+  return TimesItFits(font, size, cell) >= 1;
+}
+
+/// A size that is too large, or the largest: to load the font in a size takes a while. Sizes grow
+/// evenly but for the rounding of a letter's width.
+double LargeEnoughPointSize(const QFont& font, const QSize& cell) {
+  constexpr double kRounding = 1.2;
+  const double size = kUsualFont * TimesItFits(font, kUsualFont, cell) * kRounding;
+  return std::clamp(std::ceil(size / kFontStep) * kFontStep, kSmallestFont, kLargestFont);
 }
 
 double FittingPointSize(const QFont& font, const QSize& cell) {
-  double size = kLargestFont;
+  double size = LargeEnoughPointSize(font, cell);
   while (size > kSmallestFont && !Fits(font, size, cell)) {
     size -= kFontStep;
   }

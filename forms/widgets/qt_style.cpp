@@ -133,6 +133,8 @@ int QtStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget
       return 0;
     case SH_ToolTip_WakeUpDelay:
       return kToolTipDelay;
+    case SH_Widget_Animation_Duration:
+      return 0;
     case SH_Table_GridLineColor:
       return option != nullptr && IsDark(option->palette)
                  ? static_cast<int>(LineColor(option->palette).rgba())

@@ -6,9 +6,9 @@ namespace veyra {
 
 /// The desktop's own style, with buttons of an even size that bear texts only, slender scroll
 /// bars, tooltips after half a second, and a mark on what has the focus whichever way it has come
-/// there. On a dark desktop, too, the rims of boxes, options and fields and the lines of tables are
-/// plain to see, and links and the words in an empty field can be read.
-/// REQUIRES: a QApplication.
+/// there. Nothing fades or slides, which some cannot bear to see. On a dark desktop, too, the rims
+/// of boxes, options and fields and the lines of tables are plain to see, and links and the words
+/// in an empty field can be read. REQUIRES: a QApplication.
 class QtStyle : public QProxyStyle {
   Q_OBJECT
 

@@ -122,5 +122,10 @@ TEST(DarkDesktopTest, TheLinesOfATableAreSeen) {
   EXPECT_GE(Contrast(ground, ToRgb(QColor(line))), 1.5);
 }
 
+TEST(StyleTest, NothingFadesOrSlides) {
+  const QPushButton button;
+  EXPECT_EQ(0, button.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &button));
+}
+
 }  // namespace
 }  // namespace veyra

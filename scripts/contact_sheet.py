@@ -8,6 +8,7 @@ KIND is a name of KINDS below; all are taken unless some are named. The calendar
 """
 
 import contextlib
+import dataclasses
 import os
 import subprocess
 import sys
@@ -18,16 +19,28 @@ from desk import Desk, date_text
 from pictures import make_calendar
 from screen import Screen
 
-# Width and height of the screen in pixels, scale, theme.
+
+@dataclasses.dataclass
+class Kind:
+    """A kind of screen, and of desktop on it."""
+
+    width: int  # in pixels, as the height
+    height: int
+    scale: float = 1  # of everything
+    text_scale: float = 1  # of the texts alone, as desktops have it for those who see badly
+    theme: str = "light"
+
+
 KINDS = {
-    "smallest": (1024, 600, 1, "light"),
-    "usual": (1280, 800, 1, "light"),
-    "usual_dark": (1280, 800, 1, "dark"),
-    "at_150": (1920, 1080, 1.5, "light"),
-    "at_200": (2048, 1280, 2, "light"),
-    "at_200_dark": (2048, 1280, 2, "dark"),
-    "large": (3840, 2160, 1, "light"),
-    "large_at_200": (3840, 2160, 2, "light"),
+    "smallest": Kind(1024, 600),
+    "usual": Kind(1280, 800),
+    "usual_dark": Kind(1280, 800, theme="dark"),
+    "large_text": Kind(1280, 800, text_scale=1.5),
+    "at_150": Kind(1920, 1080, scale=1.5),
+    "at_200": Kind(2048, 1280, scale=2),
+    "at_200_dark": Kind(2048, 1280, scale=2, theme="dark"),
+    "large": Kind(3840, 2160),
+    "large_at_200": Kind(3840, 2160, scale=2),
 }
 SIX_WEEKS = date(2026, 8, 1)  # a Saturday, in a month of 31 days
 CROWDED = {4: 1, 5: 5, 6: 40}  # day of that month: bookings
@@ -163,20 +176,21 @@ class Sheet:
         self._desk.wait_for_month_window()
 
 
-def take_kind(build, sheets, kind):
-    width, height, scale, theme = KINDS[kind]
+def take_kind(build, sheets, name):
+    kind = KINDS[name]
     with contextlib.ExitStack() as stack:
         folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-sheet-"))
         fill(os.path.join(make_calendar(build, folder), "data"))
-        screen = stack.enter_context(Screen(width / scale, height / scale, scale))
+        screen = stack.enter_context(Screen(kind.width / kind.scale, kind.height / kind.scale,
+                                           kind.scale))
         desk = Desk(screen, folder)
         stack.callback(desk.__exit__)
-        desk.start(**choose_theme(screen, theme))
+        desk.start(QT_FONT_DPI=str(round(96 * kind.text_scale)), **choose_theme(screen, kind.theme))
         sheet = Sheet(desk, stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-shots-")))
         try:
             sheet.all_windows()
         finally:
-            put_together(sheet.taken, os.path.join(sheets, f"{kind}.png"), (width, height))
+            put_together(sheet.taken, os.path.join(sheets, f"{name}.png"), (kind.width, kind.height))
 
 
 def put_together(pictures, path, size):

@@ -11,9 +11,9 @@ class QWidget;
 
 namespace veyra {
 
-/// Lines of a list that can be measured and drawn without being laid out: those of ASCII's printable
-/// signs and the ellipsis, in a font where all of these are equally wide. They come out as the
-/// list's style draws them.
+/// Lines of a list that can be measured and drawn without being laid out: those of ASCII's
+/// printable signs and the ellipsis, in a font where all of these are equally wide. They come out
+/// as the list's style draws them.
 class QtPlainLines {
  public:
   /// Measures the font and the style of `list`.

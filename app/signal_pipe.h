@@ -29,7 +29,7 @@ class SignalPipe {
     struct sigaction Before;
   };
 
-  int ends_[2];
+  int ends_[2] = {};
   std::vector<Taken> taken_;
 };
 

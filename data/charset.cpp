@@ -26,7 +26,7 @@ std::string Charset::ToUtf8(std::string_view text) const {
   std::string result;
   char* from = const_cast<char*>(text.data());  // NOLINT: iconv's type; it writes nothing there
   std::size_t left = text.size();
-  std::array<char, 512> buffer;
+  std::array<char, 512> buffer{};
   iconv(converter_.get(), nullptr, nullptr, nullptr, nullptr);
   while (left > 0) {
     char* to = buffer.data();
@@ -44,7 +44,7 @@ std::string Charset::ToUtf8(std::string_view text) const {
 
 void AppendUtf8(std::string& text, char32_t character) {
   const auto code = static_cast<utf8proc_int32_t>(character);
-  std::array<utf8proc_uint8_t, 4> bytes;
+  std::array<utf8proc_uint8_t, 4> bytes{};
   const auto length = utf8proc_encode_char(
       utf8proc_codepoint_valid(code) ? code : static_cast<utf8proc_int32_t>(kReplacement),
       bytes.data());

@@ -12,7 +12,7 @@ namespace {
 /// Every store that OpenStore and CreateStore give is one of a file.
 std::unique_ptr<FileStore> AsFileStore(std::unique_ptr<Store> store) {
   auto& file_store = dynamic_cast<FileStore&>(*store);
-  store.release();
+  static_cast<void>(store.release());
   return std::unique_ptr<FileStore>(&file_store);
 }
 

@@ -1,9 +1,10 @@
 #include "data/value.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -137,7 +138,7 @@ bool IsSame(const Value& one, const Value& other) {
   const auto* first = std::get_if<double>(&one);
   const auto* second = std::get_if<double>(&other);
   if (first != nullptr && second != nullptr) {
-    return std::memcmp(first, second, sizeof(double)) == 0;
+    return std::bit_cast<std::uint64_t>(*first) == std::bit_cast<std::uint64_t>(*second);
   }
   return one == other;
 }

@@ -19,7 +19,7 @@ class Result {
     }
   }
   Result(Result&& other) noexcept
-      : libpq_(other.libpq_), result_(std::exchange(other.result_, nullptr)) {}
+      : libpq_(std::move(other.libpq_)), result_(std::exchange(other.result_, nullptr)) {}
   Result& operator=(Result&& other) noexcept {
     std::swap(libpq_, other.libpq_);
     std::swap(result_, other.result_);

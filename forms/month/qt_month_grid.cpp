@@ -197,9 +197,9 @@ void QtMonthGrid::ShowCells(const OneBased<modRes::MonthCell, 42>& cells) {
 /// places in the six rows.
 void QtMonthGrid::CollapseEmptyWeeks() {
   weeks_ = kWeeks;
-  while (weeks_ > 1 &&
-         std::none_of(has_day_.begin() + (weeks_ - 1) * kColumns,
-                      has_day_.begin() + weeks_ * kColumns, [](bool has_day) { return has_day; })) {
+  while (weeks_ > 1 && std::none_of(has_day_.begin() + std::ptrdiff_t{weeks_ - 1} * kColumns,
+                                    has_day_.begin() + std::ptrdiff_t{weeks_} * kColumns,
+                                    [](bool has_day) { return has_day; })) {
     --weeks_;
   }
   for (int index = 1; index <= kCells; ++index) {

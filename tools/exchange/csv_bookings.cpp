@@ -11,7 +11,7 @@
 namespace veyra {
 namespace {
 
-constexpr std::int64_t kDay = 24 * 60;
+constexpr std::int64_t kDay = std::int64_t{24} * 60;
 
 ValueError Unreadable(const std::string& place, const std::string& cause) {
   return ValueError({{}, "In " + place + ": " + cause, "Nothing was changed. Correct the file."});

@@ -8,7 +8,7 @@
 namespace veyra {
 namespace {
 
-constexpr std::time_t kSecondsOfDay = 24 * 60 * 60;
+constexpr std::time_t kSecondsOfDay = std::time_t{24} * 60 * 60;
 
 /// A rule that gives more is a fault, or made to do harm.
 constexpr int kMostRepetitions = 100000;

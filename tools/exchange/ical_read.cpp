@@ -77,7 +77,7 @@ Span SpanOf(const IcalOccurrence& occurrence) {
 }
 
 bool Touches(const Span& span, const DayRange& days) {
-  constexpr std::int64_t kDay = 24 * 60;
+  constexpr std::int64_t kDay = std::int64_t{24} * 60;
   const Date last = AddDays(span.Day, (span.To - 1) / kDay);
   return (!days.To || span.Day <= *days.To) && (!days.From || last >= *days.From);
 }

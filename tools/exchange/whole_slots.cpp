@@ -9,7 +9,7 @@ namespace veyra {
 namespace {
 
 constexpr std::int64_t kSlot = 30;
-constexpr std::int64_t kDay = 24 * 60;
+constexpr std::int64_t kDay = std::int64_t{24} * 60;
 
 }  // namespace
 

@@ -13,7 +13,7 @@ constexpr std::uint16_t kEmptied = kRowDeleted | kRowMoved;
 
 struct Slot {
   Bytes Row;
-  std::uint16_t Flags;
+  std::uint16_t Flags = 0;
 };
 
 std::vector<Slot> SlotsOf(const Bytes& page) {

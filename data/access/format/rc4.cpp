@@ -7,7 +7,7 @@
 namespace veyra::access {
 
 void ApplyRc4(std::span<const Byte> key, std::span<Byte> bytes) {
-  std::array<Byte, 256> state;
+  std::array<Byte, 256> state{};
   std::iota(state.begin(), state.end(), Byte{0});
   Byte mixed = 0;
   for (std::size_t i = 0; i < state.size(); ++i) {

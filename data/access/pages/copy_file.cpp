@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kPiece = 1 << 16;
 
 void CopyBytes(const PosixFile& source, const PosixFile& target) {
-  std::array<unsigned char, kPiece> piece;
+  std::array<unsigned char, kPiece> piece{};
   std::uint64_t place = 0;
   while (const std::size_t read = source.ReadAt(piece, place)) {
     target.WriteAt(std::span(piece).first(read), place);

@@ -35,8 +35,8 @@ std::string NameIn(const std::array<char, kNameBytes>& bytes) {
 std::string UsersIn(const std::filesystem::path& lock_file) {
   std::ifstream stream(lock_file, std::ios::binary);
   std::string users;
-  std::array<char, kNameBytes> computer;
-  std::array<char, kNameBytes> user;
+  std::array<char, kNameBytes> computer{};
+  std::array<char, kNameBytes> user{};
   for (int i = 0; i < kMostUsers && stream.read(computer.data(), kNameBytes) &&
                   stream.read(user.data(), kNameBytes);
        ++i) {

@@ -73,7 +73,7 @@ std::filesystem::path RealPath(const std::filesystem::path& path) {
 }
 
 FileHeader HeaderOf(const PosixFile& file) {
-  std::array<Byte, kHeaderBytes> bytes;
+  std::array<Byte, kHeaderBytes> bytes{};
   const std::size_t size = ReadAt(file, bytes, 0);
   if (size == 0) {
     throw FileProblem("The database file is empty.", "Go back to a copy of the file.");
@@ -149,7 +149,7 @@ void PageFile::ReadRaw(PageNumber number, Bytes& page) const {
     throw DamagedFile("The database file is cut short.");
   }
   if (number != 0 && header_.IsEncoded()) {
-    std::array<Byte, 4> key;
+    std::array<Byte, 4> key{};
     Put<std::uint32_t>(key, 0, header_.DatabaseKey ^ number);
     ApplyRc4(key, page);
   }

@@ -56,7 +56,7 @@ bool Snapshot::IsMended(TableImage& image, const PageImages& changed) {
   }
 }
 
-void Snapshot::MendImages(Images images, const PageImages& changed) {
+void Snapshot::MendImages(Images&& images, const PageImages& changed) {
   for (auto& [definition, image] : images) {
     // Rows that somebody still reads stay as they were.
     if (image.use_count() == 1 && IsMended(*image, changed)) {

@@ -61,7 +61,7 @@ class Snapshot {
   /// Takes back what was read before these pages, and no others, were changed, and puts it right.
   /// What cannot be is read anew when it is asked for. REQUIRES: the file was locked for writing
   /// between TakeImages and this call, and still is.
-  void MendImages(Images images, const PageImages& changed);
+  void MendImages(Images&& images, const PageImages& changed);
 
  private:
   void ForgetTables();

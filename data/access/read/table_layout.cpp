@@ -8,7 +8,7 @@ namespace veyra::access {
 
 namespace {
 
-constexpr std::size_t kPageHead = 8;
+constexpr std::ptrdiff_t kPageHead = 8;
 constexpr std::size_t kMostDefinitionBytes = 1U << 20U;
 constexpr std::uint16_t kNoColumn = 0xFFFF;
 constexpr std::size_t kMostColumns = 255;

@@ -71,7 +71,7 @@ PagePtr SalvagePages::ReadPage(PageNumber number) {
     throw DamagedFile();
   }
   if (number != 0 && header_.IsEncoded()) {
-    std::array<Byte, 4> key;
+    std::array<Byte, 4> key{};
     Put<std::uint32_t>(key, 0, header_.DatabaseKey ^ number);
     ApplyRc4(key, *page);
   }

@@ -36,9 +36,9 @@ class IndexTree {
   /// A page on the way from the root to a leaf, and which of its entries the way went through;
   /// the number of its entries for the tail.
   struct Step {
-    PageNumber Number;
+    PageNumber Number = 0;
     IndexPage Page;
-    std::size_t Place;
+    std::size_t Place = 0;
   };
   using Path = std::vector<Step>;
 

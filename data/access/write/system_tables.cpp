@@ -53,7 +53,8 @@ ColumnLayout Column(const std::string& name, ColumnKind kind, std::uint8_t more_
   return column;
 }
 
-IndexLayout Index(const std::string& name, std::vector<std::uint16_t> columns, std::uint8_t flags) {
+IndexLayout Index(const std::string& name, const std::vector<std::uint16_t>& columns,
+                  std::uint8_t flags) {
   IndexLayout index;
   index.Name = name;
   index.Flags = flags;

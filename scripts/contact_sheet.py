@@ -27,15 +27,15 @@ class Kind:
     width: int  # in pixels, as the height
     height: int
     scale: float = 1  # of everything
-    text_scale: float = 1  # of the texts alone, as desktops have it for those who see badly
     theme: str = "light"
+    font: int = 0  # the desktop's, in points; that of every desktop where it is 0
 
 
 KINDS = {
     "smallest": Kind(1024, 600),
     "usual": Kind(1280, 800),
     "usual_dark": Kind(1280, 800, theme="dark"),
-    "large_text": Kind(1280, 800, text_scale=1.5),
+    "large_text": Kind(1280, 800, font=15),
     "at_150": Kind(1920, 1080, scale=1.5),
     "at_200": Kind(2048, 1280, scale=2),
     "at_200_dark": Kind(2048, 1280, scale=2, theme="dark"),
@@ -64,14 +64,19 @@ def fill(data):
                    text=True, check=True)
 
 
-def choose_theme(screen, theme):
-    """The variables with which the program takes on the theme. It reads a dark one as desktops keep it."""
-    if theme == "light":
+def set_up_desktop(screen, kind):
+    """The variables with which the program takes on the theme and the font. It reads them as desktops
+    keep them."""
+    lines = []
+    if kind.theme == "dark":
+        lines += [f"[Colors:{part}]\n" + "\n".join(f"{name}={color}" for name, color in DARK.items())
+                  for part in ("Window", "View", "Button", "Tooltip")]
+        lines += ["[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=252,252,252"]
+    if kind.font:
+        font = f"Sans Serif,{kind.font},-1,5,50,0,0,0,0,0"
+        lines += [f"[General]\nfont={font}\nmenuFont={font}\ntoolBarFont={font}"]
+    if not lines:
         return {}
-    parts = ("Window", "View", "Button", "Tooltip")
-    lines = [f"[Colors:{part}]\n" + "\n".join(f"{name}={color}" for name, color in DARK.items())
-             for part in parts]
-    lines += ["[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=252,252,252"]
     folder = os.path.join(screen.environment["HOME"], ".config")
     os.makedirs(folder, exist_ok=True)
     with open(os.path.join(folder, "kdeglobals"), "w", encoding="utf-8") as file:
@@ -185,7 +190,7 @@ def take_kind(build, sheets, name):
                                            kind.scale))
         desk = Desk(screen, folder)
         stack.callback(desk.__exit__)
-        desk.start(QT_FONT_DPI=str(round(96 * kind.text_scale)), **choose_theme(screen, kind.theme))
+        desk.start(**set_up_desktop(screen, kind))
         sheet = Sheet(desk, stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-shots-")))
         try:
             sheet.all_windows()

@@ -91,18 +91,21 @@ std::fstream OpenStream(const std::filesystem::path& path, int mode) {
 }
 
 FileError NotAText(const std::string& file_name) {
-  return FileError({file_name, "The file is not a text that can be read.",
-                    "Its first line must be the name of a folder. Correct it with a text editor."});
+  return FileError(
+      {file_name, Phrase::Tr("The file is not a text that can be read."),
+       Phrase::Tr("Its first line must be the name of a folder. Correct it with a text editor.")});
 }
 
 FileError LineTooLong(const std::string& file_name) {
-  return FileError({file_name, "A line of the file is too long to be read.",
-                    "Its first line must be the name of a folder. Correct it with a text editor."});
+  return FileError(
+      {file_name, Phrase::Tr("A line of the file is too long to be read."),
+       Phrase::Tr("Its first line must be the name of a folder. Correct it with a text editor.")});
 }
 
 FileError PastTheEnd(const std::string& file_name) {
-  return FileError({file_name, "The file ends where another line is needed.",
-                    "Its first line must be the name of a folder. Correct it with a text editor."});
+  return FileError(
+      {file_name, Phrase::Tr("The file ends where another line is needed."),
+       Phrase::Tr("Its first line must be the name of a folder. Correct it with a text editor.")});
 }
 
 /// The bytes up to the end of the line, which is taken from the stream.
@@ -166,8 +169,9 @@ bool Files::AtEnd(int handle) {
 void Files::WriteLine(int handle, const std::string& line) {
   OpenFile& file = open_.at(handle);
   if (!(file.Stream << line << "\r\n" << std::flush)) {
-    throw FileError({file.Name, "The file cannot be written.",
-                     "See whether the disk is full and whether the folder may be written to."});
+    throw FileError(
+        {file.Name, Phrase::Tr("The file cannot be written."),
+         Phrase::Tr("See whether the disk is full and whether the folder may be written to.")});
   }
 }
 
@@ -218,9 +222,9 @@ void Files::MakeMissingFile(const std::filesystem::path& path) const {
     MakeWholeFile(path, AppFolderTwice());
   } catch (const PosixFileError& failure) {
     throw FileError({path.string(),
-                     std::string("The file is missing and cannot be made: ") + failure.what() + ".",
-                     "Make it with a text editor: its first line must be the name of the folder "
-                     "that holds the bookings."});
+                     Phrase::Tr("The file is missing and cannot be made: %1.", failure.Reason()),
+                     Phrase::Tr("Make it with a text editor: its first line must be the name of "
+                                "the folder that holds the bookings.")});
   }
 }
 
@@ -229,11 +233,10 @@ void Files::FillEmptyFile(const std::string& file_name) const {
   try {
     PutWholeFile(path, AppFolderTwice());
   } catch (const PosixFileError& failure) {
-    throw FileError(
-        {path.string(),
-         std::string("The file is empty and cannot be written: ") + failure.what() + ".",
-         "Write it with a text editor: its first line must be the name of the folder "
-         "that holds the bookings."});
+    throw FileError({path.string(),
+                     Phrase::Tr("The file is empty and cannot be written: %1.", failure.Reason()),
+                     Phrase::Tr("Write it with a text editor: its first line must be the name of "
+                                "the folder that holds the bookings.")});
   }
 }
 

@@ -7,6 +7,7 @@
 #include "data/errors.h"
 #include "data/posix_file.h"
 #include "forms/widgets/qt_text.h"
+#include "logic/dialogs.h"
 
 namespace veyra {
 namespace {
@@ -19,8 +20,9 @@ void MakeFolder(const std::string& folder) {
   if (failure) {
     throw FileError(
         {folder,
-         "The folder for your calendar cannot be made: " + SystemErrorText(failure.value()) + ".",
-         "Check the rights of the folders above it, and start the calendar again."});
+         Phrase::Tr("The folder for your calendar cannot be made: %1.",
+                    SystemErrorText(failure.value())),
+         Phrase::Tr("Check the rights of the folders above it, and start the calendar again.")});
   }
 }
 
@@ -34,9 +36,9 @@ void MakeEmptyCalendar(const std::string& folder, const std::string& program_fol
                   {QStringLiteral("new"), ToQString(folder)});
   if (!companion.waitForFinished() || companion.exitCode() != 0) {
     throw FileError({folder,
-                     "An empty calendar could not be made there. " +
-                         companion.readAllStandardError().trimmed().toStdString(),
-                     "Check that the disk has room, and start the calendar again."});
+                     Phrase::Tr("An empty calendar could not be made there. %1",
+                                companion.readAllStandardError().trimmed().toStdString()),
+                     Phrase::Tr("Check that the disk has room, and start the calendar again.")});
   }
 }
 
@@ -53,23 +55,24 @@ bool MakeApplicationFolder(const std::string& app_folder, const std::string& pro
   try {
     MakeWholeFile(path_file, app_folder + "\r\n" + app_folder + "\r\n");
   } catch (const PosixFileError& error) {
-    throw FileError({path_file, std::string("The file cannot be made: ") + error.what() + ".",
-                     "Check that the disk has room, and start the calendar again."});
+    throw FileError({path_file, Phrase::Tr("The file cannot be made: %1.", error.Reason()),
+                     Phrase::Tr("Check that the disk has room, and start the calendar again.")});
   }
   return true;
 }
 
-std::string WelcomeText(const std::string& app_folder) {
-  return "Welcome to Veyra Calendar.\r\n\r\n"
-         "Your calendar is still empty. To add the first facility, a room for instance, type its "
-         "name into the box at the top right and press Enter.\r\n\r\n"
-         "The calendar lies in " +
-         app_folder +
-         ".\r\n\r\n"
-         "To try a sample first, run\r\n"
-         "veyra-data new ~/calendar-sample --sample\r\n"
-         "and write the name of that folder into the first line of\r\n" +
-         app_folder + "/path.txt.";
+Phrase WelcomeText(const std::string& app_folder) {
+  const std::string blank_line = std::string(kLineBreak) + kLineBreak;
+  return Phrase::Tr("Welcome to Veyra Calendar.") + blank_line +
+         Phrase::Tr(
+             "Your calendar is still empty. To add the first facility, a room for instance, "
+             "type its name into the box at the top right and press Enter.") +
+         blank_line + Phrase::Tr("The calendar lies in %1.", app_folder) + blank_line +
+         JoinedLines(
+             {Phrase::Tr("To try a sample first, run"), "veyra-data new ~/calendar-sample --sample",
+              Phrase::Tr("and write the name of that folder into the first line of"),
+              app_folder + "/path.txt."},
+             kLineBreak);
 }
 
 }  // namespace veyra

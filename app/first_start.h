@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/phrase.h"
+
 namespace veyra {
 
 /// Makes the application folder of a user who starts a program that was installed for all: with an
@@ -10,6 +12,6 @@ namespace veyra {
 bool MakeApplicationFolder(const std::string& app_folder, const std::string& program_folder);
 
 /// What the user is told then.
-std::string WelcomeText(const std::string& app_folder);
+Phrase WelcomeText(const std::string& app_folder);
 
 }  // namespace veyra

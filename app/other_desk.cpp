@@ -36,18 +36,22 @@ bool MayShareCalendar(const std::filesystem::path& calendar, Dialogs& dialogs) {
   if (users.empty()) {
     return true;
   }
-  std::string text = "This calendar is open on another computer:" + std::string(kLineBreak);
+  std::vector<Phrase> others;
   for (const OpenUser& user : users) {
-    text += kLineBreak + user.User + " on " + user.Machine + ", since " + SinceText(user.Since);
+    others.push_back(
+        Phrase::Tr("%1 on %2, since %3", user.User, user.Machine, SinceText(user.Since)));
   }
-  text += std::string(kLineBreak) + kLineBreak + "Open it here as well?";
-  return dialogs.MsgBox({.Text = text,
-                         .Choice = Buttons::YesNo,
-                         .Sign = Icon::Exclamation,
-                         .Details = "Two computers that write to one calendar file in a shared "
+  const std::string blank_line = std::string(kLineBreak) + kLineBreak;
+  return dialogs.MsgBox(
+             {.Text = Phrase::Tr("This calendar is open on another computer:") + blank_line +
+                      JoinedLines(others, kLineBreak) + blank_line +
+                      Phrase::Tr("Open it here as well?"),
+              .Choice = Buttons::YesNo,
+              .Sign = Icon::Exclamation,
+              .Details = Phrase::Tr("Two computers that write to one calendar file in a shared "
                                     "folder can damage it. If the other one was switched off "
-                                    "without closing its calendar, answer Yes.",
-                         .Default = Answer::No}) == Answer::Yes;
+                                    "without closing its calendar, answer Yes."),
+              .Default = Answer::No}) == Answer::Yes;
 }
 
 }  // namespace veyra

@@ -18,8 +18,10 @@ constexpr std::size_t kMostBytes = 65'536;
 
 static_assert(kStart.size() == kLinkStartBytes);
 
-constexpr const char* kWriteAnew =
-    "Put a backup copy in its place, or write the link anew with \"veyra-data link\".";
+Phrase WriteAnew() {
+  return Phrase::Tr(
+      "Put a backup copy in its place, or write the link anew with \"veyra-data link\".");
+}
 
 std::vector<std::string> Lines(std::string_view text) {
   std::vector<std::string> lines;
@@ -40,7 +42,7 @@ std::string Contents(const std::filesystem::path& file) {
     return ReadWholeFile(file, kMostBytes);
   } catch (const PosixFileError& error) {
     throw DatabaseError(
-        {file.string(), std::string("The link cannot be read: ") + error.what() + ".", kWriteAnew});
+        {file.string(), Phrase::Tr("The link cannot be read: %1.", error.Reason()), WriteAnew()});
   }
 }
 
@@ -52,10 +54,10 @@ std::string SchemaIn(const std::filesystem::path& file, const std::vector<std::s
       continue;
     }
     if (!lines[i].starts_with(kSchema) || lines[i].size() == kSchema.size()) {
-      throw DatabaseError({file.string(),
-                           "Line " + std::to_string(i + 1) + " of the link is not understood: \"" +
-                               lines[i] + "\".",
-                           kWriteAnew});
+      throw DatabaseError(
+          {file.string(),
+           Phrase::Tr("Line %1 of the link is not understood: \"%2\".", i + 1, lines[i]),
+           WriteAnew()});
     }
     schema = lines[i].substr(kSchema.size());
   }
@@ -89,37 +91,39 @@ CalendarLink ReadCalendarLink(const std::filesystem::path& file) {
   const std::vector<std::string> lines = Lines(Contents(file));
   if (lines.empty() || !IsCalendarLink(lines.front())) {
     throw DatabaseError(
-        {file.string(), "The file is not a link to a shared calendar.", kWriteAnew});
+        {file.string(), Phrase::Tr("The file is not a link to a shared calendar."), WriteAnew()});
   }
   if (lines.front() != kFirstLine) {
     throw DatabaseError(
         {file.string(),
-         "The link is of a kind that this version of the program does not know: \"" +
-             lines.front() + "\".",
-         "Use the version of the program that wrote it."});
+         Phrase::Tr("The link is of a kind that this version of the program does not know: \"%1\".",
+                    lines.front()),
+         Phrase::Tr("Use the version of the program that wrote it.")});
   }
   if (lines.size() < 2 || lines[1].empty()) {
-    throw DatabaseError({file.string(), "The link names no server.", kWriteAnew});
+    throw DatabaseError({file.string(), Phrase::Tr("The link names no server."), WriteAnew()});
   }
   return {.Server = lines[1], .Schema = SchemaIn(file, lines)};
 }
 
 void WriteCalendarLink(const std::filesystem::path& file, const CalendarLink& link) {
   if (!IsOneLine(link.Server) || !IsOneLine(link.Schema)) {
-    throw DatabaseError({file.string(),
-                         "The server or the schema of the link is empty or has a line break in it.",
-                         "Write each of them in one line."});
+    throw DatabaseError(
+        {file.string(),
+         Phrase::Tr("The server or the schema of the link is empty or has a line break in it."),
+         Phrase::Tr("Write each of them in one line.")});
   }
   try {
     MakeWholeFile(file, TextOf(link));
   } catch (const PosixFileError& error) {
     const bool is_there = error.Number() == EEXIST;
-    throw DatabaseError({file.string(),
-                         is_there ? "This file is there already; nothing was made."
-                                  : std::string("The link cannot be made: ") + error.what() + ".",
-                         is_there ? "Choose another folder, or move the file away first."
-                                  : "Check that the folder is there and that you may make files "
-                                    "in it."});
+    throw DatabaseError(
+        {file.string(),
+         is_there ? Phrase::Tr("This file is there already; nothing was made.")
+                  : Phrase::Tr("The link cannot be made: %1.", error.Reason()),
+         is_there
+             ? Phrase::Tr("Choose another folder, or move the file away first.")
+             : Phrase::Tr("Check that the folder is there and that you may make files in it.")});
   }
 }
 

@@ -65,22 +65,27 @@ ColorSettings DefaultColors() {
 }
 
 ColorError::ColorError(const std::string& text, std::string column)
-    : ValueError({{},
-                  "The colour \"" + text + "\" in column " + column +
-                      " of row 1 of the table Settings is not a colour number.",
-                  "Save new colours in the colour settings, or use a backup copy of the "
-                  "calendar."}),
+    : ValueError(
+          {{},
+           Phrase::Tr("The colour \"%1\" in column %2 of row 1 of the table Settings is not a "
+                      "colour number.",
+                      text, column),
+           Phrase::Tr(
+               "Save new colours in the colour settings, or use a backup copy of the calendar.")}),
       column_(std::move(column)) {}
 
 ValueError ExplainedColorError(Connection& res_con, const ColorError& error) {
   const bool has_row = !res_con.Open(kRowOne, CursorType::ForwardOnlyReadOnly)->IsEmpty();
-  const std::string cause =
-      has_row ? error.report().Cause
-              : "The table Settings has no row 1, which holds the colours of the calendar.";
-  return ValueError({res_con.FileName(), cause,
-                     "To go on with the usual colours, start again after this command; veyra-data "
-                     "lies beside the calendar: veyra-data check " +
-                         ShellWord(res_con.FileName()) + " --mend"});
+  const Phrase cause =
+      has_row
+          ? error.report().Cause
+          : Phrase::Tr("The table Settings has no row 1, which holds the colours of the calendar.");
+  const std::string command = "veyra-data check " + ShellWord(res_con.FileName()) + " --mend";
+  return ValueError(
+      {res_con.FileName(), cause,
+       Phrase::Tr("To go on with the usual colours, start again after this command; veyra-data "
+                  "lies beside the calendar: %1",
+                  command)});
 }
 
 std::int32_t ColorNumber(const std::string& text, const std::string& column) {

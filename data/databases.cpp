@@ -13,12 +13,13 @@ fs::path GuestFileOf(const Databases& databases) {
   return databases.DataFolder.string() + "/Veyra.mdb";
 }
 
-std::string FolderAdvice(const Databases& databases) {
+Phrase FolderAdvice(const Databases& databases) {
   if (databases.AppFolder.empty()) {
-    return "Check that the folder is the right one.";
+    return Phrase::Tr("Check that the folder is the right one.");
   }
-  return "The first line of " + (databases.AppFolder / "path.txt").string() +
-         " must name the folder that holds Calendar.mdb and Veyra.mdb.";
+  return Phrase::Tr(
+      "The first line of %1 must name the folder that holds Calendar.mdb and Veyra.mdb.",
+      (databases.AppFolder / "path.txt").string());
 }
 
 std::unique_ptr<Connection> OpenConnection(const Databases& databases, const fs::path& file,

@@ -7,30 +7,19 @@ namespace veyra {
 
 namespace {
 
-void AppendLine(std::string& text, const std::string& line) {
-  if (line.empty()) {
-    return;
-  }
-  if (!text.empty()) {
-    text += '\n';
-  }
-  text += line;
-}
-
 std::string WholeText(const Report& report) {
-  std::string text;
-  AppendLine(text, report.File);
-  AppendLine(text, report.Cause);
-  AppendLine(text, report.Effect);
-  AppendLine(text, report.Advice);
-  return text;
+  return ReportText(report, "\n").English();
 }
 
 }  // namespace
 
+Phrase ReportText(const Report& report, const char* line_break) {
+  return JoinedLines({report.File, report.Cause, report.Effect, report.Advice}, line_break);
+}
+
 Error::Error(Report report) : report_(std::move(report)), text_(WholeText(report_)) {}
 
-void Error::SetEffect(const std::string& effect) {
+void Error::SetEffect(const Phrase& effect) {
   report_.Effect = effect;
   text_ = WholeText(report_);
 }

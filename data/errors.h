@@ -6,18 +6,22 @@
 #include <utility>
 #include <vector>
 
+#include "data/phrase.h"
+
 namespace veyra {
 
 /// What the operator is told when something fails. Each text is a whole sentence or empty.
 struct Report {
-  std::string File;         ///< Full name of the file concerned; empty when there is none.
-  std::string Cause;        ///< What happened, in words a front desk understands.
-  std::string Advice;       ///< What to do about it.
-  std::string Effect = {};  ///< What it means for the one row that met it: "Nothing was saved."
+  std::string File;    ///< Full name of the file concerned; empty when there is none.
+  Phrase Cause;        ///< What happened, in words a front desk understands.
+  Phrase Advice;       ///< What to do about it.
+  Phrase Effect = {};  ///< What it means for the one row that met it: "Nothing was saved."
 };
 
-/// The root of every failure the operator is told of. what() is the whole report: file, cause,
-/// effect and advice, each on a line of its own.
+/// The whole report: file, cause, effect and advice, each on a line of its own.
+Phrase ReportText(const Report& report, const char* line_break);
+
+/// The root of every failure the operator is told of. what() is the whole report in English.
 class Error : public std::exception {
  public:
   explicit Error(Report report);
@@ -27,7 +31,7 @@ class Error : public std::exception {
 
   /// Says what it means for all that was being done, where the one who threw it knew of a part
   /// only.
-  void SetEffect(const std::string& effect);
+  void SetEffect(const Phrase& effect);
 
  private:
   Report report_;

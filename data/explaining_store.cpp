@@ -24,9 +24,10 @@ MissingItemError ExplainingStore::Explained(const MissingItemError& missing) con
   }
   return MissingItemError(
       {missing.report().File,
-       missing.report().Cause + " The program adds it when it starts, but could not do so. " +
+       missing.report().Cause + " " +
+           Phrase::Tr("The program adds it when it starts, but could not do so.") + " " +
            failure_.Cause,
-       failure_.Advice + " It is added at the next start."},
+       failure_.Advice + " " + Phrase::Tr("It is added at the next start.")},
       missing.Table(), missing.Column());
 }
 

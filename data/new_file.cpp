@@ -12,11 +12,12 @@ void MakeEmptyFile(const std::string& file) {
     const PosixFile made(file, PosixFile::Use::MakeNew);
   } catch (const PosixFileError& error) {
     if (error.Number() == EEXIST) {
-      throw DatabaseError({file, "This file is there already; nothing was made.",
-                           "Choose another folder, or move the file away first."});
+      throw DatabaseError({file, Phrase::Tr("This file is there already; nothing was made."),
+                           Phrase::Tr("Choose another folder, or move the file away first.")});
     }
-    throw DatabaseError({file, std::string("The file cannot be made: ") + error.what() + ".",
-                         "Check that the folder is there and that you may make files in it."});
+    throw DatabaseError(
+        {file, Phrase::Tr("The file cannot be made: %1.", error.Reason()),
+         Phrase::Tr("Check that the folder is there and that you may make files in it.")});
   }
 }
 

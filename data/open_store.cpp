@@ -22,8 +22,9 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSqliteStart("SQLite format 3\0", 16);
 constexpr std::string_view kAccessStart("\0\1\0\0Standard ", 13);
 
-constexpr const char* kRightFile =
-    "Put the right file, or a backup copy of it, in its place and start again.";
+Phrase RightFile() {
+  return Phrase::Tr("Put the right file, or a backup copy of it, in its place and start again.");
+}
 
 /// Whether any of the permission bits is set; true when that cannot be told.
 bool HasPermission(const fs::path& path, fs::perms any_of) {
@@ -44,11 +45,11 @@ bool IsWritable(const fs::path& path) {
   std::error_code error;
   const fs::path folder = path.parent_path();
   const bool has_folder = fs::is_directory(folder, error);
-  throw MissingFileError({path.string(),
-                          has_folder
-                              ? "There is no such file."
-                              : "There is no such file, and no folder " + folder.string() + ".",
-                          "Check that the folder is the right one and that the file is in it."});
+  throw MissingFileError(
+      {path.string(),
+       has_folder ? Phrase::Tr("There is no such file.")
+                  : Phrase::Tr("There is no such file, and no folder %1.", folder.string()),
+       Phrase::Tr("Check that the folder is the right one and that the file is in it.")});
 }
 
 void RequireFile(const fs::path& path) {
@@ -58,33 +59,38 @@ void RequireFile(const fs::path& path) {
     FailAsMissing(path);
   }
   if (status.type() == fs::file_type::directory) {
-    throw DatabaseError({path.string(), "This is a folder, where a database file should be.",
-                         "Move the folder away and put the file in its place."});
+    throw DatabaseError({path.string(),
+                         Phrase::Tr("This is a folder, where a database file should be."),
+                         Phrase::Tr("Move the folder away and put the file in its place.")});
   }
   if (status.type() != fs::file_type::regular) {
-    throw DatabaseError({path.string(), "This is not a file that can be read.",
-                         "Check that the disk is connected and that you may use the folder."});
+    throw DatabaseError(
+        {path.string(), Phrase::Tr("This is not a file that can be read."),
+         Phrase::Tr("Check that the disk is connected and that you may use the folder.")});
   }
   if (fs::file_size(path, error) == 0) {
-    throw DatabaseError({path.string(), "The file is empty.", kRightFile});
+    throw DatabaseError({path.string(), Phrase::Tr("The file is empty."), RightFile()});
   }
   if (::access(path.c_str(), R_OK) != 0) {
-    throw DatabaseError({path.string(), "You may not read the file.",
-                         "Ask for the right to read and change the file."});
+    throw DatabaseError({path.string(), Phrase::Tr("You may not read the file."),
+                         Phrase::Tr("Ask for the right to read and change the file.")});
   }
 }
 
 void RequireWritable(const fs::path& path) {
   if (!IsWritable(path)) {
-    throw DatabaseError({path.string(), "The file is write-protected, so nothing could be saved.",
-                         "Ask for the right to change the file, or remove its write protection."});
+    throw DatabaseError(
+        {path.string(), Phrase::Tr("The file is write-protected, so nothing could be saved."),
+         Phrase::Tr("Ask for the right to change the file, or remove its write protection.")});
   }
   const fs::path folder = fs::weakly_canonical(path).parent_path();
   if (!IsWritable(folder)) {
     throw DatabaseError(
         {path.string(),
-         "The folder " + folder.string() + " is write-protected, so nothing could be saved.",
-         "Ask for the right to make files in the folder, or remove its write protection."});
+         Phrase::Tr("The folder %1 is write-protected, so nothing could be saved.",
+                    folder.string()),
+         Phrase::Tr(
+             "Ask for the right to make files in the folder, or remove its write protection.")});
   }
 }
 
@@ -117,7 +123,7 @@ std::unique_ptr<Store> OpenByFirstBytes(const fs::path& path, StoreAccess access
     return OpenAccessStore(path.string(), access, policy);
   }
   throw DatabaseError(
-      {path.string(), "The file is not a database of a kind known here.", kRightFile});
+      {path.string(), Phrase::Tr("The file is not a database of a kind known here."), RightFile()});
 }
 
 }  // namespace

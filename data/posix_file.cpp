@@ -166,34 +166,34 @@ class Unfinished {
 
 }  // namespace
 
-std::string SystemErrorText(int error_number) {
+Phrase SystemErrorText(int error_number) {
   switch (error_number) {
     case ENOSPC:
-      return "the disk is full";
+      return Phrase::Tr("the disk is full");
     case EDQUOT:
-      return "your share of the disk is full";
+      return Phrase::Tr("your share of the disk is full");
     case EROFS:
-      return "the disk may only be read";
+      return Phrase::Tr("the disk may only be read");
     case EIO:
-      return "the disk reported a failure";
+      return Phrase::Tr("the disk reported a failure");
     case EACCES:
     case EPERM:
-      return "you do not have the right to";
+      return Phrase::Tr("you do not have the right to");
     case ENOENT:
-      return "there is no such file or folder";
+      return Phrase::Tr("there is no such file or folder");
     case EEXIST:
-      return "there is a file of that name already";
+      return Phrase::Tr("there is a file of that name already");
     case ELOOP:
-      return "it is a link that leads to itself";
+      return Phrase::Tr("it is a link that leads to itself");
     case ENAMETOOLONG:
-      return "the name is too long";
+      return Phrase::Tr("the name is too long");
     default:
       return std::generic_category().message(error_number);
   }
 }
 
 PosixFileError::PosixFileError(int error_number)
-    : std::runtime_error(SystemErrorText(error_number)), number_(error_number) {}
+    : std::runtime_error(SystemErrorText(error_number).English()), number_(error_number) {}
 
 PosixFile::PosixFile(const fs::path& path, Use use)
     : descriptor_(Repeated([&] {

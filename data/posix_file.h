@@ -8,19 +8,22 @@
 #include <string>
 #include <string_view>
 
+#include "data/phrase.h"
+
 namespace veyra {
 
 /// What an error number of the system means, without a full stop: "the disk is full". Words that
 /// an operator understands for what he meets, else the system's own.
-std::string SystemErrorText(int error_number);
+Phrase SystemErrorText(int error_number);
 
 /// A call to the system for a file failed. It names no file and gives no advice: the caller, who
-/// knows what the file is for, turns it into a report. what() is SystemErrorText(Number()).
+/// knows what the file is for, turns it into a report. what() is Reason() in English.
 class PosixFileError : public std::runtime_error {
  public:
   explicit PosixFileError(int error_number);
 
   int Number() const { return number_; }
+  Phrase Reason() const { return SystemErrorText(number_); }
 
  private:
   int number_;

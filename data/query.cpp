@@ -314,10 +314,11 @@ class Parser {
   }
 
   [[noreturn]] void Fail(const std::string& expected) const {
-    throw DatabaseError({{},
-                         "The query \"" + std::string(text_) + "\" was not understood: character " +
-                             std::to_string(at_ + 1) + " should begin " + expected + ".",
-                         "This is a fault of the program. Please report it with this text."});
+    throw DatabaseError(
+        {{},
+         Phrase::Tr("The query \"%1\" was not understood: character %2 should begin %3.",
+                    std::string(text_), at_ + 1, expected),
+         Phrase::Tr("This is a fault of the program. Please report it with this text.")});
   }
 
   std::string_view text_;

@@ -57,13 +57,13 @@ std::optional<FileKind> KindOf(const PosixFile& file) {
 
 Salvage SalvageKnown(const std::string& file, const SalvageModels& models) {
   if (LeadsToServer(file)) {
-    throw DatabaseError({file, "The file is a link: the calendar is on a server.",
-                         "Ask whoever looks after the server for its backup."});
+    throw DatabaseError({file, Phrase::Tr("The file is a link: the calendar is on a server."),
+                         Phrase::Tr("Ask whoever looks after the server for its backup.")});
   }
   const std::optional<FileKind> kind = KindOf(PosixFile(file, PosixFile::Use::Read));
   if (!kind) {
-    throw DatabaseError(
-        {file, "Nothing of a database is left in the file.", "Go back to a copy of the file."});
+    throw DatabaseError({file, Phrase::Tr("Nothing of a database is left in the file."),
+                         Phrase::Tr("Go back to a copy of the file.")});
   }
   return *kind == FileKind::Access ? access::SalvageAccessFile(file, models)
                                    : sqlite::SalvageSqliteFile(file, models);
@@ -76,10 +76,10 @@ Salvage SalvageFile(const std::filesystem::path& name, const SalvageModels& mode
   try {
     return SalvageKnown(file, models);
   } catch (const PosixFileError& error) {
-    throw DatabaseError({file, "The file cannot be read: " + std::string(error.what()) + ".",
-                         "Check that the file is there and that you may read it."});
+    throw DatabaseError({file, Phrase::Tr("The file cannot be read: %1.", error.Reason()),
+                         Phrase::Tr("Check that the file is there and that you may read it.")});
   } catch (const access::FileProblem& problem) {
-    throw DatabaseError({file, problem.what(), problem.advice()});
+    throw DatabaseError({file, problem.cause(), problem.advice()});
   }
 }
 

@@ -26,7 +26,7 @@ FileReplacedError FileOverwritten(const std::string& file);
 FileReplacedError FileGone(const std::string& file);
 
 /// `cause` is the failure that left it open, a whole sentence.
-OutcomeUnknownError OutcomeUnknown(const std::string& file, const std::string& cause);
+OutcomeUnknownError OutcomeUnknown(const std::string& file, const Phrase& cause);
 
 /// The table no longer holds the rows that a change rests on.
 RowChangedError RowsChanged(const std::string& file, const std::string& table);
@@ -39,7 +39,7 @@ decltype(auto) SayingNothingSaved(const Change& change) {
   try {
     return change();
   } catch (DatabaseBusyError& failure) {
-    failure.SetEffect("Nothing was saved.");
+    failure.SetEffect(Phrase::Tr("Nothing was saved."));
     throw;
   }
 }

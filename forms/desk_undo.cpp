@@ -7,7 +7,7 @@ namespace veyra {
 void DeskUndo::Undo() {
   if (const auto undone = modRes::UndoLastAction(session_, dialogs_)) {
     windows_.ShowWhatIsStored();
-    foot_.ShowFootLine("Undone. " + *undone);
+    foot_.ShowFootLine(Phrase::Tr("Undone. %1", *undone));
   }
 }
 
@@ -24,9 +24,9 @@ void DeskUndo::TellOfChange() {
     return;
   }
   told_ = actions.back().Number;
-  const std::string line = modRes::ActionLine(session_, modRes::AsJournalAction(actions.back()));
-  if (!line.empty()) {
-    foot_.ShowFootLine(line + "   Undo (Ctrl+Z)");
+  const Phrase line = modRes::ActionLine(session_, modRes::AsJournalAction(actions.back()));
+  if (!line.IsEmpty()) {
+    foot_.ShowFootLine(line + "   " + Phrase::Tr("Undo (Ctrl+Z)"));
   }
 }
 

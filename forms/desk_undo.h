@@ -17,7 +17,7 @@ class FootLine {
 
   /// Shows the text for a while at the foot of each window that shows bookings, and has assistive
   /// programs say it.
-  virtual void ShowFootLine(const std::string& text) = 0;
+  virtual void ShowFootLine(const Phrase& text) = 0;
 };
 
 /// Takes back what the desk did last, and tells of what it has just done.

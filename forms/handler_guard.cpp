@@ -7,28 +7,21 @@
 namespace veyra {
 namespace {
 
-constexpr const char* kMayBeOld =
-    "What the windows show could not be read anew and may be old: look again before you rely on "
-    "it.";
-
-std::string Lines(const Report& report) {
-  std::string lines;
-  for (const std::string& line : {report.File, report.Cause, report.Effect, report.Advice}) {
-    if (!line.empty()) {
-      lines += (lines.empty() ? "" : kLineBreak) + line;
-    }
-  }
-  return lines;
+Phrase MayBeOld() {
+  return Phrase::Tr(
+      "What the windows show could not be read anew and may be old: look again before you rely on "
+      "it.");
 }
 
-std::string ReportText(const std::exception& failure) {
+Phrase ReportText(const std::exception& failure) {
   if (const auto* error = dynamic_cast<const Error*>(&failure)) {
-    return Lines(error->report());
+    return ReportText(error->report(), kLineBreak);
   }
-  return std::string("An internal error has stopped what the program was doing.") + kLineBreak +
+  return Phrase::Tr("An internal error has stopped what the program was doing.") + kLineBreak +
          kLineBreak + failure.what() + kLineBreak + kLineBreak +
-         "What was saved before is kept. If this happens again, close the program and start it "
-         "anew.";
+         Phrase::Tr(
+             "What was saved before is kept. If this happens again, close the program and "
+             "start it anew.");
 }
 
 /// Counts a handler that runs.
@@ -62,7 +55,7 @@ void HandlerGuard::Run(const std::function<void()>& handler) const {
   } catch (const std::exception& failure) {
     Message report = StandardReport(failure);
     if (!IsFilledAnew()) {
-      report.Text += kLineBreak + std::string(kMayBeOld);
+      report.Text += kLineBreak + MayBeOld();
     }
     dialogs_.MsgBox(report);
     if (dynamic_cast<const FileReplacedError*>(&failure) != nullptr) {
@@ -85,7 +78,7 @@ bool HandlerGuard::IsFilledAnew() const {
 }
 
 void HandlerGuard::OfferToOpenAnew() const {
-  if (!open_anew_ || dialogs_.MsgBox({.Text = "Open the calendar file anew now?",
+  if (!open_anew_ || dialogs_.MsgBox({.Text = Phrase::Tr("Open the calendar file anew now?"),
                                       .Choice = Buttons::YesNo,
                                       .Sign = Icon::Question}) != Answer::Yes) {
     return;

@@ -9,8 +9,9 @@
 namespace veyra {
 namespace {
 
+/// In English, as the help is.
 std::string FailureText(const Report& report) {
-  return report.Cause + "\n\n" + report.File + "\n\n" + report.Advice;
+  return (report.Cause + "\n\n" + report.File + "\n\n" + report.Advice).English();
 }
 
 }  // namespace

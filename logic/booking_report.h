@@ -11,7 +11,7 @@ namespace veyra::modRes {
 
 /// What a change of the picked booking came to.
 struct BookingChange {
-  std::string Result;    ///< Told to the operator; empty when no booking was found.
+  Phrase Result;         ///< Told to the operator; empty when no booking was found.
   bool Found = false;    ///< A booking was found.
   bool OfGroup = false;  ///< Its whole group was changed, or a part of it.
 };

@@ -20,12 +20,12 @@ namespace {
 constexpr const char* kAllBookings = "SELECT * FROM Reserv";
 
 const RowActionWords kWords{
-    .Progress = "Booking ...",
-    .Done = "dates are booked.",
-    .PassedOver = "Left out because something else is booked then: ",
-    .Continue = "Continue books the other dates, as a part of the same group.",
-    .Undo = "Undo deletes the bookings that were made.",
-    .Undone = "The bookings that were made have been deleted again.",
+    .Progress = Phrase::Tr("Booking ..."),
+    .Done = Phrase::Tr("dates are booked."),
+    .PassedOver = Phrase::Tr("Left out because something else is booked then: "),
+    .Continue = Phrase::Tr("Continue books the other dates, as a part of the same group."),
+    .Undo = Phrase::Tr("Undo deletes the bookings that were made."),
+    .Undone = Phrase::Tr("The bookings that were made have been deleted again."),
 };
 
 FieldValues FieldsOn(const Session& session, Date day, const std::string& name,
@@ -56,7 +56,7 @@ class BookDates : public RowAction {
         group_key_(group_key) {}
 
   std::size_t Count() const override { return days_.size(); }
-  std::string NameOf(std::size_t row) const override { return BookingOn(days_.at(row)); }
+  Phrase NameOf(std::size_t row) const override { return BookingOn(days_.at(row)); }
 
   bool Do(std::size_t row) override {
     if (!IsToDo(row)) {
@@ -115,7 +115,7 @@ class BookDates : public RowAction {
 
 /// What was made, in words, and whether it came to its end in one go.
 struct Made {
-  std::string Text;
+  Phrase Text;
   bool Whole = true;
 };
 

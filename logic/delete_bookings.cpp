@@ -10,12 +10,12 @@ namespace veyra::modRes {
 namespace {
 
 const RowActionWords kWords{
-    .Progress = "Deleting bookings ...",
-    .Done = "bookings are deleted.",
+    .Progress = Phrase::Tr("Deleting bookings ..."),
+    .Done = Phrase::Tr("bookings are deleted."),
     .PassedOver = {},
-    .Continue = "Continue deletes the other bookings of the group.",
-    .Undo = "Undo puts the deleted bookings back.",
-    .Undone = "The deleted bookings have been put back.",
+    .Continue = Phrase::Tr("Continue deletes the other bookings of the group."),
+    .Undo = Phrase::Tr("Undo puts the deleted bookings back."),
+    .Undone = Phrase::Tr("The deleted bookings have been put back."),
 };
 
 Message GroupQuestion() {

@@ -15,12 +15,12 @@ namespace veyra::modRes {
 namespace {
 
 const RowActionWords kWords{
-    .Progress = "Deleting bookings ...",
-    .Done = "bookings are deleted; the facility is still there.",
+    .Progress = Phrase::Tr("Deleting bookings ..."),
+    .Done = Phrase::Tr("bookings are deleted; the facility is still there."),
     .PassedOver = {},
-    .Continue = "Continue deletes the other bookings and the facility.",
-    .Undo = "Undo puts the deleted bookings back.",
-    .Undone = "The deleted bookings have been put back.",
+    .Continue = Phrase::Tr("Continue deletes the other bookings and the facility."),
+    .Undo = Phrase::Tr("Undo puts the deleted bookings back."),
+    .Undone = Phrase::Tr("The deleted bookings have been put back."),
 };
 
 std::string BookingsQuery(const Session& session) {
@@ -41,8 +41,8 @@ class DeleteWithBookings : public RowAction {
 
   std::size_t Count() const override { return bookings_.Count() + 1; }
   bool IsCounted(std::size_t row) const override { return !IsRoom(row); }
-  std::string NameOf(std::size_t row) const override {
-    return IsRoom(row) ? "the facility" : bookings_.NameOf(row);
+  Phrase NameOf(std::size_t row) const override {
+    return IsRoom(row) ? Phrase::Tr("the facility") : bookings_.NameOf(row);
   }
 
   std::size_t AtOnce() const override { return bookings_.AtOnce(); }
@@ -108,7 +108,7 @@ void SelectAfterDeletion(Session& session, NameBox& Combo1, std::string& lblRoom
     SelectFirstFacility(session, Combo1, lblRoom);
     KeepMarkOnServer(session);
   } catch (Error& failure) {
-    failure.SetEffect("The facility is deleted, but no other one could be picked.");
+    failure.SetEffect(Phrase::Tr("The facility is deleted, but no other one could be picked."));
     throw;
   }
 }
@@ -127,7 +127,7 @@ void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dia
   SelectAfterDeletion(session, Combo1, lblRoom);
 }
 
-std::string FacilityDetails(Session& session, const Clock& clock) {
+Phrase FacilityDetails(Session& session, const Clock& clock) {
   const Date today = clock.Today();
   std::int64_t all = 0;
   std::int64_t ahead = 0;
@@ -138,7 +138,7 @@ std::string FacilityDetails(Session& session, const Clock& clock) {
     const auto day = ToDate(bookings->Field("DateOfRes"));
     ahead += day && *day >= today ? 1 : 0;
   }
-  return "Bookings: " + std::to_string(all) + ", of these today or later: " + std::to_string(ahead);
+  return Phrase::Tr("Bookings: %1, of these today or later: %2", all, ahead);
 }
 
 }  // namespace veyra::modRes

@@ -19,6 +19,6 @@ void DeleteFacility(Session& session, NameBox& Combo1, std::string& lblRoom, Dia
 
 /// What the question about it says below its text: how many bookings the facility has, and how many
 /// of them are of today or later. Throws DatabaseError.
-std::string FacilityDetails(Session& session, const Clock& clock);
+Phrase FacilityDetails(Session& session, const Clock& clock);
 
 }  // namespace veyra::modRes

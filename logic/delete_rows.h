@@ -17,7 +17,7 @@ class DeleteRows : public RowAction {
   DeleteRows(Session& session, Rows bookings);
 
   std::size_t Count() const override { return places_.size(); }
-  std::string NameOf(std::size_t row) const override { return BookingOn(places_.at(row).Day); }
+  Phrase NameOf(std::size_t row) const override { return BookingOn(places_.at(row).Day); }
   bool Do(std::size_t row) override;
   std::size_t AtOnce() const override { return bookings_->RowsAtOnce(); }
   bool CanJoin(std::size_t row) const override { return !held_.contains(row); }

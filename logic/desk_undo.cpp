@@ -22,22 +22,48 @@ constexpr int kAttempts = 20;
 constexpr std::size_t kShownLines = 6;
 constexpr std::string_view kUndone = "Undo of ";
 
-/// How an action is called.
+enum class Deed { Booked, Deleted, Renamed };
+
+/// What is said of an action.
 struct ActionName {
-  const char* Journalled;
-  const char* Done;  ///< Before what it was done to.
-  const char* What;  ///< After "Do you want to undo ".
+  const char* Journalled = "";
+  Deed Done = Deed::Booked;
+  Phrase Question;
+  Phrase Refusal;
 };
 
-constexpr std::array<ActionName, 7> kNames = {{
-    {"New booking", "Booked: ", "the last booking"},
-    {"New series", "Booked: ", "the last series of bookings"},
-    {"Booking deleted", "Deleted: ", "the deletion of a booking"},
-    {"Series deleted", "Deleted: ", "the deletion of a series of bookings"},
-    {"Booking renamed", "Renamed: ", "the renaming of a booking"},
-    {"Series renamed", "Renamed: ", "the renaming of a series of bookings"},
-    {"Facility deleted", "Deleted: ", "the deletion of a facility"},
+const std::array<ActionName, 7> kNames = {{
+    {"New booking", Deed::Booked, Phrase::Tr("Do you want to undo the last booking?"),
+     Phrase::Tr("The last booking cannot be undone. Nothing was changed.")},
+    {"New series", Deed::Booked, Phrase::Tr("Do you want to undo the last series of bookings?"),
+     Phrase::Tr("The last series of bookings cannot be undone. Nothing was changed.")},
+    {"Booking deleted", Deed::Deleted, Phrase::Tr("Do you want to undo the deletion of a booking?"),
+     Phrase::Tr("The deletion of a booking cannot be undone. Nothing was changed.")},
+    {"Series deleted", Deed::Deleted,
+     Phrase::Tr("Do you want to undo the deletion of a series of bookings?"),
+     Phrase::Tr("The deletion of a series of bookings cannot be undone. Nothing was changed.")},
+    {"Booking renamed", Deed::Renamed, Phrase::Tr("Do you want to undo the renaming of a booking?"),
+     Phrase::Tr("The renaming of a booking cannot be undone. Nothing was changed.")},
+    {"Series renamed", Deed::Renamed,
+     Phrase::Tr("Do you want to undo the renaming of a series of bookings?"),
+     Phrase::Tr("The renaming of a series of bookings cannot be undone. Nothing was changed.")},
+    {"Facility deleted", Deed::Deleted,
+     Phrase::Tr("Do you want to undo the deletion of a facility?"),
+     Phrase::Tr("The deletion of a facility cannot be undone. Nothing was changed.")},
 }};
+
+/// What was done, to what.
+Phrase DoneTo(Deed deed, const Phrase& what) {
+  switch (deed) {
+    case Deed::Booked:
+      return Phrase::Tr("Booked: %1", what);
+    case Deed::Deleted:
+      return Phrase::Tr("Deleted: %1", what);
+    case Deed::Renamed:
+      return Phrase::Tr("Renamed: %1", what);
+  }
+  return what;
+}
 
 const ActionName* NameOf(const JournalAction& action) {
   const auto* name = std::find_if(kNames.begin(), kNames.end(), [&](const ActionName& each) {
@@ -76,42 +102,39 @@ std::vector<JournalledChange> InReadingOrder(std::vector<JournalledChange> chang
   return changes;
 }
 
-std::string WordsOf(const JournalledChange& change, const JournalWords& words) {
-  return ShownName(words.Of(change.Table, change.After ? *change.After : *change.Before));
+const FieldValues& Content(const JournalledChange& change) {
+  return change.After ? *change.After : *change.Before;
 }
 
-std::string UndoLine(const JournalledChange& change, const JournalWords& words) {
-  std::string line = WordsOf(change, words);
+Phrase UndoLine(const JournalledChange& change, const JournalWords& words) {
+  const Phrase what = words.Of(change.Table, Content(change));
   if (!change.Before) {
-    return line + " is taken away.";
+    return Phrase::Tr("%1 is taken away.", what);
   }
   if (!change.After) {
-    return line + " comes back.";
+    return Phrase::Tr("%1 comes back.", what);
   }
-  return line + " is called " + ShownName(ToText(FieldIn(*change.Before, "Event"))) + " again.";
+  return Phrase::Tr("%1 is called %2 again.", what,
+                    ShownName(ToText(FieldIn(*change.Before, "Event"))));
 }
 
 /// The first of the lines, and how many more there are.
-std::string Shown(const std::vector<std::string>& lines) {
-  std::string text;
-  const std::size_t shown = lines.size() > kShownLines + 1 ? kShownLines : lines.size();
-  for (std::size_t i = 0; i < shown; ++i) {
-    text += (i == 0 ? "" : kLineBreak) + lines[i];
+Phrase Shown(std::vector<Phrase> lines) {
+  if (const std::size_t all = lines.size(); all > kShownLines + 1) {
+    lines.resize(kShownLines);
+    lines.push_back(Phrase::Tr("... and %1 more.", all - kShownLines));
   }
-  if (shown < lines.size()) {
-    text += kLineBreak + ("... and " + std::to_string(lines.size() - shown) + " more.");
-  }
-  return text;
+  return JoinedLines(lines, kLineBreak);
 }
 
 Message Question(const JournalAction& action, const UndoPlan& plan, const JournalWords& words) {
-  std::vector<std::string> lines;
+  std::vector<Phrase> lines;
   bool takes_away = false;
   for (const JournalledChange& change : InReadingOrder(plan.TakenBack)) {
     lines.push_back(UndoLine(change, words));
     takes_away = takes_away || !change.Before;
   }
-  return {.Text = std::string("Do you want to undo ") + NameOf(action)->What + "?",
+  return {.Text = NameOf(action)->Question,
           .Choice = Buttons::YesNo,
           .Sign = Icon::Question,
           .Details = Shown(lines),
@@ -119,11 +142,13 @@ Message Question(const JournalAction& action, const UndoPlan& plan, const Journa
 }
 
 Message Refusal(const JournalAction& action, const UndoPlan& plan) {
-  std::string what = NameOf(action)->What;
-  what.front() = 'T';
-  return {.Text = what + " cannot be undone. Nothing was changed.",
-          .Sign = Icon::Exclamation,
-          .Details = Shown(plan.Obstacles)};
+  return {
+      .Text = NameOf(action)->Refusal, .Sign = Icon::Exclamation, .Details = Shown(plan.Obstacles)};
+}
+
+Phrase WithBookings(const Phrase& facility, std::size_t count) {
+  return count == 1 ? Phrase::Tr("%1, with 1 booking", facility)
+                    : Phrase::Tr("%1, with %2 bookings", facility, count);
 }
 
 /// Asks once; who books meanwhile has it planned anew. Returns whether it was done.
@@ -175,13 +200,13 @@ std::optional<JournalAction> LastDeskAction(Session& session) {
   return std::nullopt;
 }
 
-std::optional<std::string> UndoLastAction(Session& session, Dialogs& dialogs) {
+std::optional<Phrase> UndoLastAction(Session& session, Dialogs& dialogs) {
   const auto action = LastDeskAction(session);
   if (!action) {
-    dialogs.MsgBox({.Text = "There is nothing to undo.", .Sign = Icon::Information});
+    dialogs.MsgBox({.Text = Phrase::Tr("There is nothing to undo."), .Sign = Icon::Information});
     return std::nullopt;
   }
-  std::string line = ActionLine(session, *action);
+  Phrase line = ActionLine(session, *action);
   const bool is_noted = !session.ResCon->Rows().KeepsJournal();
   if (!TakeBack(session, *action, dialogs)) {
     return std::nullopt;
@@ -192,24 +217,20 @@ std::optional<std::string> UndoLastAction(Session& session, Dialogs& dialogs) {
   return line;
 }
 
-std::string ActionLine(Session& session, const JournalAction& action) {
+Phrase ActionLine(Session& session, const JournalAction& action) {
   const ActionName* name = NameOf(action);
   const std::vector<JournalledChange> changes = InReadingOrder(NetChanges(action));
   if (name == nullptr || changes.empty()) {
     return {};
   }
   const JournalledChange& first = changes.front();
-  const std::string count = std::to_string(changes.size() - (IsRoom(first) ? 1 : 0));
-  const std::string done = name->Done;
-  if (changes.size() == 1) {
-    return done + WordsOf(first, JournalWords(session.ResCon->Rows(), {action}));
+  if (changes.size() > 1 && !IsRoom(first)) {
+    return DoneTo(name->Done, Phrase::Tr("%1 dates, %2", changes.size(),
+                                         ShownName(ToText(FieldIn(Content(first), "Event")))));
   }
-  if (IsRoom(first)) {
-    return done + WordsOf(first, JournalWords(session.ResCon->Rows(), {action})) + ", with " +
-           count + (count == "1" ? " booking" : " bookings");
-  }
-  const FieldValues& fields = first.After ? *first.After : *first.Before;
-  return done + count + " dates, " + ShownName(ToText(FieldIn(fields, "Event")));
+  const JournalWords words(session.ResCon->Rows(), {action});
+  const Phrase what = words.Of(first.Table, Content(first));
+  return DoneTo(name->Done, changes.size() == 1 ? what : WithBookings(what, changes.size() - 1));
 }
 
 }  // namespace veyra::modRes

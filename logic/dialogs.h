@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "data/phrase.h"
+
 namespace veyra {
 
 /// The title of every box that is given no title of its own.
@@ -26,11 +28,11 @@ enum class Answer { Ok, Cancel, Yes, No, Continue, Undo, Keep };
 /// A modal box. All of it but Details and Default is part of the design. Closing the box in another
 /// way than by a button answers Ok, Cancel, No or Keep.
 struct Message {
-  std::string Text;
+  Phrase Text;
   Buttons Choice = Buttons::Ok;
   Icon Sign = Icon::None;
-  std::string Title = kApplicationTitle;
-  std::string Details = {};  ///< Shown smaller below the text: what is about to be touched.
+  Phrase Title = kApplicationTitle;
+  Phrase Details = {};  ///< Shown smaller below the text: what is about to be touched.
   std::optional<Answer> Default = {};  ///< Whom the Enter key answers; nothing for the first.
 };
 
@@ -58,11 +60,11 @@ class Dialogs {
   virtual Answer MsgBox(const Message& message) = 0;
 
   /// Asks for a line of text, `default_text` standing there to be changed. Empty when cancelled.
-  virtual std::string InputBox(const std::string& prompt, const std::string& title,
+  virtual std::string InputBox(const Phrase& prompt, const Phrase& title,
                                const std::string& default_text) = 0;
 
   /// Begins to show the progress of an action, which `text` names.
-  virtual std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) = 0;
+  virtual std::unique_ptr<Progress> StartProgress(const Phrase& text, EarlyEnd early_end) = 0;
 };
 
 }  // namespace veyra

@@ -214,10 +214,10 @@ bool BookingFinder::Matches(std::uint32_t name) {
   return match == Match::Yes;
 }
 
-std::string FoundLine(const SlotLabelTable& labels, const FoundBooking& booking) {
-  return WeekdayName(booking.Day) + ", " + DateText(booking.Day) + ", " +
-         RangeLabel(labels, booking.Slots) + ", " + ShownName(booking.Facility) + ", " +
-         ShownName(booking.Event);
+Phrase FoundLine(const SlotLabelTable& labels, const FoundBooking& booking) {
+  return WeekdayWord(booking.Day) +
+         (", " + DateText(booking.Day) + ", " + RangeLabel(labels, booking.Slots) + ", " +
+          ShownName(booking.Facility) + ", " + ShownName(booking.Event));
 }
 
 }  // namespace veyra::modRes

@@ -107,6 +107,6 @@ class BookingFinder {
 };
 
 /// "Saturday, 3/15/2014,  9:00A-10:30A, Main Hall, Smith"
-std::string FoundLine(const SlotLabelTable& labels, const FoundBooking& booking);
+Phrase FoundLine(const SlotLabelTable& labels, const FoundBooking& booking);
 
 }  // namespace veyra::modRes

@@ -139,10 +139,10 @@ void FreeTimeFinder::LookAtDay() {
   found_.insert(found_.end(), of_day.begin(), of_day.end());
 }
 
-std::string FreeTimeLine(const SlotLabelTable& labels, const FreeTimeWish& wish,
-                         const FreeTime& free) {
-  return WeekdayName(free.Day) + ", " + DateText(free.Day) + ", " + RangeLabel(labels, free.Slots) +
-         ", " + ShownName(wish.Facilities.at(free.Place).Name);
+Phrase FreeTimeLine(const SlotLabelTable& labels, const FreeTimeWish& wish, const FreeTime& free) {
+  return WeekdayWord(free.Day) +
+         (", " + DateText(free.Day) + ", " + RangeLabel(labels, free.Slots) + ", " +
+          ShownName(wish.Facilities.at(free.Place).Name));
 }
 
 }  // namespace veyra::modRes

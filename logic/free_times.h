@@ -97,7 +97,6 @@ class FreeTimeFinder {
 };
 
 /// "Saturday, 3/15/2014,  9:00A-10:30A, Main Hall"
-std::string FreeTimeLine(const SlotLabelTable& labels, const FreeTimeWish& wish,
-                         const FreeTime& free);
+Phrase FreeTimeLine(const SlotLabelTable& labels, const FreeTimeWish& wish, const FreeTime& free);
 
 }  // namespace veyra::modRes

@@ -89,8 +89,8 @@ std::optional<FieldValues> Parsed(const std::optional<std::string>& text, std::i
   auto fields = ParseJournalText(*text);
   if (!fields) {
     throw DatabaseError({{},
-                         "Entry " + std::to_string(number) + " of the journal cannot be read.",
-                         "Nothing was changed. Restore a backup instead."});
+                         Phrase::Tr("Entry %1 of the journal cannot be read.", number),
+                         Phrase::Tr("Nothing was changed. Restore a backup instead.")});
   }
   return fields;
 }

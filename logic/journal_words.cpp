@@ -2,6 +2,7 @@
 
 #include "data/journal.h"
 #include "data/names.h"
+#include "data/shown_name.h"
 
 namespace veyra::modRes {
 
@@ -44,23 +45,31 @@ void JournalWords::Learn(const FieldValues& fields) {
   names_.try_emplace(ToInteger(FieldIn(fields, "ID")).value_or(0), ToText(FieldIn(fields, "Name")));
 }
 
-std::string JournalWords::FacilityName(std::int64_t id) const {
+Phrase JournalWords::FacilityName(std::int64_t id) const {
   const auto name = names_.find(id);
-  return name == names_.end() ? "no facility (" + std::to_string(id) + ")" : name->second;
+  return name == names_.end() ? Phrase::Tr("no facility (%1)", id) : ShownName(name->second);
 }
 
-std::string JournalWords::Of(const std::string& table, const FieldValues& fields) const {
+Phrase JournalWords::Of(const std::string& table, const FieldValues& fields) const {
   if (SameName(table, "Rooms")) {
-    return "the facility " + ToText(FieldIn(fields, "Name"));
+    return Phrase::Tr("the facility %1", ShownName(ToText(FieldIn(fields, "Name"))));
   }
-  if (SameName(table, "Settings")) {
-    return "the colours";
+  return SameName(table, "Settings") ? Phrase::Tr("the colours") : Booking(fields);
+}
+
+Phrase JournalWords::AtBeginning(const std::string& table, const FieldValues& fields) const {
+  if (SameName(table, "Rooms")) {
+    return Phrase::Tr("The facility %1", ShownName(ToText(FieldIn(fields, "Name"))));
   }
+  return SameName(table, "Settings") ? Phrase::Tr("The colours") : Booking(fields);
+}
+
+Phrase JournalWords::Booking(const FieldValues& fields) const {
   const auto day = ToDate(FieldIn(fields, "DateOfRes"));
   const SlotRange slots{SlotOf(FieldIn(fields, "TimeFrom")), SlotOf(FieldIn(fields, "TimeTo"))};
   return FacilityName(ToInteger(FieldIn(fields, "RmID")).value_or(0)) + ", " +
-         (day ? DateText(*day) : "no date") + ", " + RangeLabel(labels_, slots) + " " +
-         ToText(FieldIn(fields, "Event"));
+         (day ? DateText(*day) : Phrase::Tr("no date")) + ", " + RangeLabel(labels_, slots) + " " +
+         ShownName(ToText(FieldIn(fields, "Event")));
 }
 
 }  // namespace veyra::modRes

@@ -18,15 +18,19 @@ class JournalWords {
   JournalWords(Store& store, const std::vector<JournalAction>& actions);
 
   /// "Pool, 3/5/2026,  9:00A-10:30A Smith"; "the facility Pool"; "the colours".
-  std::string Of(const std::string& table, const FieldValues& fields) const;
+  Phrase Of(const std::string& table, const FieldValues& fields) const;
+
+  /// The same as the beginning of a sentence: "The facility Pool".
+  Phrase AtBeginning(const std::string& table, const FieldValues& fields) const;
 
   /// "Pool", or "no facility (7)".
-  std::string FacilityName(std::int64_t id) const;
+  Phrase FacilityName(std::int64_t id) const;
 
   const std::map<std::int64_t, std::string>& Facilities() const { return names_; }
 
  private:
   void Learn(const FieldValues& fields);
+  Phrase Booking(const FieldValues& fields) const;
 
   SlotLabelTable labels_;
   std::map<std::int64_t, std::string> names_;

@@ -39,10 +39,8 @@ Date FirstDayOf(int year, int month) {
   const auto first_day =
       MakeDate(static_cast<int>(months / 12), static_cast<int>(months % 12) + 1, 1);
   if (!first_day) {
-    throw ValueError({"",
-                      "There is no month " + std::to_string(month) + " of the year " +
-                          std::to_string(year) + ".",
-                      "Turn to another month."});
+    throw ValueError({"", Phrase::Tr("There is no month %1 of the year %2.", month, year),
+                      Phrase::Tr("Turn to another month.")});
   }
   return *first_day;
 }

@@ -15,8 +15,9 @@ constexpr std::int64_t kDaysPerReport = 64;
 Date DateOfText(const std::string& text, Date today) {
   const auto date = ParseDate(text, today);
   if (!date) {
-    throw ValueError({"", "\"" + text + "\" is not a date.",
-                      "Enter the dates of the multiple booking again, for example 3/15/2014."});
+    throw ValueError(
+        {"", Phrase::Tr("\"%1\" is not a date.", text),
+         Phrase::Tr("Enter the dates of the multiple booking again, for example 3/15/2014.")});
   }
   return *date;
 }
@@ -46,7 +47,7 @@ void CheckDate(Session& session, Date day, Conflicts& conflicts) {
 std::optional<Conflicts> FindConflicts(Session& session, const PlannedRange& range,
                                        Dialogs& dialogs) {
   const auto progress =
-      dialogs.StartProgress("Looking for conflicting bookings ...", EarlyEnd::Cancel);
+      dialogs.StartProgress(Phrase::Tr("Looking for conflicting bookings ..."), EarlyEnd::Cancel);
   Conflicts conflicts;
   const bool finished =
       ForEachPlannedDate(range, *progress, [&](Date day) { CheckDate(session, day, conflicts); });
@@ -124,6 +125,25 @@ std::string WeekdayName(Date date) {
   constexpr std::array<const char*, 7> kNames = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                  "Thursday", "Friday", "Saturday"};
   return kNames.at(static_cast<std::size_t>(WeekdayNumber(date)) - 1);
+}
+
+Phrase WeekdayWord(Date date) {
+  switch (WeekdayNumber(date)) {
+    case 1:
+      return Phrase::Tr("Sunday");
+    case 2:
+      return Phrase::Tr("Monday");
+    case 3:
+      return Phrase::Tr("Tuesday");
+    case 4:
+      return Phrase::Tr("Wednesday");
+    case 5:
+      return Phrase::Tr("Thursday");
+    case 6:
+      return Phrase::Tr("Friday");
+    default:
+      return Phrase::Tr("Saturday");
+  }
 }
 
 std::string ClashQuery(const Session& session, Date day) {

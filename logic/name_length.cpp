@@ -6,19 +6,18 @@
 namespace veyra::modRes {
 namespace {
 
-std::string TooLong(Connection& calendar, const char* table, const char* column,
-                    const std::string& name) {
+Phrase TooLong(Connection& calendar, const char* table, const char* column,
+               const std::string& name) {
   const std::size_t length = CharacterCount(name);
   const std::size_t fitting = calendar.FittingCharacters(table, column, name);
   if (fitting >= length) {
     return {};
   }
-  return "This name is " + std::to_string(length) + " characters long; the calendar holds " +
-         std::to_string(fitting) + ".";
+  return Phrase::Tr("This name is %1 characters long; the calendar holds %2.", length, fitting);
 }
 
 template <typename Question>
-std::string WhenItCanBeAsked(const Question& question) {
+Phrase WhenItCanBeAsked(const Question& question) {
   try {
     return question();
   } catch (const DatabaseError&) {
@@ -29,26 +28,27 @@ std::string WhenItCanBeAsked(const Question& question) {
 
 }  // namespace
 
-std::string BookingNameTooLong(Session& session, const std::string& name) {
+Phrase BookingNameTooLong(Session& session, const std::string& name) {
   return TooLong(*session.ResCon, "Reserv", "Event", name);
 }
 
-std::string FacilityNameTooLong(Session& session, const std::string& name) {
+Phrase FacilityNameTooLong(Session& session, const std::string& name) {
   return TooLong(*session.ResCon, "Rooms", "Name", name);
 }
 
-std::string BookingNameHint(Session& session, const std::string& name) {
+Phrase BookingNameHint(Session& session, const std::string& name) {
   return WhenItCanBeAsked([&] { return BookingNameTooLong(session, name); });
 }
 
-std::string FacilityNameHint(Session& session, const std::string& name) {
+Phrase FacilityNameHint(Session& session, const std::string& name) {
   return WhenItCanBeAsked([&] { return FacilityNameTooLong(session, name); });
 }
 
 void RequireBookingNameFits(Session& session, const std::string& name) {
-  const std::string too_long = BookingNameTooLong(session, name);
-  if (!too_long.empty()) {
-    throw NameTooLongError({"", too_long, "Nothing was changed. Choose a shorter name."});
+  const Phrase too_long = BookingNameTooLong(session, name);
+  if (!too_long.IsEmpty()) {
+    throw NameTooLongError(
+        {"", too_long, Phrase::Tr("Nothing was changed. Choose a shorter name.")});
   }
 }
 

@@ -24,8 +24,8 @@ GroupDates DatesOf(Recordset& group) {
   return dates;
 }
 
-std::string DayText(const std::optional<Date>& day) {
-  return day ? DateText(*day) : "a day without a date";
+Phrase DayText(const std::optional<Date>& day) {
+  return day ? DateText(*day) : Phrase::Tr("a day without a date");
 }
 
 std::string TimesOf(const Session& session, Recordset& booking) {
@@ -33,10 +33,9 @@ std::string TimesOf(const Session& session, Recordset& booking) {
                     {SlotOf(booking.Field("TimeFrom")), SlotOf(booking.Field("TimeTo"))});
 }
 
-std::string GroupLine(Session& session, const Value& group_key) {
+Phrase GroupLine(Session& session, const Value& group_key) {
   const GroupDates dates = DatesOfGroup(session, group_key);
-  return std::to_string(dates.Count) + " dates, " + DayText(dates.First) + " to " +
-         DayText(dates.Last);
+  return Phrase::Tr("%1 dates, %2 to %3", dates.Count, DayText(dates.First), DayText(dates.Last));
 }
 
 }  // namespace
@@ -86,25 +85,26 @@ bool IsGroupMeant(Session& session, const Value& group_key, Message question, Di
   return dialogs.MsgBox(question) == Answer::Yes;
 }
 
-std::string PickedDetails(Session& session, const std::string& name) {
+Phrase PickedDetails(Session& session, const std::string& name) {
   const Rows picked = FindPicked(session);
   if (picked->AtEnd()) {
-    return "No booking covers the whole of the selected time: there is nothing to change.";
+    return Phrase::Tr(
+        "No booking covers the whole of the selected time: there is nothing to change.");
   }
-  std::string text = ShownName(CurrentFacility(session).value_or("")) + ", " +
-                     WeekdayName(session.DayDate) + " " + DateText(session.DayDate) + ", " +
-                     TimesOf(session, *picked);
+  Phrase text = ShownName(CurrentFacility(session).value_or("")) + ", " +
+                WeekdayWord(session.DayDate) + " " + DateText(session.DayDate) + ", " +
+                TimesOf(session, *picked);
   if (const std::string held = ToText(picked->Field("Event")); held != name) {
-    text += kLineBreak + ("By now it is booked for " + ShownName(held) + ".");
+    text += kLineBreak + Phrase::Tr("By now it is booked for %1.", ShownName(held));
   }
   const Value group_key = picked->Field("MultKey");
   if (IsGroupKey(group_key)) {
-    text += kLineBreak + ("One of a group: " + GroupLine(session, group_key));
+    text += kLineBreak + Phrase::Tr("One of a group: %1", GroupLine(session, group_key));
   }
   return text;
 }
 
-std::string GroupDetails(Session& session, const Value& group_key) {
+Phrase GroupDetails(Session& session, const Value& group_key) {
   return ShownName(CurrentFacility(session).value_or("")) + ": " + GroupLine(session, group_key);
 }
 

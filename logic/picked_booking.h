@@ -39,9 +39,9 @@ bool IsGroupMeant(Session& session, const Value& group_key, Message question, Di
 /// group the number of its dates, the first and the last of them. `name` is what the question calls
 /// it; a booking that has another name by now is called by that too.
 /// Throws DatabaseError.
-std::string PickedDetails(Session& session, const std::string& name);
+Phrase PickedDetails(Session& session, const std::string& name);
 
 /// The same for a question about a whole group.
-std::string GroupDetails(Session& session, const Value& group_key);
+Phrase GroupDetails(Session& session, const Value& group_key);
 
 }  // namespace veyra::modRes

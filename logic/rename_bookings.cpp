@@ -18,12 +18,12 @@ namespace veyra::modRes {
 namespace {
 
 const RowActionWords kWords{
-    .Progress = "Renaming bookings ...",
-    .Done = "bookings have the new name.",
+    .Progress = Phrase::Tr("Renaming bookings ..."),
+    .Done = Phrase::Tr("bookings have the new name."),
     .PassedOver = {},
-    .Continue = "Continue renames the other bookings of the group.",
-    .Undo = "Undo gives the renamed bookings their old names back.",
-    .Undone = "The renamed bookings have their old names again.",
+    .Continue = Phrase::Tr("Continue renames the other bookings of the group."),
+    .Undo = Phrase::Tr("Undo gives the renamed bookings their old names back."),
+    .Undone = Phrase::Tr("The renamed bookings have their old names again."),
 };
 
 /// Gives every row of a record set one name.
@@ -40,7 +40,7 @@ class RenameRows : public RowAction {
   }
 
   std::size_t Count() const override { return places_.size(); }
-  std::string NameOf(std::size_t row) const override { return BookingOn(places_.at(row).second); }
+  Phrase NameOf(std::size_t row) const override { return BookingOn(places_.at(row).second); }
 
   bool Do(std::size_t row) override {
     bookings_->MoveTo(places_.at(row).first);

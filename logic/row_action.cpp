@@ -131,7 +131,7 @@ std::optional<Halt> Run::Flush() {
       states_[row] = RowState::Uncertain;
     }
     const std::size_t row = unflushed_.empty() ? 0 : unflushed_.front().first;
-    return Halt{row, "saving them on the disk", std::current_exception()};
+    return Halt{row, Phrase::Tr("saving them on the disk"), std::current_exception()};
   }
   for (const auto& [row, state] : std::exchange(unflushed_, {})) {
     states_[row] = state;
@@ -140,8 +140,8 @@ std::optional<Halt> Run::Flush() {
 }
 
 std::optional<Halt> Run::WalkRows() {
-  const auto progress =
-      dialogs_.StartProgress(undoing_ ? "Taking back ..." : words_.Progress, EarlyEnd::Stop);
+  const auto progress = dialogs_.StartProgress(
+      undoing_ ? Phrase::Tr("Taking back ...") : words_.Progress, EarlyEnd::Stop);
   const RowState from = undoing_ ? RowState::Done : RowState::Open;
   gathered_.clear();
   for (std::size_t row = 0; row < states_.size(); ++row) {
@@ -323,10 +323,8 @@ RowActionResult CarryOut(Connection& connection, RowAction& action, const RowAct
   return Run(connection, action, words, dialogs).CarryOut();
 }
 
-std::string ResultText(const RowActionResult& result, const RowActionWords& words,
-                       const std::string& text) {
-  const std::string& outcome = result.TakenBack ? words.Undone : text;
-  return result.Remark.empty() ? outcome : outcome + kLineBreak + result.Remark;
+Phrase ResultText(const RowActionResult& result, const RowActionWords& words, const Phrase& text) {
+  return JoinedLines({result.TakenBack ? words.Undone : text, result.Remark}, kLineBreak);
 }
 
 }  // namespace veyra::modRes

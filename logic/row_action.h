@@ -22,7 +22,7 @@ class RowAction {
   virtual bool IsCounted(std::size_t) const { return true; }
 
   /// The row as it reads within a sentence: "the booking on 4/6/2014".
-  virtual std::string NameOf(std::size_t row) const = 0;
+  virtual Phrase NameOf(std::size_t row) const = 0;
 
   /// Does it. Returns false when the row is to be passed over, having changed nothing. Throws
   /// DatabaseError: OutcomeUnknownError when it may have been done, else having changed nothing.
@@ -54,7 +54,7 @@ struct RowActionResult {
   std::size_t Done = 0;    ///< Rows that are done, and not taken back.
   bool TakenBack = false;  ///< The operator had it all taken back.
   bool Halted = false;     ///< It did not come to its end in one go.
-  std::string Remark;      ///< What else the operator must be told; mostly nothing.
+  Phrase Remark;           ///< What else the operator must be told; mostly nothing.
 };
 
 /// Does it to every row, showing how far it has come. When it fails after something was done, or
@@ -70,7 +70,6 @@ RowActionResult CarryOut(Connection& connection, RowAction& action, const RowAct
                          Dialogs& dialogs);
 
 /// What to tell the operator in the end: `text`, or that it was taken back, and the remark.
-std::string ResultText(const RowActionResult& result, const RowActionWords& words,
-                       const std::string& text);
+Phrase ResultText(const RowActionResult& result, const RowActionWords& words, const Phrase& text);
 
 }  // namespace veyra::modRes

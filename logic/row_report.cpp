@@ -5,26 +5,16 @@
 namespace veyra::modRes {
 namespace {
 
-void AddLine(std::string& text, const std::string& line) {
-  if (!line.empty()) {
-    text += (text.empty() ? "" : kLineBreak) + line;
-  }
-}
-
 /// The cause and what to do about it. What it means for the one row, and to look what became of it,
 /// is left out: it says nothing of the rows before it, and somebody has looked.
-std::string CauseOf(const std::exception_ptr& failure) {
+Phrase CauseOf(const std::exception_ptr& failure) {
   try {
     std::rethrow_exception(failure);
+  } catch (const OutcomeUnknownError& error) {
+    return JoinedLines({error.report().File, error.report().Cause}, kLineBreak);
   } catch (const Error& error) {
     const Report& report = error.report();
-    std::string text;
-    AddLine(text, report.File);
-    AddLine(text, report.Cause);
-    if (dynamic_cast<const OutcomeUnknownError*>(&error) == nullptr) {
-      AddLine(text, report.Advice);
-    }
-    return text;
+    return JoinedLines({report.File, report.Cause, report.Advice}, kLineBreak);
   } catch (const std::exception& fault) {
     return fault.what();
   }
@@ -33,49 +23,56 @@ std::string CauseOf(const std::exception_ptr& failure) {
 /// So many are named one by one.
 constexpr std::size_t kMostNamed = 3;
 
-std::string UncertainText(const std::vector<std::string>& rows) {
-  std::string text;
+Phrase UncertainText(const std::vector<Phrase>& rows) {
   if (rows.size() > kMostNamed) {
-    return "It is not known what became of " + Together(rows.front(), rows.size()) +
-           ". Look at them in the calendar.";
+    return Phrase::Tr("It is not known what became of %1. Look at them in the calendar.",
+                      Together(rows.front(), rows.size()));
   }
-  for (const std::string& row : rows) {
-    AddLine(text, "It is not known what became of " + row + ". Look at it in the calendar.");
+  std::vector<Phrase> lines;
+  for (const Phrase& row : rows) {
+    lines.push_back(
+        Phrase::Tr("It is not known what became of %1. Look at it in the calendar.", row));
   }
-  return text;
+  return JoinedLines(lines, kLineBreak);
 }
 
-std::string HowFar(const RowActionWords& words, const RowCounts& counts) {
-  return std::to_string(counts.Done) + " of " + std::to_string(counts.All) + " " + words.Done;
+Phrase HowFar(const RowActionWords& words, const RowCounts& counts) {
+  return Phrase::Tr("%1 of %2 %3", counts.Done, counts.All, words.Done);
+}
+
+Phrase PassedOver(const RowActionWords& words, const RowCounts& counts) {
+  return counts.PassedOver > 0 ? words.PassedOver + std::to_string(counts.PassedOver) + "."
+                               : Phrase();
+}
+
+Phrase WhyHalted(const Halt& halt) {
+  if (!halt.Failure) {
+    return Phrase::Tr("You stopped it there.");
+  }
+  return halt.Passed ? Phrase::Tr("Then %1 failed, but was saved all the same:", halt.Name)
+                     : Phrase::Tr("Then %1 failed:", halt.Name);
 }
 
 }  // namespace
 
-std::string Together(const std::string& first, std::size_t count) {
+Phrase Together(const Phrase& first, std::size_t count) {
   if (count < 2) {
     return first;
   }
-  return first + " and " + std::to_string(count - 1) + (count == 2 ? " other" : " others");
+  return count == 2 ? Phrase::Tr("%1 and 1 other", first)
+                    : Phrase::Tr("%1 and %2 others", first, count - 1);
 }
 
 Message HaltQuestion(const RowActionWords& words, const RowCounts& counts, const Halt& halt) {
-  std::string text = HowFar(words, counts);
-  if (counts.PassedOver > 0) {
-    AddLine(text, words.PassedOver + std::to_string(counts.PassedOver) + ".");
-  }
-  AddLine(text, Remarks(counts));
-  if (halt.Failure) {
-    AddLine(text, "Then " + halt.Name + " failed" +
-                      (halt.Passed ? ", but was saved all the same:" : ":"));
-    AddLine(text, CauseOf(halt.Failure));
-  } else {
-    AddLine(text, "You stopped it there.");
-  }
-  return {.Text = text,
+  const Phrase cause = halt.Failure ? CauseOf(halt.Failure) : Phrase();
+  return {.Text = JoinedLines({HowFar(words, counts), PassedOver(words, counts), Remarks(counts),
+                               WhyHalted(halt), cause},
+                              kLineBreak),
           .Choice = Buttons::ContinueUndoKeep,
           .Sign = halt.Failure ? Icon::Critical : Icon::Question,
-          .Details = words.Continue + kLineBreak + words.Undo + kLineBreak +
-                     "Keep leaves everything as it is now.",
+          .Details = JoinedLines(
+              {words.Continue, words.Undo, Phrase::Tr("Keep leaves everything as it is now.")},
+              kLineBreak),
           .Default = Answer::Keep};
 }
 
@@ -87,22 +84,22 @@ void RequireSameFile(const RowActionWords& words, const RowCounts& counts, const
     std::rethrow_exception(halt.Failure);
   } catch (const FileReplacedError& error) {
     Report report = error.report();
-    report.Effect = "In the file that was open until now " + HowFar(words, counts);
-    AddLine(report.Effect, Remarks(counts));
+    report.Effect =
+        JoinedLines({Phrase::Tr("In the file that was open until now %1", HowFar(words, counts)),
+                     Remarks(counts)},
+                    kLineBreak);
     throw FileReplacedError(report);
   } catch (const std::exception&) {
     return;  // Of this the operator is asked.
   }
 }
 
-std::string Remarks(const RowCounts& counts) {
-  std::string text;
-  if (counts.Foreign > 0) {
-    AddLine(text, "Left alone because another program has changed them: " +
-                      std::to_string(counts.Foreign) + ".");
-  }
-  AddLine(text, UncertainText(counts.Uncertain));
-  return text;
+Phrase Remarks(const RowCounts& counts) {
+  const Phrase foreign =
+      counts.Foreign > 0
+          ? Phrase::Tr("Left alone because another program has changed them: %1.", counts.Foreign)
+          : Phrase();
+  return JoinedLines({foreign, UncertainText(counts.Uncertain)}, kLineBreak);
 }
 
 }  // namespace veyra::modRes

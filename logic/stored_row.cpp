@@ -51,8 +51,9 @@ Rows FindBooking(Session& session, const FieldValues& fields) {
   return bookings;
 }
 
-std::string BookingOn(const std::optional<Date>& day) {
-  return day ? "the booking on " + DateText(*day) : "the booking without a date";
+Phrase BookingOn(const std::optional<Date>& day) {
+  return day ? Phrase::Tr("the booking on %1", DateText(*day))
+             : Phrase::Tr("the booking without a date");
 }
 
 }  // namespace veyra::modRes

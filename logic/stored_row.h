@@ -25,6 +25,6 @@ void AddRow(Recordset& rows, const FieldValues& fields);
 Rows FindBooking(Session& session, const FieldValues& fields);
 
 /// "the booking on 4/6/2014", or "the booking without a date".
-std::string BookingOn(const std::optional<Date>& day);
+Phrase BookingOn(const std::optional<Date>& day);
 
 }  // namespace veyra::modRes

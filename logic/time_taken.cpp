@@ -14,7 +14,7 @@ Message TimesTaken(const Session& session, const TimeTakenError& taken) {
     lines += (lines.empty() ? "" : kLineBreak) + TimesLabel(session.SlotLabel, range) + " " +
              ShownName(time.Name);
   }
-  return {.Text = "Nothing was booked: somebody else has booked these times meanwhile.",
+  return {.Text = Phrase::Tr("Nothing was booked: somebody else has booked these times meanwhile."),
           .Sign = Icon::Exclamation,
           .Details = lines};
 }

@@ -8,6 +8,7 @@
 
 #include "data/journal.h"
 #include "data/names.h"
+#include "data/shown_name.h"
 #include "logic/current_rows.h"
 #include "logic/slots.h"
 
@@ -83,8 +84,9 @@ class Planner {
   void TakeWhatItLeft(const JournalledChange& change) {
     const auto* found = rows_.Take(change.Table, *change.After);
     if (found == nullptr) {
-      plan_.Obstacles.push_back(Sentence(change, *change.After) +
-                                " is no longer as it was left: " + WhatStandsThere(change) + ".");
+      plan_.Obstacles.push_back(Phrase::Tr("%1 is no longer as it was left: %2.",
+                                           words_.AtBeginning(change.Table, *change.After),
+                                           WhatStandsThere(change)));
       return;
     }
     if (!change.Before) {
@@ -137,9 +139,9 @@ class Planner {
     for (const auto& room : rows_.Beside("Rooms", {})) {
       const bool is_same = RoomIn(room.Fields) == RoomIn(*change.Before);
       if (!room.IsTaken && (is_same || NameIn(room.Fields) == NameIn(*change.Before))) {
-        plan_.Obstacles.push_back(Sentence(change, *change.Before) +
-                                  " cannot come back: there is a facility " + NameIn(room.Fields) +
-                                  " now.");
+        plan_.Obstacles.push_back(Phrase::Tr("%1 cannot come back: there is a facility %2 now.",
+                                             words_.AtBeginning(change.Table, *change.Before),
+                                             ShownName(NameIn(room.Fields))));
         return;
       }
     }
@@ -148,14 +150,16 @@ class Planner {
   void CheckTimeIsFree(const JournalledChange& change) {
     const FieldValues& booking = *change.Before;
     if (!HasRoom(ToInteger(FieldIn(booking, "RmID")).value_or(0))) {
-      plan_.Obstacles.push_back(Sentence(change, booking) +
-                                " cannot come back: the facility is not there any more.");
+      plan_.Obstacles.push_back(
+          Phrase::Tr("%1 cannot come back: the facility is not there any more.",
+                     words_.AtBeginning(change.Table, booking)));
       return;
     }
     for (const auto& other : rows_.Beside(change.Table, booking)) {
       if (!other.IsTaken && Overlap(booking, other.Fields)) {
-        plan_.Obstacles.push_back(Sentence(change, booking) + " cannot come back: " +
-                                  words_.Of(change.Table, other.Fields) + " stands there now.");
+        plan_.Obstacles.push_back(Phrase::Tr("%1 cannot come back: %2 stands there now.",
+                                             words_.AtBeginning(change.Table, booking),
+                                             words_.Of(change.Table, other.Fields)));
         return;
       }
     }
@@ -174,31 +178,23 @@ class Planner {
   void CheckNothingIsLeftBehind() {
     for (const FieldValues& room : gone_rooms_) {
       if (const std::size_t count = rows_.CountBookingsOf(RoomIn(room)); count > 0) {
-        plan_.Obstacles.push_back("The facility " + NameIn(room) + " cannot go: it has " +
-                                  std::to_string(count) + " bookings now.");
+        plan_.Obstacles.push_back(Phrase::Tr("The facility %1 cannot go: it has %2 bookings now.",
+                                             ShownName(NameIn(room)), count));
       }
     }
   }
 
-  std::string WhatStandsThere(const JournalledChange& change) {
+  Phrase WhatStandsThere(const JournalledChange& change) {
     for (const auto& other : rows_.Beside(change.Table, *change.After)) {
       const bool is_there = IsRoom(change) ? RoomIn(other.Fields) == RoomIn(*change.After)
                             : IsBooking(change)
                                 ? !other.IsTaken && Overlap(*change.After, other.Fields)
                                 : true;
       if (is_there) {
-        return words_.Of(change.Table, other.Fields) + " stands there now";
+        return Phrase::Tr("%1 stands there now", words_.Of(change.Table, other.Fields));
       }
     }
-    return "it is not there";
-  }
-
-  std::string Sentence(const JournalledChange& change, const FieldValues& fields) const {
-    std::string words = words_.Of(change.Table, fields);
-    if (words.starts_with("the ")) {
-      words.front() = 'T';
-    }
-    return words;
+    return Phrase::Tr("it is not there");
   }
 
   /// The fields of the row as it was that it has no longer.

@@ -13,7 +13,7 @@ namespace veyra::modRes {
 struct UndoPlan {
   std::int64_t Number = 0;                  ///< The action's.
   std::vector<JournalledChange> TakenBack;  ///< What it did, row by row.
-  std::vector<std::string> Obstacles;       ///< Why it cannot be: sentences that name what stands
+  std::vector<Phrase> Obstacles;            ///< Why it cannot be: sentences that name what stands
                                             ///< there now. None when it can be taken back.
   std::vector<RowChange> Changes;           ///< What takes it back.
   std::vector<QueryResult> Seen;            ///< What that rests on.

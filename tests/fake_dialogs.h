@@ -20,7 +20,7 @@ inline std::string Rendered(const Message& message) {
   constexpr const char* kButtons[] = {"OK", "OK/Cancel", "Yes/No", "Continue/Undo/Keep"};
   constexpr const char* kIcons[] = {"", " Critical", " Question", " Exclamation", " Information"};
   return std::string("[") + kButtons[static_cast<int>(message.Choice)] +
-         kIcons[static_cast<int>(message.Sign)] + "] " + message.Text;
+         kIcons[static_cast<int>(message.Sign)] + "] " + message.Text.English();
 }
 
 /// An operator who answers as told beforehand. Every box is kept; a question for which no answer
@@ -62,9 +62,10 @@ class FakeDialogs : public Dialogs {
     return message.Choice == Buttons::Ok ? Answer::Ok : TakeAnswer(message);
   }
 
-  std::string InputBox(const std::string& prompt, const std::string& title,
+  std::string InputBox(const Phrase& prompt, const Phrase& title,
                        const std::string& default_text) override {
-    boxes_.push_back("[Input " + title + "] " + prompt + " (" + default_text + ")");
+    boxes_.push_back("[Input " + title.English() + "] " + prompt.English() + " (" + default_text +
+                     ")");
     if (texts_.empty()) {
       ADD_FAILURE() << "unexpected request for a text: " << prompt;
       return {};
@@ -74,8 +75,8 @@ class FakeDialogs : public Dialogs {
     return text;
   }
 
-  std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) override {
-    progress_boxes_.push_back(text);
+  std::unique_ptr<Progress> StartProgress(const Phrase& text, EarlyEnd early_end) override {
+    progress_boxes_.push_back(text.English());
     if (early_end == EarlyEnd::None) {
       return std::make_unique<FakeProgress>(std::nullopt);
     }

@@ -141,7 +141,7 @@ class RowBatch {
       try {
         target_.Insert(table_.Name, fields);
       } catch (const ValueRefusedError& error) {
-        from.FailAt(number, error.report().Cause);
+        from.FailAt(number, error.report().Cause.English());
       }
     }
     from.Fail("The new file cannot hold it together with the rows before it.");

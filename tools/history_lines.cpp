@@ -7,8 +7,8 @@ namespace veyra {
 namespace {
 
 std::string LineOf(const modRes::JournalledChange& change, const modRes::JournalWords& words) {
-  const auto before = change.Before ? words.Of(change.Table, *change.Before) : std::string();
-  const auto after = change.After ? words.Of(change.Table, *change.After) : std::string();
+  const std::string before = change.Before ? words.Of(change.Table, *change.Before).English() : "";
+  const std::string after = change.After ? words.Of(change.Table, *change.After).English() : "";
   if (!change.Before) {
     return "+ " + after;
   }

@@ -11,11 +11,12 @@ namespace {
 
 Report NotFinished(const std::string& file_name, const UnfinishedChange& change) {
   return {file_name,
-          "The program broke off while it was writing " + change.What +
-              ", and another program has changed the file since. This change was not finished.",
-          "Look whether it is there, and make it again if it is not. What was to be written is "
-          "kept as " +
-              change.KeptAs.filename().string() + "."};
+          Phrase::Tr("The program broke off while it was writing %1, and another program has "
+                     "changed the file since. This change was not finished.",
+                     change.What),
+          Phrase::Tr("Look whether it is there, and make it again if it is not. What was to be "
+                     "written is kept as %1.",
+                     change.KeptAs.filename().string())};
 }
 
 }  // namespace

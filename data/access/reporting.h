@@ -21,15 +21,15 @@ auto Reporting(const std::string& file, const std::string& table, const Work& wo
     ReportAs(problem, file, table);
   } catch (const FileBusy& problem) {
     if (problem.IsCancelled()) {
-      throw WaitCancelledError({file, problem.what(), problem.advice()});
+      throw WaitCancelledError({file, problem.cause(), problem.advice()});
     }
-    throw DatabaseBusyError({file, problem.what(), problem.advice()});
+    throw DatabaseBusyError({file, problem.cause(), problem.advice()});
   } catch (const ValueRefused& problem) {
-    throw ValueRefusedError({file, problem.what(), problem.advice()});
+    throw ValueRefusedError({file, problem.cause(), problem.advice()});
   } catch (const OutcomeUnknown& problem) {
-    throw veyra::OutcomeUnknown(file, problem.what());
+    throw veyra::OutcomeUnknown(file, problem.cause());
   } catch (const FileProblem& problem) {
-    throw DatabaseError({file, problem.what(), problem.advice()});
+    throw DatabaseError({file, problem.cause(), problem.advice()});
   }
 }
 

@@ -12,16 +12,17 @@ namespace veyra::postgres {
 
 namespace {
 
-ValueRefusedError Refused(const std::string& file, const Column& column, const std::string& why) {
-  return ValueRefusedError({file, "The column " + column.Name + " cannot hold the value: " + why,
-                            "Enter another one.", "Nothing was saved."});
+ValueRefusedError Refused(const std::string& file, const Column& column, const Phrase& why) {
+  return ValueRefusedError(
+      {file, Phrase::Tr("The column %1 cannot hold the value: %2.", column.Name, why),
+       Phrase::Tr("Enter another one."), Phrase::Tr("Nothing was saved.")});
 }
 
 std::optional<std::string> WholeNumber(const std::string& file, const Column& column,
                                        const Value& value) {
   const auto number = ToInteger(value);
   if (!number) {
-    throw Refused(file, column, "it is not a whole number.");
+    throw Refused(file, column, Phrase::Tr("it is not a whole number"));
   }
   return std::to_string(*number);
 }
@@ -30,7 +31,7 @@ std::optional<std::string> Double(const std::string& file, const Column& column,
                                   const Value& value) {
   const auto number = ToDouble(value);
   if (!number) {
-    throw Refused(file, column, "it is not a number.");
+    throw Refused(file, column, Phrase::Tr("it is not a number"));
   }
   return NumberText(*number);
 }
@@ -38,7 +39,7 @@ std::optional<std::string> Double(const std::string& file, const Column& column,
 std::optional<std::string> Day(const std::string& file, const Column& column, const Value& value) {
   const auto day = ToDate(value);
   if (!day) {
-    throw Refused(file, column, "it is not a date.");
+    throw Refused(file, column, Phrase::Tr("it is not a date"));
   }
   return IsoText(*day);
 }
@@ -46,7 +47,7 @@ std::optional<std::string> Day(const std::string& file, const Column& column, co
 std::optional<std::string> Text(const std::string& file, const Column& column, const Value& value) {
   const std::string text = ToText(value);
   if (StorableCharacters(text) < CharacterCount(text)) {
-    throw Refused(file, column, "there is something in it that is not a character.");
+    throw Refused(file, column, Phrase::Tr("there is something in it that is not a character"));
   }
   return text;
 }

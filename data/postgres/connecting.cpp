@@ -30,22 +30,23 @@ PGconn* Start(const Libpq& libpq, const Address& address) {
   const std::string why =
       connection == nullptr ? "too little memory" : FirstLine(libpq.ErrorMessage(connection));
   const bool needs_password = connection != nullptr && libpq.NeedsPassword(connection) != 0;
-  throw DatabaseError({address.File, "The calendar's server cannot be reached: " + why + ".",
-                       needs_password
-                           ? "Put the password into the file ~/.pgpass of this account."
-                           : "Check the network, that the server is running, and that the link "
-                             "names the right one."});
+  throw DatabaseError(
+      {address.File, Phrase::Tr("The calendar's server cannot be reached: %1.", why),
+       needs_password ? Phrase::Tr("Put the password into the file ~/.pgpass of this account.")
+                      : Phrase::Tr("Check the network, that the server is running, and that the "
+                                   "link names the right one.")});
 }
 
 void Await(const Libpq& libpq, const Address& address, PGconn* connection, ReplyWait& wait,
            bool for_writing) {
   while (!wait.Poll(libpq.Socket(connection), for_writing)) {
     if (wait.WasCancelled()) {
-      throw WaitCancelledError({address.File, "The wait for the calendar's server was ended.", {}});
+      throw WaitCancelledError(
+          {address.File, Phrase::Tr("The wait for the calendar's server was ended."), {}});
     }
     if (wait.Lasted() > kConnecting) {
-      throw DatabaseError({address.File, "The calendar's server does not answer.",
-                           "Check the network, and that the server is running."});
+      throw DatabaseError({address.File, Phrase::Tr("The calendar's server does not answer."),
+                           Phrase::Tr("Check the network, and that the server is running.")});
     }
   }
 }
@@ -92,10 +93,12 @@ void RequireSafeWay(const Libpq& libpq, const Address& address, PGconn* connecti
   }
   const std::string tls = TlsOf(libpq, connection);
   if (tls.empty() || tls == "prefer" || tls == "allow") {
-    throw DatabaseError({address.File,
-                         std::string("The calendar's server is another machine, ") +
-                             libpq.Host(connection) + ", and nothing says how to be sure of it.",
-                         "Put sslmode=verify-full into the service file."});
+    throw DatabaseError(
+        {address.File,
+         Phrase::Tr(
+             "The calendar's server is another machine, %1, and nothing says how to be sure of it.",
+             libpq.Host(connection)),
+         Phrase::Tr("Put sslmode=verify-full into the service file.")});
   }
 }
 

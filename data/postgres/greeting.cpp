@@ -47,9 +47,10 @@ void TakePlace(Session& session, StoreAccess access) {
   Wait wait(session.policy());
   while (!session.Run(sql).IsTrue(0, 0)) {
     if (!wait.GoOn()) {
-      throw DatabaseBusyError({session.file(),
-                               "Another desk has the calendar open and did not let go of it.",
-                               "Wait until the other desk has finished, and try again."});
+      throw DatabaseBusyError(
+          {session.file(),
+           Phrase::Tr("Another desk has the calendar open and did not let go of it."),
+           Phrase::Tr("Wait until the other desk has finished, and try again.")});
     }
   }
 }
@@ -63,9 +64,9 @@ void Greet(Session& session, const Greeting& greeting) {
                                                is_read_only ? "on" : "off", schema});
   if (greeting.SchemaIsThere && !found.IsTrue(0, kSchemaIsThere)) {
     throw DatabaseError({session.file(),
-                         "The server has no calendar in the schema \"" + schema + "\".",
-                         "Check that the link names the right database. \"veyra-data share\" puts "
-                         "a calendar there."});
+                         Phrase::Tr("The server has no calendar in the schema \"%1\".", schema),
+                         Phrase::Tr("Check that the link names the right database. \"veyra-data "
+                                    "share\" puts a calendar there.")});
   }
   TakePlace(session, greeting.Access);
 }

@@ -14,9 +14,9 @@ void* Open(const std::string& file) {
   void* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {
     throw DatabaseError({file,
-                         "The calendar is shared on a server, and what talks to such servers is "
-                         "not on this machine.",
-                         "Install the package libpq5, and start again."});
+                         Phrase::Tr("The calendar is shared on a server, and what talks to such "
+                                    "servers is not on this machine."),
+                         Phrase::Tr("Install the package libpq5, and start again.")});
   }
   return library;
 }
@@ -25,8 +25,8 @@ template <typename Function>
 void Find(void* library, const std::string& file, Function& function, const char* name) {
   void* const found = ::dlsym(library, name);
   if (found == nullptr) {
-    throw DatabaseError({file, std::string("The library ") + kLibrary + " lacks " + name + ".",
-                         "Bring the package libpq5 up to date, and start again."});
+    throw DatabaseError({file, Phrase::Tr("The library %1 lacks %2.", kLibrary, name),
+                         Phrase::Tr("Bring the package libpq5 up to date, and start again.")});
   }
   function = reinterpret_cast<Function>(found);
 }

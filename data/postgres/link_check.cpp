@@ -29,8 +29,9 @@ Settings Parse(const std::string& file, const std::string& server) {
   if (options == nullptr) {
     const std::string why = message == nullptr ? "too little memory" : OneLine(message);
     libpq.FreeMem(message);
-    throw DatabaseError({file, "The link does not name a server as it should: " + why + ".",
-                         "Write it as postgresql://USER@HOST/DATABASE or service=NAME."});
+    throw DatabaseError(
+        {file, Phrase::Tr("The link does not name a server as it should: %1.", why),
+         Phrase::Tr("Write it as postgresql://USER@HOST/DATABASE or service=NAME.")});
   }
   Settings settings;
   for (const PQconninfoOption* option = options; option->keyword != nullptr; ++option) {
@@ -55,9 +56,12 @@ std::string In(const Settings& settings, const std::string& name) {
 void RefusePassword(const std::string& file, const Settings& settings) {
   if (settings.contains("password") || settings.contains("sslpassword")) {
     throw DatabaseError(
-        {file, "There is a password in the link, which everybody who may read the file would have.",
-         "Take it out of the link. Put it into the file ~/.pgpass of each desk, or into a service "
-         "file, or let the server know the desks by their accounts (peer authentication)."});
+        {file,
+         Phrase::Tr(
+             "There is a password in the link, which everybody who may read the file would have."),
+         Phrase::Tr("Take it out of the link. Put it into the file ~/.pgpass of each desk, or into "
+                    "a service file, or let the server know the desks by their accounts (peer "
+                    "authentication).")});
   }
 }
 

@@ -8,11 +8,10 @@ namespace veyra::postgres {
 namespace {
 
 [[noreturn]] void Fail(const std::string& file) {
-  throw DatabaseError(
-      {file,
-       "The calendar is shared on a server, and this program was built without what "
-       "talks to such servers.",
-       "Use a program that was built with it."});
+  throw DatabaseError({file,
+                       Phrase::Tr("The calendar is shared on a server, and this program was built "
+                                  "without what talks to such servers."),
+                       Phrase::Tr("Use a program that was built with it.")});
 }
 
 }  // namespace

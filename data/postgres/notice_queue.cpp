@@ -35,8 +35,9 @@ NoticeQueue::NoticeQueue(const std::string& file)
     Close(wake_);
     Close(descriptor_);
     throw DatabaseError(
-        {file, "What other desks change cannot be waited for: " + SystemErrorText(why) + ".",
-         "Close some programs, and start again."});
+        {file,
+         Phrase::Tr("What other desks change cannot be waited for: %1.", SystemErrorText(why)),
+         Phrase::Tr("Close some programs, and start again.")});
   }
 }
 

@@ -49,12 +49,12 @@ void SchemaMaker::RequireEmpty(const TableDefinition& definition) {
   const Table& table = catalogue_.Find(definition.Name);
   const std::string any = "SELECT EXISTS (SELECT FROM " + FullName(place_, table.Name) + ")";
   if (!HasAllColumns(table, definition) || session_.Run(any).IsTrue(0, 0)) {
-    throw DatabaseError({place_.File,
-                         "The server has a calendar in the schema \"" + place_.Schema +
-                             "\" already: its table " + table.Name +
-                             " is not empty, or is another "
-                             "program's.",
-                         "Nothing was changed. Name another schema or another database."});
+    throw DatabaseError(
+        {place_.File,
+         Phrase::Tr("The server has a calendar in the schema \"%1\" already: its table %2 is not "
+                    "empty, or is another program's.",
+                    place_.Schema, table.Name),
+         Phrase::Tr("Nothing was changed. Name another schema or another database.")});
   }
 }
 
@@ -146,9 +146,9 @@ void SchemaMaker::MakeJournal() {
     session_.Run(CreateTableSql(place_, JournalTable()));
     catalogue_.Forget();
   } else if (!HasAllColumns(catalogue_.Find(kJournalTable), JournalTable())) {
-    throw DatabaseError({place_.File,
-                         std::string("The table ") + kJournalTable + " is another program's.",
-                         "Nothing was changed. Rename that table to keep a journal here."});
+    throw DatabaseError(
+        {place_.File, Phrase::Tr("The table %1 is another program's.", kJournalTable),
+         Phrase::Tr("Nothing was changed. Rename that table to keep a journal here.")});
   }
 }
 

@@ -11,8 +11,13 @@ namespace veyra::postgres {
 
 namespace {
 
-constexpr const char* kNothingSaved = "Nothing was saved.";
-constexpr const char* kAdministrator = "Ask whoever looks after the server.";
+Phrase NothingSaved() {
+  return Phrase::Tr("Nothing was saved.");
+}
+
+Phrase Administrator() {
+  return Phrase::Tr("Ask whoever looks after the server.");
+}
 
 std::int64_t TakeNumber(std::string_view& text) {
   std::int64_t number = 0;
@@ -40,16 +45,17 @@ std::vector<TakenTime> TakenTimes(std::string_view detail) {
 
 /// In the server's own words where this program has none.
 Report InItsWords(const Failure& failure, const std::string& file) {
-  return {file, "The calendar's server reports: " + failure.Message() + ".", kAdministrator,
-          kNothingSaved};
+  return {file, Phrase::Tr("The calendar's server reports: %1.", failure.Message()),
+          Administrator(), NothingSaved()};
 }
 
 [[noreturn]] void ThrowWaited(const Failure& failure, const std::string& file) {
   if (failure.State() == state::kCancelled) {
-    throw WaitCancelledError({file, "The wait for another desk was ended.", {}});
+    throw WaitCancelledError({file, Phrase::Tr("The wait for another desk was ended."), {}});
   }
-  throw DatabaseBusyError({file, "Another desk is changing the calendar and did not let go of it.",
-                           "Wait a moment and try again."});
+  throw DatabaseBusyError(
+      {file, Phrase::Tr("Another desk is changing the calendar and did not let go of it."),
+       Phrase::Tr("Wait a moment and try again.")});
 }
 
 }  // namespace
@@ -57,8 +63,8 @@ Report InItsWords(const Failure& failure, const std::string& file) {
 void ThrowExplained(const Failure& failure, const std::string& file, const std::string& table) {
   const std::string& what = failure.State();
   if (what == state::kTaken) {
-    throw TimeTakenError({file, "Somebody else has booked these times meanwhile.",
-                          "Look at the bookings as they are now.", kNothingSaved},
+    throw TimeTakenError({file, Phrase::Tr("Somebody else has booked these times meanwhile."),
+                          Phrase::Tr("Look at the bookings as they are now."), NothingSaved()},
                          TakenTimes(failure.Detail()));
   }
   if (what == state::kCancelled || what == state::kLockTimeout) {
@@ -66,8 +72,9 @@ void ThrowExplained(const Failure& failure, const std::string& file, const std::
   }
   if (failure.IsOf(state::kConnection)) {
     throw DatabaseError(
-        {file, "The connection to the calendar's server is lost: " + failure.Message() + ".",
-         "Do it again: the program then connects anew.", kNothingSaved});
+        {file,
+         Phrase::Tr("The connection to the calendar's server is lost: %1.", failure.Message()),
+         Phrase::Tr("Do it again: the program then connects anew."), NothingSaved()});
   }
   if (what == state::kNoTable && !table.empty()) {
     throw MissingTable(file, table);
@@ -76,17 +83,17 @@ void ThrowExplained(const Failure& failure, const std::string& file, const std::
     throw ValueRefusedError(InItsWords(failure, file));
   }
   if (what == state::kNoRight) {
-    throw DatabaseError({file,
-                         "You may not do this on the calendar's server: " + failure.Message() + ".",
-                         kAdministrator, kNothingSaved});
+    throw DatabaseError(
+        {file, Phrase::Tr("You may not do this on the calendar's server: %1.", failure.Message()),
+         Administrator(), NothingSaved()});
   }
   if (what == state::kReadOnly) {
-    throw DatabaseError(
-        {file, "The calendar's server takes no changes now.", kAdministrator, kNothingSaved});
+    throw DatabaseError({file, Phrase::Tr("The calendar's server takes no changes now."),
+                         Administrator(), NothingSaved()});
   }
   if (what == state::kDiskFull) {
-    throw DatabaseError(
-        {file, "The disk of the calendar's server is full.", kAdministrator, kNothingSaved});
+    throw DatabaseError({file, Phrase::Tr("The disk of the calendar's server is full."),
+                         Administrator(), NothingSaved()});
   }
   throw DatabaseError(InItsWords(failure, file));
 }

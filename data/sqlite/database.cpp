@@ -253,8 +253,9 @@ sqlite3_file* Database::OpenFile() {
 void Database::Check(int code) {
   EndWait();
   if (IsBusy(code) && wait_->WasCancelled()) {
-    throw WaitCancelledError({file_, "Another program is using the file.",
-                              "You did not want to wait. Try again when it has finished."});
+    throw WaitCancelledError(
+        {file_, Phrase::Tr("Another program is using the file."),
+         Phrase::Tr("You did not want to wait. Try again when it has finished.")});
   }
   if (LooksDamaged(code)) {
     ThrowForDamage(location_, file_, code, OpenFile());

@@ -35,9 +35,9 @@ bool IsThere(const std::string& file) {
 DatabaseError NoteFailure(const std::string& file, const PosixFileError& error) {
   return DatabaseError(
       {file,
-       std::string("The note that says who has the file open cannot be written: ") + error.what() +
-           ".",
-       "Check that the disk has room and that you may make files in the folder."});
+       Phrase::Tr("The note that says who has the file open cannot be written: %1.",
+                  error.Reason()),
+       Phrase::Tr("Check that the disk has room and that you may make files in the folder.")});
 }
 
 }  // namespace

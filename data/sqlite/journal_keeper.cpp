@@ -78,9 +78,9 @@ void JournalKeeper::Begin() {
   if (!FindName(tables, kJournalTable)) {
     reader_.database().Execute(kCreateJournal);
   } else if (!HasAllColumns(reader_.catalogue().Find(kJournalTable).Columns)) {
-    throw DatabaseError({reader_.file(),
-                         std::string("The table ") + kJournalTable + " is another program's.",
-                         "Nothing was changed. Rename that table to keep a journal here."});
+    throw DatabaseError(
+        {reader_.file(), Phrase::Tr("The table %1 is another program's.", kJournalTable),
+         Phrase::Tr("Nothing was changed. Rename that table to keep a journal here.")});
   }
   for (const std::string& table : JournalledTables()) {
     if (FindName(tables, table)) {
@@ -119,12 +119,13 @@ void JournalKeeper::CheckTable() {
   if (!reader_.catalogue().HasJournalTable()) {
     Begin();
   } else if (!HasAllColumns(reader_.catalogue().Find(kJournalTable).Columns)) {
-    throw DatabaseError({reader_.file(),
-                         std::string("Another program has changed the table ") + kJournalTable +
-                             ", in which the journal is kept.",
-                         "Close the program, end the journal with veyra-data journal off, and "
-                         "rename that table: then it can begin anew.",
-                         "Nothing was saved."});
+    throw DatabaseError(
+        {reader_.file(),
+         Phrase::Tr("Another program has changed the table %1, in which the journal is kept.",
+                    kJournalTable),
+         Phrase::Tr("Close the program, end the journal with veyra-data journal off, and rename "
+                    "that table: then it can begin anew."),
+         Phrase::Tr("Nothing was saved.")});
   }
 }
 

@@ -65,13 +65,12 @@ bool IsSoundOnACopy(const std::string& file, const std::string& extension) {
     Database database(copy, file, OpenMode::ReadWrite, kNoWait);
     return IsSound(database);
   } catch (const fs::filesystem_error& error) {
-    throw DatabaseError(
-        {file,
-         "The calendar was not closed properly, and what it left could not be tried "
-         "on a copy: " +
-             error.code().message() + ".",
-         "Make room on the disk, or in the folder for temporary files, and start "
-         "again. Nothing was changed."});
+    throw DatabaseError({file,
+                         Phrase::Tr("The calendar was not closed properly, and what it left could "
+                                    "not be tried on a copy: %1.",
+                                    error.code().message()),
+                         Phrase::Tr("Make room on the disk, or in the folder for temporary files, "
+                                    "and start again. Nothing was changed.")});
   }
 }
 
@@ -109,10 +108,10 @@ std::string SetAside(const std::string& log) {
        renameat2(AT_FDCWD, log.c_str(), AT_FDCWD, free_name.c_str(), RENAME_NOREPLACE) != 0; ++i) {
     if (errno != EEXIST) {
       throw DatabaseError({log,
-                           "What the calendar left when it was not closed properly belongs to "
-                           "another file, and could not be set aside: " +
-                               std::generic_category().message(errno) + ".",
-                           "Move this file out of the folder and start again."});
+                           Phrase::Tr("What the calendar left when it was not closed properly "
+                                      "belongs to another file, and could not be set aside: %1.",
+                                      std::generic_category().message(errno)),
+                           Phrase::Tr("Move this file out of the folder and start again.")});
     }
     free_name = name + " (" + std::to_string(i) + ")";
   }
@@ -120,15 +119,18 @@ std::string SetAside(const std::string& log) {
 }
 
 Report NoticeOf(const std::string& file, const std::string& aside, Fit fit) {
-  const char* cause =
-      fit == Fit::Yes
-          ? "The calendar was not closed properly, and its last changes cannot be read any more."
-          : "The file was replaced, perhaps by a backup, before the last changes of the former one "
-            "were all in it. Those changes do not belong to this file.";
+  const Phrase cause = fit == Fit::Yes
+                           ? Phrase::Tr(
+                                 "The calendar was not closed properly, and its last changes "
+                                 "cannot be read any more.")
+                           : Phrase::Tr(
+                                 "The file was replaced, perhaps by a backup, before the last "
+                                 "changes of the former one "
+                                 "were all in it. Those changes do not belong to this file.");
   return {file, cause,
-          "They were set aside as \"" + aside +
-              "\". Look whether the bookings are as you expect them. When they are, you may delete "
-              "what was set aside."};
+          Phrase::Tr("They were set aside as \"%1\". Look whether the bookings are as you expect "
+                     "them. When they are, you may delete what was set aside.",
+                     aside)};
 }
 
 /// Chooses between the file with what lies beside it, which fits as told, and the file alone.
@@ -245,8 +247,9 @@ void CheckLogInUse(const std::string& file, const std::optional<OpenNote>& note,
       return;
     }
   }
-  throw DatabaseBusyError({file, "The file was replaced while a calendar has the former one open.",
-                           "Close the calendar wherever it is open, and start again."});
+  throw DatabaseBusyError(
+      {file, Phrase::Tr("The file was replaced while a calendar has the former one open."),
+       Phrase::Tr("Close the calendar wherever it is open, and start again.")});
 }
 
 std::optional<Report> SettleWal(const std::string& file) {

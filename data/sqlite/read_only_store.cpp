@@ -198,8 +198,9 @@ class ReadOnlyStore : public FileStore {
   /// Throws when it does not.
   bool GoesOn(Wait& wait) const {
     if (!wait.GoOn()) {
-      throw DatabaseBusyError({file_, "Another program is writing to the file all the time.",
-                               "Wait until the other program has finished, and try again."});
+      throw DatabaseBusyError(
+          {file_, Phrase::Tr("Another program is writing to the file all the time."),
+           Phrase::Tr("Wait until the other program has finished, and try again.")});
     }
     return true;
   }

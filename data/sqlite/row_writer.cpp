@@ -21,9 +21,9 @@ std::size_t RequireColumn(const std::string& file, const Table& table, const std
 const Table& RowWriter::Find(const std::string& name) {
   const Table& table = reader_.catalogue().Find(name);
   if (table.Key.empty()) {
-    throw DatabaseError({reader_.file(),
-                         "The rows of the table " + table.Name + " cannot be changed.",
-                         "The file was made by another program. Use the file of this program."});
+    throw DatabaseError(
+        {reader_.file(), Phrase::Tr("The rows of the table %1 cannot be changed.", table.Name),
+         Phrase::Tr("The file was made by another program. Use the file of this program.")});
   }
   return table;
 }

@@ -7,48 +7,56 @@ namespace veyra::sqlite {
 namespace {
 
 struct Words {
-  std::string Cause;
-  std::string Advice;
-  std::string Effect = {};
+  Phrase Cause;
+  Phrase Advice;
+  Phrase Effect = {};
 };
 
-constexpr const char* kNothingSaved = "Nothing was saved.";
+Phrase NothingSaved() {
+  return Phrase::Tr("Nothing was saved.");
+}
 
-constexpr const char* kBackup =
-    "Put a backup copy in its place. Keep the damaged file: a specialist may be able to read it.";
+Phrase Backup() {
+  return Phrase::Tr(
+      "Put a backup copy in its place. Keep the damaged file: a specialist may be able to read "
+      "it.");
+}
 
 Words WordsFor(int code, const std::string& detail) {
   if (code == SQLITE_READONLY_ROLLBACK) {
-    return {"Another program was interrupted in the middle of a change of the file.",
-            "Start the program that the file belongs to: it puts the file in order."};
+    return {Phrase::Tr("Another program was interrupted in the middle of a change of the file."),
+            Phrase::Tr("Start the program that the file belongs to: it puts the file in order.")};
   }
-  const std::string number = " (error " + std::to_string(code) + ")";
   switch (code & 0xFF) {
     case SQLITE_READONLY:
-      return {"The file may be read but not written to" + number + ".",
-              "Ask for the right to change the file and the folder it is in."};
+      return {Phrase::Tr("The file may be read but not written to (error %1).", code),
+              Phrase::Tr("Ask for the right to change the file and the folder it is in.")};
     case SQLITE_FULL:
-      return {"The disk is full.", "Make room on the disk and try again.", kNothingSaved};
+      return {Phrase::Tr("The disk is full."), Phrase::Tr("Make room on the disk and try again."),
+              NothingSaved()};
     case SQLITE_IOERR:
-      return {"The disk reported a failure while the file was in use" + number + ".",
-              "Check that the disk or the network folder is still connected, and try again."};
+      return {Phrase::Tr("The disk reported a failure while the file was in use (error %1).", code),
+              Phrase::Tr(
+                  "Check that the disk or the network folder is still connected, and try again.")};
     case SQLITE_CORRUPT:
-      return {"The file is damaged or was cut short.", kBackup};
+      return {Phrase::Tr("The file is damaged or was cut short."), Backup()};
     case SQLITE_NOTADB:
-      return {"The file is not a database, or it is damaged or locked with a password.", kBackup};
+      return {Phrase::Tr("The file is not a database, or it is damaged or locked with a password."),
+              Backup()};
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-      return {"The file cannot be opened" + number + ".",
-              "Check that the folder is there and that you may use it."};
+      return {Phrase::Tr("The file cannot be opened (error %1).", code),
+              Phrase::Tr("Check that the folder is there and that you may use it.")};
     case SQLITE_NOMEM:
-      return {"The computer has run out of memory.", "Close other programs and try again."};
+      return {Phrase::Tr("The computer has run out of memory."),
+              Phrase::Tr("Close other programs and try again.")};
     case SQLITE_CONSTRAINT:
-      return {"The file's own rules do not allow this row: " + detail + ".",
-              "The file may have been made by another program.", kNothingSaved};
+      return {Phrase::Tr("The file's own rules do not allow this row: %1.", detail),
+              Phrase::Tr("The file may have been made by another program."), NothingSaved()};
     default:
-      return {"The database reported a failure: " + detail + number + ".",
-              "Try again. If it fails again, restart the program."};
+      return {Phrase::Tr("The database reported a failure: %1 (error %2).", detail, code),
+              Phrase::Tr("Try again. If it fails again, restart the program.")};
   }
 }
 
@@ -68,9 +76,9 @@ bool IsBusy(int code) {
 
 void ThrowError(const std::string& file, int code, const std::string& detail) {
   if (IsBusy(code)) {
-    throw DatabaseBusyError({file, "Another program is using the file and did not let go of it.",
-                             "Wait until the other program has finished, or close it, and try "
-                             "again."});
+    throw DatabaseBusyError(
+        {file, Phrase::Tr("Another program is using the file and did not let go of it."),
+         Phrase::Tr("Wait until the other program has finished, or close it, and try again.")});
   }
   const Words words = WordsFor(code, detail);
   if ((code & 0xFF) == SQLITE_IOERR) {

@@ -93,15 +93,18 @@ void ThrowForDamage(const std::string& location, const std::string& file, int co
       ThrowError(file, code, {});
     case Finding::Whole:
       throw PassingTrouble(
-          {file, "The disk gave wrong data for a moment. The file was checked and is whole.",
-           "Try again. If it happens again, have the disk or the network folder looked at."});
+          {file,
+           Phrase::Tr("The disk gave wrong data for a moment. The file was checked and is whole."),
+           Phrase::Tr(
+               "Try again. If it happens again, have the disk or the network folder looked at.")});
     case Finding::Unknown:
       break;
   }
   throw DatabaseError(
-      {file, "What was read of the file makes no sense, and the file could not be checked.",
-       "Close other programs that use the file, and try again. Have the disk looked at if it "
-       "happens again."});
+      {file,
+       Phrase::Tr("What was read of the file makes no sense, and the file could not be checked."),
+       Phrase::Tr("Close other programs that use the file, and try again. Have the disk looked at "
+                  "if it happens again.")});
 }
 
 bool IsForFullDisk(sqlite3* handle, const std::string& file, int code) {

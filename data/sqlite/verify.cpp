@@ -17,7 +17,7 @@ std::vector<std::string> Verify(Reader& reader) {
   } catch (const DatabaseBusyError&) {
     throw;
   } catch (const DatabaseError& error) {
-    problems.push_back(error.report().Cause);
+    problems.push_back(error.report().Cause.English());
   }
   return problems;
 }

@@ -20,8 +20,9 @@ void frmAbout::labAbout_Click(std::size_t index) {
     return;
   }
   if (!browser_.Open(address)) {
-    dialogs_.MsgBox({.Text = "There is no web browser on this machine that can open " + address,
-                     .Sign = Icon::Exclamation});
+    dialogs_.MsgBox(
+        {.Text = Phrase::Tr("There is no web browser on this machine that can open %1", address),
+         .Sign = Icon::Exclamation});
   }
 }
 

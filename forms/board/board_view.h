@@ -13,7 +13,7 @@ class BoardView {
 
   /// Shows the day, also in the window's title. The chosen cell stays chosen, and what is in sight
   /// stays there.
-  virtual void ShowBoard(const std::string& day, const modRes::DayBoard& board) = 0;
+  virtual void ShowBoard(const Phrase& day, const modRes::DayBoard& board) = 0;
 
   /// Brings the window to the screen, or takes it off; it keeps what it shows.
   virtual void ShowWindow() = 0;

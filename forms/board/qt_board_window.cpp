@@ -34,7 +34,7 @@ constexpr double kShareOfScreen = 0.9;
 /// What a screen reader says of a cell.
 QString Spoken(const QString& facility, modRes::TimeSlot slot, const QString& guest) {
   return facility + QStringLiteral(", ") + ToQString(modRes::LongSlotLabel(slot)) +
-         QStringLiteral(", ") + (guest.isEmpty() ? QStringLiteral("free") : guest);
+         QStringLiteral(", ") + (guest.isEmpty() ? ToQString(Phrase::Tr("free")) : guest);
 }
 
 }  // namespace
@@ -76,13 +76,13 @@ QWidget* QtBoardWindow::BuildHead() {
   auto* row = new QHBoxLayout(head);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(lblDay_, 1);
-  row->addWidget(AddButton("Command2", "<= &Previous", &frmBoard::Command2_Click));
-  row->addWidget(AddButton("Command1", "&Next =>", &frmBoard::Command1_Click));
+  row->addWidget(AddButton("Command2", Phrase::Tr("<= &Previous"), &frmBoard::Command2_Click));
+  row->addWidget(AddButton("Command1", Phrase::Tr("&Next =>"), &frmBoard::Command1_Click));
   return head;
 }
 
-QPushButton* QtBoardWindow::AddButton(const char* name, const char* caption, Handler handler) {
-  auto* button = new QPushButton(QLatin1String(caption), this);
+QPushButton* QtBoardWindow::AddButton(const char* name, const Phrase& caption, Handler handler) {
+  auto* button = new QPushButton(ToQString(caption), this);
   button->setObjectName(QLatin1String(name));
   button->setAutoDefault(true);
   button->installEventFilter(this);
@@ -93,7 +93,7 @@ QPushButton* QtBoardWindow::AddButton(const char* name, const char* caption, Han
 void QtBoardWindow::BuildTable() {
   Grid1_ = new QTableWidget(kRows, 0, this);
   Grid1_->setObjectName(QStringLiteral("Grid1"));
-  Grid1_->setAccessibleName(QStringLiteral("Day board"));
+  Grid1_->setAccessibleName(ToQString(Phrase::Tr("Day board")));
   Grid1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   Grid1_->setSelectionMode(QAbstractItemView::SingleSelection);
   Grid1_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -120,8 +120,8 @@ void QtBoardWindow::BuildTable() {
   connect(Grid1_, &QTableWidget::cellClicked, this, &QtBoardWindow::ReportChosen);
 }
 
-void QtBoardWindow::ShowBoard(const std::string& day, const modRes::DayBoard& board) {
-  setWindowTitle(QStringLiteral("Day Board: ") + ToQString(day));
+void QtBoardWindow::ShowBoard(const Phrase& day, const modRes::DayBoard& board) {
+  setWindowTitle(ToQString(Phrase::Tr("Day Board: %1", day)));
   lblDay_->setText(ToQString(day));
   Grid1_->setAccessibleDescription(ToQString(day));
   SetColumns(board);
@@ -139,9 +139,9 @@ void QtBoardWindow::ShowBoard(const std::string& day, const modRes::DayBoard& bo
     }
   }
   lblState_->setText(board.Columns.empty()
-                         ? QStringLiteral("There is no facility yet.")
-                         : QStringLiteral("A click or Enter opens the day of the facility. "
-                                          "Page Down and Page Up turn the days."));
+                         ? ToQString(Phrase::Tr("There is no facility yet."))
+                         : ToQString(Phrase::Tr("A click or Enter opens the day of the facility. "
+                                                "Page Down and Page Up turn the days.")));
 }
 
 void QtBoardWindow::SetColumns(const modRes::DayBoard& board) {

@@ -25,7 +25,7 @@ class QtBoardWindow : public QMainWindow, public BoardView {
   /// REQUIRES: called before the operator can reach the window. `handler` must outlive it.
   void SetHandler(frmBoard* handler) { handler_ = handler; }
 
-  void ShowBoard(const std::string& day, const modRes::DayBoard& board) override;
+  void ShowBoard(const Phrase& day, const modRes::DayBoard& board) override;
   void ShowWindow() override;
   void HideWindow() override;
 
@@ -40,7 +40,7 @@ class QtBoardWindow : public QMainWindow, public BoardView {
 
   void BuildContents();
   QWidget* BuildHead();
-  QPushButton* AddButton(const char* name, const char* caption, Handler handler);
+  QPushButton* AddButton(const char* name, const Phrase& caption, Handler handler);
   void BuildTable();
   void SetColumns(const modRes::DayBoard& board);
   void ShareOutWidth();

@@ -27,22 +27,24 @@ std::vector<std::string> NamesIn(const DayGrid& grid, modRes::SlotRange rows) {
   return names;
 }
 
+Phrase TakenBy(const std::vector<std::string>& names) {
+  switch (names.size()) {
+    case 1:
+      return Phrase::Tr("taken by %1", names.front());
+    case 2:
+      return Phrase::Tr("taken by %1 and %2", names.front(), names.back());
+    default:
+      return Phrase::Tr("taken by %1 and %2 others", names.front(), names.size() - 1);
+  }
+}
+
 }  // namespace
 
-std::string RangeHint(const modRes::SlotLabelTable& labels, const DayGrid& grid,
-                      modRes::SlotRange rows, bool several_days) {
+Phrase RangeHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, modRes::SlotRange rows,
+                 bool several_days) {
   const std::vector<std::string> names = NamesIn(grid, rows);
-  std::string text = TimesAndLength(labels, rows) + ", ";
-  if (names.empty()) {
-    return text + (several_days ? "free on this day" : "free");
-  }
-  text += "taken by " + names.front();
-  if (names.size() == 2) {
-    text += " and " + names.back();
-  } else if (names.size() > 2) {
-    text += " and " + std::to_string(names.size() - 1) + " others";
-  }
-  return text;
+  const Phrase free = several_days ? Phrase::Tr("free on this day") : Phrase::Tr("free");
+  return TimesAndLength(labels, rows) + ", " + (names.empty() ? free : TakenBy(names));
 }
 
 std::string BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row) {
@@ -50,15 +52,15 @@ std::string BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& gri
   return ShownName(grid.Guest[row]) + "\n" + TimesAndLength(labels, {booking.First, booking.Last});
 }
 
-std::string SeriesHint(const modRes::GroupDates& dates, Date shown) {
+Phrase SeriesHint(const modRes::GroupDates& dates, Date shown) {
   if (dates.Count < 2 || !dates.Last) {
-    return "the only date left of a series";
+    return Phrase::Tr("the only date left of a series");
   }
   const Date last = *dates.Last;
   const std::string end = YearOf(last) == YearOf(shown)
                               ? std::to_string(MonthOf(last)) + "/" + std::to_string(DayOf(last))
                               : DateText(last);
-  return "one of " + std::to_string(dates.Count) + " dates until " + end;
+  return Phrase::Tr("one of %1 dates until %2", dates.Count, end);
 }
 
 }  // namespace veyra

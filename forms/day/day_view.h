@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "data/phrase.h"
 #include "logic/day_grid.h"
 #include "logic/name_box.h"
 
@@ -20,11 +21,11 @@ class DayView : public DayGridScreen {
   virtual void ShowName(const std::string& text) = 0;
 
   /// Combo1: shows beside the box what is wrong with its text; nothing when the hint is empty.
-  virtual void ShowNameHint(const std::string& hint) = 0;
+  virtual void ShowNameHint(const Phrase& hint) = 0;
 
   /// Says beside the pointer, or beside the rows while they are chosen by key, what has been chosen
   /// so far; for as long as the gesture goes on.
-  virtual void ShowRangeHint(const std::string& hint) = 0;
+  virtual void ShowRangeHint(const Phrase& hint) = 0;
 
   /// Scrolls so that `row` is the topmost one to be seen.
   virtual void ScrollToRow(int row) = 0;

@@ -62,7 +62,7 @@ void frmDay::MSFlexGrid1_Stretch(int anchor, int end) {
 }
 
 /// A group that cannot be read is asked for once, not each time that the mouse rests.
-std::string frmDay::RowHint(int row) {
+Phrase frmDay::RowHint(int row) {
   const GridBooking* booking = MSFlexGrid1_.At(row);
   if (booking == nullptr) {
     return "";
@@ -75,7 +75,7 @@ std::string frmDay::RowHint(int row) {
   if (is_new) {
     series->second = modRes::DatesOfGroup(session_, *booking->Group);
   }
-  return text + "\n" + SeriesHint(series->second, session_.DayDate);
+  return text + ("\n" + SeriesHint(series->second, session_.DayDate));
 }
 
 void frmDay::MSFlexGrid1_Click(int row, int column) {
@@ -182,7 +182,7 @@ int frmDay::BookedRowsInSelection() const {
 
 void frmDay::ChangeSelectedBooking() {
   const std::string name = MSFlexGrid1_.Guest[session_.SelFirstSlot];
-  const std::string details = modRes::PickedDetails(session_, name);
+  const Phrase details = modRes::PickedDetails(session_, name);
   if (dialogs_.MsgBox({.Text = "Do You wand to Delete this Booking for " + ShownName(name) + "?",
                        .Choice = Buttons::YesNo,
                        .Sign = Icon::Critical,
@@ -245,11 +245,11 @@ void frmDay::RememberName(const std::string& name) {
 
 /// A name that is too long cannot be booked until it is shortened.
 bool frmDay::NameFits() {
-  const std::string too_long = modRes::BookingNameTooLong(session_, Combo1_.Text);
-  if (!too_long.empty()) {
+  const Phrase too_long = modRes::BookingNameTooLong(session_, Combo1_.Text);
+  if (!too_long.IsEmpty()) {
     dialogs_.MsgBox({.Text = too_long, .Sign = Icon::Exclamation});
   }
-  return too_long.empty();
+  return too_long.IsEmpty();
 }
 
 bool frmDay::ConfirmSingle() {

@@ -35,7 +35,7 @@ class frmDay {
 
   /// What is to be said of the row's booking while the mouse rests on it, a line each: name, times,
   /// and of a series how many dates there are; empty where the slot is free. Throws DatabaseError.
-  std::string RowHint(int row);
+  Phrase RowHint(int row);
 
   /// The mouse was released at the selection's end: the booking flow.
   void MSFlexGrid1_Click(int row, int column);

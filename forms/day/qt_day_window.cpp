@@ -82,7 +82,7 @@ void QtDayWindow::BuildContents() {
   head_->setParent(contents);
   MSFlexGrid1_ = new QtSlotGrid(contents);
   MSFlexGrid1_->setObjectName(QStringLiteral("MSFlexGrid1"));
-  MSFlexGrid1_->setAccessibleName(QStringLiteral("Time slots"));
+  MSFlexGrid1_->setAccessibleName(ToQString(Phrase::Tr("Time slots")));
   MSFlexGrid1_->setColumnWidth(kGuestColumn, Pixels(kGuestColumnWidth));
   Command2_ = new QPushButton(QStringLiteral("&Close"), contents);
   Command2_->setObjectName(QStringLiteral("Command2"));
@@ -142,7 +142,7 @@ void QtDayWindow::WireGrid() {
     Report([=](frmDay& day) { day.MSFlexGrid1_MouseDown(row, current_row); });
   });
   MSFlexGrid1_->SetRowHint([this](int row) {
-    std::string hint;
+    Phrase hint;
     Report([&hint, row](frmDay& day) { hint = day.RowHint(row); });
     return hint;
   });
@@ -204,11 +204,11 @@ void QtDayWindow::ShowName(const std::string& text) {
   Combo1_->ShowText(text);
 }
 
-void QtDayWindow::ShowNameHint(const std::string& hint) {
-  Combo1_->ShowHint(hint);
+void QtDayWindow::ShowNameHint(const Phrase& hint) {
+  Combo1_->ShowHint(ToQString(hint));
 }
 
-void QtDayWindow::ShowRangeHint(const std::string& hint) {
+void QtDayWindow::ShowRangeHint(const Phrase& hint) {
   MSFlexGrid1_->ShowRangeHint(ToQString(hint));
 }
 

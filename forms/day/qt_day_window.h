@@ -40,8 +40,8 @@ class QtDayWindow : public QMainWindow, public DayView {
   void ShowHeading(const std::string& facility, const std::string& weekday) override;
   void ShowNameBox(const NameBox& box) override;
   void ShowName(const std::string& text) override;
-  void ShowNameHint(const std::string& hint) override;
-  void ShowRangeHint(const std::string& hint) override;
+  void ShowNameHint(const Phrase& hint) override;
+  void ShowRangeHint(const Phrase& hint) override;
   void ScrollToRow(int row) override;
   void SetCurrentRow(int row) override;
   void ChooseRows(int first, int last) override;

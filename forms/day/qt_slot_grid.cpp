@@ -55,7 +55,7 @@ QTableWidgetItem* MakeGuestItem() {
 /// What a screen reader says of a half hour.
 QString Spoken(int row, const QString& guest) {
   return ToQString(modRes::LongSlotLabel(row)) + QStringLiteral(", ") +
-         (guest.isEmpty() ? QStringLiteral("free") : guest);
+         (guest.isEmpty() ? ToQString(Phrase::Tr("free")) : guest);
 }
 
 }  // namespace
@@ -340,12 +340,12 @@ bool QtSlotGrid::viewportEvent(QEvent* event) {
 /// Whether there is anything to be said of the row there, which is then said.
 bool QtSlotGrid::SayWhatIsAt(const QPoint& position, const QPoint& screen_position) {
   const int row = rowAt(position.y()) + 1;
-  const std::string hint = row == 0 || !row_hint_ ? std::string() : row_hint_(row);
-  if (hint.empty()) {
+  const Phrase hint = row == 0 || !row_hint_ ? Phrase() : row_hint_(row);
+  if (hint.IsEmpty()) {
     return false;
   }
   const int top = rowViewportPosition(row - 1);
-  QToolTip::showText(screen_position, PlainToolTip(hint), viewport(),
+  QToolTip::showText(screen_position, PlainToolTip(ToQString(hint)), viewport(),
                      {0, top, viewport()->width(), rowHeight(row - 1)});
   return true;
 }

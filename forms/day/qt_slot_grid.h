@@ -3,8 +3,8 @@
 #include <QBasicTimer>
 #include <QTableWidget>
 #include <functional>
-#include <string>
 
+#include "data/phrase.h"
 #include "logic/day_grid.h"
 
 namespace veyra {
@@ -35,7 +35,7 @@ class QtSlotGrid : public QTableWidget {
   void ChooseRows(int first, int last);
 
   /// What is to be said of a row's booking; empty where there is none.
-  using RowHint = std::function<std::string(int row)>;
+  using RowHint = std::function<Phrase(int row)>;
   void SetRowHint(RowHint hint) { row_hint_ = std::move(hint); }
 
   /// Says beside the pointer, or below the rows while they are chosen by key, what has been chosen

@@ -77,7 +77,7 @@ void QtDayViewerWindow::SetCaption(const std::string& caption, const std::string
                                    Date day) {
   setWindowTitle(ToQString(caption));
   lstDay_->setAccessibleDescription(OneLine(facility));
-  lstDay_->setAccessibleName(QStringLiteral("Bookings on ") + ToQString(DateText(day)));
+  lstDay_->setAccessibleName(ToQString(Phrase::Tr("Bookings on %1", DateText(day))));
 }
 
 void QtDayViewerWindow::ShowDay(const DayViewerPicture& picture) {

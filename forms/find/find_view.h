@@ -1,17 +1,17 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "forms/piecework.h"
 
 namespace veyra {
 
 /// What the find window is to show.
 struct FindPicture {
-  std::vector<std::string> Upcoming;  ///< The next one first.
-  std::vector<std::string> Past;      ///< Below a line, the last one first.
-  std::string State;                  ///< What is to be said of them.
+  std::vector<Phrase> Upcoming;  ///< The next one first.
+  std::vector<Phrase> Past;      ///< Below a line, the last one first.
+  Phrase State;                  ///< What is to be said of them.
 };
 
 /// What the find window's logic tells its screen. The screen reports gestures to frmFind.

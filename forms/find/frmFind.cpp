@@ -5,19 +5,19 @@
 namespace veyra {
 namespace {
 
-std::vector<std::string> Lines(const modRes::SlotLabelTable& labels,
-                               const std::vector<modRes::FoundBooking>& found) {
-  std::vector<std::string> lines;
+std::vector<Phrase> Lines(const modRes::SlotLabelTable& labels,
+                          const std::vector<modRes::FoundBooking>& found) {
+  std::vector<Phrase> lines;
   for (const modRes::FoundBooking& booking : found) {
     lines.push_back(modRes::FoundLine(labels, booking));
   }
   return lines;
 }
 
-std::string Count(std::size_t found) {
+Phrase Count(std::size_t found) {
   return found >= modRes::BookingFinder::kMost
-             ? "the first " + std::to_string(modRes::BookingFinder::kMost)
-             : std::to_string(found);
+             ? Phrase::Tr("the first %1", modRes::BookingFinder::kMost)
+             : Phrase(std::to_string(found));
 }
 
 }  // namespace
@@ -85,18 +85,18 @@ void frmFind::Show() {
                    Lines(session_.SlotLabel, finder_->Past()), State()});
 }
 
-std::string frmFind::State() const {
+Phrase frmFind::State() const {
   if (!finder_->IsLooking()) {
-    return "Type part of a guest's or an event's name.";
+    return Phrase::Tr("Type part of a guest's or an event's name.");
   }
   if (!finder_->IsDone()) {
-    return "Looking ...";
+    return Phrase::Tr("Looking ...");
   }
   if (shown_ == 0) {
-    return "No booking has such a name.";
+    return Phrase::Tr("No booking has such a name.");
   }
-  return "To come: " + Count(finder_->Upcoming().size()) +
-         ". Past: " + Count(finder_->Past().size()) + ". Enter opens the day.";
+  return Phrase::Tr("To come: %1. Past: %2. Enter opens the day.",
+                    Count(finder_->Upcoming().size()), Count(finder_->Past().size()));
 }
 
 }  // namespace veyra

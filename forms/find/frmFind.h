@@ -40,7 +40,7 @@ class frmFind {
 
  private:
   void Show();
-  std::string State() const;
+  Phrase State() const;
 
   Session& session_;
   FindView& view_;

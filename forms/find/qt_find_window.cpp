@@ -26,7 +26,7 @@ constexpr int kLineRole = Qt::UserRole;
 
 QtFindWindow::QtFindWindow(const HandlerGuard& guard) : guard_(guard) {
   setObjectName(QStringLiteral("frmFind"));
-  setWindowTitle(QStringLiteral("Find a Booking"));
+  setWindowTitle(ToQString(Phrase::Tr("Find a Booking")));
   BuildContents();
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, &QWidget::close);
@@ -35,15 +35,15 @@ QtFindWindow::QtFindWindow(const HandlerGuard& guard) : guard_(guard) {
 
 void QtFindWindow::BuildContents() {
   auto* contents = new QWidget(this);
-  auto* label = new QLabel(QStringLiteral("&Name"), contents);
+  auto* label = new QLabel(ToQString(Phrase::Tr("&Name")), contents);
   Text1_ = new QLineEdit(contents);
   Text1_->setObjectName(QStringLiteral("Text1"));
-  Text1_->setAccessibleName(QStringLiteral("Name"));
+  Text1_->setAccessibleName(ToQString(Phrase::Tr("Name")));
   Text1_->setClearButtonEnabled(true);
   label->setBuddy(Text1_);
   List1_ = new QListWidget(contents);
   List1_->setObjectName(QStringLiteral("List1"));
-  List1_->setAccessibleName(QStringLiteral("Bookings"));
+  List1_->setAccessibleName(ToQString(Phrase::Tr("Bookings")));
   // Else every line would be measured at every key.
   List1_->setUniformItemSizes(true);
   List1_->setTextElideMode(Qt::ElideRight);
@@ -85,8 +85,9 @@ void QtFindWindow::ShowFound(const FindPicture& picture) {
   lblState_->setText(ToQString(picture.State));
 }
 
-void QtFindWindow::AddLines(const std::vector<std::string>& lines, int first) {
-  for (const std::string& line : lines) {
+void QtFindWindow::AddLines(const std::vector<Phrase>& lines, int first) {
+  for (const Phrase& phrase : lines) {
+    const QString line = ToQString(phrase);
     auto* item = new QListWidgetItem(OneLine(line), List1_);
     item->setToolTip(PlainToolTip(line));
     item->setData(kLineRole, first++);
@@ -96,7 +97,7 @@ void QtFindWindow::AddLines(const std::vector<std::string>& lines, int first) {
 void QtFindWindow::AddDivider() {
   auto* item = new QListWidgetItem(List1_);
   item->setFlags(Qt::NoItemFlags);
-  item->setData(Qt::AccessibleTextRole, QStringLiteral("Past"));
+  item->setData(Qt::AccessibleTextRole, ToQString(Phrase::Tr("Past")));
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);

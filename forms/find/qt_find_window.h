@@ -33,7 +33,7 @@ class QtFindWindow : public QMainWindow, public FindView {
 
  private:
   void BuildContents();
-  void AddLines(const std::vector<std::string>& lines, int first);
+  void AddLines(const std::vector<Phrase>& lines, int first);
   void AddDivider();
   void ReportChosen();
 

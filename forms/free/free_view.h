@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/one_based.h"
+#include "data/phrase.h"
 #include "forms/piecework.h"
 #include "logic/calendar_rows.h"
 #include "logic/slots.h"
@@ -31,8 +32,8 @@ struct FreeFields {
 
 /// What the window of free times is to show below its fields.
 struct FreePicture {
-  std::vector<std::string> Lines;
-  std::string State;  ///< What is to be said of them, or why there can be none.
+  std::vector<Phrase> Lines;
+  Phrase State;  ///< What is to be said of them, or why there can be none.
 };
 
 /// What the logic of the window of free times tells its screen. The screen reports gestures to

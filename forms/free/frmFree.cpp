@@ -14,8 +14,8 @@ namespace {
 /// The dates at first: four weeks.
 constexpr std::int64_t kFirstDays = 27;
 
-std::string EndLabel(modRes::TimeSlot last) {
-  return last == modRes::kLastSlot ? "midnight" : modRes::LongSlotLabel(last + 1);
+Phrase EndLabel(modRes::TimeSlot last) {
+  return last == modRes::kLastSlot ? Phrase::Tr("midnight") : modRes::LongSlotLabel(last + 1);
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ void frmFree::Fields_Change(const FreeFields& fields) {
 /// What can be found at once is shown at once, so that the lines follow the fields.
 void frmFree::Search() {
   finder_->Stop();
-  if (Fault().empty()) {
+  if (Fault().IsEmpty()) {
     finder_->LookFor(Wish());
   }
   DoPiece(*finder_, view_);
@@ -100,50 +100,50 @@ void frmFree::Form_Unload() {
 }
 
 /// Why nothing can be looked for; empty when it can.
-std::string frmFree::Fault() const {
+Phrase frmFree::Fault() const {
   if (facilities_.empty()) {
-    return "There is no facility yet.";
+    return Phrase::Tr("There is no facility yet.");
   }
   if (Ticked().empty()) {
-    return "Tick at least one facility.";
+    return Phrase::Tr("Tick at least one facility.");
   }
   if (std::find(fields_.Days.begin(), fields_.Days.end(), true) == fields_.Days.end()) {
-    return "Tick at least one weekday.";
+    return Phrase::Tr("Tick at least one weekday.");
   }
-  const std::string fault = FaultOfHours();
-  return fault.empty() ? FaultOfDates() : fault;
+  const Phrase fault = FaultOfHours();
+  return fault.IsEmpty() ? FaultOfDates() : fault;
 }
 
-std::string frmFree::FaultOfHours() const {
+Phrase frmFree::FaultOfHours() const {
   const auto [first, last] = fields_.Hours;
   if (last < first) {
-    return "The hours end before they begin.";
+    return Phrase::Tr("The hours end before they begin.");
   }
   if (last - first + 1 < fields_.HalfHours) {
-    return modRes::LengthText(fields_.HalfHours) + " do not fit between " +
-           modRes::LongSlotLabel(first) + " and " + EndLabel(last) + ".";
+    return Phrase::Tr("%1 do not fit between %2 and %3.", modRes::LengthText(fields_.HalfHours),
+                      modRes::LongSlotLabel(first), EndLabel(last));
   }
-  return "";
+  return {};
 }
 
-std::string frmFree::FaultOfDates() const {
+Phrase frmFree::FaultOfDates() const {
   const Date today = clock_.Today();
   for (const std::string& text : fields_.Text1) {
     if (!ParseDate(text, today)) {
-      return "\"" + ShownName(text) + "\" is not a date. Enter it as " + DateText(today) + ".";
+      return Phrase::Tr("\"%1\" is not a date. Enter it as %2.", ShownName(text), DateText(today));
     }
   }
   const modRes::FreeTimeWish wish = Wish();
   if (wish.To < wish.From) {
-    return "The dates end before they begin.";
+    return Phrase::Tr("The dates end before they begin.");
   }
   const Date last = std::min(wish.To, AddDays(wish.From, 6));
   for (Date day = wish.From; day <= last; day = AddDays(day, 1)) {
     if (wish.Weekdays[WeekdayNumber(day)]) {
-      return "";
+      return {};
     }
   }
-  return "None of these dates falls on a ticked weekday.";
+  return Phrase::Tr("None of these dates falls on a ticked weekday.");
 }
 
 /// REQUIRES: the two texts are dates.
@@ -176,22 +176,20 @@ void frmFree::Show() {
   view_.ShowFree(picture);
 }
 
-std::string frmFree::State() const {
-  const std::string fault = Fault();
-  if (!fault.empty()) {
+Phrase frmFree::State() const {
+  const Phrase fault = Fault();
+  if (!fault.IsEmpty()) {
     return fault;
   }
   if (!finder_->IsDone()) {
-    return "Looking ...";
+    return Phrase::Tr("Looking ...");
   }
   const std::size_t found = finder_->Found().size();
   if (found == 0) {
-    return "Nothing is free then for " + modRes::LengthText(fields_.HalfHours) + ".";
+    return Phrase::Tr("Nothing is free then for %1.", modRes::LengthText(fields_.HalfHours));
   }
-  const std::string count = found > kMost
-                                ? "The first " + std::to_string(kMost) + "; there are more."
-                                : "Free times: " + std::to_string(found) + ".";
-  return count + " Enter opens the day.";
+  return found > kMost ? Phrase::Tr("The first %1; there are more. Enter opens the day.", kMost)
+                       : Phrase::Tr("Free times: %1. Enter opens the day.", found);
 }
 
 }  // namespace veyra

@@ -47,13 +47,13 @@ class frmFree {
 
  private:
   void Search();
-  std::string Fault() const;
-  std::string FaultOfDates() const;
-  std::string FaultOfHours() const;
+  Phrase Fault() const;
+  Phrase FaultOfDates() const;
+  Phrase FaultOfHours() const;
   modRes::FreeTimeWish Wish() const;
   std::vector<Facility> Ticked() const;
   void Show();
-  std::string State() const;
+  Phrase State() const;
 
   Session& session_;
   FreeFields& fields_;

@@ -12,11 +12,13 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "data/date.h"
 #include "data/shown_name.h"
 #include "forms/widgets/qt_escape_key.h"
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
+#include "logic/multiday.h"
 
 namespace veyra {
 namespace {
@@ -30,8 +32,13 @@ constexpr double kShareOfScreen = 0.85;
 /// Which facility an item stands for.
 constexpr int kIdRole = Qt::UserRole;
 
-constexpr OneBased<const char*, 7> kWeekdays({"Sunday", "Monday", "Tuesday", "Wednesday",
-                                              "Thursday", "Friday", "Saturday"});
+/// The first day of a week of which the names of the weekdays are taken.
+constexpr int kSomeSunday = 4;
+
+QString NameOfWeekday(std::size_t day) {
+  return ToQString(
+      modRes::WeekdayWord(MakeDate(2026, 1, kSomeSunday + static_cast<int>(day) - 1).value()));
+}
 
 QHBoxLayout* AddRow(QBoxLayout* column) {
   auto* row = new QHBoxLayout;
@@ -44,7 +51,7 @@ QHBoxLayout* AddRow(QBoxLayout* column) {
 
 QtFreeWindow::QtFreeWindow(const HandlerGuard& guard) : guard_(guard) {
   setObjectName(QStringLiteral("frmFree"));
-  setWindowTitle(QStringLiteral("Free Time"));
+  setWindowTitle(ToQString(Phrase::Tr("Free Time")));
   BuildContents();
   AddEscapeKey(*this, [this] { close(); });
   AddHelpKey(*this, [this] { guard_.Run([this] { handler_->HelpKey(); }); });
@@ -82,20 +89,20 @@ QWidget* QtFreeWindow::BuildFields() {
   return fields;
 }
 
-QComboBox* QtFreeWindow::AddBox(const char* name, const char* spoken_name) {
+QComboBox* QtFreeWindow::AddBox(const char* name, const Phrase& spoken_name) {
   auto* box = new QComboBox(this);
   box->setObjectName(QLatin1String(name));
-  box->setAccessibleName(QLatin1String(spoken_name));
+  box->setAccessibleName(ToQString(spoken_name));
   connect(box, &QComboBox::currentIndexChanged, this, [this] { ReportFields(); });
   return box;
 }
 
 void QtFreeWindow::AddLength(QBoxLayout* row) {
-  Length_ = AddBox("Length", "Length");
+  Length_ = AddBox("Length", Phrase::Tr("Length"));
   for (int half_hours = 1; half_hours <= modRes::kLastSlot; ++half_hours) {
     Length_->addItem(ToQString(modRes::LengthText(half_hours)));
   }
-  auto* label = new QLabel(QStringLiteral("&Length"), this);
+  auto* label = new QLabel(ToQString(Phrase::Tr("&Length")), this);
   label->setBuddy(Length_);
   row->addWidget(label);
   row->addWidget(Length_);
@@ -103,14 +110,16 @@ void QtFreeWindow::AddLength(QBoxLayout* row) {
 }
 
 void QtFreeWindow::AddHours(QBoxLayout* row) {
-  Hours_ = {AddBox("Hours(0)", "Not before"), AddBox("Hours(1)", "Not after")};
+  Hours_ = {AddBox("Hours(0)", Phrase::Tr("Not before")),
+            AddBox("Hours(1)", Phrase::Tr("Not after"))};
   for (modRes::TimeSlot slot = modRes::kFirstSlot; slot <= modRes::kLastSlot; ++slot) {
     Hours_[0]->addItem(ToQString(modRes::LongSlotLabel(slot)));
-    Hours_[1]->addItem(slot == modRes::kLastSlot ? QStringLiteral("12:00 Midnight")
+    Hours_[1]->addItem(slot == modRes::kLastSlot ? ToQString(Phrase::Tr("12:00 Midnight"))
                                                  : ToQString(modRes::LongSlotLabel(slot + 1)));
   }
-  for (const auto& [caption, index] : {std::pair{"&between", 0}, std::pair{"an&d", 1}}) {
-    auto* label = new QLabel(QLatin1String(caption), this);
+  for (const auto& [caption, index] :
+       {std::pair{Phrase::Tr("&between"), 0}, std::pair{Phrase::Tr("an&d"), 1}}) {
+    auto* label = new QLabel(ToQString(caption), this);
     label->setBuddy(Hours_.at(static_cast<std::size_t>(index)));
     row->addWidget(label);
     row->addWidget(Hours_.at(static_cast<std::size_t>(index)));
@@ -119,11 +128,11 @@ void QtFreeWindow::AddHours(QBoxLayout* row) {
 }
 
 QWidget* QtFreeWindow::BuildWeekdays() {
-  auto* group = new QGroupBox(QStringLiteral("Weekdays"), this);
+  auto* group = new QGroupBox(ToQString(Phrase::Tr("Weekdays")), this);
   auto* row = new QHBoxLayout(group);
   row->setSpacing(kGap);
   for (std::size_t day = 1; day <= Days_.size(); ++day) {
-    const QString name = QLatin1String(kWeekdays[day]);
+    const QString name = NameOfWeekday(day);
     auto* box = new QCheckBox(name.left(3), group);
     box->setObjectName(QStringLiteral("Days(%1)").arg(day));
     box->setAccessibleName(name);
@@ -136,14 +145,14 @@ QWidget* QtFreeWindow::BuildWeekdays() {
 }
 
 void QtFreeWindow::AddDates(QBoxLayout* row) {
-  constexpr std::array<const char*, 2> kCaptions = {"&From", "&to"};
-  constexpr std::array<const char*, 2> kNames = {"First date", "Last date"};
+  const std::array<Phrase, 2> captions = {Phrase::Tr("&From"), Phrase::Tr("&to")};
+  const std::array<Phrase, 2> names = {Phrase::Tr("First date"), Phrase::Tr("Last date")};
   for (std::size_t index = 0; index < Text1_.size(); ++index) {
     auto* field = new QLineEdit(this);
     field->setObjectName(QStringLiteral("Text1(%1)").arg(index));
-    field->setAccessibleName(QLatin1String(kNames.at(index)));
+    field->setAccessibleName(ToQString(names.at(index)));
     connect(field, &QLineEdit::textChanged, this, [this] { ReportFields(); });
-    auto* label = new QLabel(QLatin1String(kCaptions.at(index)), this);
+    auto* label = new QLabel(ToQString(captions.at(index)), this);
     label->setBuddy(field);
     row->addWidget(label);
     row->addWidget(field, 1);
@@ -152,13 +161,13 @@ void QtFreeWindow::AddDates(QBoxLayout* row) {
 }
 
 QGroupBox* QtFreeWindow::BuildFacilities() {
-  auto* group = new QGroupBox(QStringLiteral("Facilities"), this);
-  All_ = new QCheckBox(QStringLiteral("&All"), group);
+  auto* group = new QGroupBox(ToQString(Phrase::Tr("Facilities")), this);
+  All_ = new QCheckBox(ToQString(Phrase::Tr("&All")), group);
   All_->setObjectName(QStringLiteral("All"));
-  All_->setAccessibleName(QStringLiteral("All facilities"));
+  All_->setAccessibleName(ToQString(Phrase::Tr("All facilities")));
   Facilities_ = new QListWidget(group);
-  Facilities_->setObjectName(QStringLiteral("Facilities"));
-  Facilities_->setAccessibleName(QStringLiteral("Facilities"));
+  Facilities_->setObjectName(ToQString(Phrase::Tr("Facilities")));
+  Facilities_->setAccessibleName(ToQString(Phrase::Tr("Facilities")));
   Facilities_->setTextElideMode(Qt::ElideRight);
   Facilities_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   Facilities_->setFixedWidth(kFacilitiesWidth);
@@ -174,7 +183,7 @@ QGroupBox* QtFreeWindow::BuildFacilities() {
 void QtFreeWindow::BuildResults(QBoxLayout* column) {
   List1_ = new QListWidget(this);
   List1_->setObjectName(QStringLiteral("List1"));
-  List1_->setAccessibleName(QStringLiteral("Free times"));
+  List1_->setAccessibleName(ToQString(Phrase::Tr("Free times")));
   List1_->setUniformItemSizes(true);
   List1_->setTextElideMode(Qt::ElideRight);
   List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -258,7 +267,8 @@ void QtFreeWindow::ReportFields() {
 void QtFreeWindow::ShowFree(const FreePicture& picture) {
   const QString chosen = ChosenLine(*List1_);
   List1_->clear();
-  for (const std::string& line : picture.Lines) {
+  for (const Phrase& phrase : picture.Lines) {
+    const QString line = ToQString(phrase);
     auto* item = new QListWidgetItem(OneLine(line), List1_);
     item->setToolTip(PlainToolTip(line));
   }

@@ -48,7 +48,7 @@ class QtFreeWindow : public QMainWindow, public FreeView {
   QWidget* BuildWeekdays();
   QGroupBox* BuildFacilities();
   void BuildResults(QBoxLayout* column);
-  QComboBox* AddBox(const char* name, const char* spoken_name);
+  QComboBox* AddBox(const char* name, const Phrase& spoken_name);
   void ShowFacilities(const FreeFields& fields, const std::vector<Facility>& facilities);
   void TickAll(bool ticked);
   void ShowWhetherAll();

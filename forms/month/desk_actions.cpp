@@ -55,7 +55,8 @@ void DeskActions::GoToDate() {
   const Date today = clock_.Today();
   std::string text = DateText(today);
   while (true) {
-    text = dialogs_.InputBox("Date, for example 3/15/2014 or March 15", "Go to a Date", text);
+    text = dialogs_.InputBox(Phrase::Tr("Date, for example 3/15/2014 or March 15"),
+                             Phrase::Tr("Go to a Date"), text);
     if (text.empty()) {
       return;
     }
@@ -63,8 +64,8 @@ void DeskActions::GoToDate() {
       month_.ShowDay(*day);
       return;
     }
-    dialogs_.MsgBox({.Text = "\"" + ShownName(text) + "\" is not a date." + kLineBreak +
-                             "Enter it again, for example 3/15/2014.",
+    dialogs_.MsgBox({.Text = Phrase::Tr("\"%1\" is not a date.", ShownName(text)) + kLineBreak +
+                             Phrase::Tr("Enter it again, for example 3/15/2014."),
                      .Sign = Icon::Exclamation});
   }
 }

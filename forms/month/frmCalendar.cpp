@@ -154,9 +154,9 @@ void frmCalendar::Combo1_KeyPress(int key) {
   }
   Combo1_.Text = ProperCase(Combo1_.Text);
   ShowFacilityBox();
-  const std::string too_long = modRes::FacilityNameTooLong(session_, Combo1_.Text);
+  const Phrase too_long = modRes::FacilityNameTooLong(session_, Combo1_.Text);
   view_.ShowFacilityHint(too_long);
-  if (!too_long.empty()) {
+  if (!too_long.IsEmpty()) {
     dialogs_.MsgBox({.Text = too_long, .Sign = Icon::Exclamation});
     return;
   }
@@ -258,8 +258,9 @@ Date frmCalendar::ChosenDate() const {
 void frmCalendar::OpenDay(const std::string& facility, Date day) {
   PickFacility(facility);
   if (modRes::CurrentFacility(session_) != facility) {
-    dialogs_.MsgBox({.Text = "The facility " + ShownName(facility) + " is not there any more.",
-                     .Sign = Icon::Exclamation});
+    dialogs_.MsgBox(
+        {.Text = Phrase::Tr("The facility %1 is not there any more.", ShownName(facility)),
+         .Sign = Icon::Exclamation});
     return;
   }
   ShowDay(day);

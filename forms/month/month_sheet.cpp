@@ -25,7 +25,7 @@ Sheet MonthSheet(const modRes::MonthPicture& shown, const std::string& room,
   sheet.Headers = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
   sheet.BackColor = ColorNumber(colors.BkGrnd, "BkGrnd");
   sheet.HeaderColor = ColorNumber(colors.HeaderTxt, "HeaderTxt");
-  sheet.Again = "Click on the month to get the buttons back, then print again";
+  sheet.Again = Phrase::Tr("Click on the month to get the buttons back, then print again");
   for (int index = 1; index <= 42; ++index) {
     if (shown.Cells[index].Visible) {
       sheet.Days.push_back(SheetDayOf(shown.Cells[index], index));

@@ -18,7 +18,7 @@ class MonthView : public modRes::MonthScreen {
   virtual void ShowFacilityBox(const NameBox& Combo1) = 0;
 
   /// Combo1: shows beside the box what is wrong with its text; nothing when the hint is empty.
-  virtual void ShowFacilityHint(const std::string& hint) = 0;
+  virtual void ShowFacilityHint(const Phrase& hint) = 0;
 
   /// lblRoom: shows the facility's name.
   virtual void ShowRoom(const std::string& lblRoom) = 0;

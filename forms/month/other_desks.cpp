@@ -65,12 +65,13 @@ void OtherDesks::LeaveFacility(const std::string& name) {
   windows_.LeaveDay();
   month_.ShowFirstFacility();
   const auto first = modRes::CurrentFacility(session_);
-  const std::string instead = first ? "The first one is shown now: " + ShownName(*first) + "."
-                                    : std::string("There is no other one.");
-  dialogs_.MsgBox({.Text = "The facility " + ShownName(name) +
-                           " was deleted at another desk, with all its bookings." + kLineBreak +
-                           instead,
-                   .Sign = Icon::Exclamation});
+  const Phrase instead = first ? Phrase::Tr("The first one is shown now: %1.", ShownName(*first))
+                               : Phrase::Tr("There is no other one.");
+  dialogs_.MsgBox(
+      {.Text = Phrase::Tr("The facility %1 was deleted at another desk, with all its bookings.",
+                          ShownName(name)) +
+               kLineBreak + instead,
+       .Sign = Icon::Exclamation});
 }
 
 }  // namespace veyra

@@ -50,7 +50,7 @@ void QtDayCell::ShowDay(const modRes::MonthCell& cell, std::int32_t background) 
   is_today_ = cell.Visible && cell.IsToday;
   if (cell.Visible) {
     ShowNumber(cell, background);
-    lstDay_->setAccessibleName(QStringLiteral("Bookings on ") + ToQString(DateText(cell.Day)));
+    lstDay_->setAccessibleName(ToQString(Phrase::Tr("Bookings on %1", DateText(cell.Day))));
     if (cell.ListColor) {
       lstDay_->SetBackground(ToQColor(*cell.ListColor, QGuiApplication::palette()));
     }

@@ -21,23 +21,25 @@ QString Caption(const std::string& name, const QFontMetrics& metrics) {
 QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
     : QMenu(&window), guard_(guard), window_(window) {
   setObjectName(QStringLiteral("mnuDesk"));
-  setAccessibleName(QStringLiteral("Calendar"));
-  AddEntry(*this, "mnuToday", "Today",
+  setAccessibleName(ToQString(Phrase::Tr("Calendar")));
+  AddEntry(*this, "mnuToday", Phrase::Tr("Today"),
            {QKeySequence(Qt::CTRL | Qt::Key_T), QKeySequence(Qt::Key_Home)},
            &DeskActions::ShowToday);
-  AddEntry(*this, "mnuGoToDate", "Go to Date...", {QKeySequence(Qt::CTRL | Qt::Key_G)},
+  AddEntry(*this, "mnuGoToDate", Phrase::Tr("Go to Date..."), {QKeySequence(Qt::CTRL | Qt::Key_G)},
            &DeskActions::GoToDate);
-  AddEntry(*this, "mnuFind", "Find...", {QKeySequence(Qt::CTRL | Qt::Key_F)}, &DeskActions::Find);
-  AddEntry(*this, "mnuFreeTime", "Free Time...", {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
-           &DeskActions::FindFreeTime);
-  AddEntry(*this, "mnuDayBoard", "Day Board", {QKeySequence(Qt::CTRL | Qt::Key_B)},
+  AddEntry(*this, "mnuFind", Phrase::Tr("Find..."), {QKeySequence(Qt::CTRL | Qt::Key_F)},
+           &DeskActions::Find);
+  AddEntry(*this, "mnuFreeTime", Phrase::Tr("Free Time..."),
+           {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)}, &DeskActions::FindFreeTime);
+  AddEntry(*this, "mnuDayBoard", Phrase::Tr("Day Board"), {QKeySequence(Qt::CTRL | Qt::Key_B)},
            &DeskActions::ShowDayBoard);
-  AddEntry(*this, "mnuUndo", "Undo...", {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &DeskActions::Undo);
-  AddEntry(*this, "mnuPrintMonth", "Print Month...", {QKeySequence(Qt::CTRL | Qt::Key_P)},
-           &DeskActions::PrintMonth);
-  AddEntry(*this, "mnuPrintWeek", "Print Week...", {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)},
-           &DeskActions::PrintWeek);
-  facilities_ = addMenu(QStringLiteral("Facility"));
+  AddEntry(*this, "mnuUndo", Phrase::Tr("Undo..."), {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+           &DeskActions::Undo);
+  AddEntry(*this, "mnuPrintMonth", Phrase::Tr("Print Month..."),
+           {QKeySequence(Qt::CTRL | Qt::Key_P)}, &DeskActions::PrintMonth);
+  AddEntry(*this, "mnuPrintWeek", Phrase::Tr("Print Week..."),
+           {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)}, &DeskActions::PrintWeek);
+  facilities_ = addMenu(ToQString(Phrase::Tr("Facility")));
   facilities_->setObjectName(QStringLiteral("mnuFacility"));
   for (std::size_t place = 0; place < facility_.size(); ++place) {
     const auto number = static_cast<int>(place) + 1;
@@ -50,9 +52,9 @@ QtDeskMenu::QtDeskMenu(const HandlerGuard& guard, QWidget& window)
 }
 
 /// The first of the keys is the one that the menu names.
-QAction* QtDeskMenu::AddEntry(QMenu& menu, const char* name, const char* caption,
+QAction* QtDeskMenu::AddEntry(QMenu& menu, const char* name, const Phrase& caption,
                               const QList<QKeySequence>& keys, const Work& work) {
-  auto* entry = new QAction(QLatin1String(caption), &window_);
+  auto* entry = new QAction(ToQString(caption), &window_);
   entry->setObjectName(QLatin1String(name));
   entry->setMenuRole(QAction::NoRole);
   entry->setShortcuts(keys);

@@ -31,7 +31,7 @@ class QtDeskMenu : public QMenu {
  private:
   using Work = std::function<void(DeskActions& desk)>;
 
-  QAction* AddEntry(QMenu& menu, const char* name, const char* caption,
+  QAction* AddEntry(QMenu& menu, const char* name, const Phrase& caption,
                     const QList<QKeySequence>& keys, const Work& work);
 
   const HandlerGuard& guard_;

@@ -28,9 +28,6 @@ namespace veyra {
 namespace {
 
 constexpr int kEnterKey = 13;
-constexpr const char* kNoFacilityYet =
-    "There is no facility yet.\nType the name of the first one into the box at the top and press "
-    "Enter.";
 constexpr int kMargin = 10;
 constexpr int kGap = 8;
 constexpr double kShareOfScreen = 0.9;
@@ -57,6 +54,12 @@ void KeepPlaceWhenHidden(QWidget* widget) {
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
   widget->setSizePolicy(policy);
+}
+
+QString NoFacilityYet() {
+  return ToQString(Phrase::Tr("There is no facility yet.") + "\n" +
+                   Phrase::Tr("Type the name of the first one into the box at the top and press "
+                              "Enter."));
 }
 
 }  // namespace
@@ -244,11 +247,11 @@ void QtMonthWindow::ShowDayCell(int cell_index, const modRes::DayLines& lines) {
 void QtMonthWindow::ShowFacilityBox(const NameBox& box) {
   Combo1_->ShowNames(box);
   desk_menu_->ShowFacilities(box.Items);
-  grid_->ShowHint(box.Items.empty() ? QLatin1String(kNoFacilityYet) : QLatin1String());
+  grid_->ShowHint(box.Items.empty() ? NoFacilityYet() : QString());
 }
 
-void QtMonthWindow::ShowFacilityHint(const std::string& hint) {
-  Combo1_->ShowHint(hint);
+void QtMonthWindow::ShowFacilityHint(const Phrase& hint) {
+  Combo1_->ShowHint(ToQString(hint));
 }
 
 void QtMonthWindow::ShowRoom(const std::string& room) {

@@ -37,7 +37,7 @@ class QtMonthWindow : public QMainWindow, public MonthView {
   void ShowDayCell(int cell_index, const modRes::DayLines& lines) override;
   const modRes::MonthPicture& Shown() const override { return shown_.Picture(); }
   void ShowFacilityBox(const NameBox& box) override;
-  void ShowFacilityHint(const std::string& hint) override;
+  void ShowFacilityHint(const Phrase& hint) override;
   void ShowRoom(const std::string& room) override;
   void ShowColors(std::int32_t background, std::int32_t header) override;
   void ShowControls(bool visible) override;

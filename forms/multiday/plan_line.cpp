@@ -24,30 +24,38 @@ bool IsFarAway(Date day, Date today) {
   return limit && day > *limit;
 }
 
-std::string Dates(std::int64_t count) {
-  return std::to_string(count) + (count == 1 ? " date" : " dates");
+Phrase Dates(std::int64_t count) {
+  return count == 1 ? Phrase::Tr("1 date") : Phrase::Tr("%1 dates", count);
 }
 
-std::string Taken(const modRes::PlannedRange& range, const modRes::TakenDays& taken) {
-  if (!taken.IsDone()) {
-    return ", counting those taken ...";
-  }
-  const std::int64_t count = taken.CountIn(range);
-  return ", " + (count == 0 ? "none" : std::to_string(count)) + " of them taken";
+Phrase WithTaken(const Phrase& dates, std::int64_t taken) {
+  return taken == 0 ? Phrase::Tr("%1, none of them taken", dates)
+                    : Phrase::Tr("%1, %2 of them taken", dates, taken);
 }
 
-std::string OddNote(const modRes::PlannedRange& range, std::int64_t count, Date today) {
-  if (count > 0 && IsFarAway(range.To, today)) {
-    return "Is this meant? It ends in " + std::to_string(YearOf(range.To)) + ".";
-  }
-  return count > kManyDates ? "Is this meant? So many dates." : "";
-}
-
-std::string TimeNote(const modRes::SlotLabelTable& labels, const modRes::TakenDays* taken) {
+Phrase PlanText(const modRes::PlannedRange& range, std::int64_t count,
+                const modRes::TakenDays* taken) {
+  const Phrase dates = Dates(count);
   if (taken == nullptr) {
-    return "Choose a time in the day first to count those taken.";
+    return dates;
   }
-  return "Counted for " + modRes::TimesLabel(labels, taken->Slots()) + ", the time chosen last.";
+  return taken->IsDone() ? WithTaken(dates, taken->CountIn(range))
+                         : Phrase::Tr("%1, counting those taken ...", dates);
+}
+
+Phrase OddNote(const modRes::PlannedRange& range, std::int64_t count, Date today) {
+  if (count > 0 && IsFarAway(range.To, today)) {
+    return Phrase::Tr("Is this meant? It ends in %1.", YearOf(range.To));
+  }
+  return count > kManyDates ? Phrase::Tr("Is this meant? So many dates.") : Phrase();
+}
+
+Phrase TimeNote(const modRes::SlotLabelTable& labels, const modRes::TakenDays* taken) {
+  if (taken == nullptr) {
+    return Phrase::Tr("Choose a time in the day first to count those taken.");
+  }
+  return Phrase::Tr("Counted for %1, the time chosen last.",
+                    modRes::TimesLabel(labels, taken->Slots()));
 }
 
 }  // namespace
@@ -59,15 +67,15 @@ PlanLine DescribePlan(const MultiDayPlan& plan, Date today, const modRes::SlotLa
   }
   const modRes::PlannedRange range = modRes::RangeOfPlan(plan, today);
   if (range.To < range.From) {
-    return {"No dates: they end before they begin.", ""};
+    return {Phrase::Tr("No dates: they end before they begin."), ""};
   }
   const std::int64_t count = modRes::CountPlannedDates(range);
   if (count == 0) {
-    return {"No dates: none of them falls on a ticked weekday.", ""};
+    return {Phrase::Tr("No dates: none of them falls on a ticked weekday."), ""};
   }
-  const std::string text = Dates(count) + (taken == nullptr ? "" : Taken(range, *taken));
-  const std::string odd = OddNote(range, count, today);
-  return odd.empty() ? PlanLine{text, TimeNote(labels, taken)} : PlanLine{text, odd, true};
+  const Phrase text = PlanText(range, count, taken);
+  const Phrase odd = OddNote(range, count, today);
+  return odd.IsEmpty() ? PlanLine{text, TimeNote(labels, taken)} : PlanLine{text, odd, true};
 }
 
 }  // namespace veyra

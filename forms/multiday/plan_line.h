@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
-
 #include "data/date.h"
+#include "data/phrase.h"
 #include "logic/multiday.h"
 #include "logic/slots.h"
 #include "logic/taken_days.h"
@@ -11,8 +10,8 @@ namespace veyra {
 
 /// What the multiple-day window says of its plan while it is being made.
 struct PlanLine {
-  std::string Text;    ///< "14 dates, 4 of them taken"; empty while the plan lacks something.
-  std::string Note;    ///< What else is to be known of it.
+  Phrase Text;         ///< "14 dates, 4 of them taken"; empty while the plan lacks something.
+  Phrase Note;         ///< What else is to be known of it.
   bool IsOdd = false;  ///< Whether the plan looks like a slip of the hand: Note then says why.
 
   bool operator==(const PlanLine&) const = default;

@@ -186,7 +186,7 @@ void QtMultiDayWindow::AddButtons(QBoxLayout* column) {
 void QtMultiDayWindow::BuildPicker() {
   Calendar1_ = new QtDatePicker(centralWidget());
   Calendar1_->setObjectName(QStringLiteral("Calendar1"));
-  Calendar1_->setAccessibleName(QStringLiteral("Calendar"));
+  Calendar1_->setAccessibleName(ToQString(Phrase::Tr("Calendar")));
   Calendar1_->setToolTip(QStringLiteral("Double-Click to enter desired Date"));
   Calendar1_->setFont(QFont(QStringLiteral("Arial"), font().pointSize()));
   Calendar1_->setFirstDayOfWeek(Qt::Sunday);

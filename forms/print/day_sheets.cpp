@@ -49,7 +49,7 @@ Sheet EmptySheet(Session& session) {
   sheet.Room = modRes::CurrentFacility(session).value_or("");
   sheet.BackColor = ColorNumber(session.CurrentColors.BkGrnd, "BkGrnd");
   sheet.HeaderColor = ColorNumber(session.CurrentColors.HeaderTxt, "HeaderTxt");
-  sheet.Again = "Print again";
+  sheet.Again = Phrase::Tr("Print again");
   return sheet;
 }
 

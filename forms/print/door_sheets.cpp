@@ -47,7 +47,7 @@ void DoorSheets::Print(const Sheet& sheet) {
   }
   printer_.UsePrinter(*printer);
   printer_.Print(sheet);
-  dialogs_.MsgBox({.Text = "Print Complete.", .Sign = Icon::Information});
+  dialogs_.MsgBox({.Text = Phrase::Tr("Print Complete."), .Sign = Icon::Information});
 }
 
 }  // namespace veyra

@@ -28,23 +28,22 @@ Message PrintFailure(const std::exception& failure) {
 }
 
 PrinterError NoSuchPrinter(const std::string& device_name, const Sheet& sheet) {
-  return PrinterError({"", "The printer \"" + device_name + "\" is no longer there.",
-                       sheet.Again + " on another printer, or into a PDF file."});
+  return PrinterError({"", Phrase::Tr("The printer \"%1\" is no longer there.", device_name),
+                       Phrase::Tr("%1 on another printer, or into a PDF file.", sheet.Again)});
 }
 
-PrinterError JobRefused(const std::string& device_name, const std::string& reason,
-                        const Sheet& sheet) {
-  return PrinterError({"",
-                       "The printer \"" + device_name + "\" has not taken the page: " + reason +
-                           (reason.ends_with('.') ? "" : "."),
-                       sheet.Again + ", perhaps on another printer."});
+PrinterError JobRefused(const std::string& device_name, const Phrase& reason, const Sheet& sheet) {
+  return PrinterError(
+      {"", Phrase::Tr("The printer \"%1\" has not taken the page: %2.", device_name, reason),
+       Phrase::Tr("%1, perhaps on another printer.", sheet.Again)});
 }
 
 PrinterError FileNotWritten(const std::string& file_name, const std::string& reason,
                             const Sheet& sheet) {
-  return PrinterError({file_name, "The file cannot be written: " + reason + ".",
-                       "See whether the disk is full and whether the folder may be written to. " +
-                           sheet.Again + "."});
+  return PrinterError(
+      {file_name, Phrase::Tr("The file cannot be written: %1.", reason),
+       Phrase::Tr("See whether the disk is full and whether the folder may be written to. %1.",
+                  sheet.Again)});
 }
 
 }  // namespace veyra

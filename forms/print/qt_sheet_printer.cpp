@@ -79,8 +79,15 @@ QString FolderFor(const QPrinter* last) {
   return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-PrinterError JobFailure(const QPrinter& printer, const QString& reason, const Sheet& sheet) {
-  return JobRefused(ToUtf8(printer.printerName()), ToUtf8(reason), sheet);
+std::string WithoutFullStop(QString sentence) {
+  if (sentence.endsWith(QLatin1Char('.'))) {
+    sentence.chop(1);
+  }
+  return ToUtf8(sentence);
+}
+
+PrinterError JobFailure(const QPrinter& printer, const Phrase& reason, const Sheet& sheet) {
+  return JobRefused(ToUtf8(printer.printerName()), reason, sheet);
 }
 
 /// The toolkit writes a job into the folder for temporary files, and does not notice when the disk
@@ -89,7 +96,7 @@ void NeedRoomForJob(const QPrinter& printer, const Sheet& sheet) {
   QTemporaryFile probe;
   const QByteArray filling(kRoomForJob, '\0');
   if (!probe.open() || probe.write(filling) != filling.size() || !probe.flush()) {
-    throw JobFailure(printer, probe.errorString(), sheet);
+    throw JobFailure(printer, WithoutFullStop(probe.errorString()), sheet);
   }
 }
 
@@ -108,13 +115,13 @@ void PrintToQueue(QPrinter& printer, const Sheet& sheet, PrintedBackground backg
   printer.setDocName(ToQString(NameOf(sheet)));
   QPainter painter;
   if (!painter.begin(&printer)) {
-    throw JobFailure(printer, QStringLiteral("it cannot be started"), sheet);
+    throw JobFailure(printer, Phrase::Tr("it cannot be started"), sheet);
   }
   const QSize size = printer.pageLayout().paintRectPixels(printer.resolution()).size();
   PaintSheet(painter, QRectF(QPointF(0, 0), size), sheet, background, [&] { printer.newPage(); });
   painter.end();
   if (const QString refusal = RefusalOfPrintService(); !refusal.isEmpty()) {
-    throw JobFailure(printer, refusal, sheet);
+    throw JobFailure(printer, WithoutFullStop(refusal), sheet);
   }
 }
 
@@ -124,9 +131,9 @@ PrintedBackground UsualBackground(const Sheet& sheet) {
 
 /// Puts the box over the dialog's buttons, where it is seen without asking for options.
 QCheckBox* AddBackgroundBox(QPrintDialog& dialog) {
-  auto* box = new QCheckBox(QStringLiteral("Print background"), &dialog);
+  auto* box = new QCheckBox(ToQString(Phrase::Tr("Print background")), &dialog);
   box->setObjectName(QLatin1String(QtSheetPrinter::kBackgroundBox));
-  box->setToolTip(QStringLiteral("Without it the paper stays white, and no text is pale"));
+  box->setToolTip(ToQString(Phrase::Tr("Without it the paper stays white, and no text is pale")));
   if (auto* column = qobject_cast<QBoxLayout*>(dialog.layout())) {
     column->insertWidget(column->count() - 1, box);
   }

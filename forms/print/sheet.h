@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "logic/listings.h"
 
 namespace veyra {
@@ -35,7 +36,7 @@ struct Sheet {
   std::int32_t BackColor = 0;
   std::int32_t HeaderColor = 0;  ///< Of the title, the facility's name and the headers.
   std::vector<SheetDay> Days;    ///< At least one; in the order of their places.
-  std::string Again;  ///< How to print once more, for the beginning of an advice: "Print again".
+  Phrase Again;  ///< How to print once more, for the beginning of an advice: "Print again".
 };
 
 /// What the sheet is called where it has to have a name: title and facility.

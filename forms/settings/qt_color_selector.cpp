@@ -4,6 +4,7 @@
 
 #include "forms/settings/qt_swatch.h"
 #include "forms/widgets/qt_colors.h"
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {
@@ -62,7 +63,7 @@ void QtColorSelector::AddSquare(std::size_t index) {
   auto* square = new QtSwatch(this);
   const QColor color = ToQColor(kPalette[index], QGuiApplication::palette());
   square->setObjectName(QStringLiteral("Colors(%1)").arg(index));
-  square->setAccessibleName(QStringLiteral("Color ") + WebName(color));
+  square->setAccessibleName(ToQString(Phrase::Tr("Color %1", ToUtf8(WebName(color)))));
   square->setToolTip(WebName(color));
   square->ShowColor(color);
   square->setFocusPolicy(Qt::NoFocus);

@@ -68,7 +68,7 @@ QPushButton* AddButton(QMessageBox& box, const Choice& choice) {
              : box.addButton(choice.Standard);
 }
 
-QString ShownText(const std::string& text) {
+QString ShownText(const Phrase& text) {
   QString shown = ToQString(text);
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   return shown;
@@ -148,7 +148,7 @@ Answer QtDialogs::MsgBox(const Message& message) {
   return clicked == answers.end() ? choices.back().Meaning : clicked->second;
 }
 
-std::string QtDialogs::InputBox(const std::string& prompt, const std::string& title,
+std::string QtDialogs::InputBox(const Phrase& prompt, const Phrase& title,
                                 const std::string& default_text) {
   QInputDialog box(WindowInUse());
   box.setInputMode(QInputDialog::TextInput);
@@ -161,7 +161,7 @@ std::string QtDialogs::InputBox(const std::string& prompt, const std::string& ti
   return box.exec() == QDialog::Accepted ? ToUtf8(box.textValue()) : std::string();
 }
 
-std::unique_ptr<Progress> QtDialogs::StartProgress(const std::string& text, EarlyEnd early_end) {
+std::unique_ptr<Progress> QtDialogs::StartProgress(const Phrase& text, EarlyEnd early_end) {
   return std::make_unique<QtProgress>(text, early_end);
 }
 

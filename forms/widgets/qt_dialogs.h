@@ -11,9 +11,9 @@ namespace veyra {
 class QtDialogs : public Dialogs {
  public:
   Answer MsgBox(const Message& message) override;
-  std::string InputBox(const std::string& prompt, const std::string& title,
+  std::string InputBox(const Phrase& prompt, const Phrase& title,
                        const std::string& default_text) override;
-  std::unique_ptr<Progress> StartProgress(const std::string& text, EarlyEnd early_end) override;
+  std::unique_ptr<Progress> StartProgress(const Phrase& text, EarlyEnd early_end) override;
 };
 
 }  // namespace veyra

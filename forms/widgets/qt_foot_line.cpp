@@ -75,8 +75,8 @@ void QtFootLine::Add(QWidget& window) {
   labels_.back()->ShowLine(line_);
 }
 
-void QtFootLine::ShowFootLine(const std::string& text) {
-  line_ = OneLine(text);
+void QtFootLine::ShowFootLine(const Phrase& text) {
+  line_ = OneLine(ToQString(text));
   ShowEverywhere();
   end_.start();
 }

@@ -44,7 +44,7 @@ class QtFootLine : public QObject, public FootLine {
   /// Adds a window, which shows from its first moment what is being shown.
   void Add(QWidget& window);
 
-  void ShowFootLine(const std::string& text) override;
+  void ShowFootLine(const Phrase& text) override;
 
  private:
   void ShowEverywhere();

@@ -19,7 +19,7 @@ bool IsEnter(int key) {
 
 QtMatchList::QtMatchList(QWidget& box) : QListWidget(&box), box_(box) {
   setObjectName(QStringLiteral("matches"));
-  setAccessibleName(QStringLiteral("Matching names"));
+  setAccessibleName(ToQString(Phrase::Tr("Matching names")));
   setFocusPolicy(Qt::NoFocus);
   setUniformItemSizes(true);
   setTextElideMode(Qt::ElideRight);

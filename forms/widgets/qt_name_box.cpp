@@ -90,8 +90,8 @@ void QtNameBox::ShowText(const std::string& text) {
   lineEdit()->home(false);
 }
 
-void QtNameBox::ShowHint(const std::string& hint) {
-  hint_->ShowText(ToQString(hint));
+void QtNameBox::ShowHint(const QString& hint) {
+  hint_->ShowText(hint);
   lineEdit()->setAccessibleDescription(hint_->text());
 }
 
@@ -144,7 +144,8 @@ void QtNameBox::FillList(const std::vector<std::string>& names) {
   names_ = names;
   QStringList lines;
   lines.reserve(static_cast<qsizetype>(names.size()));
-  std::transform(names.begin(), names.end(), std::back_inserter(lines), OneLine);
+  std::transform(names.begin(), names.end(), std::back_inserter(lines),
+                 [](const std::string& name) { return OneLine(name); });
   const QString text = lineEdit()->text();
   const int cursor = lineEdit()->cursorPosition();
   const int selected = static_cast<int>(lineEdit()->selectedText().size());

@@ -37,7 +37,7 @@ class QtNameBox : public QComboBox {
 
   /// Shows below the box what is wrong with its text, until the hint is empty or the program shows
   /// another text. What lies there is covered meanwhile.
-  void ShowHint(const std::string& hint);
+  void ShowHint(const QString& hint);
 
   /// Selects the whole text. When it is a mouse click that has brought the focus, the selection
   /// outlasts this click.

@@ -24,8 +24,8 @@ int BarValue(std::int64_t done, std::int64_t total) {
 
 }  // namespace
 
-QtProgress::QtProgress(const std::string& text, EarlyEnd early_end)
-    : text_(ToQString(text)), early_end_(early_end) {
+QtProgress::QtProgress(const Phrase& text, EarlyEnd early_end)
+    : text_(text), early_end_(early_end) {
   since_start_.start();
   since_look_.start();
 }
@@ -40,7 +40,7 @@ bool QtProgress::Report(std::int64_t done, std::int64_t total) {
   if (!box_) {
     Show();
   }
-  box_->setLabelText(QStringLiteral("%1\n%2 of %3").arg(text_).arg(done).arg(total));
+  box_->setLabelText(ToQString(text_ + "\n" + Phrase::Tr("%1 of %2", done, total)));
   box_->setValue(BarValue(done, total));
   QCoreApplication::processEvents();
   since_look_.restart();

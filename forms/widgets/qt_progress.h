@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QString>
 #include <cstdint>
 #include <memory>
 
@@ -15,7 +14,7 @@ class QtProgressBox;
 /// no other window takes input; before that, in the first half second, no event is looked at.
 class QtProgress : public Progress {
  public:
-  QtProgress(const std::string& text, EarlyEnd early_end);
+  QtProgress(const Phrase& text, EarlyEnd early_end);
   ~QtProgress() override;
 
   bool Report(std::int64_t done, std::int64_t total) override;
@@ -23,7 +22,7 @@ class QtProgress : public Progress {
  private:
   void Show();
 
-  QString text_;
+  Phrase text_;
   EarlyEnd early_end_;
   QElapsedTimer since_start_;
   QElapsedTimer since_look_;

@@ -1,5 +1,6 @@
 #include "forms/widgets/qt_text.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace veyra {
@@ -20,12 +21,17 @@ bool BreaksTheLine(QChar character) {
 
 }  // namespace
 
+QString ToQString(const Phrase& phrase) {
+  return ToQString(phrase.TranslatedBy([](const std::string& pattern) {
+    return ToUtf8(QCoreApplication::translate("Phrase", pattern.c_str()));
+  }));
+}
+
 QString WithoutAltKey(QString caption) {
   return caption.remove(QLatin1Char('&'));
 }
 
-QString OneLine(const std::string& text) {
-  QString line = ToQString(text);
+QString OneLine(QString line) {
   if (std::none_of(line.cbegin(), line.cend(), BreaksTheLine)) {
     return line;
   }
@@ -34,8 +40,7 @@ QString OneLine(const std::string& text) {
   return line;
 }
 
-QString PlainToolTip(const std::string& text) {
-  QString shown = ToQString(text);
+QString PlainToolTip(QString shown) {
   if (shown.size() > kLongestToolTip) {
     shown.truncate(kLongestToolTip);
     shown.append(QChar(0x2026));

@@ -40,7 +40,7 @@ void QtWaitingSign::WaitEnded() {
 void QtWaitingSign::Show(const std::string& file) {
   guard_.Hold(true);
   box_ = std::make_unique<QtProgressBox>(EarlyEnd::Cancel, WindowInUse());
-  box_->setLabelText(QStringLiteral("Waiting for another program …\n") + ToQString(file));
+  box_->setLabelText(ToQString(Phrase::Tr("Waiting for another program …") + "\n" + file));
   // No end can be foreseen: the bar only shows that the program is alive.
   box_->setRange(0, 0);
   box_->show();

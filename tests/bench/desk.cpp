@@ -92,7 +92,7 @@ void PatientOperator::Look() {
 
 Answer PatientOperator::MsgBox(const Message& message) {
   Look();
-  last_box_ = message.Text;
+  last_box_ = message.Text.English();
   switch (message.Choice) {
     case Buttons::Ok:
     case Buttons::OkCancel:
@@ -102,10 +102,10 @@ Answer PatientOperator::MsgBox(const Message& message) {
     case Buttons::ContinueUndoKeep:
       break;
   }
-  throw std::runtime_error("the action halted: " + message.Text);
+  throw std::runtime_error("the action halted: " + last_box_);
 }
 
-std::unique_ptr<Progress> PatientOperator::StartProgress(const std::string&, EarlyEnd) {
+std::unique_ptr<Progress> PatientOperator::StartProgress(const Phrase&, EarlyEnd) {
   last_look_ = steady_clock::now();
   return std::make_unique<Watching>(*this);
 }

@@ -30,10 +30,10 @@ struct DeskCalendar {
 class PatientOperator : public Dialogs {
  public:
   Answer MsgBox(const Message& message) override;
-  std::string InputBox(const std::string&, const std::string&, const std::string& text) override {
+  std::string InputBox(const Phrase&, const Phrase&, const std::string& text) override {
     return text;
   }
-  std::unique_ptr<Progress> StartProgress(const std::string&, EarlyEnd) override;
+  std::unique_ptr<Progress> StartProgress(const Phrase&, EarlyEnd) override;
 
   /// What the last box said.
   const std::string& LastBox() const { return last_box_; }

@@ -24,7 +24,7 @@ class CalendarLinkTest : public testing::Test {
     } catch (const DatabaseError& error) {
       EXPECT_EQ(File(), error.report().File);
       EXPECT_NE("", error.report().Advice);
-      return error.report().Cause;
+      return error.report().Cause.English();
     }
     ADD_FAILURE() << "no report of " << text;
     return {};
@@ -98,7 +98,8 @@ TEST_F(CalendarLinkTest, OpeningNamesTheLinkThatLeadsNowhere) {
     FAIL() << "opened";
   } catch (const DatabaseError& error) {
     EXPECT_EQ(File(), error.report().File);
-    EXPECT_NE(std::string::npos, error.report().Cause.find("server")) << error.report().Cause;
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("server"))
+        << error.report().Cause;
   }
 }
 

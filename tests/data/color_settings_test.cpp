@@ -154,7 +154,7 @@ TEST_P(BadColorTest, IsReportedWithItsColumn) {
     ColorNumber(GetParam(), "TodayColor");
     FAIL() << "no report";
   } catch (const ValueError& error) {
-    EXPECT_NE(std::string::npos, error.report().Cause.find("TodayColor"));
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("TodayColor"));
     EXPECT_NE("", error.report().Advice);
   }
 }

@@ -25,7 +25,7 @@ class CreateStoreTest : public testing::Test {
       CreateStore(file);
     } catch (const DatabaseError& error) {
       EXPECT_NE("", error.report().Advice);
-      return error.report().Cause;
+      return error.report().Cause.English();
     }
     ADD_FAILURE() << "no report";
     return {};

@@ -57,8 +57,8 @@ class HeldBackTest : public SchemaTest {
     return {};
   }
 
-  static bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
+  static bool Has(const Phrase& text, const std::string& part) {
+    return text.English().find(part) != std::string::npos;
   }
 
   void MakeReadOnly() {

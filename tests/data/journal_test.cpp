@@ -223,7 +223,7 @@ TEST_P(ForeignJournalTest, AJournalThatAnotherProgramChangedCanBeEnded) {
     Book(*store, "refused");
     FAIL() << "booked";
   } catch (const DatabaseError& error) {
-    EXPECT_NE(std::string::npos, error.report().Advice.find("veyra-data journal off"));
+    EXPECT_NE(std::string::npos, error.report().Advice.English().find("veyra-data journal off"));
   }
   store->KeepJournal(false);
   Book(*store, "booked");

@@ -49,7 +49,7 @@ class OpenStoreTest : public testing::Test {
     EXPECT_EQ(report.Cause, ReportOf(File(), StoreAccess::ReadOnly).Cause);
     EXPECT_EQ(File(), report.File);
     EXPECT_NE("", report.Advice);
-    return report.Cause;
+    return report.Cause.English();
   }
 
   /// The same of a file that is only refused when it is to be written.
@@ -57,7 +57,7 @@ class OpenStoreTest : public testing::Test {
     const Report report = ReportOf(File(), StoreAccess::ReadWrite);
     EXPECT_EQ(File(), report.File);
     EXPECT_NE("", report.Advice);
-    return report.Cause;
+    return report.Cause.English();
   }
 
   TempFolder folder_;

@@ -137,7 +137,7 @@ TEST_P(BadQueryTest, IsReportedWithItsText) {
     ParseQuery(sql);
     FAIL() << "no report";
   } catch (const DatabaseError& error) {
-    EXPECT_NE(std::string::npos, error.report().Cause.find("\"" + sql + "\""));
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("\"" + sql + "\""));
   }
 }
 

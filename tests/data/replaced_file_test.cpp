@@ -58,7 +58,7 @@ class ReplacedFileTest : public testing::TestWithParam<StoreKind> {
     } catch (const FileReplacedError& error) {
       EXPECT_EQ(File(), error.report().File);
       EXPECT_NE("", error.report().Advice);
-      return error.report().Cause;
+      return error.report().Cause.English();
     }
     ADD_FAILURE() << "no report";
     return {};

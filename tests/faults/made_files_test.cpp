@@ -113,7 +113,8 @@ class MadeFilesTest : public testing::Test {
     try {
       New(kind);
     } catch (const FileError& error) {
-      EXPECT_NE(std::string::npos, error.report().Cause.find("there already")) << error.what();
+      EXPECT_NE(std::string::npos, error.report().Cause.English().find("there already"))
+          << error.what();
       EXPECT_TRUE(was_made || !NamesIn("data").empty());
     }
     EXPECT_EQ((Names{"Calendar.mdb", "Veyra.mdb"}), NamesIn("data"));

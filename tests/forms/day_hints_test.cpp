@@ -10,7 +10,7 @@ class DayHintsTest : public testing::Test {
   DayHintsTest() { modRes::SlotLabels(labels_); }
 
   std::string Range(int first, int last, bool several_days = false) const {
-    return RangeHint(labels_, grid_, {first, last}, several_days);
+    return RangeHint(labels_, grid_, {first, last}, several_days).English();
   }
 
   static modRes::GroupDates Dates(std::size_t count, int year, int month, int day) {

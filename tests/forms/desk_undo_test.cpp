@@ -8,7 +8,7 @@ namespace {
 class FakeFootLine : public FootLine {
  public:
   std::vector<std::string> Lines;
-  void ShowFootLine(const std::string& text) override { Lines.push_back(text); }
+  void ShowFootLine(const Phrase& text) override { Lines.push_back(text.English()); }
 };
 
 /// The day window of 6 April 2014 and what is told of its changes.

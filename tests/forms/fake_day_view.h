@@ -28,8 +28,8 @@ class FakeDayView : public DayView {
   }
   void ShowNameBox(const NameBox& box) override { Combo1 = box; }
   void ShowName(const std::string& text) override { Combo1.Text = text; }
-  void ShowNameHint(const std::string& hint) override { NameHint = hint; }
-  void ShowRangeHint(const std::string& hint) override { RangeHint = hint; }
+  void ShowNameHint(const Phrase& hint) override { NameHint = hint.English(); }
+  void ShowRangeHint(const Phrase& hint) override { RangeHint = hint.English(); }
   void ScrollToRow(int row) override { TopRow = row; }
   void SetCurrentRow(int row) override { CurrentRow = row; }
   void ChooseRows(int first, int last) override {

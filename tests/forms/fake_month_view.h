@@ -40,7 +40,7 @@ class FakeMonthView : public MonthView {
   }
   const modRes::MonthPicture& Shown() const override { return Picture; }
   void ShowFacilityBox(const NameBox& box) override { Combo1 = box; }
-  void ShowFacilityHint(const std::string& hint) override { FacilityHint = hint; }
+  void ShowFacilityHint(const Phrase& hint) override { FacilityHint = hint.English(); }
   void ShowRoom(const std::string& name) override { lblRoom = name; }
   void ShowColors(std::int32_t background, std::int32_t header) override {
     Background = background;

@@ -13,8 +13,8 @@ class FakeBoardView : public BoardView {
   modRes::DayBoard Board;
   std::string Log;
 
-  void ShowBoard(const std::string& day, const modRes::DayBoard& board) override {
-    Day = day;
+  void ShowBoard(const Phrase& day, const modRes::DayBoard& board) override {
+    Day = day.English();
     Board = board;
   }
   void ShowWindow() override { Log += "show\n"; }

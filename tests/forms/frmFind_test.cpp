@@ -51,9 +51,9 @@ TEST_F(FrmFindTest, WhatIsFoundIsShown) {
   folder_.AddBooking(1, "2014-03-14", 19, 21, "Smith");
   Open();
   Type("smi");
-  EXPECT_EQ((std::vector<std::string>{"Sunday, 3/16/2014,  9:00A-10:30A, Pool, Smith"}),
+  EXPECT_EQ((std::vector<Phrase>{"Sunday, 3/16/2014,  9:00A-10:30A, Pool, Smith"}),
             find_view_.Picture.Upcoming);
-  EXPECT_EQ((std::vector<std::string>{"Friday, 3/14/2014,  9:00A-10:30A, Pool, Smith"}),
+  EXPECT_EQ((std::vector<Phrase>{"Friday, 3/14/2014,  9:00A-10:30A, Pool, Smith"}),
             find_view_.Picture.Past);
   EXPECT_EQ("To come: 1. Past: 1. Enter opens the day.", find_view_.Picture.State);
 }

@@ -55,7 +55,7 @@ class FrmFreeTest : public MonthFixture {
     }
   }
 
-  const std::string& State() const { return free_view_.Picture.State; }
+  std::string State() const { return free_view_.Picture.State.English(); }
 
   FreeFields fields_;
   FakeFreeView free_view_;
@@ -75,8 +75,8 @@ TEST_F(FrmFreeTest, WhatIsFreeIsShownForWhatIsWished) {
   folder_.AddBooking(1, "2014-03-15", 22, 26, "Smith");
   Open();
   WishTwoHours();
-  EXPECT_EQ((std::vector<std::string>{"Saturday, 3/15/2014,  9:00A- 3:00P, Hall",
-                                      "Saturday, 3/15/2014,  1:00P- 3:00P, Pool"}),
+  EXPECT_EQ((std::vector<Phrase>{"Saturday, 3/15/2014,  9:00A- 3:00P, Hall",
+                                 "Saturday, 3/15/2014,  1:00P- 3:00P, Pool"}),
             free_view_.Picture.Lines);
 }
 
@@ -86,7 +86,7 @@ TEST_F(FrmFreeTest, AFacilityThatIsNotTickedIsLeftOut) {
   FreeFields fields = fields_;
   fields.LeftOut = {1};
   Change(fields);
-  EXPECT_EQ((std::vector<std::string>{"Saturday, 3/15/2014,  9:00A- 3:00P, Hall"}),
+  EXPECT_EQ((std::vector<Phrase>{"Saturday, 3/15/2014,  9:00A- 3:00P, Hall"}),
             free_view_.Picture.Lines);
 }
 

@@ -28,7 +28,7 @@ class MultiDayCountTest : public DayFixture {
     }
   }
 
-  std::string Line() const { return plan_view_.Line.Text; }
+  std::string Line() const { return plan_view_.Line.Text.English(); }
 
   FakeMultiDayView plan_view_;
   std::unique_ptr<frmMultiDay> window_;

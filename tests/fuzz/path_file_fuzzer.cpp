@@ -15,10 +15,10 @@ constexpr int kReadByLines = 2;
 class NoDialogs : public veyra::Dialogs {
  public:
   veyra::Answer MsgBox(const veyra::Message&) override { return veyra::Answer::Ok; }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+  std::string InputBox(const veyra::Phrase&, const veyra::Phrase&, const std::string&) override {
     return {};
   }
-  std::unique_ptr<veyra::Progress> StartProgress(const std::string&, veyra::EarlyEnd) override {
+  std::unique_ptr<veyra::Progress> StartProgress(const veyra::Phrase&, veyra::EarlyEnd) override {
     return nullptr;
   }
 };

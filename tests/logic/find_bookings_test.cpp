@@ -32,11 +32,11 @@ class FindBookingsTest : public testing::Test {
     }
     std::string lines;
     for (const FoundBooking& found : Finder().Upcoming()) {
-      lines += FoundLine(labels_, found) + "\n";
+      lines += FoundLine(labels_, found).English() + "\n";
     }
     lines += Finder().Past().empty() ? "" : "past\n";
     for (const FoundBooking& found : Finder().Past()) {
-      lines += FoundLine(labels_, found) + "\n";
+      lines += FoundLine(labels_, found).English() + "\n";
     }
     return lines;
   }

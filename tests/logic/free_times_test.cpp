@@ -44,7 +44,7 @@ class FreeTimesTest : public testing::Test {
   std::string Lines(const FreeTimeFinder& finder) const {
     std::string lines;
     for (const FreeTime& free : finder.Found()) {
-      lines += FreeTimeLine(labels_, wish_, free) + "\n";
+      lines += FreeTimeLine(labels_, wish_, free).English() + "\n";
     }
     return lines;
   }

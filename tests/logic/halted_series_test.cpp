@@ -67,7 +67,7 @@ TEST_F(HaltedSeriesTest, TheQuestionSaysWhatEachAnswerDoesAndEnterChangesNothing
   dialogs_.AnswerNext(Answer::Keep);
   Message question;
   dialogs_.WhileShown = [&] {
-    if (question.Text.empty()) {
+    if (question.Text.IsEmpty()) {
       question = dialogs_.LastMessage();
     }
   };

@@ -9,7 +9,7 @@ class PickedBookingTest : public BookingsFixture {
  protected:
   std::string Details(int row, const std::string& name) {
     Select(row, row);
-    return PickedDetails(Desk(), name);
+    return PickedDetails(Desk(), name).English();
   }
 };
 

@@ -29,7 +29,7 @@ class UndoTest : public BookingsFixture {
   }
 
   /// Takes the last action back and returns what stands in the way.
-  std::vector<std::string> Undo() {
+  std::vector<Phrase> Undo() {
     const auto store = Open();
     const auto action = LastAction(*store);
     const UndoPlan plan = PlanUndo(*store, action.value(), JournalWords(*store, {*action}));
@@ -123,8 +123,8 @@ TEST_F(UndoTest, WhatWasBookedSinceStandsInTheWay) {
   const auto deletion = FindAction(*store, 2).value();
   EXPECT_EQ("Booking deleted", deletion.Name);
   const UndoPlan plan = PlanUndo(*store, deletion, JournalWords(*store, {}));
-  EXPECT_EQ((std::vector<std::string>{"Pool, 4/6/2014,  9:00A-10:30A Smith cannot come back: Pool, "
-                                      "4/6/2014, 10:00A- 3:00P Jones stands there now."}),
+  EXPECT_EQ((std::vector<Phrase>{"Pool, 4/6/2014,  9:00A-10:30A Smith cannot come back: Pool, "
+                                 "4/6/2014, 10:00A- 3:00P Jones stands there now."}),
             plan.Obstacles);
 }
 
@@ -138,7 +138,7 @@ TEST_F(UndoTest, AFacilityOfTheSameNameStandsInTheWay) {
   for (const JournalAction& action : ReadJournal(*store)) {
     if (action.Name == "Facility deleted") {
       const UndoPlan plan = PlanUndo(*store, action, JournalWords(*store, {action}));
-      EXPECT_EQ((std::vector<std::string>{
+      EXPECT_EQ((std::vector<Phrase>{
                     "The facility Pool cannot come back: there is a facility Pool now."}),
                 plan.Obstacles);
     }
@@ -155,7 +155,7 @@ TEST_F(UndoTest, ANewFacilityWithBookingsDoesNotGo) {
   const auto store = Open();
   const auto action = FindAction(*store, number).value();
   EXPECT_EQ("New facility", action.Name);
-  EXPECT_EQ((std::vector<std::string>{"The facility Court cannot go: it has 1 bookings now."}),
+  EXPECT_EQ((std::vector<Phrase>{"The facility Court cannot go: it has 1 bookings now."}),
             PlanUndo(*store, action, JournalWords(*store, {})).Obstacles);
 }
 

@@ -43,13 +43,13 @@ TEST_F(FirstStartTest, AFolderThatCannotBeMadeIsReported) {
   folder_.Write("in the way", "");
   const Report report = ReportOf(In("in the way") + "/veyra-calendar");
   EXPECT_EQ(In("in the way") + "/veyra-calendar", report.File);
-  EXPECT_TRUE(report.Cause.starts_with("The folder for your calendar cannot be made: "))
+  EXPECT_TRUE(report.Cause.English().starts_with("The folder for your calendar cannot be made: "))
       << report.Cause;
 }
 
 TEST_F(FirstStartTest, ACalendarThatCannotBeMadeIsReportedAndAskedForAgain) {
   const Report report = ReportOf(In("mine"));
-  EXPECT_TRUE(report.Cause.starts_with("An empty calendar could not be made there."))
+  EXPECT_TRUE(report.Cause.English().starts_with("An empty calendar could not be made there."))
       << report.Cause;
   EXPECT_FALSE(std::filesystem::exists(In("mine/path.txt")));
 }

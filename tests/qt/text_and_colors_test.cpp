@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <string>
 
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_text.h"
@@ -8,28 +9,30 @@
 namespace veyra {
 namespace {
 
+using namespace std::string_literals;
+
 TEST(QtText, AnyScriptComesBackAsItWent) {
   const std::string text = "Zoë 結婚式 🎂 שלום";
   EXPECT_EQ(text, ToUtf8(ToQString(text)));
 }
 
 TEST(QtText, AByteThatIsNoTextIsShownAsTheReplacementCharacter) {
-  EXPECT_EQ("a\xEF\xBF\xBD", ToUtf8(ToQString("a\xFF")));
+  EXPECT_EQ("a\xEF\xBF\xBD", ToUtf8(ToQString("a\xFF"s)));
 }
 
 TEST(QtText, ControlCharactersAndLineBreaksAreBlanksOnOneLine) {
   EXPECT_EQ("a b c d e f", OneLine("a\r\nb\nc\td\xE2\x80\xA8"
                                    "e\x01"
-                                   "f")
+                                   "f"s)
                                .toStdString());
 }
 
 TEST(QtText, BlanksWithinALineStay) {
-  EXPECT_EQ(" a  b ", OneLine(" a  b ").toStdString());
+  EXPECT_EQ(" a  b ", OneLine(" a  b "s).toStdString());
 }
 
 TEST(QtText, AToolTipShowsMarkupAsItStands) {
-  EXPECT_TRUE(PlainToolTip("<b>&").contains(QStringLiteral("&lt;b&gt;&amp;")));
+  EXPECT_TRUE(PlainToolTip("<b>&"s).contains(QStringLiteral("&lt;b&gt;&amp;")));
 }
 
 TEST(QtText, AToolTipOfAVeryLongTextIsCut) {

@@ -27,15 +27,13 @@ class MonkeyDialogs : public Dialogs {
   void TypeNext(std::string text) { typed_ = std::move(text); }
 
   Answer MsgBox(const Message& message) override {
-    boxes_.push_back({message.Text, AnswerTo(message.Choice)});
+    boxes_.push_back({message.Text.English(), AnswerTo(message.Choice)});
     return boxes_.back().Given;
   }
 
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return typed_;
-  }
+  std::string InputBox(const Phrase&, const Phrase&, const std::string&) override { return typed_; }
 
-  std::unique_ptr<Progress> StartProgress(const std::string&, EarlyEnd) override {
+  std::unique_ptr<Progress> StartProgress(const Phrase&, EarlyEnd) override {
     return std::make_unique<Unseen>();
   }
 

@@ -61,8 +61,8 @@ void CheckGuests(const fs::path& folder, Findings& findings) {
     // The program that it belongs to is writing to it, so it is in use.
   } catch (const DatabaseError& error) {
     findings.push_back({.Kind = "guests",
-                        .What = "The guest database Veyra.mdb: " + error.report().Cause,
-                        .Advice = error.report().Advice});
+                        .What = "The guest database Veyra.mdb: " + error.report().Cause.English(),
+                        .Advice = error.report().Advice.English()});
   }
 }
 

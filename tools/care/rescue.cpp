@@ -167,7 +167,7 @@ void CopyAll(Store& source, FileStore& target, Salvage& salvage, CopyPlan& plan,
       }
       salvage.Losses.push_back(
           {table.Table.Name, std::nullopt,
-           "It could not be written into the new file. " + error.report().Cause});
+           "It could not be written into the new file. " + error.report().Cause.English()});
     }
   }
   plan.Tables = std::move(copied);

@@ -41,8 +41,8 @@ JournalAction Wanted(Store& store, std::int64_t number) {
 }
 
 ExitStatus Refuse(const UndoPlan& plan, std::ostream& err) {
-  for (const std::string& obstacle : plan.Obstacles) {
-    err << OneLine(obstacle) << '\n';
+  for (const Phrase& obstacle : plan.Obstacles) {
+    err << OneLine(obstacle.English()) << '\n';
   }
   err << "Action " << plan.Number << " cannot be taken back; nothing was changed.\n";
   return ExitStatus::Failed;

@@ -14,8 +14,9 @@ Charset Opened(std::uint16_t number) {
       return *charset;
     }
   }
-  throw FileProblem("The database's texts are of a code page that this computer does not know.",
-                    "Save it in Access as an Access 2000 or 2002-2003 database (.mdb).");
+  throw FileProblem(
+      Phrase::Tr("The database's texts are of a code page that this computer does not know."),
+      Phrase::Tr("Save it in Access as an Access 2000 or 2002-2003 database (.mdb)."));
 }
 
 bool IsAscii(ByteView text) {

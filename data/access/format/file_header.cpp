@@ -22,8 +22,9 @@ constexpr std::size_t kMaskedJet3 = 126;
 constexpr std::size_t kMaskedJet4 = 128;
 
 [[noreturn]] void RefuseNewer() {
-  throw FileProblem("The database is of a newer kind than Access 2003.",
-                    "Save it in Access as an Access 2000 or 2002-2003 database (.mdb).");
+  throw FileProblem(
+      Phrase::Tr("The database is of a newer kind than Access 2003."),
+      Phrase::Tr("Save it in Access as an Access 2000 or 2002-2003 database (.mdb)."));
 }
 
 bool IsNewer(ByteView bytes) {
@@ -76,8 +77,8 @@ bool IsFlippedBit(const std::vector<std::uint32_t>& words) {
 }
 
 [[noreturn]] void RefusePassword() {
-  throw FileProblem("The database is protected by a password.",
-                    "Remove the database password in Access.");
+  throw FileProblem(Phrase::Tr("The database is protected by a password."),
+                    Phrase::Tr("Remove the database password in Access."));
 }
 
 void ReadUnmasked(ByteView unmasked, FileHeader& header) {
@@ -100,7 +101,8 @@ bool HasAccessSignature(ByteView first_bytes) {
 
 FileHeader ReadFileHeader(ByteView first_bytes) {
   if (!HasAccessSignature(first_bytes)) {
-    throw FileProblem("The file is not an Access database.", "Check that it is the right file.");
+    throw FileProblem(Phrase::Tr("The file is not an Access database."),
+                      Phrase::Tr("Check that it is the right file."));
   }
   if (IsNewer(first_bytes)) {
     RefuseNewer();

@@ -4,19 +4,23 @@ namespace veyra::access {
 
 namespace {
 
-constexpr const char* kRepairAdvice =
-    "Open it in Access and choose Compact and Repair, or go back to a copy of the file.";
+Phrase RepairAdvice() {
+  return Phrase::Tr(
+      "Open it in Access and choose Compact and Repair, or go back to a copy of the file.");
+}
 
 }  // namespace
 
-DamagedFile::DamagedFile() : DamagedFile("The database file is damaged.") {}
+DamagedFile::DamagedFile() : DamagedFile(Phrase::Tr("The database file is damaged.")) {}
 
-DamagedFile::DamagedFile(const std::string& cause) : FileProblem(cause, kRepairAdvice) {}
+DamagedFile::DamagedFile(const Phrase& cause) : FileProblem(cause, RepairAdvice()) {}
 
 OutcomeUnknown::OutcomeUnknown(const FileProblem& cause)
-    : FileProblem(cause.what(), cause.advice()) {}
+    : FileProblem(cause.cause(), cause.advice()) {}
 
 StoreProblem::StoreProblem(Refusal what, std::string name)
-    : FileProblem("The change cannot be made.", ""), what_(what), name_(std::move(name)) {}
+    : FileProblem(Phrase::Tr("The change cannot be made."), ""),
+      what_(what),
+      name_(std::move(name)) {}
 
 }  // namespace veyra::access

@@ -4,33 +4,37 @@
 #include <string>
 #include <utility>
 
+#include "data/phrase.h"
+
 namespace veyra::access {
 
 /// Why a database file cannot be read or written, without the file's name: the store that knows it
-/// turns this into the DatabaseError of the same texts.
+/// turns this into the DatabaseError of the same texts. what() is the cause in English.
 class FileProblem : public std::runtime_error {
  public:
-  FileProblem(const std::string& cause, std::string advice)
-      : std::runtime_error(cause), advice_(std::move(advice)) {}
+  FileProblem(Phrase cause, Phrase advice)
+      : std::runtime_error(cause.English()), cause_(std::move(cause)), advice_(std::move(advice)) {}
 
-  const std::string& advice() const { return advice_; }
+  const Phrase& cause() const { return cause_; }
+  const Phrase& advice() const { return advice_; }
 
  private:
-  std::string advice_;
+  Phrase cause_;
+  Phrase advice_;
 };
 
 /// The file does not hold what its format promises.
 class DamagedFile : public FileProblem {
  public:
   DamagedFile();
-  explicit DamagedFile(const std::string& cause);
+  explicit DamagedFile(const Phrase& cause);
 };
 
 /// Another program holds the file.
 class FileBusy : public FileProblem {
  public:
-  FileBusy(const std::string& cause, std::string advice, bool is_cancelled = false)
-      : FileProblem(cause, std::move(advice)), is_cancelled_(is_cancelled) {}
+  FileBusy(Phrase cause, Phrase advice, bool is_cancelled = false)
+      : FileProblem(std::move(cause), std::move(advice)), is_cancelled_(is_cancelled) {}
 
   /// Whether the operator has ended the wait for it.
   bool IsCancelled() const { return is_cancelled_; }

@@ -30,6 +30,11 @@ void WritePending(PageFile& file, const PosixFile& target) {
   }
 }
 
+FileProblem CannotBeMade(const Phrase& why) {
+  return {Phrase::Tr("The copy cannot be made: %1.", why),
+          Phrase::Tr("Check that the disk has room and that you may make files in the folder.")};
+}
+
 void FillCopy(PageFile& file, const PosixFile& target, const std::filesystem::path& new_file) {
   try {
     CopyBytes(file.File(), target);
@@ -43,8 +48,7 @@ void FillCopy(PageFile& file, const PosixFile& target, const std::filesystem::pa
 }  // namespace
 
 void CopyFile(PageFile& file, const std::filesystem::path& new_file) {
-  DiskCall("The copy cannot be made",
-           "Check that the disk has room and that you may make files in the folder.",
+  DiskCall(CannotBeMade,
            [&] { FillCopy(file, PosixFile(new_file, PosixFile::Use::MakeNew), new_file); });
 }
 

@@ -26,18 +26,19 @@ short TypeOf(Kind kind) {
 
 FileBusy BusyReport(Kind kind, bool is_cancelled) {
   if (is_cancelled) {
-    return {"Another program is using the file.",
-            "You did not want to wait. Try again when it has finished.", true};
+    return {Phrase::Tr("Another program is using the file."),
+            Phrase::Tr("You did not want to wait. Try again when it has finished."), true};
   }
   if (kind == Kind::Exclusive) {
-    return {"Another program has the database open.", "Close it there and try again."};
+    return {Phrase::Tr("Another program has the database open."),
+            Phrase::Tr("Close it there and try again.")};
   }
   if (kind == Kind::Open) {
-    return {"Another program has taken the database for itself, perhaps to convert it.",
-            "Wait until it has finished and try again."};
+    return {Phrase::Tr("Another program has taken the database for itself, perhaps to convert it."),
+            Phrase::Tr("Wait until it has finished and try again.")};
   }
-  return {"Another program is writing to the database and does not finish.",
-          "Try again in a moment, or close the other program."};
+  return {Phrase::Tr("Another program is writing to the database and does not finish."),
+          Phrase::Tr("Try again in a moment, or close the other program.")};
 }
 
 int SetLock(int descriptor, short type, off_t byte) {

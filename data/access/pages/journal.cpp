@@ -18,6 +18,11 @@ namespace veyra::access {
 
 namespace {
 
+FileProblem JournalNotWritten(const Phrase& why) {
+  return {Phrase::Tr("The journal of the database cannot be written: %1.", why),
+          Phrase::Tr("Check that the disk is not full and that you may write to the folder.")};
+}
+
 constexpr std::size_t kSector = 512;
 constexpr PageNumber kFreeMapPage = 1;
 
@@ -150,15 +155,14 @@ bool TakeBack(PageFile& file, const Journal& journal) {
 void WriteJournal(const PageFile& file, const Bytes& bytes, const CommitObserver& tell) {
   bool is_complete = false;
   try {
-    DiskCall("The journal of the database cannot be written",
-             "Check that the disk is not full and that you may write to the folder.", [&] {
-               const PosixFile journal(JournalPath(file.Path()), PosixFile::Use::Empty);
-               journal.Write(bytes);
-               is_complete = true;
-               tell(CommitStep::JournalWritten);
-               journal.Flush();
-               FlushFolder(file.Path());
-             });
+    DiskCall(JournalNotWritten, [&] {
+      const PosixFile journal(JournalPath(file.Path()), PosixFile::Use::Empty);
+      journal.Write(bytes);
+      is_complete = true;
+      tell(CommitStep::JournalWritten);
+      journal.Flush();
+      FlushFolder(file.Path());
+    });
   } catch (const FileProblem& problem) {
     if (!DropJournal(file.Path()) && is_complete) {
       throw OutcomeUnknown(problem);
@@ -178,10 +182,11 @@ UnfinishedChange SetAside(const PageFile& file, const Journal& journal) {
   if (std::rename(JournalPath(file.Path()).c_str(), kept.c_str()) == 0) {
     return {journal.What, kept};
   }
-  throw FileProblem("The program broke off while it was writing " + journal.What +
-                        ", and another program has changed the file since.",
-                    "Look through the last bookings, then remove " +
-                        JournalPath(file.Path()).filename().string() + ".");
+  throw FileProblem(Phrase::Tr("The program broke off while it was writing %1, and another program "
+                               "has changed the file since.",
+                               journal.What),
+                    Phrase::Tr("Look through the last bookings, then remove %1.",
+                               JournalPath(file.Path()).filename().string()));
 }
 
 }  // namespace

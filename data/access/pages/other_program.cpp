@@ -32,17 +32,19 @@ std::string NameIn(const std::array<char, kNameBytes>& bytes) {
 }
 
 /// "Admin on FRONTDESK and Admin on OFFICE", or nothing when no name can be read.
-std::string UsersIn(const std::filesystem::path& lock_file) {
+Phrase UsersIn(const std::filesystem::path& lock_file) {
   std::ifstream stream(lock_file, std::ios::binary);
-  std::string users;
+  Phrase users;
   std::array<char, kNameBytes> computer{};
   std::array<char, kNameBytes> user{};
   for (int i = 0; i < kMostUsers && stream.read(computer.data(), kNameBytes) &&
                   stream.read(user.data(), kNameBytes);
        ++i) {
-    if (!NameIn(computer).empty()) {
-      users += (users.empty() ? "" : " and ") + NameIn(user) + " on " + NameIn(computer);
+    if (NameIn(computer).empty()) {
+      continue;
     }
+    const Phrase name = Phrase::Tr("%1 on %2", NameIn(user), NameIn(computer));
+    users = users.IsEmpty() ? name : Phrase::Tr("%1 and %2", users, name);
   }
   return users;
 }
@@ -61,11 +63,12 @@ void CheckNobodyElse(const std::filesystem::path& database) {
   for (const auto& entry :
        std::filesystem::directory_iterator(folder.empty() ? "." : folder, unreadable)) {
     if (IsLockFileOf(database, entry.path())) {
-      const std::string users = UsersIn(entry.path());
+      const Phrase users = UsersIn(entry.path());
       const std::string name = entry.path().filename().string();
       throw FileProblem(
-          "Another program has the database open" + (users.empty() ? "" : ": " + users) + ".",
-          "Close it there. When nobody has it open, delete the file " + name + ".");
+          users.IsEmpty() ? Phrase::Tr("Another program has the database open.")
+                          : Phrase::Tr("Another program has the database open: %1.", users),
+          Phrase::Tr("Close it there. When nobody has it open, delete the file %1.", name));
     }
   }
 }

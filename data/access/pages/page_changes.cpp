@@ -24,9 +24,10 @@ Bytes& PageChanges::Edit(PageNumber number) {
 
 PageNumber PageChanges::Grow() {
   if ((std::uint64_t{count_} + 2) * PageSize() > kTwoGigabytes) {
-    throw FileProblem("The database has grown to 2 GB, the largest size of an Access file.",
-                      "Make room in it with veyra-data compact, or convert it to the other kind of "
-                      "file with veyra-data convert.");
+    throw FileProblem(
+        Phrase::Tr("The database has grown to 2 GB, the largest size of an Access file."),
+        Phrase::Tr("Make room in it with veyra-data compact, or convert it to the other kind of "
+                   "file with veyra-data convert."));
   }
   const PageNumber number = count_++;
   changed_[number] = std::make_shared<Bytes>(PageSize());

@@ -16,23 +16,31 @@ namespace veyra::access {
 
 namespace {
 
-constexpr const char* kCheckDisk = "Check the disk or network folder that holds the file.";
+Phrase CheckDisk() {
+  return Phrase::Tr("Check the disk or network folder that holds the file.");
+}
+
+FileProblem CannotBeOpened(const Phrase& why) {
+  return {Phrase::Tr("The database cannot be opened: %1.", why),
+          Phrase::Tr("Check that the file is there and that you may use it.")};
+}
+
+FileProblem CannotBeRead(const Phrase& why) {
+  return {Phrase::Tr("The database cannot be read: %1.", why), CheckDisk()};
+}
+
+FileProblem CannotBeWritten(const Phrase& why) {
+  return {Phrase::Tr("The database cannot be written: %1.", why), CheckDisk()};
+}
 
 PosixFile OpenFile(const std::filesystem::path& path, bool writable) {
-  return DiskCall(
-      "The database cannot be opened", "Check that the file is there and that you may use it.",
-      [&] { return PosixFile(path, writable ? PosixFile::Use::ReadWrite : PosixFile::Use::Read); });
+  return DiskCall(CannotBeOpened, [&] {
+    return PosixFile(path, writable ? PosixFile::Use::ReadWrite : PosixFile::Use::Read);
+  });
 }
 
 std::size_t ReadAt(const PosixFile& file, std::span<Byte> bytes, std::uint64_t offset) {
-  return DiskCall("The database cannot be read", kCheckDisk,
-                  [&] { return file.ReadAt(bytes, offset); });
-}
-
-/// As DiskCall, for what writes to the database.
-template <typename Call>
-void WriteCall(const Call& call) {
-  DiskCall("The database cannot be written", kCheckDisk, call);
+  return DiskCall(CannotBeRead, [&] { return file.ReadAt(bytes, offset); });
 }
 
 /// The longest tick of a file system's clock, and then some.
@@ -47,7 +55,7 @@ constexpr std::chrono::minutes kMostSkew{10};
 TimePoint TimeOfChange(int descriptor) {
   struct stat status {};
   if (fstat(descriptor, &status) != 0) {
-    throw FileProblem("The database cannot be read: " + SystemErrorText(errno) + ".", kCheckDisk);
+    throw CannotBeRead(SystemErrorText(errno));
   }
   return TimePoint(std::chrono::seconds(status.st_mtim.tv_sec)) +
          std::chrono::nanoseconds(status.st_mtim.tv_nsec);
@@ -76,7 +84,8 @@ FileHeader HeaderOf(const PosixFile& file) {
   std::array<Byte, kHeaderBytes> bytes{};
   const std::size_t size = ReadAt(file, bytes, 0);
   if (size == 0) {
-    throw FileProblem("The database file is empty.", "Go back to a copy of the file.");
+    throw FileProblem(Phrase::Tr("The database file is empty."),
+                      Phrase::Tr("Go back to a copy of the file."));
   }
   return ReadFileHeader(ByteView(bytes.data(), size));
 }
@@ -99,8 +108,7 @@ void PageFile::SetPath(const std::filesystem::path& path) {
 }
 
 FileStamp PageFile::Stamp() const {
-  const std::uint64_t size =
-      DiskCall("The database cannot be read", kCheckDisk, [&] { return file_.Size(); });
+  const std::uint64_t size = DiskCall(CannotBeRead, [&] { return file_.Size(); });
   return {static_cast<std::int64_t>(size), clock_.Changed(file_.Descriptor())};
 }
 
@@ -146,7 +154,7 @@ bool PageFile::Refresh(bool always) {
 void PageFile::ReadRaw(PageNumber number, Bytes& page) const {
   page.resize(PageSize());
   if (ReadAt(file_, page, std::uint64_t{number} * PageSize()) < PageSize()) {
-    throw DamagedFile("The database file is cut short.");
+    throw DamagedFile(Phrase::Tr("The database file is cut short."));
   }
   if (number != 0 && header_.IsEncoded()) {
     std::array<Byte, 4> key{};
@@ -200,7 +208,7 @@ void PageFile::SetOverlay(PageImages overlay) {
 
 void PageFile::Write(const PageImages& pages) {
   const bool knows_all = is_settled_ && Stamp() == stamp_;
-  WriteCall([&] {
+  DiskCall(CannotBeWritten, [&] {
     for (const auto& [number, page] : pages) {
       file_.WriteAt(page, std::uint64_t{number} * PageSize());
     }
@@ -217,12 +225,12 @@ void PageFile::Write(const PageImages& pages) {
 }
 
 void PageFile::CutTo(std::uint64_t size) {
-  WriteCall([&] { file_.Truncate(size); });
+  DiskCall(CannotBeWritten, [&] { file_.Truncate(size); });
   Refresh(true);
 }
 
 void PageFile::Flush() {
-  WriteCall([&] { file_.Flush(); });
+  DiskCall(CannotBeWritten, [&] { file_.Flush(); });
 }
 
 }  // namespace veyra::access

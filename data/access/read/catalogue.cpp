@@ -26,7 +26,7 @@ struct Columns {
   static const ColumnLayout& Find(const TableLayout& layout, std::string_view name) {
     const std::size_t place = layout.FindColumn(name);
     if (place == layout.Columns.size()) {
-      throw DamagedFile("The database has no list of its tables: it is damaged.");
+      throw DamagedFile(Phrase::Tr("The database has no list of its tables: it is damaged."));
     }
     return layout.Columns[place];
   }

@@ -17,8 +17,9 @@ auto Snapshot::ReadSteadily(const Load& load) {
         return loaded;
       }
       if (is_last) {
-        throw FileProblem("Another program kept changing the database while it was read.",
-                          "Try again in a moment.");
+        throw FileProblem(
+            Phrase::Tr("Another program kept changing the database while it was read."),
+            Phrase::Tr("Try again in a moment."));
       }
     } catch (const DamagedFile&) {
       if (is_last) {

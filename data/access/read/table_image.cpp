@@ -84,9 +84,10 @@ TableImage::TableImage(PageSource& file, PageNumber definition)
 
 void TableImage::CheckRowCount() const {
   if (slots_.size() != layout_.RowCount) {
-    throw DamagedFile("A table of the database has " + std::to_string(slots_.size()) +
-                      " rows where its definition says " + std::to_string(layout_.RowCount) +
-                      ": another program is writing to it, or it is damaged.");
+    throw DamagedFile(
+        Phrase::Tr("A table of the database has %1 rows where its definition says %2: another "
+                   "program is writing to it, or it is damaged.",
+                   slots_.size(), layout_.RowCount));
   }
 }
 

@@ -66,7 +66,7 @@ class Reader {
       throw DamagedFile();
     }
     if (column_count_ == 0) {
-      throw DamagedFile("A table of the database has no columns: it is damaged.");
+      throw DamagedFile(Phrase::Tr("A table of the database has no columns: it is damaged."));
     }
     at_ = places_.FirstIndex + index_count_ * places_.IndexCountSize;
   }

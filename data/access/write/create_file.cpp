@@ -109,9 +109,8 @@ void CreateAccessFile(const std::string& file_name) {
   try {
     MakeFile(file_name, NewDatabase());
   } catch (const PosixFileError& error) {
-    throw DatabaseError({file_name,
-                         std::string("The database cannot be made: ") + error.what() + ".",
-                         "Check the folder."});
+    throw DatabaseError({file_name, Phrase::Tr("The database cannot be made: %1.", error.Reason()),
+                         Phrase::Tr("Check the folder.")});
   }
 }
 

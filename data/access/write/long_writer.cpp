@@ -93,7 +93,8 @@ RowPointer DropRow(PageChanges& pages, const LongColumnMaps& maps, RowPointer ro
 Bytes StoreLong(PageChanges& pages, const TableLayout& table, const ColumnLayout& column,
                 const Bytes& value) {
   if (value.size() > kMostLength) {
-    throw ValueRefused("The text is longer than an Access file allows.", "Shorten it.");
+    throw ValueRefused(Phrase::Tr("The text is longer than an Access file allows."),
+                       Phrase::Tr("Shorten it."));
   }
   const auto length = static_cast<std::uint32_t>(value.size());
   if (value.size() <= kMostInRow) {

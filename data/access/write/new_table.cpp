@@ -31,7 +31,8 @@ MapMaker::MapMaker(PageChanges& pages) : pages_(pages), page_(TakePage(pages)) {
 RowPointer MapMaker::Make() {
   Bytes& page = pages_.Edit(page_);
   if (!HasRoomFor(page, kUsageMapBytes)) {
-    throw FileProblem("The table has too many columns and indexes for an Access file.", "");
+    throw FileProblem(Phrase::Tr("The table has too many columns and indexes for an Access file."),
+                      "");
   }
   return {page_, AddRow(page, Bytes(kUsageMapBytes))};
 }

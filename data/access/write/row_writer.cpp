@@ -17,9 +17,9 @@ namespace {
 constexpr std::size_t kMostCompressed = 1024;
 constexpr char16_t kCompressedMark = 0xFEFF;
 
-[[noreturn]] void RefuseValue(const ColumnLayout& column, const std::string& why) {
-  throw ValueRefused("The column " + column.Name + " cannot hold the value: " + why + ".",
-                     "Change the value and try again.");
+[[noreturn]] void RefuseValue(const ColumnLayout& column, const Phrase& why) {
+  throw ValueRefused(Phrase::Tr("The column %1 cannot hold the value: %2.", column.Name, why),
+                     Phrase::Tr("Change the value and try again."));
 }
 
 template <typename Number>
@@ -34,7 +34,7 @@ Bytes WholeNumber(const Value& value, const ColumnLayout& column) {
   const std::optional<std::int64_t> number = ToInteger(value);
   if (!number || *number < std::numeric_limits<Number>::min() ||
       *number > std::numeric_limits<Number>::max()) {
-    RefuseValue(column, "it is not a whole number of its range");
+    RefuseValue(column, Phrase::Tr("it is not a whole number of its range"));
   }
   return BytesOf(static_cast<Number>(*number));
 }
@@ -42,7 +42,7 @@ Bytes WholeNumber(const Value& value, const ColumnLayout& column) {
 double Number(const Value& value, const ColumnLayout& column) {
   const std::optional<double> number = ToDouble(value);
   if (!number) {
-    RefuseValue(column, "it is not a number");
+    RefuseValue(column, Phrase::Tr("it is not a number"));
   }
   return *number;
 }
@@ -50,7 +50,7 @@ double Number(const Value& value, const ColumnLayout& column) {
 Bytes Money(const Value& value, const ColumnLayout& column) {
   const double units = std::round(Number(value, column) * 10000);
   if (!(std::abs(units) < 9e18)) {
-    RefuseValue(column, "it is too large");
+    RefuseValue(column, Phrase::Tr("it is too large"));
   }
   return BytesOf(static_cast<std::int64_t>(units));
 }
@@ -61,7 +61,7 @@ Bytes DateTime(const Value& value, const ColumnLayout& column) {
   }
   const std::optional<Date> date = ToDate(value);
   if (!date) {
-    RefuseValue(column, "it is not a date");
+    RefuseValue(column, Phrase::Tr("it is not a date"));
   }
   return BytesOf(static_cast<double>(DaysFromDate(*date)));
 }
@@ -79,10 +79,9 @@ Bytes EncodeAsCompressed(const std::u16string& units) {
   for (const char16_t unit : units) {
     const bool as_byte = unit <= 0xFF;
     if ((unit & 0xFFU) == 0) {
-      throw ValueRefused(
-          "The text begins with the invisible sign U+FEFF, which an Access file cannot hold "
-          "together with some of the others.",
-          "Delete the beginning of the text, and type it anew.");
+      throw ValueRefused(Phrase::Tr("The text begins with the invisible sign U+FEFF, which an "
+                                    "Access file cannot hold together with some of the others."),
+                         Phrase::Tr("Delete the beginning of the text, and type it anew."));
     }
     if (as_byte != compressed) {
       bytes.push_back(0);
@@ -99,7 +98,7 @@ Bytes EncodeAsCompressed(const std::u16string& units) {
 Bytes Text(const Value& value, const ColumnLayout& column) {
   const std::string text = ToText(value);
   if (!Fits(text, column)) {
-    RefuseValue(column, "it is longer than " + std::to_string(column.Length / 2) + " characters");
+    RefuseValue(column, Phrase::Tr("it is longer than %1 characters", column.Length / 2));
   }
   return EncodeText(text, column.MayCompress);
 }
@@ -197,7 +196,8 @@ Bytes EncodeRow(const RawRow& row, const TableLayout& table) {
   }
   AppendNullBits(bytes, row, table);
   if (bytes.size() > kLongestRow) {
-    throw ValueRefused("The row is longer than an Access file allows.", "Shorten its texts.");
+    throw ValueRefused(Phrase::Tr("The row is longer than an Access file allows."),
+                       Phrase::Tr("Shorten its texts."));
   }
   return bytes;
 }
@@ -233,7 +233,7 @@ std::optional<Bytes> EncodeValue(const Value& value, const ColumnLayout& column)
     case ColumnKind::Decimal:
       break;
   }
-  RefuseValue(column, "this program does not write columns of its kind");
+  RefuseValue(column, Phrase::Tr("this program does not write columns of its kind"));
 }
 
 std::size_t FittingCharacters(const ColumnLayout& column, std::string_view text) {

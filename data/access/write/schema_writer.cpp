@@ -115,8 +115,10 @@ void CreateTable(PageChanges& pages, const TableDefinition& definition) {
   }
   if (!IsTableName(definition.Name)) {
     throw FileProblem(
-        "An Access file of this program cannot have a table of the name " + definition.Name + ".",
-        "Use western letters, digits and signs like _ and - only, with no blank at either end.");
+        Phrase::Tr("An Access file of this program cannot have a table of the name %1.",
+                   definition.Name),
+        Phrase::Tr("Use western letters, digits and signs like _ and - only, with no blank at "
+                   "either end."));
   }
   TableLayout table;
   for (const ColumnDefinition& column : definition.Columns) {
@@ -137,8 +139,8 @@ void AddColumn(PageChanges& pages, PageNumber definition, const ColumnDefinition
     throw StoreProblem(Refusal::ColumnExists, column.Name);
   }
   if (table.ColumnsEver >= kMostColumns) {
-    throw FileProblem("The table has as many columns as an Access file allows.",
-                      "Compact the database in Access.");
+    throw FileProblem(Phrase::Tr("The table has as many columns as an Access file allows."),
+                      Phrase::Tr("Compact the database in Access."));
   }
   ColumnLayout layout = LayoutOf(column);
   PlaceLast(layout, table);

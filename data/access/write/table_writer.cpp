@@ -17,8 +17,9 @@ namespace {
 constexpr std::size_t kRowCountAt = 16;
 constexpr std::size_t kAutoNumberAt = 20;
 constexpr std::size_t kManyRows = 200;
-constexpr const char* kConvertAdvice =
-    "Convert the calendar with veyra-data convert, then start again.";
+Phrase ConvertAdvice() {
+  return Phrase::Tr("Convert the calendar with veyra-data convert, then start again.");
+}
 
 Bytes PointerBytes(RowPointer pointer) {
   Bytes bytes;
@@ -39,21 +40,22 @@ bool HaveSameKey(const IndexLayout& index, const Bytes& one, const Bytes& other)
 }
 
 [[noreturn]] void RefuseSecond(const IndexLayout& index) {
-  throw FileProblem("There is a row already with the same value in the index " + index.Name +
-                        ", which allows each value once.",
-                    "Change the value and try again.");
+  throw FileProblem(Phrase::Tr("There is a row already with the same value in the index %1, which "
+                               "allows each value once.",
+                               index.Name),
+                    Phrase::Tr("Change the value and try again."));
 }
 
 }  // namespace
 
 void CheckMayWrite(const FileHeader& header) {
   if (header.Version == Format::Jet3) {
-    throw FileProblem("The database is of Access 97, which this program only reads.",
-                      kConvertAdvice);
+    throw FileProblem(Phrase::Tr("The database is of Access 97, which this program only reads."),
+                      ConvertAdvice());
   }
   if (header.IsEncoded()) {
-    throw FileProblem("The database is encoded; this program only reads such files.",
-                      kConvertAdvice);
+    throw FileProblem(Phrase::Tr("The database is encoded; this program only reads such files."),
+                      ConvertAdvice());
   }
 }
 
@@ -61,8 +63,9 @@ void CheckMayWrite(const TableLayout& table) {
   for (const IndexLayout& index : table.Indexes) {
     if (!HasKnownKeys(index, table)) {
       throw FileProblem(
-          "The database has an index, " + index.Name + ", that this program cannot keep right.",
-          kConvertAdvice);
+          Phrase::Tr("The database has an index, %1, that this program cannot keep right.",
+                     index.Name),
+          ConvertAdvice());
     }
   }
 }

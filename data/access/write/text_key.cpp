@@ -130,8 +130,8 @@ void AppendTextKey(Bytes& key, std::string_view text) {
   for (const char16_t c : Utf16FromUtf8(text)) {
     const std::optional<Weight> weight = WeightOf(c);
     if (!weight) {
-      throw FileProblem("The name of a table has a sign that this program cannot sort.",
-                        "Rename the table: use letters, digits and common signs only.");
+      throw FileProblem(Phrase::Tr("The name of a table has a sign that this program cannot sort."),
+                        Phrase::Tr("Rename the table: use letters, digits and common signs only."));
     }
     if (weight->Hidden != 0) {
       AppendHidden(hidden, accents.size(), weight->Hidden);

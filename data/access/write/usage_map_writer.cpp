@@ -59,8 +59,8 @@ bool IsEmpty(ByteView row) {
 PageNumber MapPageFor(const PageSource& pages, ByteView row, PageNumber page) {
   const std::size_t at = 1 + page / PagesEach(pages) * 4;
   if (at + 4 > row.size()) {
-    throw FileProblem("The database has grown to the largest size its format allows.",
-                      "Convert it with veyra-data convert.");
+    throw FileProblem(Phrase::Tr("The database has grown to the largest size its format allows."),
+                      Phrase::Tr("Convert it with veyra-data convert."));
   }
   return row.U32(at);
 }

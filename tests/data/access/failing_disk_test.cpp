@@ -24,7 +24,7 @@ Answer Book(Store& store) {
     store.Insert("Reserv", Booking(3, "Chess", std::chrono::year{2014} / 3 / 15, 20, 25));
     return Answer::Made;
   } catch (const OutcomeUnknownError& error) {
-    EXPECT_TRUE(error.report().Advice.starts_with(
+    EXPECT_TRUE(error.report().Advice.English().starts_with(
         "It is not certain whether this booking was saved: look before you try again."));
     return Answer::NotCertain;
   } catch (const DatabaseError&) {

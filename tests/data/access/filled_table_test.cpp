@@ -85,7 +85,7 @@ class FilledTable : public testing::Test {
     try {
       action();
     } catch (const DatabaseError& error) {
-      return error.report().Cause + error.report().Advice;
+      return (error.report().Cause + error.report().Advice).English();
     }
     return "";
   }

@@ -119,7 +119,7 @@ TEST(PasswordProtectedFile, IsRefusedWithAWordOnThePassword) {
     OpenAccessStore(file.string(), StoreAccess::ReadOnly);
     FAIL() << "the file was opened";
   } catch (const DatabaseError& error) {
-    EXPECT_NE(std::string::npos, error.report().Cause.find("password"));
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("password"));
   }
 }
 
@@ -150,7 +150,7 @@ TEST_P(DamagedFixtures, AreReadOrRefusedInTime) {
     ReadAll(*OpenAccessStore((FixtureFolder() / "corrupt" / GetParam()).string(),
                              StoreAccess::ReadOnly));
   } catch (const DatabaseError& error) {
-    EXPECT_FALSE(error.report().Cause.empty());
+    EXPECT_FALSE(error.report().Cause.English().empty());
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }

@@ -14,7 +14,7 @@ std::string RefusalOfABooking(const std::string& file) {
     OpenAccessStore(file, StoreAccess::ReadWrite)
         ->Insert("Reserv", Booking(3, "Chess", std::chrono::year{2014} / 3 / 15, 20, 25));
   } catch (const DatabaseError& error) {
-    return error.report().Cause;
+    return error.report().Cause.English();
   }
   return "";
 }

@@ -70,8 +70,8 @@ class UnfinishedChange : public testing::Test {
     const std::optional<Report> notice = store->TakeNotice();
     ASSERT_TRUE(notice.has_value());
     EXPECT_EQ(folder_.Calendar(), notice->File);
-    EXPECT_NE(std::string::npos, notice->Cause.find("Event Chess, DateOfRes 2014-03-15"));
-    EXPECT_NE(std::string::npos, notice->Advice.find("Calendar.mdb-unfinished-change."));
+    EXPECT_NE(std::string::npos, notice->Cause.English().find("Event Chess, DateOfRes 2014-03-15"));
+    EXPECT_NE(std::string::npos, notice->Advice.English().find("Calendar.mdb-unfinished-change."));
     EXPECT_FALSE(store->TakeNotice().has_value());
     EXPECT_EQ((std::vector<std::string>{"Calendar.mdb", "Calendar.mdb-unfinished-change"}),
               folder_.Folder().Names());

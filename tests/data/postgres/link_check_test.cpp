@@ -22,7 +22,7 @@ TEST(LinkCheckTest, APasswordIsRefusedWhereverItStands) {
       ADD_FAILURE() << server;
     } catch (const DatabaseError& error) {
       EXPECT_EQ("/data/Calendar.mdb", error.report().File);
-      EXPECT_NE(std::string::npos, error.report().Advice.find("~/.pgpass")) << server;
+      EXPECT_NE(std::string::npos, error.report().Advice.English().find("~/.pgpass")) << server;
       EXPECT_EQ(std::string::npos, std::string(error.what()).find("secret")) << server;
     }
   }

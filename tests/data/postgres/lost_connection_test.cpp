@@ -26,7 +26,7 @@ TEST_F(LostConnectionTest, ACallThatFindsItDeadSaysSoAndTheNextConnectsAgain) {
     FAIL() << "no report";
   } catch (const DatabaseError& error) {
     EXPECT_EQ(kFile, error.report().File);
-    EXPECT_NE(std::string::npos, error.report().Cause.find("connection")) << error.what();
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("connection")) << error.what();
     EXPECT_EQ("Nothing was saved.", error.report().Effect);
   }
   Book(*desk_, 1, 2, "Smith");
@@ -39,7 +39,7 @@ TEST_F(LostConnectionTest, ReadingSaysSoTooButNothingOfSaving) {
     Look(*desk_);
     FAIL() << "no report";
   } catch (const DatabaseError& error) {
-    EXPECT_NE(std::string::npos, error.report().Cause.find("connection")) << error.what();
+    EXPECT_NE(std::string::npos, error.report().Cause.English().find("connection")) << error.what();
     EXPECT_EQ("", error.report().Effect);
   }
   EXPECT_NO_THROW(Look(*desk_));

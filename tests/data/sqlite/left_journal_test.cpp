@@ -114,7 +114,7 @@ TEST_F(LeftJournalTest, OfAnotherFileIsSetAsideWholeAndTold) {
   EXPECT_TRUE(SetAside().starts_with("Calendar.mdb-journal set aside 20")) << SetAside();
   EXPECT_TRUE(journal == folder_.Read("data/" + SetAside()));
   ASSERT_TRUE(notice_.has_value());
-  EXPECT_NE(std::string::npos, notice_->Advice.find(SetAside()));
+  EXPECT_NE(std::string::npos, notice_->Advice.English().find(SetAside()));
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST_F(LeftLogTest, IsSetAsideUnderATellingNameAndTold) {
   ASSERT_EQ(1U, notices_.size());
   EXPECT_TRUE(SetAside().starts_with("Calendar.mdb-wal set aside 20")) << SetAside();
   EXPECT_EQ(File().string(), notices_[0].File);
-  EXPECT_NE(std::string::npos, notices_[0].Advice.find(SetAside()));
+  EXPECT_NE(std::string::npos, notices_[0].Advice.English().find(SetAside()));
 }
 
 TEST_F(LeftLogTest, IsToldOnce) {

@@ -24,7 +24,8 @@ TEST_P(FailureTest, IsToldInWords) {
     FAIL() << "no report";
   } catch (const DatabaseError& error) {
     EXPECT_EQ("/desk/Calendar.mdb", error.report().File);
-    EXPECT_EQ(0u, error.report().Cause.find(GetParam().CauseBegins)) << error.report().Cause;
+    EXPECT_EQ(0u, error.report().Cause.English().find(GetParam().CauseBegins))
+        << error.report().Cause;
     EXPECT_NE("", error.report().Advice);
   }
 }

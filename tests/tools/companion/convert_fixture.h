@@ -138,7 +138,7 @@ class ConvertCommandTest : public ::testing::Test {
       Convert(to);
       ADD_FAILURE() << "converted";
     } catch (const Error& error) {
-      EXPECT_NE(std::string::npos, error.report().Cause.find(cause)) << error.what();
+      EXPECT_NE(std::string::npos, error.report().Cause.English().find(cause)) << error.what();
       EXPECT_EQ(File(), error.report().File);
     }
     EXPECT_EQ(names, temp_.Names());

@@ -39,7 +39,7 @@ TEST(CsvTextTest, WhatIsNoCsvNamesItsLine) {
       ParseCsv(text);
       ADD_FAILURE() << text;
     } catch (const ValueError& error) {
-      EXPECT_EQ(0U, error.report().Cause.find("Line 2: ")) << error.report().Cause;
+      EXPECT_EQ(0U, error.report().Cause.English().find("Line 2: ")) << error.report().Cause;
     }
   }
   EXPECT_THROW(ParseCsv("Caf\xE9,1\n"), ValueError);

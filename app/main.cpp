@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLocale>
 #include <clocale>
 #include <cstdlib>
 
@@ -6,6 +7,7 @@
 #include "app/first_start.h"
 #include "app/program.h"
 #include "app/running_program.h"
+#include "app/translation.h"
 #include "data/application_folder.h"
 #include "data/errors.h"
 #include "forms/handler_guard.h"
@@ -52,6 +54,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(veyra::ProgramIcon());
   QApplication::setDesktopFileName(QStringLiteral("veyra-calendar"));
   QApplication::setQuitOnLastWindowClosed(false);
+  const auto translation = veyra::InstallTranslation(QLocale::system().uiLanguages());
   const veyra::QtGestureGuard gesture_guard;
   // Numbers are written with a point, whatever the country.
   std::setlocale(LC_NUMERIC, "C");

@@ -1,0 +1,100 @@
+#include "app/translation.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <memory>
+
+#include "data/errors.h"
+#include "data/store_errors.h"
+#include "forms/handler_guard.h"
+#include "forms/widgets/qt_dialogs.h"
+#include "forms/widgets/qt_text.h"
+
+namespace veyra {
+namespace {
+
+std::string Shown(const Phrase& phrase) {
+  return ToUtf8(ToQString(phrase));
+}
+
+class TranslationTest : public testing::Test {
+ protected:
+  void Speak(const QStringList& languages) { translation_ = InstallTranslation(languages); }
+
+  /// The text of the box, which is answered with its first button.
+  static QString TextOfBox(const Message& message) {
+    QString text;
+    QTimer::singleShot(0, [&text] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(nullptr, box);
+      text = box->text();
+      box->accept();
+    });
+    QtDialogs().MsgBox(message);
+    return text;
+  }
+
+  std::unique_ptr<QTranslator> translation_;
+};
+
+TEST_F(TranslationTest, AReportIsShownInGerman) {
+  Speak({QStringLiteral("de-DE")});
+  EXPECT_EQ(QStringLiteral("/srv/Calendar.mdb\n"
+                           "Ein anderes Programm hat gerade diese Zeile der Tabelle Reserv "
+                           "geändert.\n"
+                           "Es wurde nichts überschrieben.\n"
+                           "Sehen Sie sich die Buchungen an, wie sie jetzt sind, und machen Sie es "
+                           "noch einmal, wenn es noch nötig ist."),
+            TextOfBox(StandardReport(RowChanged("/srv/Calendar.mdb", "Reserv"))));
+}
+
+TEST_F(TranslationTest, WhatIsWrittenToLogsStaysEnglish) {
+  Speak({QStringLiteral("de")});
+  EXPECT_STREQ("/srv/a.mdb\nThe file has a table Rooms already.",
+               TableExists("/srv/a.mdb", "Rooms").what());
+}
+
+TEST_F(TranslationTest, AnotherCountrysGermanIsGerman) {
+  Speak({QStringLiteral("de-AT")});
+  EXPECT_EQ("frei", Shown(Phrase::Tr("free")));
+}
+
+TEST_F(TranslationTest, TheFirstLanguageThatIsKnownIsTaken) {
+  Speak({QStringLiteral("xx-YY"), QStringLiteral("de"), QStringLiteral("en")});
+  EXPECT_EQ("frei", Shown(Phrase::Tr("free")));
+}
+
+TEST_F(TranslationTest, WhoLikesEnglishBetterGetsIt) {
+  Speak({QStringLiteral("en-GB"), QStringLiteral("de")});
+  EXPECT_EQ(nullptr, translation_);
+  EXPECT_EQ("free", Shown(Phrase::Tr("free")));
+}
+
+TEST_F(TranslationTest, ALanguageThatIsNotKnownGetsEnglish) {
+  Speak({QStringLiteral("xx-YY"), QStringLiteral("C")});
+  EXPECT_EQ(nullptr, translation_);
+  EXPECT_EQ("free", Shown(Phrase::Tr("free")));
+}
+
+TEST_F(TranslationTest, ATextThatIsNotMarkedStaysAsItIs) {
+  Speak({QStringLiteral("de")});
+  EXPECT_EQ("3 Booking(s) Made.", Shown("3 Booking(s) Made."));
+  EXPECT_EQ("free", Shown("free")) << "though it reads like one that is";
+}
+
+TEST_F(TranslationTest, NamesStayAsTheyAre) {
+  Speak({QStringLiteral("de")});
+  EXPECT_EQ("Die Anlage %1 Żółć 山田 gibt es nicht mehr.",
+            Shown(Phrase::Tr("The facility %1 is not there any more.", "%1 Żółć 山田")));
+}
+
+TEST_F(TranslationTest, GermanMayPutThePlacesInAnotherOrder) {
+  Speak({QStringLiteral("de")});
+  EXPECT_EQ("Heißt wieder Ann: Pool.", Shown(Phrase::Tr("%1 is called %2 again.", "Pool", "Ann")));
+}
+
+}  // namespace
+}  // namespace veyra

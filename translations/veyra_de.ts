@@ -1,0 +1,1835 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>Phrase</name>
+    <message>
+        <source>The file is not a text that can be read.</source>
+        <translation>Die Datei ist kein lesbarer Text.</translation>
+    </message>
+    <message>
+        <source>Its first line must be the name of a folder. Correct it with a text editor.</source>
+        <translation>Ihre erste Zeile muss der Name eines Ordners sein. Berichtigen Sie sie mit einem Texteditor.</translation>
+    </message>
+    <message>
+        <source>A line of the file is too long to be read.</source>
+        <translation>Eine Zeile der Datei ist zu lang, um gelesen zu werden.</translation>
+    </message>
+    <message>
+        <source>The file ends where another line is needed.</source>
+        <translation>Die Datei endet, wo noch eine Zeile gebraucht wird.</translation>
+    </message>
+    <message>
+        <source>The file cannot be written.</source>
+        <translation>Die Datei kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>See whether the disk is full and whether the folder may be written to.</source>
+        <translation>Sehen Sie nach, ob der Datenträger voll ist und ob in den Ordner geschrieben werden darf.</translation>
+    </message>
+    <message>
+        <source>The file is missing and cannot be made: %1.</source>
+        <translation>Die Datei fehlt und kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Make it with a text editor: its first line must be the name of the folder that holds the bookings.</source>
+        <translation>Legen Sie sie mit einem Texteditor an: Ihre erste Zeile muss der Name des Ordners mit den Buchungen sein.</translation>
+    </message>
+    <message>
+        <source>The file is empty and cannot be written: %1.</source>
+        <translation>Die Datei ist leer und kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Write it with a text editor: its first line must be the name of the folder that holds the bookings.</source>
+        <translation>Schreiben Sie sie mit einem Texteditor: Ihre erste Zeile muss der Name des Ordners mit den Buchungen sein.</translation>
+    </message>
+    <message>
+        <source>The folder for your calendar cannot be made: %1.</source>
+        <translation>Der Ordner für Ihren Kalender kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check the rights of the folders above it, and start the calendar again.</source>
+        <translation>Prüfen Sie die Rechte der Ordner darüber, und starten Sie den Kalender neu.</translation>
+    </message>
+    <message>
+        <source>An empty calendar could not be made there. %1</source>
+        <translation>Dort konnte kein leerer Kalender angelegt werden. %1</translation>
+    </message>
+    <message>
+        <source>Check that the disk has room, and start the calendar again.</source>
+        <translation>Prüfen Sie, ob auf dem Datenträger Platz ist, und starten Sie den Kalender neu.</translation>
+    </message>
+    <message>
+        <source>The file cannot be made: %1.</source>
+        <translation>Die Datei kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Welcome to Veyra Calendar.</source>
+        <translation>Willkommen bei Veyra Calendar.</translation>
+    </message>
+    <message>
+        <source>Your calendar is still empty. To add the first facility, a room for instance, type its name into the box at the top right and press Enter.</source>
+        <translation>Ihr Kalender ist noch leer. Um die erste Anlage hinzuzufügen, zum Beispiel einen Raum, geben Sie ihren Namen in das Feld oben rechts ein und drücken die Eingabetaste.</translation>
+    </message>
+    <message>
+        <source>The calendar lies in %1.</source>
+        <translation>Der Kalender liegt in %1.</translation>
+    </message>
+    <message>
+        <source>To try a sample first, run</source>
+        <translation>Um zuerst ein Beispiel auszuprobieren, starten Sie</translation>
+    </message>
+    <message>
+        <source>and write the name of that folder into the first line of</source>
+        <translation>und schreiben den Namen jenes Ordners in die erste Zeile von</translation>
+    </message>
+    <message>
+        <source>%1 on %2, since %3</source>
+        <translation>%1 an %2, seit %3</translation>
+    </message>
+    <message>
+        <source>This calendar is open on another computer:</source>
+        <translation>Dieser Kalender ist auf einem anderen Computer geöffnet:</translation>
+    </message>
+    <message>
+        <source>Open it here as well?</source>
+        <translation>Soll er auch hier geöffnet werden?</translation>
+    </message>
+    <message>
+        <source>Two computers that write to one calendar file in a shared folder can damage it. If the other one was switched off without closing its calendar, answer Yes.</source>
+        <translation>Zwei Computer, die in dieselbe Kalenderdatei in einem gemeinsamen Ordner schreiben, können sie beschädigen. Wurde der andere ausgeschaltet, ohne dass sein Kalender geschlossen wurde, antworten Sie mit Yes.</translation>
+    </message>
+    <message>
+        <source>There is no web browser on this machine that can open %1</source>
+        <translation>Auf diesem Rechner gibt es keinen Webbrowser, der diese Adresse öffnen kann: %1</translation>
+    </message>
+    <message>
+        <source>free</source>
+        <translation>frei</translation>
+    </message>
+    <message>
+        <source>&lt;= &amp;Previous</source>
+        <translation>&lt;= &amp;Voriger Tag</translation>
+    </message>
+    <message>
+        <source>&amp;Next =&gt;</source>
+        <translation>&amp;Nächster Tag =&gt;</translation>
+    </message>
+    <message>
+        <source>Day board</source>
+        <translation>Tagesübersicht</translation>
+    </message>
+    <message>
+        <source>Day Board: %1</source>
+        <translation>Tagesübersicht: %1</translation>
+    </message>
+    <message>
+        <source>There is no facility yet.</source>
+        <translation>Es gibt noch keine Anlage.</translation>
+    </message>
+    <message>
+        <source>A click or Enter opens the day of the facility. Page Down and Page Up turn the days.</source>
+        <translation>Ein Klick oder die Eingabetaste öffnet den Tag der Anlage. Bild ab und Bild auf blättern die Tage.</translation>
+    </message>
+    <message>
+        <source>taken by %1</source>
+        <translation>belegt von %1</translation>
+    </message>
+    <message>
+        <source>taken by %1 and %2</source>
+        <translation>belegt von %1 und %2</translation>
+    </message>
+    <message>
+        <source>taken by %1 and %2 others</source>
+        <translation>belegt von %1 und %2 weiteren</translation>
+    </message>
+    <message>
+        <source>free on this day</source>
+        <translation>an diesem Tag frei</translation>
+    </message>
+    <message>
+        <source>the only date left of a series</source>
+        <translation>der einzige verbliebene Termin einer Serie</translation>
+    </message>
+    <message>
+        <source>one of %1 dates until %2</source>
+        <translation>einer von %1 Terminen bis %2</translation>
+    </message>
+    <message>
+        <source>Time slots</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Bookings on %1</source>
+        <translation>Buchungen am %1</translation>
+    </message>
+    <message>
+        <source>Undone. %1</source>
+        <translation>Rückgängig gemacht. %1</translation>
+    </message>
+    <message>
+        <source>Undo (Ctrl+Z)</source>
+        <translation>Rückgängig (Strg+Z)</translation>
+    </message>
+    <message>
+        <source>the first %1</source>
+        <translation>die ersten %1</translation>
+    </message>
+    <message>
+        <source>Type part of a guest&apos;s or an event&apos;s name.</source>
+        <translation>Geben Sie einen Teil des Namens eines Gastes oder einer Veranstaltung ein.</translation>
+    </message>
+    <message>
+        <source>Looking ...</source>
+        <translation>Suche läuft ...</translation>
+    </message>
+    <message>
+        <source>No booking has such a name.</source>
+        <translation>Keine Buchung hat einen solchen Namen.</translation>
+    </message>
+    <message>
+        <source>To come: %1. Past: %2. Enter opens the day.</source>
+        <translation>Künftig: %1. Vergangen: %2. Die Eingabetaste öffnet den Tag.</translation>
+    </message>
+    <message>
+        <source>Find a Booking</source>
+        <translation>Buchung suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Bookings</source>
+        <translation>Buchungen</translation>
+    </message>
+    <message>
+        <source>Past</source>
+        <translation>Vergangen</translation>
+    </message>
+    <message>
+        <source>midnight</source>
+        <translation>Mitternacht</translation>
+    </message>
+    <message>
+        <source>Tick at least one facility.</source>
+        <translation>Kreuzen Sie mindestens eine Anlage an.</translation>
+    </message>
+    <message>
+        <source>Tick at least one weekday.</source>
+        <translation>Kreuzen Sie mindestens einen Wochentag an.</translation>
+    </message>
+    <message>
+        <source>The hours end before they begin.</source>
+        <translation>Die Uhrzeiten enden, bevor sie beginnen.</translation>
+    </message>
+    <message>
+        <source>%1 do not fit between %2 and %3.</source>
+        <translation>%1 passen nicht zwischen %2 und %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a date. Enter it as %2.</source>
+        <translation>„%1“ ist kein Datum. Geben Sie es in der Form %2 ein.</translation>
+    </message>
+    <message>
+        <source>The dates end before they begin.</source>
+        <translation>Die Tage enden, bevor sie beginnen.</translation>
+    </message>
+    <message>
+        <source>None of these dates falls on a ticked weekday.</source>
+        <translation>Keiner dieser Tage fällt auf einen angekreuzten Wochentag.</translation>
+    </message>
+    <message>
+        <source>Nothing is free then for %1.</source>
+        <translation>Dann ist nichts für %1 frei.</translation>
+    </message>
+    <message>
+        <source>The first %1; there are more. Enter opens the day.</source>
+        <translation>Die ersten %1; es gibt noch mehr. Die Eingabetaste öffnet den Tag.</translation>
+    </message>
+    <message>
+        <source>Free times: %1. Enter opens the day.</source>
+        <translation>Freie Zeiten: %1. Die Eingabetaste öffnet den Tag.</translation>
+    </message>
+    <message>
+        <source>Free Time</source>
+        <translation>Freie Zeit</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>&amp;Length</source>
+        <translation>&amp;Dauer</translation>
+    </message>
+    <message>
+        <source>Not before</source>
+        <translation>Nicht vor</translation>
+    </message>
+    <message>
+        <source>Not after</source>
+        <translation>Nicht nach</translation>
+    </message>
+    <message>
+        <source>12:00 Midnight</source>
+        <translation>12:00 Mitternacht</translation>
+    </message>
+    <message>
+        <source>&amp;between</source>
+        <translation>&amp;zwischen</translation>
+    </message>
+    <message>
+        <source>an&amp;d</source>
+        <translation>&amp;und</translation>
+    </message>
+    <message>
+        <source>Weekdays</source>
+        <translation>Wochentage</translation>
+    </message>
+    <message>
+        <source>&amp;From</source>
+        <translation>V&amp;om</translation>
+    </message>
+    <message>
+        <source>&amp;to</source>
+        <translation>&amp;bis</translation>
+    </message>
+    <message>
+        <source>First date</source>
+        <translation>Erster Tag</translation>
+    </message>
+    <message>
+        <source>Last date</source>
+        <translation>Letzter Tag</translation>
+    </message>
+    <message>
+        <source>Facilities</source>
+        <translation>Anlagen</translation>
+    </message>
+    <message>
+        <source>&amp;All</source>
+        <translation>&amp;Alle</translation>
+    </message>
+    <message>
+        <source>All facilities</source>
+        <translation>Alle Anlagen</translation>
+    </message>
+    <message>
+        <source>Free times</source>
+        <translation>Freie Zeiten</translation>
+    </message>
+    <message>
+        <source>What the windows show could not be read anew and may be old: look again before you rely on it.</source>
+        <translation>Was die Fenster zeigen, konnte nicht neu gelesen werden und ist vielleicht veraltet: Sehen Sie noch einmal nach, bevor Sie sich darauf verlassen.</translation>
+    </message>
+    <message>
+        <source>An internal error has stopped what the program was doing.</source>
+        <translation>Ein innerer Fehler hat das Programm bei seiner Arbeit unterbrochen.</translation>
+    </message>
+    <message>
+        <source>What was saved before is kept. If this happens again, close the program and start it anew.</source>
+        <translation>Was vorher gespeichert wurde, bleibt erhalten. Geschieht dies wieder, schließen Sie das Programm und starten es neu.</translation>
+    </message>
+    <message>
+        <source>Open the calendar file anew now?</source>
+        <translation>Soll die Kalenderdatei jetzt neu geöffnet werden?</translation>
+    </message>
+    <message>
+        <source>Date, for example 3/15/2014 or March 15</source>
+        <translation>Datum, zum Beispiel 3/15/2014 oder March 15</translation>
+    </message>
+    <message>
+        <source>Go to a Date</source>
+        <translation>Gehe zu Datum</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a date.</source>
+        <translation>„%1“ ist kein Datum.</translation>
+    </message>
+    <message>
+        <source>Enter it again, for example 3/15/2014.</source>
+        <translation>Geben Sie es noch einmal ein, zum Beispiel 3/15/2014.</translation>
+    </message>
+    <message>
+        <source>The facility %1 is not there any more.</source>
+        <translation>Die Anlage %1 gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Click on the month to get the buttons back, then print again</source>
+        <translation>Klicken Sie auf den Monat, damit die Schaltflächen wieder da sind, und drucken Sie noch einmal</translation>
+    </message>
+    <message>
+        <source>The first one is shown now: %1.</source>
+        <translation>Jetzt wird die erste gezeigt: %1.</translation>
+    </message>
+    <message>
+        <source>There is no other one.</source>
+        <translation>Es gibt keine andere.</translation>
+    </message>
+    <message>
+        <source>The facility %1 was deleted at another desk, with all its bookings.</source>
+        <translation>Die Anlage %1 wurde an einem anderen Arbeitsplatz mit allen ihren Buchungen gelöscht.</translation>
+    </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Go to Date...</source>
+        <translation>Gehe zu Datum ...</translation>
+    </message>
+    <message>
+        <source>Find...</source>
+        <translation>Suchen ...</translation>
+    </message>
+    <message>
+        <source>Free Time...</source>
+        <translation>Freie Zeit ...</translation>
+    </message>
+    <message>
+        <source>Day Board</source>
+        <translation>Tagesübersicht</translation>
+    </message>
+    <message>
+        <source>Undo...</source>
+        <translation>Rückgängig ...</translation>
+    </message>
+    <message>
+        <source>Print Month...</source>
+        <translation>Monat drucken ...</translation>
+    </message>
+    <message>
+        <source>Print Week...</source>
+        <translation>Woche drucken ...</translation>
+    </message>
+    <message>
+        <source>Facility</source>
+        <translation>Anlage</translation>
+    </message>
+    <message>
+        <source>Type the name of the first one into the box at the top and press Enter.</source>
+        <translation>Geben Sie den Namen der ersten in das Feld oben ein und drücken Sie die Eingabetaste.</translation>
+    </message>
+    <message>
+        <source>1 date</source>
+        <translation>1 Termin</translation>
+    </message>
+    <message>
+        <source>%1 dates</source>
+        <translation>%1 Termine</translation>
+    </message>
+    <message>
+        <source>%1, none of them taken</source>
+        <translation>%1, keiner davon belegt</translation>
+    </message>
+    <message>
+        <source>%1, %2 of them taken</source>
+        <translation>%1, davon belegt: %2</translation>
+    </message>
+    <message>
+        <source>%1, counting those taken ...</source>
+        <translation>%1, die belegten werden gezählt ...</translation>
+    </message>
+    <message>
+        <source>Is this meant? It ends in %1.</source>
+        <translation>Ist das so gemeint? Der letzte ist im Jahr %1.</translation>
+    </message>
+    <message>
+        <source>Is this meant? So many dates.</source>
+        <translation>Ist das so gemeint? So viele Termine.</translation>
+    </message>
+    <message>
+        <source>Choose a time in the day first to count those taken.</source>
+        <translation>Um belegte zu zählen, wählen Sie zuerst im Tag eine Zeit.</translation>
+    </message>
+    <message>
+        <source>Counted for %1, the time chosen last.</source>
+        <translation>Gezählt für %1, die zuletzt gewählte Zeit.</translation>
+    </message>
+    <message>
+        <source>No dates: they end before they begin.</source>
+        <translation>Keine Termine: Sie enden, bevor sie beginnen.</translation>
+    </message>
+    <message>
+        <source>No dates: none of them falls on a ticked weekday.</source>
+        <translation>Keine Termine: Keiner fällt auf einen angekreuzten Wochentag.</translation>
+    </message>
+    <message>
+        <source>Print again</source>
+        <translation>Drucken Sie noch einmal</translation>
+    </message>
+    <message>
+        <source>Print Complete.</source>
+        <translation>Der Druck ist fertig.</translation>
+    </message>
+    <message>
+        <source>The printer &quot;%1&quot; is no longer there.</source>
+        <translation>Den Drucker „%1“ gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>%1 on another printer, or into a PDF file.</source>
+        <translation>%1, auf einem anderen Drucker oder in eine PDF-Datei.</translation>
+    </message>
+    <message>
+        <source>The printer &quot;%1&quot; has not taken the page: %2.</source>
+        <translation>Der Drucker „%1“ hat die Seite nicht angenommen: %2.</translation>
+    </message>
+    <message>
+        <source>%1, perhaps on another printer.</source>
+        <translation>%1, vielleicht auf einem anderen Drucker.</translation>
+    </message>
+    <message>
+        <source>The file cannot be written: %1.</source>
+        <translation>Die Datei kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>See whether the disk is full and whether the folder may be written to. %1.</source>
+        <translation>Sehen Sie nach, ob der Datenträger voll ist und ob in den Ordner geschrieben werden darf. %1.</translation>
+    </message>
+    <message>
+        <source>it cannot be started</source>
+        <translation>er kann nicht begonnen werden</translation>
+    </message>
+    <message>
+        <source>Print background</source>
+        <translation>Hintergrund drucken</translation>
+    </message>
+    <message>
+        <source>Without it the paper stays white, and no text is pale</source>
+        <translation>Ohne ihn bleibt das Papier weiß, und kein Text ist blass</translation>
+    </message>
+    <message>
+        <source>Color %1</source>
+        <translation>Farbe %1</translation>
+    </message>
+    <message>
+        <source>Matching names</source>
+        <translation>Passende Namen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Waiting for another program …</source>
+        <translation>Warten auf ein anderes Programm …</translation>
+    </message>
+    <message>
+        <source>Booking ...</source>
+        <translation>Es wird gebucht ...</translation>
+    </message>
+    <message>
+        <source>dates are booked.</source>
+        <translation>Terminen sind gebucht.</translation>
+    </message>
+    <message>
+        <source>Left out because something else is booked then: </source>
+        <translation>Ausgelassen, weil dann etwas anderes gebucht ist: </translation>
+    </message>
+    <message>
+        <source>Continue books the other dates, as a part of the same group.</source>
+        <translation>Continue bucht die übrigen Termine als Teil derselben Gruppe.</translation>
+    </message>
+    <message>
+        <source>Undo deletes the bookings that were made.</source>
+        <translation>Undo löscht die angelegten Buchungen.</translation>
+    </message>
+    <message>
+        <source>The bookings that were made have been deleted again.</source>
+        <translation>Die angelegten Buchungen wurden wieder gelöscht.</translation>
+    </message>
+    <message>
+        <source>Deleting bookings ...</source>
+        <translation>Buchungen werden gelöscht ...</translation>
+    </message>
+    <message>
+        <source>bookings are deleted.</source>
+        <translation>Buchungen sind gelöscht.</translation>
+    </message>
+    <message>
+        <source>Continue deletes the other bookings of the group.</source>
+        <translation>Continue löscht die übrigen Buchungen der Gruppe.</translation>
+    </message>
+    <message>
+        <source>Undo puts the deleted bookings back.</source>
+        <translation>Undo holt die gelöschten Buchungen zurück.</translation>
+    </message>
+    <message>
+        <source>The deleted bookings have been put back.</source>
+        <translation>Die gelöschten Buchungen wurden zurückgeholt.</translation>
+    </message>
+    <message>
+        <source>bookings are deleted; the facility is still there.</source>
+        <translation>Buchungen sind gelöscht; die Anlage ist noch da.</translation>
+    </message>
+    <message>
+        <source>Continue deletes the other bookings and the facility.</source>
+        <translation>Continue löscht die übrigen Buchungen und die Anlage.</translation>
+    </message>
+    <message>
+        <source>the facility</source>
+        <translation>die Anlage</translation>
+    </message>
+    <message>
+        <source>The facility is deleted, but no other one could be picked.</source>
+        <translation>Die Anlage ist gelöscht, aber es konnte keine andere gewählt werden.</translation>
+    </message>
+    <message>
+        <source>Bookings: %1, of these today or later: %2</source>
+        <translation>Buchungen: %1, davon heute oder später: %2</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the last booking?</source>
+        <translation>Möchten Sie die letzte Buchung rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The last booking cannot be undone. Nothing was changed.</source>
+        <translation>Die letzte Buchung kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the last series of bookings?</source>
+        <translation>Möchten Sie die letzte Serie von Buchungen rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The last series of bookings cannot be undone. Nothing was changed.</source>
+        <translation>Die letzte Serie von Buchungen kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the deletion of a booking?</source>
+        <translation>Möchten Sie das Löschen einer Buchung rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The deletion of a booking cannot be undone. Nothing was changed.</source>
+        <translation>Das Löschen einer Buchung kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the deletion of a series of bookings?</source>
+        <translation>Möchten Sie das Löschen einer Serie von Buchungen rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The deletion of a series of bookings cannot be undone. Nothing was changed.</source>
+        <translation>Das Löschen einer Serie von Buchungen kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the renaming of a booking?</source>
+        <translation>Möchten Sie das Umbenennen einer Buchung rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The renaming of a booking cannot be undone. Nothing was changed.</source>
+        <translation>Das Umbenennen einer Buchung kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the renaming of a series of bookings?</source>
+        <translation>Möchten Sie das Umbenennen einer Serie von Buchungen rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The renaming of a series of bookings cannot be undone. Nothing was changed.</source>
+        <translation>Das Umbenennen einer Serie von Buchungen kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Do you want to undo the deletion of a facility?</source>
+        <translation>Möchten Sie das Löschen einer Anlage rückgängig machen?</translation>
+    </message>
+    <message>
+        <source>The deletion of a facility cannot be undone. Nothing was changed.</source>
+        <translation>Das Löschen einer Anlage kann nicht rückgängig gemacht werden. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Booked: %1</source>
+        <translation>Gebucht: %1</translation>
+    </message>
+    <message>
+        <source>Deleted: %1</source>
+        <translation>Gelöscht: %1</translation>
+    </message>
+    <message>
+        <source>Renamed: %1</source>
+        <translation>Umbenannt: %1</translation>
+    </message>
+    <message>
+        <source>%1 is taken away.</source>
+        <translation>Wird weggenommen: %1.</translation>
+    </message>
+    <message>
+        <source>%1 comes back.</source>
+        <translation>Kommt zurück: %1.</translation>
+    </message>
+    <message>
+        <source>%1 is called %2 again.</source>
+        <translation>Heißt wieder %2: %1.</translation>
+    </message>
+    <message>
+        <source>... and %1 more.</source>
+        <translation>... und %1 weitere.</translation>
+    </message>
+    <message>
+        <source>%1, with 1 booking</source>
+        <translation>%1, mit 1 Buchung</translation>
+    </message>
+    <message>
+        <source>%1, with %2 bookings</source>
+        <translation>%1, mit %2 Buchungen</translation>
+    </message>
+    <message>
+        <source>There is nothing to undo.</source>
+        <translation>Es gibt nichts rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>%1 dates, %2</source>
+        <translation>%1 Termine, %2</translation>
+    </message>
+    <message>
+        <source>Entry %1 of the journal cannot be read.</source>
+        <translation>Eintrag %1 des Journals kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Restore a backup instead.</source>
+        <translation>Es wurde nichts geändert. Spielen Sie stattdessen eine Sicherungskopie zurück.</translation>
+    </message>
+    <message>
+        <source>no facility (%1)</source>
+        <translation>keine Anlage (%1)</translation>
+    </message>
+    <message>
+        <source>the facility %1</source>
+        <translation>die Anlage %1</translation>
+    </message>
+    <message>
+        <source>the colours</source>
+        <translation>die Farben</translation>
+    </message>
+    <message>
+        <source>The facility %1</source>
+        <translation>Die Anlage %1</translation>
+    </message>
+    <message>
+        <source>The colours</source>
+        <translation>Die Farben</translation>
+    </message>
+    <message>
+        <source>no date</source>
+        <translation>ohne Datum</translation>
+    </message>
+    <message>
+        <source>There is no month %1 of the year %2.</source>
+        <translation>Den Monat %1 des Jahres %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Turn to another month.</source>
+        <translation>Blättern Sie zu einem anderen Monat.</translation>
+    </message>
+    <message>
+        <source>Enter the dates of the multiple booking again, for example 3/15/2014.</source>
+        <translation>Geben Sie die Daten der Mehrfachbuchung noch einmal ein, zum Beispiel 3/15/2014.</translation>
+    </message>
+    <message>
+        <source>Looking for conflicting bookings ...</source>
+        <translation>Suche nach Buchungen, die im Weg sind ...</translation>
+    </message>
+    <message>
+        <source>Sunday</source>
+        <translation>Sonntag</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>Montag</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>Dienstag</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>Mittwoch</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>Donnerstag</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>Freitag</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>Samstag</translation>
+    </message>
+    <message>
+        <source>This name is %1 characters long; the calendar holds %2.</source>
+        <translation>Dieser Name ist %1 Zeichen lang; der Kalender fasst %2.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Choose a shorter name.</source>
+        <translation>Es wurde nichts geändert. Wählen Sie einen kürzeren Namen.</translation>
+    </message>
+    <message>
+        <source>a day without a date</source>
+        <translation>einem Tag ohne Datum</translation>
+    </message>
+    <message>
+        <source>%1 dates, %2 to %3</source>
+        <translation>%1 Termine, %2 bis %3</translation>
+    </message>
+    <message>
+        <source>No booking covers the whole of the selected time: there is nothing to change.</source>
+        <translation>Keine Buchung umfasst die ganze gewählte Zeit: Es gibt nichts zu ändern.</translation>
+    </message>
+    <message>
+        <source>By now it is booked for %1.</source>
+        <translation>Inzwischen ist für %1 gebucht.</translation>
+    </message>
+    <message>
+        <source>One of a group: %1</source>
+        <translation>Teil einer Gruppe: %1</translation>
+    </message>
+    <message>
+        <source>Renaming bookings ...</source>
+        <translation>Buchungen werden umbenannt ...</translation>
+    </message>
+    <message>
+        <source>bookings have the new name.</source>
+        <translation>Buchungen haben den neuen Namen.</translation>
+    </message>
+    <message>
+        <source>Continue renames the other bookings of the group.</source>
+        <translation>Continue benennt die übrigen Buchungen der Gruppe um.</translation>
+    </message>
+    <message>
+        <source>Undo gives the renamed bookings their old names back.</source>
+        <translation>Undo gibt den umbenannten Buchungen ihre alten Namen zurück.</translation>
+    </message>
+    <message>
+        <source>The renamed bookings have their old names again.</source>
+        <translation>Die umbenannten Buchungen haben wieder ihre alten Namen.</translation>
+    </message>
+    <message>
+        <source>saving them on the disk</source>
+        <translation>das Speichern auf dem Datenträger</translation>
+    </message>
+    <message>
+        <source>Taking back ...</source>
+        <translation>Wird zurückgenommen ...</translation>
+    </message>
+    <message>
+        <source>It is not known what became of %1. Look at them in the calendar.</source>
+        <translation>Es ist nicht bekannt, was hieraus geworden ist: %1. Sehen Sie im Kalender danach.</translation>
+    </message>
+    <message>
+        <source>It is not known what became of %1. Look at it in the calendar.</source>
+        <translation>Es ist nicht bekannt, was hieraus geworden ist: %1. Sehen Sie im Kalender danach.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 %3</source>
+        <translation>%1 von %2 %3</translation>
+    </message>
+    <message>
+        <source>You stopped it there.</source>
+        <translation>Sie haben dort angehalten.</translation>
+    </message>
+    <message>
+        <source>Then %1 failed, but was saved all the same:</source>
+        <translation>Dann ist dies fehlgeschlagen, aber trotzdem gespeichert worden: %1.</translation>
+    </message>
+    <message>
+        <source>Then %1 failed:</source>
+        <translation>Dann ist dies fehlgeschlagen: %1.</translation>
+    </message>
+    <message>
+        <source>%1 and 1 other</source>
+        <translation>%1 und 1 weitere</translation>
+    </message>
+    <message>
+        <source>%1 and %2 others</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Keep leaves everything as it is now.</source>
+        <translation>Keep lässt alles, wie es jetzt ist.</translation>
+    </message>
+    <message>
+        <source>In the file that was open until now %1</source>
+        <translation>In der bisher geöffneten Datei: %1</translation>
+    </message>
+    <message>
+        <source>Left alone because another program has changed them: %1.</source>
+        <translation>In Ruhe gelassen, weil ein anderes Programm sie geändert hat: %1.</translation>
+    </message>
+    <message>
+        <source>the booking on %1</source>
+        <translation>die Buchung am %1</translation>
+    </message>
+    <message>
+        <source>the booking without a date</source>
+        <translation>die Buchung ohne Datum</translation>
+    </message>
+    <message>
+        <source>Nothing was booked: somebody else has booked these times meanwhile.</source>
+        <translation>Es wurde nichts gebucht: Jemand anderes hat diese Zeiten inzwischen gebucht.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer as it was left: %2.</source>
+        <translation>%1 ist nicht mehr, wie es hinterlassen wurde: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot come back: there is a facility %2 now.</source>
+        <translation>%1 kann nicht zurückkommen: Jetzt gibt es eine Anlage %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot come back: the facility is not there any more.</source>
+        <translation>%1 kann nicht zurückkommen: Die Anlage gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>%1 cannot come back: %2 stands there now.</source>
+        <translation>%1 kann nicht zurückkommen: Dort steht jetzt %2.</translation>
+    </message>
+    <message>
+        <source>The facility %1 cannot go: it has %2 bookings now.</source>
+        <translation>Die Anlage %1 kann nicht weg: Sie hat jetzt %2 Buchungen.</translation>
+    </message>
+    <message>
+        <source>%1 stands there now</source>
+        <translation>dort steht jetzt %1</translation>
+    </message>
+    <message>
+        <source>it is not there</source>
+        <translation>es ist nicht da</translation>
+    </message>
+    <message>
+        <source>The program broke off while it was writing %1, and another program has changed the file since. This change was not finished.</source>
+        <translation>Das Programm wurde unterbrochen, als es etwas schrieb (%1), und ein anderes Programm hat die Datei seitdem geändert. Diese Änderung wurde nicht zu Ende geführt.</translation>
+    </message>
+    <message>
+        <source>Look whether it is there, and make it again if it is not. What was to be written is kept as %1.</source>
+        <translation>Sehen Sie nach, ob sie da ist, und machen Sie sie noch einmal, wenn nicht. Was geschrieben werden sollte, ist aufgehoben als %1.</translation>
+    </message>
+    <message>
+        <source>The database&apos;s texts are of a code page that this computer does not know.</source>
+        <translation>Die Texte der Datenbank haben eine Zeichentabelle, die dieser Computer nicht kennt.</translation>
+    </message>
+    <message>
+        <source>Save it in Access as an Access 2000 or 2002-2003 database (.mdb).</source>
+        <translation>Speichern Sie sie in Access als Datenbank von Access 2000 oder 2002-2003 (.mdb).</translation>
+    </message>
+    <message>
+        <source>The database is of a newer kind than Access 2003.</source>
+        <translation>Die Datenbank ist von einer neueren Art als Access 2003.</translation>
+    </message>
+    <message>
+        <source>The database is protected by a password.</source>
+        <translation>Die Datenbank ist durch ein Kennwort geschützt.</translation>
+    </message>
+    <message>
+        <source>Remove the database password in Access.</source>
+        <translation>Entfernen Sie das Datenbankkennwort in Access.</translation>
+    </message>
+    <message>
+        <source>The file is not an Access database.</source>
+        <translation>Die Datei ist keine Access-Datenbank.</translation>
+    </message>
+    <message>
+        <source>Check that it is the right file.</source>
+        <translation>Prüfen Sie, ob es die richtige Datei ist.</translation>
+    </message>
+    <message>
+        <source>Open it in Access and choose Compact and Repair, or go back to a copy of the file.</source>
+        <translation>Öffnen Sie sie in Access und wählen Sie „Komprimieren und Reparieren“, oder nehmen Sie eine Kopie der Datei.</translation>
+    </message>
+    <message>
+        <source>The database file is damaged.</source>
+        <translation>Die Datenbankdatei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The change cannot be made.</source>
+        <translation>Die Änderung kann nicht gemacht werden.</translation>
+    </message>
+    <message>
+        <source>The copy cannot be made: %1.</source>
+        <translation>Die Kopie kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check that the disk has room and that you may make files in the folder.</source>
+        <translation>Prüfen Sie, ob auf dem Datenträger Platz ist und ob Sie im Ordner Dateien anlegen dürfen.</translation>
+    </message>
+    <message>
+        <source>Another program is using the file.</source>
+        <translation>Ein anderes Programm benutzt die Datei.</translation>
+    </message>
+    <message>
+        <source>You did not want to wait. Try again when it has finished.</source>
+        <translation>Sie wollten nicht warten. Versuchen Sie es noch einmal, wenn es fertig ist.</translation>
+    </message>
+    <message>
+        <source>Another program has the database open.</source>
+        <translation>Ein anderes Programm hat die Datenbank geöffnet.</translation>
+    </message>
+    <message>
+        <source>Close it there and try again.</source>
+        <translation>Schließen Sie sie dort und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Another program has taken the database for itself, perhaps to convert it.</source>
+        <translation>Ein anderes Programm hat die Datenbank für sich allein, vielleicht um sie umzuwandeln.</translation>
+    </message>
+    <message>
+        <source>Wait until it has finished and try again.</source>
+        <translation>Warten Sie, bis es fertig ist, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Another program is writing to the database and does not finish.</source>
+        <translation>Ein anderes Programm schreibt in die Datenbank und wird nicht fertig.</translation>
+    </message>
+    <message>
+        <source>Try again in a moment, or close the other program.</source>
+        <translation>Versuchen Sie es gleich noch einmal, oder schließen Sie das andere Programm.</translation>
+    </message>
+    <message>
+        <source>The journal of the database cannot be written: %1.</source>
+        <translation>Das Journal der Datenbank kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check that the disk is not full and that you may write to the folder.</source>
+        <translation>Prüfen Sie, ob der Datenträger nicht voll ist und ob Sie in den Ordner schreiben dürfen.</translation>
+    </message>
+    <message>
+        <source>The program broke off while it was writing %1, and another program has changed the file since.</source>
+        <translation>Das Programm wurde unterbrochen, als es etwas schrieb (%1), und ein anderes Programm hat die Datei seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>Look through the last bookings, then remove %1.</source>
+        <translation>Sehen Sie die letzten Buchungen durch, dann entfernen Sie %1.</translation>
+    </message>
+    <message>
+        <source>%1 on %2</source>
+        <translation>%1 an %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 und %2</translation>
+    </message>
+    <message>
+        <source>Another program has the database open: %1.</source>
+        <translation>Ein anderes Programm hat die Datenbank geöffnet: %1.</translation>
+    </message>
+    <message>
+        <source>Close it there. When nobody has it open, delete the file %1.</source>
+        <translation>Schließen Sie sie dort. Hat niemand sie geöffnet, löschen Sie die Datei %1.</translation>
+    </message>
+    <message>
+        <source>The database has grown to 2 GB, the largest size of an Access file.</source>
+        <translation>Die Datenbank ist auf 2 GB gewachsen, die größte Größe einer Access-Datei.</translation>
+    </message>
+    <message>
+        <source>Make room in it with veyra-data compact, or convert it to the other kind of file with veyra-data convert.</source>
+        <translation>Schaffen Sie darin Platz mit veyra-data compact, oder wandeln Sie sie mit veyra-data convert in die andere Art von Datei um.</translation>
+    </message>
+    <message>
+        <source>Check the disk or network folder that holds the file.</source>
+        <translation>Prüfen Sie den Datenträger oder den Netzwerkordner, auf dem die Datei liegt.</translation>
+    </message>
+    <message>
+        <source>The database cannot be opened: %1.</source>
+        <translation>Die Datenbank kann nicht geöffnet werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check that the file is there and that you may use it.</source>
+        <translation>Prüfen Sie, ob die Datei da ist und ob Sie sie benutzen dürfen.</translation>
+    </message>
+    <message>
+        <source>The database cannot be read: %1.</source>
+        <translation>Die Datenbank kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The database cannot be written: %1.</source>
+        <translation>Die Datenbank kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>The database file is empty.</source>
+        <translation>Die Datenbankdatei ist leer.</translation>
+    </message>
+    <message>
+        <source>Go back to a copy of the file.</source>
+        <translation>Nehmen Sie eine Kopie der Datei.</translation>
+    </message>
+    <message>
+        <source>The database file is cut short.</source>
+        <translation>Die Datenbankdatei ist abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>The database has no list of its tables: it is damaged.</source>
+        <translation>Die Datenbank hat kein Verzeichnis ihrer Tabellen: Sie ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>Another program kept changing the database while it was read.</source>
+        <translation>Ein anderes Programm hat die Datenbank immer wieder geändert, während sie gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>Try again in a moment.</source>
+        <translation>Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>A table of the database has %1 rows where its definition says %2: another program is writing to it, or it is damaged.</source>
+        <translation>Eine Tabelle der Datenbank hat %1 Zeilen, wo ihre Beschreibung %2 angibt: Ein anderes Programm schreibt gerade hinein, oder sie ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>A table of the database has no columns: it is damaged.</source>
+        <translation>Eine Tabelle der Datenbank hat keine Spalten: Sie ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The database cannot be made: %1.</source>
+        <translation>Die Datenbank kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check the folder.</source>
+        <translation>Prüfen Sie den Ordner.</translation>
+    </message>
+    <message>
+        <source>The text is longer than an Access file allows.</source>
+        <translation>Der Text ist länger, als eine Access-Datei erlaubt.</translation>
+    </message>
+    <message>
+        <source>Shorten it.</source>
+        <translation>Kürzen Sie ihn.</translation>
+    </message>
+    <message>
+        <source>The table has too many columns and indexes for an Access file.</source>
+        <translation>Die Tabelle hat zu viele Spalten und Indizes für eine Access-Datei.</translation>
+    </message>
+    <message>
+        <source>The column %1 cannot hold the value: %2.</source>
+        <translation>Die Spalte %1 kann den Wert nicht aufnehmen: %2.</translation>
+    </message>
+    <message>
+        <source>Change the value and try again.</source>
+        <translation>Ändern Sie den Wert und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>it is not a whole number of its range</source>
+        <translation>er ist keine ganze Zahl in ihrem Bereich</translation>
+    </message>
+    <message>
+        <source>it is not a number</source>
+        <translation>er ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>it is too large</source>
+        <translation>er ist zu groß</translation>
+    </message>
+    <message>
+        <source>it is not a date</source>
+        <translation>er ist kein Datum</translation>
+    </message>
+    <message>
+        <source>The text begins with the invisible sign U+FEFF, which an Access file cannot hold together with some of the others.</source>
+        <translation>Der Text beginnt mit dem unsichtbaren Zeichen U+FEFF, das eine Access-Datei zusammen mit manchen der anderen nicht aufnehmen kann.</translation>
+    </message>
+    <message>
+        <source>Delete the beginning of the text, and type it anew.</source>
+        <translation>Löschen Sie den Anfang des Textes und geben Sie ihn neu ein.</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 characters</source>
+        <translation>er ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>The row is longer than an Access file allows.</source>
+        <translation>Die Zeile ist länger, als eine Access-Datei erlaubt.</translation>
+    </message>
+    <message>
+        <source>Shorten its texts.</source>
+        <translation>Kürzen Sie ihre Texte.</translation>
+    </message>
+    <message>
+        <source>this program does not write columns of its kind</source>
+        <translation>dieses Programm schreibt keine Spalten dieser Art</translation>
+    </message>
+    <message>
+        <source>An Access file of this program cannot have a table of the name %1.</source>
+        <translation>Eine Access-Datei dieses Programms kann keine Tabelle des Namens %1 haben.</translation>
+    </message>
+    <message>
+        <source>Use western letters, digits and signs like _ and - only, with no blank at either end.</source>
+        <translation>Nehmen Sie nur westliche Buchstaben, Ziffern und Zeichen wie _ und -, ohne Leerzeichen an den Enden.</translation>
+    </message>
+    <message>
+        <source>The table has as many columns as an Access file allows.</source>
+        <translation>Die Tabelle hat so viele Spalten, wie eine Access-Datei erlaubt.</translation>
+    </message>
+    <message>
+        <source>Compact the database in Access.</source>
+        <translation>Komprimieren Sie die Datenbank in Access.</translation>
+    </message>
+    <message>
+        <source>Convert the calendar with veyra-data convert, then start again.</source>
+        <translation>Wandeln Sie den Kalender mit veyra-data convert um und starten Sie dann neu.</translation>
+    </message>
+    <message>
+        <source>There is a row already with the same value in the index %1, which allows each value once.</source>
+        <translation>Es gibt schon eine Zeile mit demselben Wert im Index %1, der jeden Wert nur einmal erlaubt.</translation>
+    </message>
+    <message>
+        <source>The database is of Access 97, which this program only reads.</source>
+        <translation>Die Datenbank ist von Access 97, was dieses Programm nur liest.</translation>
+    </message>
+    <message>
+        <source>The database is encoded; this program only reads such files.</source>
+        <translation>Die Datenbank ist kodiert; solche Dateien liest dieses Programm nur.</translation>
+    </message>
+    <message>
+        <source>The database has an index, %1, that this program cannot keep right.</source>
+        <translation>Die Datenbank hat einen Index, %1, den dieses Programm nicht richtig führen kann.</translation>
+    </message>
+    <message>
+        <source>The name of a table has a sign that this program cannot sort.</source>
+        <translation>Der Name einer Tabelle hat ein Zeichen, das dieses Programm nicht einordnen kann.</translation>
+    </message>
+    <message>
+        <source>Rename the table: use letters, digits and common signs only.</source>
+        <translation>Benennen Sie die Tabelle um: nur Buchstaben, Ziffern und übliche Zeichen.</translation>
+    </message>
+    <message>
+        <source>The database has grown to the largest size its format allows.</source>
+        <translation>Die Datenbank ist auf die größte Größe gewachsen, die ihr Format erlaubt.</translation>
+    </message>
+    <message>
+        <source>Convert it with veyra-data convert.</source>
+        <translation>Wandeln Sie sie mit veyra-data convert um.</translation>
+    </message>
+    <message>
+        <source>Put a backup copy in its place, or write the link anew with &quot;veyra-data link&quot;.</source>
+        <translation>Legen Sie eine Sicherungskopie an seine Stelle, oder schreiben Sie den Verweis neu mit „veyra-data link“.</translation>
+    </message>
+    <message>
+        <source>The link cannot be read: %1.</source>
+        <translation>Der Verweis kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the link is not understood: &quot;%2&quot;.</source>
+        <translation>Zeile %1 des Verweises wird nicht verstanden: „%2“.</translation>
+    </message>
+    <message>
+        <source>The file is not a link to a shared calendar.</source>
+        <translation>Die Datei ist kein Verweis auf einen gemeinsamen Kalender.</translation>
+    </message>
+    <message>
+        <source>The link is of a kind that this version of the program does not know: &quot;%1&quot;.</source>
+        <translation>Der Verweis ist von einer Art, die diese Version des Programms nicht kennt: „%1“.</translation>
+    </message>
+    <message>
+        <source>Use the version of the program that wrote it.</source>
+        <translation>Nehmen Sie die Version des Programms, die ihn geschrieben hat.</translation>
+    </message>
+    <message>
+        <source>The link names no server.</source>
+        <translation>Der Verweis nennt keinen Server.</translation>
+    </message>
+    <message>
+        <source>The server or the schema of the link is empty or has a line break in it.</source>
+        <translation>Der Server oder das Schema des Verweises ist leer oder enthält einen Zeilenumbruch.</translation>
+    </message>
+    <message>
+        <source>Write each of them in one line.</source>
+        <translation>Schreiben Sie beides in je eine Zeile.</translation>
+    </message>
+    <message>
+        <source>This file is there already; nothing was made.</source>
+        <translation>Diese Datei gibt es schon; es wurde nichts angelegt.</translation>
+    </message>
+    <message>
+        <source>The link cannot be made: %1.</source>
+        <translation>Der Verweis kann nicht angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Choose another folder, or move the file away first.</source>
+        <translation>Wählen Sie einen anderen Ordner, oder räumen Sie die Datei zuerst weg.</translation>
+    </message>
+    <message>
+        <source>Check that the folder is there and that you may make files in it.</source>
+        <translation>Prüfen Sie, ob der Ordner da ist und ob Sie darin Dateien anlegen dürfen.</translation>
+    </message>
+    <message>
+        <source>The colour &quot;%1&quot; in column %2 of row 1 of the table Settings is not a colour number.</source>
+        <translation>Die Farbe „%1“ in Spalte %2 der Zeile 1 der Tabelle Settings ist keine Farbnummer.</translation>
+    </message>
+    <message>
+        <source>Save new colours in the colour settings, or use a backup copy of the calendar.</source>
+        <translation>Speichern Sie in den Farbeinstellungen neue Farben, oder nehmen Sie eine Sicherungskopie des Kalenders.</translation>
+    </message>
+    <message>
+        <source>The table Settings has no row 1, which holds the colours of the calendar.</source>
+        <translation>Die Tabelle Settings hat keine Zeile 1, in der die Farben des Kalenders stehen.</translation>
+    </message>
+    <message>
+        <source>Check that the folder is the right one.</source>
+        <translation>Prüfen Sie, ob der Ordner der richtige ist.</translation>
+    </message>
+    <message>
+        <source>The first line of %1 must name the folder that holds Calendar.mdb and Veyra.mdb.</source>
+        <translation>Die erste Zeile von %1 muss den Ordner nennen, in dem Calendar.mdb und Veyra.mdb liegen.</translation>
+    </message>
+    <message>
+        <source>The program adds it when it starts, but could not do so.</source>
+        <translation>Das Programm fügt sie beim Start hinzu, konnte es aber nicht.</translation>
+    </message>
+    <message>
+        <source>It is added at the next start.</source>
+        <translation>Sie wird beim nächsten Start hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Put the right file, or a backup copy of it, in its place and start again.</source>
+        <translation>Legen Sie die richtige Datei oder eine Sicherungskopie davon an ihre Stelle und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>There is no such file, and no folder %1.</source>
+        <translation>Diese Datei gibt es nicht, und auch keinen Ordner %1.</translation>
+    </message>
+    <message>
+        <source>Check that the folder is the right one and that the file is in it.</source>
+        <translation>Prüfen Sie, ob der Ordner der richtige ist und ob die Datei darin liegt.</translation>
+    </message>
+    <message>
+        <source>This is a folder, where a database file should be.</source>
+        <translation>Dies ist ein Ordner, wo eine Datenbankdatei sein sollte.</translation>
+    </message>
+    <message>
+        <source>Move the folder away and put the file in its place.</source>
+        <translation>Räumen Sie den Ordner weg und legen Sie die Datei an seine Stelle.</translation>
+    </message>
+    <message>
+        <source>This is not a file that can be read.</source>
+        <translation>Dies ist keine lesbare Datei.</translation>
+    </message>
+    <message>
+        <source>Check that the disk is connected and that you may use the folder.</source>
+        <translation>Prüfen Sie, ob der Datenträger verbunden ist und ob Sie den Ordner benutzen dürfen.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>You may not read the file.</source>
+        <translation>Sie dürfen die Datei nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Ask for the right to read and change the file.</source>
+        <translation>Bitten Sie um das Recht, die Datei zu lesen und zu ändern.</translation>
+    </message>
+    <message>
+        <source>The file is write-protected, so nothing could be saved.</source>
+        <translation>Die Datei ist schreibgeschützt, es könnte also nichts gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Ask for the right to change the file, or remove its write protection.</source>
+        <translation>Bitten Sie um das Recht, die Datei zu ändern, oder entfernen Sie ihren Schreibschutz.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is write-protected, so nothing could be saved.</source>
+        <translation>Der Ordner %1 ist schreibgeschützt, es könnte also nichts gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Ask for the right to make files in the folder, or remove its write protection.</source>
+        <translation>Bitten Sie um das Recht, im Ordner Dateien anzulegen, oder entfernen Sie seinen Schreibschutz.</translation>
+    </message>
+    <message>
+        <source>The file is not a database of a kind known here.</source>
+        <translation>Die Datei ist keine Datenbank einer hier bekannten Art.</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>your share of the disk is full</source>
+        <translation>Ihr Anteil am Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the disk may only be read</source>
+        <translation>der Datenträger darf nur gelesen werden</translation>
+    </message>
+    <message>
+        <source>the disk reported a failure</source>
+        <translation>der Datenträger hat einen Fehler gemeldet</translation>
+    </message>
+    <message>
+        <source>you do not have the right to</source>
+        <translation>Sie haben dazu nicht das Recht</translation>
+    </message>
+    <message>
+        <source>there is no such file or folder</source>
+        <translation>diese Datei oder diesen Ordner gibt es nicht</translation>
+    </message>
+    <message>
+        <source>there is a file of that name already</source>
+        <translation>eine Datei dieses Namens gibt es schon</translation>
+    </message>
+    <message>
+        <source>it is a link that leads to itself</source>
+        <translation>es ist ein Verweis, der auf sich selbst führt</translation>
+    </message>
+    <message>
+        <source>the name is too long</source>
+        <translation>der Name ist zu lang</translation>
+    </message>
+    <message>
+        <source>Enter another one.</source>
+        <translation>Geben Sie einen anderen ein.</translation>
+    </message>
+    <message>
+        <source>Nothing was saved.</source>
+        <translation>Es wurde nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>it is not a whole number</source>
+        <translation>er ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>there is something in it that is not a character</source>
+        <translation>er enthält etwas, das kein Zeichen ist</translation>
+    </message>
+    <message>
+        <source>The calendar&apos;s server cannot be reached: %1.</source>
+        <translation>Der Server des Kalenders ist nicht erreichbar: %1.</translation>
+    </message>
+    <message>
+        <source>Put the password into the file ~/.pgpass of this account.</source>
+        <translation>Schreiben Sie das Kennwort in die Datei ~/.pgpass dieses Kontos.</translation>
+    </message>
+    <message>
+        <source>Check the network, that the server is running, and that the link names the right one.</source>
+        <translation>Prüfen Sie das Netzwerk, ob der Server läuft und ob der Verweis den richtigen nennt.</translation>
+    </message>
+    <message>
+        <source>The wait for the calendar&apos;s server was ended.</source>
+        <translation>Das Warten auf den Server des Kalenders wurde beendet.</translation>
+    </message>
+    <message>
+        <source>The calendar&apos;s server does not answer.</source>
+        <translation>Der Server des Kalenders antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>Check the network, and that the server is running.</source>
+        <translation>Prüfen Sie das Netzwerk und ob der Server läuft.</translation>
+    </message>
+    <message>
+        <source>The calendar&apos;s server is another machine, %1, and nothing says how to be sure of it.</source>
+        <translation>Der Server des Kalenders ist ein anderer Rechner, %1, und nichts sagt, wie man sich seiner sicher sein kann.</translation>
+    </message>
+    <message>
+        <source>Put sslmode=verify-full into the service file.</source>
+        <translation>Schreiben Sie sslmode=verify-full in die Dienstdatei.</translation>
+    </message>
+    <message>
+        <source>Another desk has the calendar open and did not let go of it.</source>
+        <translation>Ein anderer Arbeitsplatz hat den Kalender geöffnet und gab ihn nicht frei.</translation>
+    </message>
+    <message>
+        <source>Wait until the other desk has finished, and try again.</source>
+        <translation>Warten Sie, bis der andere Arbeitsplatz fertig ist, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The server has no calendar in the schema &quot;%1&quot;.</source>
+        <translation>Der Server hat keinen Kalender im Schema „%1“.</translation>
+    </message>
+    <message>
+        <source>Check that the link names the right database. &quot;veyra-data share&quot; puts a calendar there.</source>
+        <translation>Prüfen Sie, ob der Verweis die richtige Datenbank nennt. „veyra-data share“ bringt einen Kalender dorthin.</translation>
+    </message>
+    <message>
+        <source>The calendar is shared on a server, and what talks to such servers is not on this machine.</source>
+        <translation>Der Kalender liegt gemeinsam auf einem Server, und was mit solchen Servern spricht, fehlt auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>Install the package libpq5, and start again.</source>
+        <translation>Installieren Sie das Paket libpq5 und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>The library %1 lacks %2.</source>
+        <translation>Der Bibliothek %1 fehlt %2.</translation>
+    </message>
+    <message>
+        <source>Bring the package libpq5 up to date, and start again.</source>
+        <translation>Bringen Sie das Paket libpq5 auf den neuesten Stand und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>The link does not name a server as it should: %1.</source>
+        <translation>Der Verweis nennt den Server nicht, wie er sollte: %1.</translation>
+    </message>
+    <message>
+        <source>Write it as postgresql://USER@HOST/DATABASE or service=NAME.</source>
+        <translation>Schreiben Sie ihn als postgresql://USER@HOST/DATABASE oder service=NAME.</translation>
+    </message>
+    <message>
+        <source>There is a password in the link, which everybody who may read the file would have.</source>
+        <translation>Im Verweis steht ein Kennwort, das jeder hätte, der die Datei lesen darf.</translation>
+    </message>
+    <message>
+        <source>Take it out of the link. Put it into the file ~/.pgpass of each desk, or into a service file, or let the server know the desks by their accounts (peer authentication).</source>
+        <translation>Nehmen Sie es aus dem Verweis heraus. Schreiben Sie es an jedem Arbeitsplatz in die Datei ~/.pgpass oder in eine Dienstdatei, oder lassen Sie den Server die Arbeitsplätze an ihren Konten erkennen (peer authentication).</translation>
+    </message>
+    <message>
+        <source>The calendar is shared on a server, and this program was built without what talks to such servers.</source>
+        <translation>Der Kalender liegt gemeinsam auf einem Server, und dieses Programm wurde ohne das gebaut, was mit solchen Servern spricht.</translation>
+    </message>
+    <message>
+        <source>Use a program that was built with it.</source>
+        <translation>Nehmen Sie ein Programm, das damit gebaut wurde.</translation>
+    </message>
+    <message>
+        <source>What other desks change cannot be waited for: %1.</source>
+        <translation>Auf Änderungen anderer Arbeitsplätze kann nicht gewartet werden: %1.</translation>
+    </message>
+    <message>
+        <source>Close some programs, and start again.</source>
+        <translation>Schließen Sie einige Programme und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>The server has a calendar in the schema &quot;%1&quot; already: its table %2 is not empty, or is another program&apos;s.</source>
+        <translation>Der Server hat im Schema „%1“ schon einen Kalender: Seine Tabelle %2 ist nicht leer oder gehört einem anderen Programm.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Name another schema or another database.</source>
+        <translation>Es wurde nichts geändert. Nennen Sie ein anderes Schema oder eine andere Datenbank.</translation>
+    </message>
+    <message>
+        <source>The table %1 is another program&apos;s.</source>
+        <translation>Die Tabelle %1 gehört einem anderen Programm.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Rename that table to keep a journal here.</source>
+        <translation>Es wurde nichts geändert. Benennen Sie jene Tabelle um, damit hier ein Journal geführt werden kann.</translation>
+    </message>
+    <message>
+        <source>Ask whoever looks after the server.</source>
+        <translation>Fragen Sie, wer den Server betreut.</translation>
+    </message>
+    <message>
+        <source>The calendar&apos;s server reports: %1.</source>
+        <translation>Der Server des Kalenders meldet: %1.</translation>
+    </message>
+    <message>
+        <source>The wait for another desk was ended.</source>
+        <translation>Das Warten auf einen anderen Arbeitsplatz wurde beendet.</translation>
+    </message>
+    <message>
+        <source>Another desk is changing the calendar and did not let go of it.</source>
+        <translation>Ein anderer Arbeitsplatz ändert gerade den Kalender und gab ihn nicht frei.</translation>
+    </message>
+    <message>
+        <source>Wait a moment and try again.</source>
+        <translation>Warten Sie einen Augenblick und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Somebody else has booked these times meanwhile.</source>
+        <translation>Jemand anderes hat diese Zeiten inzwischen gebucht.</translation>
+    </message>
+    <message>
+        <source>Look at the bookings as they are now.</source>
+        <translation>Sehen Sie sich die Buchungen an, wie sie jetzt sind.</translation>
+    </message>
+    <message>
+        <source>The connection to the calendar&apos;s server is lost: %1.</source>
+        <translation>Die Verbindung zum Server des Kalenders ist verloren: %1.</translation>
+    </message>
+    <message>
+        <source>Do it again: the program then connects anew.</source>
+        <translation>Machen Sie es noch einmal: Das Programm verbindet sich dann neu.</translation>
+    </message>
+    <message>
+        <source>You may not do this on the calendar&apos;s server: %1.</source>
+        <translation>Das dürfen Sie auf dem Server des Kalenders nicht: %1.</translation>
+    </message>
+    <message>
+        <source>The calendar&apos;s server takes no changes now.</source>
+        <translation>Der Server des Kalenders nimmt zurzeit keine Änderungen an.</translation>
+    </message>
+    <message>
+        <source>The disk of the calendar&apos;s server is full.</source>
+        <translation>Der Datenträger des Servers des Kalenders ist voll.</translation>
+    </message>
+    <message>
+        <source>The query &quot;%1&quot; was not understood: character %2 should begin %3.</source>
+        <translation>Die Abfrage „%1“ wurde nicht verstanden: Mit Zeichen %2 sollte %3 beginnen.</translation>
+    </message>
+    <message>
+        <source>This is a fault of the program. Please report it with this text.</source>
+        <translation>Dies ist ein Fehler des Programms. Bitte melden Sie ihn mit diesem Text.</translation>
+    </message>
+    <message>
+        <source>The file is a link: the calendar is on a server.</source>
+        <translation>Die Datei ist ein Verweis: Der Kalender liegt auf einem Server.</translation>
+    </message>
+    <message>
+        <source>Ask whoever looks after the server for its backup.</source>
+        <translation>Fragen Sie, wer den Server betreut, nach seiner Sicherungskopie.</translation>
+    </message>
+    <message>
+        <source>Nothing of a database is left in the file.</source>
+        <translation>Von einer Datenbank ist in der Datei nichts übrig.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read: %1.</source>
+        <translation>Die Datei kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check that the file is there and that you may read it.</source>
+        <translation>Prüfen Sie, ob die Datei da ist und ob Sie sie lesen dürfen.</translation>
+    </message>
+    <message>
+        <source>The note that says who has the file open cannot be written: %1.</source>
+        <translation>Der Zettel, der sagt, wer die Datei geöffnet hat, kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the table %1, in which the journal is kept.</source>
+        <translation>Ein anderes Programm hat die Tabelle %1 geändert, in der das Journal geführt wird.</translation>
+    </message>
+    <message>
+        <source>Close the program, end the journal with veyra-data journal off, and rename that table: then it can begin anew.</source>
+        <translation>Schließen Sie das Programm, beenden Sie das Journal mit veyra-data journal off, und benennen Sie jene Tabelle um: Dann kann es neu beginnen.</translation>
+    </message>
+    <message>
+        <source>The calendar was not closed properly, and what it left could not be tried on a copy: %1.</source>
+        <translation>Der Kalender wurde nicht richtig geschlossen, und was er hinterließ, konnte nicht an einer Kopie versucht werden: %1.</translation>
+    </message>
+    <message>
+        <source>Make room on the disk, or in the folder for temporary files, and start again. Nothing was changed.</source>
+        <translation>Schaffen Sie Platz auf dem Datenträger oder im Ordner für vorübergehende Dateien und starten Sie neu. Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What the calendar left when it was not closed properly belongs to another file, and could not be set aside: %1.</source>
+        <translation>Was der Kalender hinterließ, als er nicht richtig geschlossen wurde, gehört zu einer anderen Datei und konnte nicht beiseitegelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Move this file out of the folder and start again.</source>
+        <translation>Räumen Sie diese Datei aus dem Ordner und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>The calendar was not closed properly, and its last changes cannot be read any more.</source>
+        <translation>Der Kalender wurde nicht richtig geschlossen, und seine letzten Änderungen sind nicht mehr lesbar.</translation>
+    </message>
+    <message>
+        <source>The file was replaced, perhaps by a backup, before the last changes of the former one were all in it. Those changes do not belong to this file.</source>
+        <translation>Die Datei wurde ersetzt, vielleicht durch eine Sicherungskopie, bevor die letzten Änderungen der vorigen alle darin waren. Jene Änderungen gehören nicht zu dieser Datei.</translation>
+    </message>
+    <message>
+        <source>They were set aside as &quot;%1&quot;. Look whether the bookings are as you expect them. When they are, you may delete what was set aside.</source>
+        <translation>Sie wurden als „%1“ beiseitegelegt. Sehen Sie nach, ob die Buchungen so sind, wie Sie sie erwarten. Wenn ja, dürfen Sie das Beiseitegelegte löschen.</translation>
+    </message>
+    <message>
+        <source>The file was replaced while a calendar has the former one open.</source>
+        <translation>Die Datei wurde ersetzt, während ein Kalender die vorige geöffnet hat.</translation>
+    </message>
+    <message>
+        <source>Close the calendar wherever it is open, and start again.</source>
+        <translation>Schließen Sie den Kalender überall, wo er geöffnet ist, und starten Sie neu.</translation>
+    </message>
+    <message>
+        <source>Another program is writing to the file all the time.</source>
+        <translation>Ein anderes Programm schreibt die ganze Zeit in die Datei.</translation>
+    </message>
+    <message>
+        <source>Wait until the other program has finished, and try again.</source>
+        <translation>Warten Sie, bis das andere Programm fertig ist, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The rows of the table %1 cannot be changed.</source>
+        <translation>Die Zeilen der Tabelle %1 können nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>The file was made by another program. Use the file of this program.</source>
+        <translation>Die Datei wurde von einem anderen Programm angelegt. Nehmen Sie die Datei dieses Programms.</translation>
+    </message>
+    <message>
+        <source>Put a backup copy in its place. Keep the damaged file: a specialist may be able to read it.</source>
+        <translation>Legen Sie eine Sicherungskopie an ihre Stelle. Behalten Sie die beschädigte Datei: Eine Fachkraft kann sie vielleicht lesen.</translation>
+    </message>
+    <message>
+        <source>Another program was interrupted in the middle of a change of the file.</source>
+        <translation>Ein anderes Programm wurde mitten in einer Änderung der Datei unterbrochen.</translation>
+    </message>
+    <message>
+        <source>Start the program that the file belongs to: it puts the file in order.</source>
+        <translation>Starten Sie das Programm, zu dem die Datei gehört: Es bringt sie in Ordnung.</translation>
+    </message>
+    <message>
+        <source>The file may be read but not written to (error %1).</source>
+        <translation>Die Datei darf gelesen, aber nicht beschrieben werden (Fehler %1).</translation>
+    </message>
+    <message>
+        <source>Ask for the right to change the file and the folder it is in.</source>
+        <translation>Bitten Sie um das Recht, die Datei und den Ordner, in dem sie liegt, zu ändern.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>Make room on the disk and try again.</source>
+        <translation>Schaffen Sie Platz auf dem Datenträger und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The disk reported a failure while the file was in use (error %1).</source>
+        <translation>Der Datenträger hat einen Fehler gemeldet, während die Datei benutzt wurde (Fehler %1).</translation>
+    </message>
+    <message>
+        <source>Check that the disk or the network folder is still connected, and try again.</source>
+        <translation>Prüfen Sie, ob der Datenträger oder der Netzwerkordner noch verbunden ist, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The file is damaged or was cut short.</source>
+        <translation>Die Datei ist beschädigt oder wurde abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>The file is not a database, or it is damaged or locked with a password.</source>
+        <translation>Die Datei ist keine Datenbank, oder sie ist beschädigt oder mit einem Kennwort verschlossen.</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened (error %1).</source>
+        <translation>Die Datei kann nicht geöffnet werden (Fehler %1).</translation>
+    </message>
+    <message>
+        <source>Check that the folder is there and that you may use it.</source>
+        <translation>Prüfen Sie, ob der Ordner da ist und ob Sie ihn benutzen dürfen.</translation>
+    </message>
+    <message>
+        <source>The computer has run out of memory.</source>
+        <translation>Dem Computer ist der Speicher ausgegangen.</translation>
+    </message>
+    <message>
+        <source>Close other programs and try again.</source>
+        <translation>Schließen Sie andere Programme und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s own rules do not allow this row: %1.</source>
+        <translation>Die eigenen Regeln der Datei erlauben diese Zeile nicht: %1.</translation>
+    </message>
+    <message>
+        <source>The file may have been made by another program.</source>
+        <translation>Die Datei wurde vielleicht von einem anderen Programm angelegt.</translation>
+    </message>
+    <message>
+        <source>The database reported a failure: %1 (error %2).</source>
+        <translation>Die Datenbank hat einen Fehler gemeldet: %1 (Fehler %2).</translation>
+    </message>
+    <message>
+        <source>Try again. If it fails again, restart the program.</source>
+        <translation>Versuchen Sie es noch einmal. Schlägt es wieder fehl, starten Sie das Programm neu.</translation>
+    </message>
+    <message>
+        <source>Another program is using the file and did not let go of it.</source>
+        <translation>Ein anderes Programm benutzt die Datei und gab sie nicht frei.</translation>
+    </message>
+    <message>
+        <source>Wait until the other program has finished, or close it, and try again.</source>
+        <translation>Warten Sie, bis das andere Programm fertig ist, oder schließen Sie es, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The disk gave wrong data for a moment. The file was checked and is whole.</source>
+        <translation>Der Datenträger hat für einen Augenblick falsche Daten geliefert. Die Datei wurde geprüft und ist unversehrt.</translation>
+    </message>
+    <message>
+        <source>Try again. If it happens again, have the disk or the network folder looked at.</source>
+        <translation>Versuchen Sie es noch einmal. Geschieht es wieder, lassen Sie den Datenträger oder den Netzwerkordner prüfen.</translation>
+    </message>
+    <message>
+        <source>What was read of the file makes no sense, and the file could not be checked.</source>
+        <translation>Was aus der Datei gelesen wurde, ergibt keinen Sinn, und die Datei konnte nicht geprüft werden.</translation>
+    </message>
+    <message>
+        <source>Close other programs that use the file, and try again. Have the disk looked at if it happens again.</source>
+        <translation>Schließen Sie andere Programme, die die Datei benutzen, und versuchen Sie es noch einmal. Lassen Sie den Datenträger prüfen, wenn es wieder geschieht.</translation>
+    </message>
+    <message>
+        <source>The file was made by another program or a part of it was removed. Use the file of this program, or a backup copy of it.</source>
+        <translation>Die Datei wurde von einem anderen Programm angelegt, oder ein Teil davon wurde entfernt. Nehmen Sie die Datei dieses Programms oder eine Sicherungskopie davon.</translation>
+    </message>
+    <message>
+        <source>Look at the bookings as they are now, and do it again if it is still needed.</source>
+        <translation>Sehen Sie sich die Buchungen an, wie sie jetzt sind, und machen Sie es noch einmal, wenn es noch nötig ist.</translation>
+    </message>
+    <message>
+        <source>Nothing was overwritten.</source>
+        <translation>Es wurde nichts überschrieben.</translation>
+    </message>
+    <message>
+        <source>Open the file anew, look at the bookings as they are there, and do it again if it is still needed.</source>
+        <translation>Öffnen Sie die Datei neu, sehen Sie sich die Buchungen an, wie sie dort sind, und machen Sie es noch einmal, wenn es noch nötig ist.</translation>
+    </message>
+    <message>
+        <source>Nothing was saved in it.</source>
+        <translation>Darin wurde nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>The file has no table %1.</source>
+        <translation>Die Datei hat keine Tabelle %1.</translation>
+    </message>
+    <message>
+        <source>The table %1 has no column %2.</source>
+        <translation>Die Tabelle %1 hat keine Spalte %2.</translation>
+    </message>
+    <message>
+        <source>The file has a table %1 already.</source>
+        <translation>Die Datei hat schon eine Tabelle %1.</translation>
+    </message>
+    <message>
+        <source>The table %1 has a column %2 already.</source>
+        <translation>Die Tabelle %1 hat schon eine Spalte %2.</translation>
+    </message>
+    <message>
+        <source>The file was opened for reading only, so nothing can be saved in it.</source>
+        <translation>Die Datei wurde nur zum Lesen geöffnet, es kann also nichts darin gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>This is a fault of the program. Please report it.</source>
+        <translation>Dies ist ein Fehler des Programms. Bitte melden Sie ihn.</translation>
+    </message>
+    <message>
+        <source>Another program has just changed this row of the table %1.</source>
+        <translation>Ein anderes Programm hat gerade diese Zeile der Tabelle %1 geändert.</translation>
+    </message>
+    <message>
+        <source>Another program has just removed this row of the table %1.</source>
+        <translation>Ein anderes Programm hat gerade diese Zeile der Tabelle %1 entfernt.</translation>
+    </message>
+    <message>
+        <source>The file was replaced by another one while the calendar was open.</source>
+        <translation>Die Datei wurde durch eine andere ersetzt, während der Kalender geöffnet war.</translation>
+    </message>
+    <message>
+        <source>The file was overwritten by another program while the calendar was open.</source>
+        <translation>Die Datei wurde von einem anderen Programm überschrieben, während der Kalender geöffnet war.</translation>
+    </message>
+    <message>
+        <source>The file was removed, moved or renamed while the calendar was open.</source>
+        <translation>Die Datei wurde entfernt, verschoben oder umbenannt, während der Kalender geöffnet war.</translation>
+    </message>
+    <message>
+        <source>Put the file, or a backup copy of it, back in its place, and open it anew.</source>
+        <translation>Legen Sie die Datei oder eine Sicherungskopie davon wieder an ihre Stelle und öffnen Sie sie neu.</translation>
+    </message>
+    <message>
+        <source>It is not certain whether this booking was saved: look before you try again. Check that the disk or the network folder is connected and has room, then open the day anew: what it shows is what is saved.</source>
+        <translation>Es ist nicht sicher, ob diese Buchung gespeichert wurde: Sehen Sie nach, bevor Sie es noch einmal versuchen. Prüfen Sie, ob der Datenträger oder der Netzwerkordner verbunden ist und Platz hat, und öffnen Sie dann den Tag neu: Was er zeigt, ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Another program has just changed the table %1.</source>
+        <translation>Ein anderes Programm hat gerade die Tabelle %1 geändert.</translation>
+    </message>
+    <message>
+        <source>To go on with the usual colours, start again after this command; veyra-data lies beside the calendar: %1</source>
+        <translation>Um mit den üblichen Farben fortzufahren, starten Sie nach diesem Befehl neu; veyra-data liegt neben dem Kalender: %1</translation>
+    </message>
+</context>
+</TS>

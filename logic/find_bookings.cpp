@@ -215,7 +215,7 @@ bool BookingFinder::Matches(std::uint32_t name) {
 }
 
 Phrase FoundLine(const SlotLabelTable& labels, const FoundBooking& booking) {
-  return WeekdayWord(booking.Day) +
+  return WeekdayWord(WeekdayNumber(booking.Day)) +
          (", " + DateText(booking.Day) + ", " + RangeLabel(labels, booking.Slots) + ", " +
           ShownName(booking.Facility) + ", " + ShownName(booking.Event));
 }

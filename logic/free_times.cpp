@@ -140,7 +140,7 @@ void FreeTimeFinder::LookAtDay() {
 }
 
 Phrase FreeTimeLine(const SlotLabelTable& labels, const FreeTimeWish& wish, const FreeTime& free) {
-  return WeekdayWord(free.Day) +
+  return WeekdayWord(WeekdayNumber(free.Day)) +
          (", " + DateText(free.Day) + ", " + RangeLabel(labels, free.Slots) + ", " +
           ShownName(wish.Facilities.at(free.Place).Name));
 }

@@ -127,8 +127,8 @@ std::string WeekdayName(Date date) {
   return kNames.at(static_cast<std::size_t>(WeekdayNumber(date)) - 1);
 }
 
-Phrase WeekdayWord(Date date) {
-  switch (WeekdayNumber(date)) {
+Phrase WeekdayWord(int weekday) {
+  switch (weekday) {
     case 1:
       return Phrase::Tr("Sunday");
     case 2:

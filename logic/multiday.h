@@ -57,8 +57,8 @@ std::int64_t CountPlannedDates(const PlannedRange& range);
 /// The English name of the date's weekday.
 std::string WeekdayName(Date date);
 
-/// The name of the date's weekday in the operator's language.
-Phrase WeekdayWord(Date date);
+/// The name of a weekday, 1 for Sunday to 7, in the operator's language.
+Phrase WeekdayWord(int weekday);
 
 /// The text of the query for bookings of any facility on `day` that hold the first or the last slot
 /// of the selection. A booking that lies strictly inside the selection is not found: this is meant.

@@ -92,8 +92,8 @@ Phrase PickedDetails(Session& session, const std::string& name) {
         "No booking covers the whole of the selected time: there is nothing to change.");
   }
   Phrase text = ShownName(CurrentFacility(session).value_or("")) + ", " +
-                WeekdayWord(session.DayDate) + " " + DateText(session.DayDate) + ", " +
-                TimesOf(session, *picked);
+                WeekdayWord(WeekdayNumber(session.DayDate)) + " " + DateText(session.DayDate) +
+                ", " + TimesOf(session, *picked);
   if (const std::string held = ToText(picked->Field("Event")); held != name) {
     text += kLineBreak + Phrase::Tr("By now it is booked for %1.", ShownName(held));
   }

@@ -64,7 +64,7 @@ void frmBoard::TurnTo(Date day) {
     return;
   }
   board_ = modRes::ReadDayBoard(session_.ResCon->Rows(), day);
-  view_.ShowBoard(modRes::WeekdayWord(day) + ", " + DateText(day), board_);
+  view_.ShowBoard(modRes::WeekdayWord(WeekdayNumber(day)) + ", " + DateText(day), board_);
 }
 
 }  // namespace veyra

@@ -12,7 +12,6 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "data/date.h"
 #include "data/shown_name.h"
 #include "forms/widgets/qt_escape_key.h"
 #include "forms/widgets/qt_help_item.h"
@@ -31,14 +30,6 @@ constexpr double kShareOfScreen = 0.85;
 
 /// Which facility an item stands for.
 constexpr int kIdRole = Qt::UserRole;
-
-/// The first day of a week of which the names of the weekdays are taken.
-constexpr int kSomeSunday = 4;
-
-QString NameOfWeekday(std::size_t day) {
-  return ToQString(
-      modRes::WeekdayWord(MakeDate(2026, 1, kSomeSunday + static_cast<int>(day) - 1).value()));
-}
 
 QHBoxLayout* AddRow(QBoxLayout* column) {
   auto* row = new QHBoxLayout;
@@ -132,7 +123,7 @@ QWidget* QtFreeWindow::BuildWeekdays() {
   auto* row = new QHBoxLayout(group);
   row->setSpacing(kGap);
   for (std::size_t day = 1; day <= Days_.size(); ++day) {
-    const QString name = NameOfWeekday(day);
+    const QString name = ToQString(modRes::WeekdayWord(static_cast<int>(day)));
     auto* box = new QCheckBox(name.left(3), group);
     box->setObjectName(QStringLiteral("Days(%1)").arg(day));
     box->setAccessibleName(name);

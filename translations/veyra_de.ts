@@ -169,7 +169,7 @@
     </message>
     <message>
         <source>Undo (Ctrl+Z)</source>
-        <translation>Rückgängig (Strg+Z)</translation>
+        <translation>Ctrl+Z: zurück</translation>
     </message>
     <message>
         <source>the first %1</source>

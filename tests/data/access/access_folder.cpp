@@ -70,7 +70,7 @@ bool AccessFolder::HasOtherReader() {
 std::vector<std::string> AccessFolder::LinesOfCommand(const std::string& command) {
   std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
   std::string output;
-  std::array<char, 4096> buffer;
+  std::array<char, 4096> buffer{};
   while (pipe != nullptr) {
     const std::size_t read = fread(buffer.data(), 1, buffer.size(), pipe.get());
     if (read == 0) {

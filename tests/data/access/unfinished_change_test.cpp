@@ -112,8 +112,8 @@ TEST_F(UnfinishedChange, GivesWayToAProgramThatChangedTheHeaderOnly) {
 
 TEST_F(UnfinishedChange, GivesWayToAFileThatHasGrown) {
   BookChessAndDie(CommitStep::JournalFlushed);
-  folder_.Folder().Write("Calendar.mdb",
-                         folder_.Folder().Read("Calendar.mdb") + std::string(5 * 4096, '\0'));
+  folder_.Folder().Write("Calendar.mdb", folder_.Folder().Read("Calendar.mdb") +
+                                             std::string(std::size_t{5} * 4096, '\0'));
   ExpectSetAside("");
 }
 

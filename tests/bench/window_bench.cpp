@@ -96,6 +96,9 @@ class RunningCalendar {
     Paint(Window("frmCalendar"));
   }
 
+  /// Leaves nothing behind that the next start has to look at.
+  void Leave() { program_.CloseDatabases(); }
+
   static QWidget& Window(const char* name) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
       if (window->isVisible() && window->objectName() == QLatin1String(name)) {
@@ -260,10 +263,11 @@ int StartOnce(int argc, char** argv) {
     ShowBareWindow();
   } else {
     QApplication::setStyle(new QtStyle);
-    const RunningCalendar calendar(argv[2]);
-    _exit(0);
+    RunningCalendar calendar(argv[2]);
+    calendar.Leave();
+    _exit(EXIT_SUCCESS);
   }
-  _exit(0);
+  _exit(EXIT_SUCCESS);
 }
 
 double Seconds(const timeval& time) {

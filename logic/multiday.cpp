@@ -146,6 +146,13 @@ Phrase WeekdayWord(int weekday) {
   }
 }
 
+Phrase WeekdayAbbreviation(int weekday) {
+  const std::array<Phrase, 7> names = {Phrase::Tr("Sun"), Phrase::Tr("Mon"), Phrase::Tr("Tue"),
+                                       Phrase::Tr("Wed"), Phrase::Tr("Thu"), Phrase::Tr("Fri"),
+                                       Phrase::Tr("Sat")};
+  return names.at(static_cast<std::size_t>(weekday) - 1);
+}
+
 std::string ClashQuery(const Session& session, Date day) {
   const auto holds = [](modRes::TimeSlot slot) {
     const std::string number = std::to_string(slot);

@@ -60,6 +60,9 @@ std::string WeekdayName(Date date);
 /// The name of a weekday, 1 for Sunday to 7, in the operator's language.
 Phrase WeekdayWord(int weekday);
 
+/// Its name where there is little room, "Sun".
+Phrase WeekdayAbbreviation(int weekday);
+
 /// The text of the query for bookings of any facility on `day` that hold the first or the last slot
 /// of the selection. A booking that lies strictly inside the selection is not found: this is meant.
 std::string ClashQuery(const Session& session, Date day);

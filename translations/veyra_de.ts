@@ -1831,5 +1831,33 @@
         <source>To go on with the usual colours, start again after this command; veyra-data lies beside the calendar: %1</source>
         <translation>Um mit den üblichen Farben fortzufahren, starten Sie nach diesem Befehl neu; veyra-data liegt neben dem Kalender: %1</translation>
     </message>
+    <message>
+        <source>Sun</source>
+        <translation>So</translation>
+    </message>
+    <message>
+        <source>Mon</source>
+        <translation>Mo</translation>
+    </message>
+    <message>
+        <source>Tue</source>
+        <translation>Di</translation>
+    </message>
+    <message>
+        <source>Wed</source>
+        <translation>Mi</translation>
+    </message>
+    <message>
+        <source>Thu</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>Fri</source>
+        <translation>Fr</translation>
+    </message>
+    <message>
+        <source>Sat</source>
+        <translation>Sa</translation>
+    </message>
 </context>
 </TS>

@@ -123,10 +123,10 @@ QWidget* QtFreeWindow::BuildWeekdays() {
   auto* row = new QHBoxLayout(group);
   row->setSpacing(kGap);
   for (std::size_t day = 1; day <= Days_.size(); ++day) {
-    const QString name = ToQString(modRes::WeekdayWord(static_cast<int>(day)));
-    auto* box = new QCheckBox(name.left(3), group);
+    const auto weekday = static_cast<int>(day);
+    auto* box = new QCheckBox(ToQString(modRes::WeekdayAbbreviation(weekday)), group);
     box->setObjectName(QStringLiteral("Days(%1)").arg(day));
-    box->setAccessibleName(name);
+    box->setAccessibleName(ToQString(modRes::WeekdayWord(weekday)));
     connect(box, &QCheckBox::clicked, this, [this] { ReportFields(); });
     row->addWidget(box);
     Days_[day] = box;
@@ -157,7 +157,7 @@ QGroupBox* QtFreeWindow::BuildFacilities() {
   All_->setObjectName(QStringLiteral("All"));
   All_->setAccessibleName(ToQString(Phrase::Tr("All facilities")));
   Facilities_ = new QListWidget(group);
-  Facilities_->setObjectName(ToQString(Phrase::Tr("Facilities")));
+  Facilities_->setObjectName(QStringLiteral("Facilities"));
   Facilities_->setAccessibleName(ToQString(Phrase::Tr("Facilities")));
   Facilities_->setTextElideMode(Qt::ElideRight);
   Facilities_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -12,6 +12,7 @@
 #include "forms/handler_guard.h"
 #include "forms/widgets/qt_dialogs.h"
 #include "forms/widgets/qt_text.h"
+#include "logic/multiday.h"
 
 namespace veyra {
 namespace {
@@ -55,6 +56,15 @@ TEST_F(TranslationTest, WhatIsWrittenToLogsStaysEnglish) {
   Speak({QStringLiteral("de")});
   EXPECT_STREQ("/srv/a.mdb\nThe file has a table Rooms already.",
                TableExists("/srv/a.mdb", "Rooms").what());
+}
+
+TEST_F(TranslationTest, WeekdaysAreAbbreviatedAsGermansDo) {
+  Speak({QStringLiteral("de")});
+  std::string names;
+  for (int weekday = 1; weekday <= 7; ++weekday) {
+    names += Shown(modRes::WeekdayAbbreviation(weekday)) + " ";
+  }
+  EXPECT_EQ("So Mo Di Mi Do Fr Sa ", names);
 }
 
 TEST_F(TranslationTest, AnotherCountrysGermanIsGerman) {

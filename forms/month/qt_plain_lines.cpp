@@ -45,8 +45,8 @@ QtPlainLines::QtPlainLines(const QWidget& list) {
   const QRect text = list.style()->subElementRect(QStyle::SE_ItemViewItemText, &line, &list);
   const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &line, &list) + 1;
   const int height = static_cast<int>(std::ceil(metrics.ascent() + metrics.descent()));
-  baseline_ =
-      QPointF(text.left() + margin, text.top() + (text.height() - height) / 2 + metrics.ascent());
+  const int top = text.top() + (text.height() - height) / 2;
+  baseline_ = QPointF(text.left() + margin, top + metrics.ascent());
 }
 
 bool QtPlainLines::Covers(const QString& line) const {

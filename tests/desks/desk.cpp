@@ -172,7 +172,7 @@ bool CarryOn(int& failures, const Work& work) {
 }
 
 int Run(const std::vector<std::string>& arguments) {
-  const std::string name = arguments.at(1);
+  const std::string& name = arguments.at(1);
   const int number = std::stoi(arguments.at(2));
   const int actions = std::stoi(arguments.at(3));
   const bool apart = arguments.size() > 4 && arguments.at(4) == "apart";

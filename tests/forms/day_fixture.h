@@ -55,7 +55,8 @@ class DayFixture : public testing::Test {
   std::string Grid() const { return Rendered(view_.MSFlexGrid1); }
 
   /// As if the multiple-day window had been closed with this plan.
-  void Plan(const std::string& from, const std::string& to, std::vector<std::size_t> weekdays) {
+  void Plan(const std::string& from, const std::string& to,
+            const std::vector<std::size_t>& weekdays) {
     plan_ = {{from, to}, {}};
     for (const std::size_t weekday : weekdays) {
       plan_.Days[weekday] = true;

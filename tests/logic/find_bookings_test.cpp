@@ -132,7 +132,7 @@ TEST_F(FindBookingsTest, ADamagedBookingIsLeftOut) {
 TEST_F(FindBookingsTest, NoMoreAreFoundThanCanBeRead) {
   auto store = folder_.Calendar();
   for (int i = 0; i < 250; ++i) {
-    for (const int day : {1, -1}) {
+    for (const std::int64_t day : {1, -1}) {
       store->Insert("Reserv", {{"RmID", pool_},
                                {"Event", std::string("Smith")},
                                {"DateOfRes", AddDays(MakeDate(2014, 4, 6).value(), day * (i + 1))},

@@ -15,7 +15,8 @@ namespace {
 constexpr int kMonday = 2;
 constexpr int kSaturday = 7;
 
-MultiDayPlan PlanOf(const std::string& from, const std::string& to, std::vector<int> weekdays) {
+MultiDayPlan PlanOf(const std::string& from, const std::string& to,
+                    const std::vector<int>& weekdays) {
   MultiDayPlan plan{{from, to}, {}};
   for (const int weekday : weekdays) {
     plan.Days[static_cast<std::size_t>(weekday)] = true;

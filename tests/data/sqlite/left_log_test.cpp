@@ -76,7 +76,8 @@ TEST_F(LeftLogTest, IsUsedThoughTheFileWasPutOnADiskWithOtherNumbers) {
 
 TEST_F(LeftLogTest, OfAFileThatIsDamagedEitherWayLeavesAllAsItIs) {
   std::string bytes = folder_.Read("data/Calendar.mdb");
-  bytes.replace(3 * 4096, 100, 100, '\xFF');  // The guests, of whom the log tells nothing.
+  // The guests, of whom the log tells nothing.
+  bytes.replace(std::size_t{3} * 4096, 100, 100, '\xFF');
   folder_.Write("data/Calendar.mdb", bytes);
   const std::string log = folder_.Read("data/Calendar.mdb-wal");
   EXPECT_THROW(OpenStore(File().string(), StoreAccess::ReadWrite), DatabaseError);

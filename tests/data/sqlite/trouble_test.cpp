@@ -85,7 +85,7 @@ TEST_F(TroubleTest, AFileThatIsFoundDamagedIsToBeRestored) {
   {
     std::fstream file(File(), std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(4096 + 8);
-    file << std::string(4096 * 2, '\x7F');
+    file << std::string(std::size_t{2} * 4096, '\x7F');
   }
   EXPECT_TRUE(Has(ReadAll(StoreAccess::ReadWrite), "backup copy"));
 }

@@ -125,7 +125,7 @@ TEST_F(OtherDesksTest, WhileRowsAreDraggedOverNothingChangesAndThenAtOnce) {
   StartAndOpenDay();
   QTest::mousePress(Grid().viewport(), Qt::LeftButton, {}, Middle(25, 1));
   Book(19, 20, "Smith");
-  EXPECT_FALSE(Comes([] { return Guest(19) != ""; }, 300));
+  EXPECT_FALSE(Comes([] { return !Guest(19).empty(); }, 300));
   dialogs_.AnswerNext(Answer::Cancel);
   dialogs_.WhileShown = [] { EXPECT_EQ("", Guest(19)); };
   QTest::mouseRelease(Grid().viewport(), Qt::LeftButton, {}, Middle(25, 1));

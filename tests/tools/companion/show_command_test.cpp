@@ -13,8 +13,6 @@
 #include "tests/temp_folder.h"
 #include "tests/tools/companion/run_command.h"
 
-namespace fs = std::filesystem;
-
 namespace veyra {
 namespace {
 

@@ -142,7 +142,7 @@ TEST_F(OtherDesksTest, WhileAQuestionIsAskedNothingIsReadAndNoTimeBookedTwice) {
       Book(19, 20, "Smith");
     }
     const bool is_refused = dialogs_.Boxes().back().find("somebody else") != std::string::npos;
-    EXPECT_EQ(is_refused, Comes([] { return Guest(19) != ""; }, 300));
+    EXPECT_EQ(is_refused, Comes([] { return !Guest(19).empty(); }, 300));
   };
   DragRows(19, 20);
   EXPECT_NE(std::string::npos, dialogs_.Boxes().back().find("somebody else has booked"));
@@ -158,9 +158,9 @@ TEST_F(OtherDesksTest, BehindABoxNothingChangesAndThenAtOnce) {
   box.setModal(true);
   box.show();
   Book(19, 20, "Smith");
-  EXPECT_FALSE(Comes([] { return Lines(21) != ""; }, 300));
+  EXPECT_FALSE(Comes([] { return !Lines(21).empty(); }, 300));
   box.close();
-  EXPECT_TRUE(Comes([] { return Lines(21) != ""; }));
+  EXPECT_TRUE(Comes([] { return !Lines(21).empty(); }));
 }
 
 TEST_F(OtherDesksTest, AFacilityThatIsDeletedLeavesItsDay) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QFont>
-#include <QPoint>
+#include <QPointF>
 #include <QSize>
 #include <QString>
 

@@ -59,6 +59,9 @@ class Connection {
     return store_->FittingCharacters(table, column, text);
   }
 
+  /// See Store.
+  std::shared_ptr<const void> MarkOf(const std::string& table) { return store_->MarkOf(table); }
+
   /// See Store; to be called by JournalledAction.
   void BeginAction(const std::string& name) { store_->BeginAction(name); }
   void EndAction() { store_->EndAction(); }

@@ -68,6 +68,9 @@ class ForwardingStore : public Store {
   void BeginAction(const std::string& name) override { store_->BeginAction(name); }
   void EndAction() override { store_->EndAction(); }
   ChangeFeed* Feed() override { return store_->Feed(); }
+  std::shared_ptr<const void> MarkOf(const std::string& table) override {
+    return store_->MarkOf(table);
+  }
   MissingItemError NoSuchColumn(const std::string& table,
                                 const std::string& column) const override {
     return store_->NoSuchColumn(table, column);

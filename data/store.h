@@ -174,6 +174,11 @@ class Store {
   /// long as the store. Null for a file, of which nobody tells.
   virtual ChangeFeed* Feed() { return nullptr; }
 
+  /// A mark of the rows that a table holds now: while a mark that was given is given again, they
+  /// are the same. To be asked for before the rows are read for which it shall stand. Null where
+  /// that cannot be told.
+  virtual std::shared_ptr<const void> MarkOf(const std::string&) { return nullptr; }
+
   /// The failure to be thrown by whoever finds that the table lacks a column.
   virtual MissingItemError NoSuchColumn(const std::string& table, const std::string& column) const;
 

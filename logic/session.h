@@ -8,6 +8,7 @@
 #include "data/color_settings.h"
 #include "data/databases.h"
 #include "data/date.h"
+#include "logic/guest_names.h"
 #include "logic/slots.h"
 
 namespace veyra {
@@ -44,6 +45,8 @@ struct Session : Databases {
 
   std::int64_t PlannedDayCount = 0;  ///< Dates in the multiple-day plan.
   std::int64_t MultiBookCount = 0;   ///< Of those, the ones free of clashes.
+
+  GuestNames Guests;  ///< As they were read last.
 
   std::vector<std::string> UsedNames;  ///< For which was booked in this run, the last one first.
 

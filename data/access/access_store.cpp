@@ -306,6 +306,10 @@ class AccessStore : public FileStore {
     }
   }
 
+  std::shared_ptr<const void> MarkOf(const std::string& table) override {
+    return Reading(table, [&] { return snapshot_.MarkOf(table); });
+  }
+
   void BeginAction(const std::string& name) override { rows_.Journal().action().Begin(name); }
   void EndAction() override { rows_.Journal().action().End(); }
 

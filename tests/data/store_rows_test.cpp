@@ -204,6 +204,23 @@ TEST_P(StoreTest, TellsInWordsThatARowWasChanged) {
   }
 }
 
+TEST_P(StoreTest, GivesATableAnotherMarkAfterEveryChange) {
+  auto mark = store_->MarkOf("Rooms");
+  const auto expect_another = [&](const char* after) {
+    const auto next = store_->MarkOf("rooms");
+    EXPECT_TRUE(next == nullptr || next != mark) << "after " << after;
+    mark = next;
+  };
+  const Row added = AddRoom("Pool");
+  expect_another("a new row");
+  const Row changed = store_->Update("Rooms", added, {{"Name", "Hall"}});
+  expect_another("a new name");
+  const Row others = Other()->Update("Rooms", changed, {{"Name", "Pool"}});
+  expect_another("another program's new name");
+  store_->Delete("Rooms", others);
+  expect_another("a deletion");
+}
+
 TEST_P(StoreTest, ChangesARowWithAGroupKey) {
   const Row row = store_->Insert("Reserv", {{"Event", "a"}, {"MultKey", 20140406153012.0}});
   store_->Update("Reserv", row, {{"Event", "b"}});

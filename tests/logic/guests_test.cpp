@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <string>
 #include <vector>
 
 #include "tests/calendar_folder.h"
@@ -17,6 +19,26 @@ class GuestsTest : public testing::Test {
     const auto session = folder_.OpenSession();
     LoadGuestNames(*session, box);
     return box;
+  }
+
+  static Names LoadIn(Session& session) {
+    NameBox box;
+    LoadGuestNames(session, box);
+    return box.Items;
+  }
+
+  /// Waits until the file's last change lies so far back that one which follows shows; at once
+  /// where nothing is kept that could be old.
+  static void AwaitSteadyMark(Session& session) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    for (auto mark = session.GuestCon->MarkOf("Guest"); mark != nullptr;) {
+      const auto next = session.GuestCon->MarkOf("Guest");
+      if (next == mark) {
+        return;
+      }
+      mark = next;
+      ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    }
   }
 
   CalendarFolder folder_;
@@ -59,6 +81,61 @@ TEST_F(GuestsTest, NamesOfAnyScriptArriveWhole) {
     folder_.AddGuest(name);
   }
   EXPECT_EQ(names, Load().Items);
+}
+
+TEST_F(GuestsTest, WhoeverComesOrLeavesMeanwhileShowsTheNextTime) {
+  const auto session = folder_.OpenSession();
+  EXPECT_EQ(Names{}, LoadIn(*session));
+  folder_.AddGuest(std::string("Ann"));
+  EXPECT_EQ(Names{"Ann"}, LoadIn(*session));
+  folder_.AddGuest(std::string("Bob"));
+  EXPECT_EQ((Names{"Ann", "Bob"}), LoadIn(*session));
+  folder_.RemoveGuest();
+  EXPECT_EQ(Names{"Bob"}, LoadIn(*session));
+}
+
+TEST_F(GuestsTest, WhoeverComesLongAfterTheLastChangeShowsTheNextTime) {
+  folder_.AddGuest(std::string("Ann"));
+  const auto session = folder_.OpenSession();
+  AwaitSteadyMark(*session);
+  EXPECT_EQ(Names{"Ann"}, LoadIn(*session));
+  folder_.AddGuest(std::string("Bob"));
+  EXPECT_EQ((Names{"Ann", "Bob"}), LoadIn(*session));
+}
+
+TEST_F(GuestsTest, AreReadAgainOnlyWhenAnAccessFileHasChanged) {
+  if (TestedStoreKind() != StoreKind::Access) {
+    GTEST_SKIP() << "other kinds of file are read each time";
+  }
+  folder_.AddGuest(std::string("Ann"));
+  const auto session = folder_.OpenSession();
+  AwaitSteadyMark(*session);
+  LoadIn(*session);
+  session->Guests.Names.front() = "Kept";
+  EXPECT_EQ(Names{"Kept"}, LoadIn(*session));
+}
+
+TEST_F(GuestsTest, OfAnotherFileAreNotThoseThatWereKept) {
+  folder_.AddGuest(std::string("Ann"));
+  const auto session = folder_.OpenSession();
+  AwaitSteadyMark(*session);
+  EXPECT_EQ(Names{"Ann"}, LoadIn(*session));
+  CalendarFolder other;
+  other.AddGuest(std::string("Zoe"));
+  session->DataFolder = other.Path();
+  CreateVeyraCon(*session);
+  AwaitSteadyMark(*session);
+  EXPECT_EQ(Names{"Zoe"}, LoadIn(*session));
+}
+
+TEST_F(GuestsTest, ThatThereAreNoneIsToldEachTime) {
+  const auto session = folder_.OpenSession();
+  AwaitSteadyMark(*session);
+  for (int time = 0; time < 2; ++time) {
+    NameBox box;
+    LoadGuestNames(*session, box);
+    EXPECT_EQ((NameBox{{}, "No Guests in Veyra"}), box);
+  }
 }
 
 }  // namespace

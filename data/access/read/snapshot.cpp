@@ -40,6 +40,7 @@ void Snapshot::Forget() {
 void Snapshot::ForgetTables() {
   catalogue_.clear();
   images_.clear();
+  mark_.reset();
 }
 
 Snapshot::Images Snapshot::TakeImages() {
@@ -100,6 +101,14 @@ std::shared_ptr<TableImage> Snapshot::Table(std::string_view name) {
   auto image = ReadSteadily([&] { return std::make_shared<TableImage>(file_, definition); });
   images_[definition] = image;
   return image;
+}
+
+std::shared_ptr<const void> Snapshot::MarkOf(std::string_view name) {
+  Table(name);
+  if (!mark_) {
+    mark_ = std::make_shared<const char>();
+  }
+  return mark_;
 }
 
 }  // namespace veyra::access

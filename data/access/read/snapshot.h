@@ -45,6 +45,10 @@ class Snapshot {
   /// the file kept changing while it was read.
   std::shared_ptr<TableImage> Table(std::string_view name);
 
+  /// Stands for all that can be read of a table now: another one is given once the file has
+  /// changed, or may have. Throws as Table does.
+  std::shared_ptr<const void> MarkOf(std::string_view name);
+
   /// The page of a table's definition. Throws FileProblem when there is no such table.
   PageNumber DefinitionOf(std::string_view name);
 
@@ -75,6 +79,7 @@ class Snapshot {
   bool is_held_ = false;
   std::vector<CatalogueEntry> catalogue_;
   Images images_;
+  std::shared_ptr<const void> mark_;  ///< Of what was read; null when none was asked for.
 };
 
 }  // namespace veyra::access

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "data/access/read/snapshot.h"
 #include "tests/data/access/access_folder.h"
 
 namespace veyra {
@@ -193,6 +194,28 @@ TEST_F(OwnChange, IsBelievedATickLaterWhereItsTimeCannotBeSet) {
   now_ += kMoreThanATick;
   file_.Refresh();
   EXPECT_FALSE(file_.Refresh());
+}
+
+TEST_F(StandingClock, LetsNoMarkOutliveTheTickInWhichItWasGiven) {
+  PageFile file = Open();
+  access::Snapshot snapshot(file);
+  const auto early = snapshot.MarkOf("Reserv");
+  const auto next = snapshot.MarkOf("Reserv");
+  EXPECT_NE(early, next);
+  now_ += kMoreThanATick;
+  const auto late = snapshot.MarkOf("Reserv");
+  EXPECT_NE(next, late);
+  EXPECT_EQ(late, snapshot.MarkOf("Reserv"));
+}
+
+TEST_F(StandingClock, LetsAMarkEndWithTheFirstChange) {
+  PageFile file = Open();
+  access::Snapshot snapshot(file);
+  now_ += kMoreThanATick;
+  const auto mark = snapshot.MarkOf("Reserv");
+  tick_ = now_;
+  WriteAsAnother(PageOf(file));
+  EXPECT_NE(mark, snapshot.MarkOf("Reserv"));
 }
 
 TEST_F(StandingClock, LetsPagesOfAnOldFileBeKept) {

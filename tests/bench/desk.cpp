@@ -8,6 +8,7 @@
 
 #include "data/create_store.h"
 #include "data/open_store.h"
+#include "data/posix_file.h"
 #include "data/schema.h"
 #include "logic/bookings.h"
 #include "logic/delete_bookings.h"
@@ -112,6 +113,8 @@ std::unique_ptr<Progress> PatientOperator::StartProgress(const Phrase&, EarlyEnd
 
 Desk::Desk(const DeskCalendar& calendar) : file_(folder_.File("Calendar.mdb").string()) {
   fs::copy_file(CalendarFile(calendar), file_);
+  // Or the first change would wait for the copy to be written.
+  PosixFile(file_, PosixFile::Use::ReadWrite).Flush();
   session_.DataFolder = folder_.path();
   modRes::SlotLabels(session_.SlotLabel);
   session_.ResCon = std::make_unique<Connection>(OpenStore(file_, StoreAccess::ReadWrite));

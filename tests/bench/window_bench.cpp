@@ -313,6 +313,8 @@ BENCHMARK_CAPTURE(MeasureStarts, Calendar, "--calendar")
 }  // namespace veyra
 
 int main(int argc, char** argv) {
+  // The offscreen platform says of every window what it cannot do.
+  qputenv("QT_LOGGING_RULES", "default.warning=false");
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }

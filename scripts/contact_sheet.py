@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 """Takes pictures of every window on screens of several sizes, scales and themes, and puts them on contact
-sheets, one for each kind of screen, to be looked at.
+sheets, one for each kind of screen, to be looked at. The windows are worked from the keyboard alone.
 
     scripts/contact_sheet.py BUILD_FOLDER SHEET_FOLDER [KIND...]
 
-KIND is a name of KINDS below; all are taken unless some are named. The calendar must be built.
+KIND is a name of KINDS below; all are taken unless some are named. The calendar must be built. Those of
+Wayland need the packages weston and qt6-wayland.
 """
 
 import contextlib
@@ -17,7 +18,7 @@ from datetime import date
 
 from desk import Desk, date_text
 from pictures import make_calendar
-from screen import Screen
+from screen import Screen, wait_until
 
 
 @dataclasses.dataclass
@@ -29,6 +30,7 @@ class Kind:
     scale: float = 1  # of everything
     theme: str = "light"
     font: int = 0  # the desktop's, in points; that of every desktop where it is 0
+    wayland: bool = False
 
 
 KINDS = {
@@ -41,6 +43,9 @@ KINDS = {
     "at_200_dark": Kind(2048, 1280, scale=2, theme="dark"),
     "large": Kind(3840, 2160),
     "large_at_200": Kind(3840, 2160, scale=2),
+    "wayland": Kind(1280, 800, wayland=True),
+    "wayland_dark": Kind(1280, 800, theme="dark", wayland=True),
+    "wayland_smallest": Kind(1024, 600, wayland=True),
 }
 SIX_WEEKS = date(2026, 8, 1)  # a Saturday, in a month of 31 days
 CROWDED = {4: 1, 5: 5, 6: 40}  # day of that month: bookings
@@ -84,6 +89,29 @@ def set_up_desktop(screen, kind):
     return {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}
 
 
+class WaylandScreen(Screen):
+    """A Wayland desktop in a window that fills a virtual screen. A program there knows the places of
+    its controls within their windows only: the mouse cannot be led to them."""
+
+    def _set_up(self):
+        super()._set_up()
+        settings = os.path.join(self.environment["HOME"], "weston.ini")
+        with open(settings, "w", encoding="utf-8") as file:
+            file.write("[shell]\nlocking=false\nanimation=none\nstartup-animation=none\n"
+                       "close-animation=none\n[input-method]\npath=\n")
+        socket = "wayland-sheet"
+        self.start(["weston", "--backend=x11-backend.so", "--use-pixman",
+                    f"--width={self.width}", f"--height={self.height}",
+                    f"--socket={socket}", f"--config={settings}", "--idle-time=0"])
+        wait_until(lambda: os.path.exists(os.path.join(self.environment["XDG_RUNTIME_DIR"], socket)),
+                   "the Wayland desktop")
+        # It has the keyboard once the mouse has been seen in it.
+        wait_until(self.window_in_front, "its window")
+        self.move(self.width // 2, 0)
+        self.move(0, 0)
+        self.environment.update(QT_QPA_PLATFORM="wayland", WAYLAND_DISPLAY=socket)
+
+
 class Sheet:
     """Opens one window after another and takes a picture of each."""
 
@@ -109,35 +137,32 @@ class Sheet:
         self._desk.key("ctrl+g")
         self._desk.message()
         self.take("go to")
-        self._desk.key("ctrl+a")
-        self._desk.type(date_text(SIX_WEEKS))
-        self._desk.key("Return")
-        self._desk.wait(lambda: self._desk.month_title() == f"{SIX_WEEKS:%B %Y}", "the month")
-        self._desk.choose(LONGEST_FACILITY)
-        self._desk.wait(lambda: self._desk.lines_of(SIX_WEEKS.replace(day=5)), "its bookings")
+        self._desk.key("Escape")
+        self._desk.wait_for_month_window()
+        self._desk.key(f"ctrl+{self._desk.combo_items().index(LONGEST_FACILITY) + 1}")
+        self._go_to(SIX_WEEKS.replace(day=5))
         self.take("six weeks")
 
     def days(self):
         day = SIX_WEEKS.replace(day=5)
-        self._desk.open_day(day)
-        self._desk.show_slot(30)
-        self._desk.show_slot(8)
+        title = f"  {date_text(day)} Bookings"
+        self._open("Return", title)
         self.take("five bookings")
-        self._desk.click("Multiple Booking")
-        self._desk.front_window("Multiple Day Booking")
-        self._desk.click("Wed")
+        self._open("alt+m", "Multiple Day Booking")
+        self._desk.key("alt+w")
+        self._desk.wait(lambda: self._desk.find("Wed", "check box").has_state("CHECKED"), "the Wednesday")
         self.take("several days")
-        self._desk.click("Close")
-        self._desk.front_window(f"  {date_text(day)} Bookings")
-        self._desk.click("Single Booking")
-        self._desk.write_name(LONGEST)
-        self._desk.drag_slots(16, 19)
+        self._open("alt+c", title)
+        self._desk.key("alt+s", "alt+g", "ctrl+a")
+        self._desk.type(LONGEST)
+        self._desk.tab_to(lambda one: one.role == "table", "the grid")
+        self._desk.key("Home", *["Down"] * 15, *["shift+Down"] * 3, "Return")
         self._desk.message()
         self.take("question")
-        self._desk.press("Cancel")
-        self._desk.close_day()
-        self._desk.click_on(self._desk.day_cell(SIX_WEEKS.replace(day=6)), 3)
-        self._desk.front_window(f"  {date_text(SIX_WEEKS.replace(day=6))} Day Viewer")
+        self._open("Escape", title)
+        self._close("alt+c")
+        self._go_to(SIX_WEEKS.replace(day=6))
+        self._open("Menu", f"  {date_text(SIX_WEEKS.replace(day=6))} Day Viewer")
         self.take("day viewer")
         self._close()
 
@@ -155,29 +180,37 @@ class Sheet:
         self._desk.front_window(is_wanted=lambda one: one.name.startswith("Day Board"))
         self.take("board")
         self._close()
-        self._desk.click("Settings")
-        self._desk.front_window("Calendar Color Settings")
+        self._open("alt+s", "Calendar Color Settings")
         self.take("colours")
         self._close()
 
     def help(self):
-        self._desk.click("Help")
+        self._desk.key("alt+h")
+        self._desk.find("About", "menu item")
         self.take("menu")
-        self._desk.click("About")
-        self._desk.front_window("Veyra About")
+        self._open("a", "Veyra About")
         self.take("about")
-        self._desk.click("Exit")
-        self._desk.wait_for_month_window()
+        self._close()
         self._desk.key("F1")
         self._desk.front_window(is_wanted=lambda one: one.name.endswith("Veyra Calendar Help"))
         self.take("help")
+
+    def _go_to(self, day):
+        """Chooses a day of the month window."""
+        self._desk.key("ctrl+g")
+        self._desk.message()
+        self._desk.key("ctrl+a")
+        self._desk.type(date_text(day))
+        self._desk.key("Return")
+        self._desk.wait(lambda: (one := self._desk.focused())
+                        and one.name == f"Bookings on {date_text(day)}", "the focus on that day")
 
     def _open(self, key, title):
         self._desk.key(key)
         self._desk.front_window(title)
 
-    def _close(self):
-        self._desk.key("Escape")
+    def _close(self, key="Escape"):
+        self._desk.key(key)
         self._desk.wait_for_month_window()
 
 
@@ -186,8 +219,9 @@ def take_kind(build, sheets, name):
     with contextlib.ExitStack() as stack:
         folder = stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-sheet-"))
         fill(os.path.join(make_calendar(build, folder), "data"))
-        screen = stack.enter_context(Screen(kind.width / kind.scale, kind.height / kind.scale,
-                                           kind.scale))
+        kind_of_screen = WaylandScreen if kind.wayland else Screen
+        screen = stack.enter_context(kind_of_screen(kind.width / kind.scale, kind.height / kind.scale,
+                                                    kind.scale))
         desk = Desk(screen, folder)
         stack.callback(desk.__exit__)
         desk.start(**set_up_desktop(screen, kind))

@@ -152,6 +152,10 @@ QGroupBox* QtSettingsWindow::BuildRoles() {
     AddRole(grid, index);
   }
   grid->setColumnStretch(1, 1);
+  for (std::size_t index = 1; index < kColorRoles; ++index) {
+    setTabOrder(CurColors_.at(index - 1), CurColors_.at(index));
+  }
+  setTabOrder(CurColors_.back(), Option1_.front());
   Option1_.front()->setChecked(true);
   Option1_.front()->setFocus();
   return Frame3;

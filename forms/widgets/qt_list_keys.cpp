@@ -37,6 +37,7 @@ bool QtListKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ChooseLine(QListWidget& list, const QString& text, int otherwise) {
+  list.setFocusPolicy(list.count() == 0 ? Qt::ClickFocus : Qt::StrongFocus);
   const auto same = list.findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (!text.isEmpty() && !same.isEmpty()) {
     list.setCurrentItem(same.first());

@@ -26,7 +26,8 @@ class QtListKeys : public QObject {
   std::function<void()> choose_;
 };
 
-/// Makes the line of that text the current one, or the one in row `otherwise` when there is none.
+/// Makes the line of that text the current one, or the one in row `otherwise` when there is none. A
+/// list without lines is no stop of the Tab key.
 void ChooseLine(QListWidget& list, const QString& text, int otherwise);
 
 /// The text of the current line; empty without one.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFrame>
 #include <QPainter>
 #include <QPen>
 #include <QStyleOption>
@@ -53,6 +54,17 @@ Option Light(const QStyleOption& option) {
   return light;
 }
 
+/// A frame along the edge, so many pixels wide.
+void DrawFocusMark(QPainter& painter, const QStyleOption& option, int width) {
+  const double half = width / 2.0;
+  painter.save();
+  painter.setPen(
+      QPen(option.palette.highlight(), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(option.rect).adjusted(half, half, -half, -half));
+  painter.restore();
+}
+
 QColor LineColor(const QPalette& colors) {
   return Blend(colors.color(QPalette::Base), colors.color(QPalette::Text), kLine);
 }
@@ -77,10 +89,16 @@ void QtStyle::polish(QPalette& colors) {
   }
 }
 
-/// Other styles draw the mark only after the Tab key.
+/// Other styles draw the mark only after the Tab key, and lists do not draw their frames anew.
 bool QtStyle::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
+  const bool comes = event->type() == QEvent::FocusIn;
+  if (comes && watched->isWidgetType()) {
     static_cast<QWidget*>(watched)->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  }
+  if (comes || event->type() == QEvent::FocusOut) {
+    if (auto* frame = qobject_cast<QFrame*>(watched)) {
+      frame->update();
+    }
   }
   return QProxyStyle::eventFilter(watched, event);
 }
@@ -105,18 +123,23 @@ void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option
   }
 }
 
+/// Of a list or table the style shows by a shade of the chosen line alone that it has the focus.
+void QtStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const {
+  QProxyStyle::drawControl(element, option, painter, widget);
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == CE_ShapedFrame && frame != nullptr && frame->frameShape != QFrame::NoFrame &&
+      frame->state.testFlag(State_HasFocus)) {
+    DrawFocusMark(*painter, *frame, frame->lineWidth);
+  }
+}
+
 /// Of a scroll bar the style does not show that it has the focus.
 void QtStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                  QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   if (control == CC_ScrollBar && option->state.testFlag(State_HasFocus)) {
-    const QPen pen(option->palette.highlight(), kFocusFrame);
-    const QRectF edge = QRectF(option->rect).adjusted(1, 1, -1, -1);
-    painter->save();
-    painter->setPen(pen);
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(edge);
-    painter->restore();
+    DrawFocusMark(*painter, *option, kFocusFrame);
   }
 }
 

@@ -20,6 +20,8 @@ class QtStyle : public QProxyStyle {
   void polish(QPalette& colors) override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -102,6 +102,19 @@ TEST_F(FindWindowTest, EnterOnNothingDoesNothing) {
   EXPECT_NE(nullptr, Find());
 }
 
+TEST_F(FindWindowTest, TheTabKeyStopsAtTheListWhenThereIsALine) {
+  data_.AddBooking(pool_, "2014-05-05", 1, 2, "Smith");
+  StartAndFind("smi");
+  QTest::keyClick(&Text(), Qt::Key_Tab);
+  EXPECT_TRUE(Found().hasFocus());
+}
+
+TEST_F(FindWindowTest, TheTabKeyPassesAListWithoutLines) {
+  StartAndFind("smi");
+  QTest::keyClick(&Text(), Qt::Key_Tab);
+  EXPECT_FALSE(Found().hasFocus());
+}
+
 TEST_F(FindWindowTest, WhileItIsOpenTheMonthWaitsAndEscapeClosesIt) {
   StartAndFind("x");
   EXPECT_FALSE(Month()->isEnabled());

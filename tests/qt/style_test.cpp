@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QImage>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -53,7 +54,8 @@ class ControlWindow {
 template <typename Control>
 class FocusMarkTest : public testing::Test {};
 
-using Controls = testing::Types<QRadioButton, QCheckBox, QPushButton, QScrollBar>;
+using Controls =
+    testing::Types<QRadioButton, QCheckBox, QPushButton, QScrollBar, QListWidget, QTableWidget>;
 TYPED_TEST_SUITE(FocusMarkTest, Controls);
 
 TYPED_TEST(FocusMarkTest, IsSeenWhicheverWayTheFocusHasCome) {

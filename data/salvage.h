@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "data/store.h"
 #include "data/store_description.h"
 
@@ -27,7 +28,7 @@ struct SalvagedTable {
 struct SalvageLoss {
   std::string Table;                      ///< Empty where that cannot be told.
   std::optional<std::int64_t> Page = {};  ///< As the kind of file counts them.
-  std::string What;                       ///< A sentence.
+  Phrase What;                            ///< A sentence.
 };
 
 /// What is still to be had of a damaged file.

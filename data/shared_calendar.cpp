@@ -16,14 +16,15 @@ std::string SharedCalendarSql(const std::string& schema, const std::string& role
   return postgres::AdministratorSql(schema, role, CalendarTables());
 }
 
-std::string LinkWarning(const std::filesystem::path& file, const CalendarLink& link) {
+Phrase LinkWarning(const std::filesystem::path& file, const CalendarLink& link) {
   const postgres::LinkFacts facts = postgres::CheckLink(file.string(), link);
   if (!facts.IsRemote || facts.Tls == "verify-full") {
     return {};
   }
-  return "The link says sslmode=" + facts.Tls +
-         ": whoever stands between this machine and the server could pass for it. Without that "
-         "word it is sslmode=verify-full.";
+  return Phrase::Tr(
+      "The link says sslmode=%1: whoever stands between this machine and the server "
+      "could pass for it. Without that word it is sslmode=verify-full.",
+      facts.Tls);
 }
 
 }  // namespace veyra

@@ -21,6 +21,6 @@ std::string SharedCalendarSql(const std::string& schema, const std::string& role
 /// What there is to be said of a link to another machine that does not have the server proved to be
 /// the right one; empty where all is well. Throws DatabaseError, naming `file`, when the link
 /// cannot be used or holds a password.
-std::string LinkWarning(const std::filesystem::path& file, const CalendarLink& link);
+Phrase LinkWarning(const std::filesystem::path& file, const CalendarLink& link);
 
 }  // namespace veyra

@@ -11,9 +11,9 @@ BookingWords::BookingWords(const std::vector<Facility>& facilities) {
   }
 }
 
-std::string BookingWords::FacilityName(std::int64_t id) const {
+Phrase BookingWords::FacilityName(std::int64_t id) const {
   const auto name = names_.find(id);
-  return name == names_.end() ? "no facility (" + std::to_string(id) + ")" : name->second;
+  return name == names_.end() ? Phrase::Tr("no facility (%1)", id) : name->second;
 }
 
 std::string BookingWords::TimeAndName(const modRes::SlotRange& slots,
@@ -21,9 +21,10 @@ std::string BookingWords::TimeAndName(const modRes::SlotRange& slots,
   return modRes::RangeLabel(labels_, slots) + " " + OneLine(event);
 }
 
-std::string BookingWords::Of(const Booking& booking) const {
-  return FacilityName(booking.RmID) + ", " + (booking.Day ? DateText(*booking.Day) : "no date") +
-         ", " + TimeAndName(booking.Slots, booking.Event);
+Phrase BookingWords::Of(const Booking& booking) const {
+  return FacilityName(booking.RmID) + ", " +
+         (booking.Day ? Phrase(DateText(*booking.Day)) : Phrase::Tr("no date")) + ", " +
+         TimeAndName(booking.Slots, booking.Event);
 }
 
 }  // namespace veyra

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "tools/calendar_rows.h"
 
 namespace veyra {
@@ -14,13 +15,13 @@ class BookingWords {
   explicit BookingWords(const std::vector<Facility>& facilities);
 
   /// "Pool, 3/5/2026,  9:00A-10:30A Smith".
-  std::string Of(const Booking& booking) const;
+  Phrase Of(const Booking& booking) const;
 
   /// " 9:00A-10:30A Smith".
   std::string TimeAndName(const modRes::SlotRange& slots, const std::string& event) const;
 
   /// The facility's name, or "no facility (7)".
-  std::string FacilityName(std::int64_t id) const;
+  Phrase FacilityName(std::int64_t id) const;
 
  private:
   modRes::SlotLabelTable labels_;

@@ -17,13 +17,13 @@ std::vector<Facility> Filtered(const std::vector<Facility>& facilities, const Fi
   return found;
 }
 
-std::string NamesOf(const std::vector<Facility>& facilities) {
+Phrase NamesOf(const std::vector<Facility>& facilities) {
   std::string names;
   for (const Facility& facility : facilities) {
     names += (names.empty() ? "" : ", ") + OneLine(facility.Name);
   }
-  return names.empty() ? "The calendar has no facilities yet."
-                       : "The facilities are: " + names + ".";
+  return names.empty() ? Phrase::Tr("The calendar has no facilities yet.")
+                       : Phrase::Tr("The facilities are: %1.", names);
 }
 
 }  // namespace
@@ -37,7 +37,8 @@ std::vector<Facility> FacilitiesNamed(const std::vector<Facility>& facilities,
         Filtered(facilities, [&](const Facility& each) { return UpperCase(each.Name) == upper; });
   }
   if (found.empty()) {
-    throw ValueError({{}, "There is no facility \"" + OneLine(name) + "\".", NamesOf(facilities)});
+    throw ValueError(
+        {{}, Phrase::Tr("There is no facility \"%1\".", OneLine(name)), NamesOf(facilities)});
   }
   return found;
 }

@@ -9,24 +9,22 @@
 namespace veyra {
 namespace {
 
-constexpr const char* kAdvice = "Nothing was changed. Correct the row, and convert again.";
-
 std::optional<Value> Found(const auto& value) {
   return value ? std::optional<Value>(*value) : std::nullopt;
 }
 
-const char* WordFor(ColumnType type) {
+Phrase NotOf(ColumnType type, const std::string& column, const std::string& value) {
   switch (type) {
     case ColumnType::WholeNumber:
-      return "whole number";
+      return Phrase::Tr("%1 holds \"%2\", which is not a whole number.", column, value);
     case ColumnType::Double:
-      return "number";
+      return Phrase::Tr("%1 holds \"%2\", which is not a number.", column, value);
     case ColumnType::Day:
-      return "date";
+      return Phrase::Tr("%1 holds \"%2\", which is not a date.", column, value);
     case ColumnType::Text:
-      return "text";
+      return Phrase::Tr("%1 holds \"%2\", which is not a text.", column, value);
   }
-  return "value";
+  return Phrase::Tr("%1 holds \"%2\", which is not a value.", column, value);
 }
 
 /// Whether the value is one of the type as it is.
@@ -67,13 +65,13 @@ class SourceTable {
   /// How many rows have been gone through.
   std::int64_t Number() const { return number_; }
 
-  [[noreturn]] void Fail(const std::string& cause) const { FailAt(number_, cause); }
+  [[noreturn]] void Fail(const Phrase& cause) const { FailAt(number_, cause); }
 
-  [[noreturn]] void FailAt(std::int64_t number, const std::string& cause) const {
-    throw DatabaseError({file_,
-                         "Row " + std::to_string(number) + " of the table " + table_.Name +
-                             " cannot be converted. " + cause,
-                         kAdvice});
+  [[noreturn]] void FailAt(std::int64_t number, const Phrase& cause) const {
+    throw DatabaseError(
+        {file_,
+         Phrase::Tr("Row %1 of the table %2 cannot be converted. %3", number, table_.Name, cause),
+         Phrase::Tr("Nothing was changed. Correct the row, and convert again.")});
   }
 
  private:
@@ -86,8 +84,7 @@ class SourceTable {
     if (converted) {
       return std::move(*converted);
     }
-    Fail(column.Name + " holds \"" + ToText(row_.Values[i]) + "\", which is not a " +
-         WordFor(column.Type) + ".");
+    Fail(NotOf(column.Type, column.Name, ToText(row_.Values[i])));
   }
 
   std::string file_;
@@ -123,7 +120,7 @@ class RowBatch {
       FailForOneOf(from);
     } catch (const DatabaseError& error) {
       throw DatabaseError({target_.FileName(), error.report().Cause,
-                           "Nothing was changed. " + error.report().Advice});
+                           Phrase::Tr("Nothing was changed. %1", error.report().Advice)});
     }
     rows_.clear();
     bytes_ = 0;
@@ -141,10 +138,10 @@ class RowBatch {
       try {
         target_.Insert(table_.Name, fields);
       } catch (const ValueRefusedError& error) {
-        from.FailAt(number, error.report().Cause.English());
+        from.FailAt(number, error.report().Cause);
       }
     }
-    from.Fail("The new file cannot hold it together with the rows before it.");
+    from.Fail(Phrase::Tr("The new file cannot hold it together with the rows before it."));
   }
 
   FileStore& target_;
@@ -159,8 +156,8 @@ void MakeTable(const Store& source, Store& target, const TableDefinition& table)
   } catch (const DatabaseError& error) {
     throw DatabaseError(
         {source.FileName(),
-         "The table " + table.Name + " cannot be converted. " + error.report().Cause,
-         "Nothing was changed. " + error.report().Advice});
+         Phrase::Tr("The table %1 cannot be converted. %2", table.Name, error.report().Cause),
+         Phrase::Tr("Nothing was changed. %1", error.report().Advice)});
   }
 }
 
@@ -194,8 +191,8 @@ void CompareRow(const SourceTable& from, const Row& row, const TableDefinition& 
     if (row.Values[i] == before || ValueAs(column.Type, row.Values[i]) == before) {
       continue;
     }
-    from.Fail(column.Name + " is \"" + ToText(before) + "\" and would become \"" +
-              ToText(row.Values[i]) + "\".");
+    from.Fail(Phrase::Tr("%1 is \"%2\" and would become \"%3\".", column.Name, ToText(before),
+                         ToText(row.Values[i])));
   }
 }
 
@@ -209,13 +206,13 @@ void CompareTable(Store& source, Store& target, const TablePlan& plan,
   Row row;
   while (from.Next()) {
     if (!rows->Next(row)) {
-      from.Fail("It is missing in the new file.");
+      from.Fail(Phrase::Tr("It is missing in the new file."));
     }
     CompareRow(from, row, plan.Table);
     tell();
   }
   if (rows->Next(row)) {
-    from.Fail("The new file has more rows after it.");
+    from.Fail(Phrase::Tr("The new file has more rows after it."));
   }
 }
 

@@ -155,9 +155,11 @@ void RequireReadable(const Store& source, const TableDescription& table) {
       continue;
     }
     throw DatabaseError({source.FileName(),
-                         "The column " + column.Name + " of the table " + table.Name +
-                             " holds pictures or other objects, which cannot be converted.",
-                         "Nothing was changed. Delete the column in Access, and try again."});
+                         Phrase::Tr("The column %1 of the table %2 holds pictures or other "
+                                    "objects, which cannot be converted.",
+                                    column.Name, table.Name),
+                         Phrase::Tr("Nothing was changed. Delete the column in Access, and try "
+                                    "again.")});
   }
 }
 

@@ -14,8 +14,11 @@ namespace fs = std::filesystem;
 namespace veyra {
 namespace {
 
-constexpr const char* kKeepAdvice =
-    "Nothing was changed. Check that the disk has room and that you may make files in the folder.";
+Phrase KeepAdvice() {
+  return Phrase::Tr(
+      "Nothing was changed. Check that the disk has room and that you may make files "
+      "in the folder.");
+}
 
 /// Returns 0, or EEXIST when the name is taken.
 int Keep(const fs::path& file, const fs::path& kept, const fs::path& workshop) {
@@ -40,8 +43,8 @@ fs::path KeepUnderFreeName(const fs::path& file, Date day, const fs::path& works
 void Replace(const fs::path& fresh, const fs::path& file) {
   if (::rename(fresh.c_str(), file.c_str()) != 0) {
     throw FileError({file.string(),
-                     "The new file could not be put there: " + SystemErrorText(errno) + ".",
-                     kKeepAdvice});
+                     Phrase::Tr("The new file could not be put there: %1.", SystemErrorText(errno)),
+                     KeepAdvice()});
   }
 }
 
@@ -58,8 +61,8 @@ void Flush(const fs::path& path) {
     FlushByName(path);
   } catch (const PosixFileError& failure) {
     throw FileError({path.string(),
-                     std::string("It could not be saved to the disk: ") + failure.what() + ".",
-                     "Nothing was changed. Check that the disk has room."});
+                     Phrase::Tr("It could not be saved to the disk: %1.", failure.Reason()),
+                     Phrase::Tr("Nothing was changed. Check that the disk has room.")});
   }
 }
 
@@ -73,8 +76,9 @@ int CopyWithoutReplacing(const fs::path& from, const fs::path& to, const fs::pat
     error = RenameWithoutReplacing(copy, to);
   }
   if (error != 0 && error != EEXIST) {
-    throw FileError({to.string(), "The old file could not be kept: " + SystemErrorText(error) + ".",
-                     kKeepAdvice});
+    throw FileError({to.string(),
+                     Phrase::Tr("The old file could not be kept: %1.", SystemErrorText(error)),
+                     KeepAdvice()});
   }
   return error;
 }

@@ -6,9 +6,9 @@
 namespace veyra {
 namespace {
 
-std::string LineOf(const modRes::JournalledChange& change, const modRes::JournalWords& words) {
-  const std::string before = change.Before ? words.Of(change.Table, *change.Before).English() : "";
-  const std::string after = change.After ? words.Of(change.Table, *change.After).English() : "";
+Phrase LineOf(const modRes::JournalledChange& change, const modRes::JournalWords& words) {
+  const Phrase before = change.Before ? words.Of(change.Table, *change.Before) : Phrase();
+  const Phrase after = change.After ? words.Of(change.Table, *change.After) : Phrase();
   if (!change.Before) {
     return "+ " + after;
   }
@@ -20,22 +20,23 @@ std::string LineOf(const modRes::JournalledChange& change, const modRes::Journal
 
 }  // namespace
 
-std::string HeadLine(const modRes::JournalAction& action, std::size_t changes) {
+Phrase HeadLine(const modRes::JournalAction& action, std::size_t changes) {
   const auto time = LocalTimeOf(action.At);
   return std::to_string(action.Number) + "  " + (time ? DateTimeText(*time) : OneLine(action.At)) +
-         "  " + (action.Name.empty() ? "By another program" : OneLine(action.Name)) + ": " +
-         std::to_string(changes) + (changes == 1 ? " row" : " rows");
+         "  " +
+         (action.Name.empty() ? Phrase::Tr("By another program") : Phrase(OneLine(action.Name))) +
+         ": " + (changes == 1 ? Phrase::Tr("1 row") : Phrase::Tr("%1 rows", changes));
 }
 
-std::vector<std::string> ChangeLines(const std::vector<modRes::JournalledChange>& changes,
-                                     const modRes::JournalWords& words, std::size_t most) {
-  std::vector<std::string> lines;
+std::vector<Phrase> ChangeLines(const std::vector<modRes::JournalledChange>& changes,
+                                const modRes::JournalWords& words, std::size_t most) {
+  std::vector<Phrase> lines;
   for (const modRes::JournalledChange& change : changes) {
     if (lines.size() == most) {
-      lines.push_back("... and " + std::to_string(changes.size() - most) + " more");
+      lines.push_back(Phrase::Tr("... and %1 more", changes.size() - most));
       break;
     }
-    lines.push_back(OneLine(LineOf(change, words)));
+    lines.push_back(LineOf(change, words));
   }
   return lines;
 }

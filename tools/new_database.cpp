@@ -30,8 +30,8 @@ void RefuseIfThere(const fs::path& file) {
     const fs::path name = file.string() + companion;
     std::error_code unreachable;
     if (fs::exists(fs::symlink_status(name, unreachable))) {
-      throw FileError({name.string(), "This file is there already; nothing was made.",
-                       "Choose another folder, or move the file away first."});
+      throw FileError({name.string(), Phrase::Tr("This file is there already; nothing was made."),
+                       Phrase::Tr("Choose another folder, or move the file away first.")});
     }
   }
 }

@@ -1,5 +1,6 @@
 #include "tools/progress_lines.h"
 
+#include <string>
 #include <utility>
 
 namespace veyra {
@@ -7,10 +8,24 @@ namespace {
 
 constexpr std::chrono::seconds kPause{1};
 
+Phrase LineOf(const CopyStep& step) {
+  const std::string verb = step.Verb;
+  if (verb == "Copied") {
+    return Phrase::Tr("Copied %1 of %2 rows", step.Rows, step.Of);
+  }
+  if (verb == "Compared") {
+    return Phrase::Tr("Compared %1 of %2 rows", step.Rows, step.Of);
+  }
+  if (verb == "Checked") {
+    return Phrase::Tr("Checked %1 of %2 rows", step.Rows, step.Of);
+  }
+  return Phrase::Tr("Read %1 of %2 rows", step.Rows, step.Of);
+}
+
 }  // namespace
 
-ProgressLines::ProgressLines(std::ostream& terminal, Now now)
-    : terminal_(terminal), now_(std::move(now)), last_(now_()) {}
+ProgressLines::ProgressLines(std::ostream& terminal, Now now, Phrase::Translator language)
+    : terminal_(terminal), now_(std::move(now)), language_(std::move(language)), last_(now_()) {}
 
 void ProgressLines::Show(const CopyStep& step) {
   const auto now = now_();
@@ -18,7 +33,7 @@ void ProgressLines::Show(const CopyStep& step) {
     return;
   }
   last_ = now;
-  terminal_ << step.Verb << ' ' << step.Rows << " of " << step.Of << " rows" << std::endl;
+  terminal_ << LineOf(step).TranslatedBy(language_) << std::endl;
 }
 
 }  // namespace veyra

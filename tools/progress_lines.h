@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "tools/copy_plan.h"
+#include "tools/translation.h"
 
 namespace veyra {
 
@@ -14,13 +15,15 @@ class ProgressLines {
  public:
   using Now = std::function<std::chrono::steady_clock::time_point()>;
 
-  explicit ProgressLines(std::ostream& terminal, Now now = std::chrono::steady_clock::now);
+  explicit ProgressLines(std::ostream& terminal, Now now = std::chrono::steady_clock::now,
+                         Phrase::Translator language = Untranslated);
 
   void Show(const CopyStep& step);
 
  private:
   std::ostream& terminal_;
   Now now_;
+  Phrase::Translator language_;
   std::chrono::steady_clock::time_point last_;
 };
 

@@ -25,8 +25,8 @@ namespace {
 void RequireSound(const fs::path& fresh) {
   const auto faults = OpenFileStore(fresh.string(), StoreAccess::ReadOnly)->Verify();
   if (!faults.empty()) {
-    throw FileError({fresh.string(), "The new file is not right: " + faults.front(),
-                     "Nothing was changed. Please report this."});
+    throw FileError({fresh.string(), Phrase::Tr("The new file is not right: %1", faults.front()),
+                     Phrase::Tr("Nothing was changed. Please report this.")});
   }
 }
 
@@ -40,8 +40,8 @@ void CopyInto(const fs::path& fresh, FileKind kind, FileStore& source, const Cop
 
 void RequireWhole(const fs::path& fresh) {
   if (HasJournal(fresh)) {
-    throw FileError({fresh.string(), "The new file could not be completed.",
-                     "Nothing was changed. Check that the disk has room."});
+    throw FileError({fresh.string(), Phrase::Tr("The new file could not be completed."),
+                     Phrase::Tr("Nothing was changed. Check that the disk has room.")});
   }
 }
 

@@ -36,8 +36,10 @@ fs::path TopmostMissing(const fs::path& folder) {
 void MoveWithoutReplacing(const fs::path& from, const fs::path& to) {
   if (const int error = RenameWithoutReplacing(from, to); error != 0) {
     throw FileError(
-        {to.string(), "The new file could not be put there: " + SystemErrorText(error) + ".",
-         "Nothing was made. Move the file that is there away, or choose another folder."});
+        {to.string(),
+         Phrase::Tr("The new file could not be put there: %1.", SystemErrorText(error)),
+         Phrase::Tr(
+             "Nothing was made. Move the file that is there away, or choose another folder.")});
   }
 }
 
@@ -139,10 +141,11 @@ int Own(const fs::path& folder) {
 void GiveName(const fs::path& from, const fs::path& to) {
   const bool has_both = ::link(from.c_str(), to.c_str()) == 0;
   if (!has_both && errno == EEXIST) {
-    throw FileError({to.string(),
-                     "The new file could not be put there: " + SystemErrorText(EEXIST) + ".",
-                     "Nothing was made. Move the file that is there away, or choose another "
-                     "folder."});
+    throw FileError(
+        {to.string(),
+         Phrase::Tr("The new file could not be put there: %1.", SystemErrorText(EEXIST)),
+         Phrase::Tr("Nothing was made. Move the file that is there away, or choose another "
+                    "folder.")});
   }
   if (!has_both) {
     MoveWithoutReplacing(from, to);
@@ -185,8 +188,8 @@ UnfinishedFolder::UnfinishedFolder(const fs::path& target)
     RemoveEmptyFolders(target_, topmost_made_);
     throw FileError(
         {target_.string(),
-         "Nothing can be made in this folder: " + SystemErrorText(failure.value()) + ".",
-         "Choose a folder that you may write to."});
+         Phrase::Tr("Nothing can be made in this folder: %1.", SystemErrorText(failure.value())),
+         Phrase::Tr("Choose a folder that you may write to.")});
   }
 }
 
@@ -215,9 +218,10 @@ void UnfinishedFolder::MoveOut(const std::vector<std::string>& names) {
 
 void UnfinishedFolder::MoveAsWhole() {
   if (chmod(path_.c_str(), UsualFolderRights()) != 0) {
-    throw FileError({target_.string(),
-                     "The new folder cannot be opened to others: " + SystemErrorText(errno) + ".",
-                     "Nothing was made. Choose another folder."});
+    throw FileError(
+        {target_.string(),
+         Phrase::Tr("The new folder cannot be opened to others: %1.", SystemErrorText(errno)),
+         Phrase::Tr("Nothing was made. Choose another folder.")});
   }
   Flush(path_);
   MoveWithoutReplacing(path_, target_);
@@ -238,8 +242,8 @@ void UnfinishedFolder::KeepOnly(const std::vector<std::string>& names) const {
     fs::remove_all(other, failure);
     if (failure) {
       throw FileError({other.string(),
-                       "It could not be removed: " + SystemErrorText(failure.value()) + ".",
-                       "Nothing was made. Check that the disk works, and try again."});
+                       Phrase::Tr("It could not be removed: %1.", SystemErrorText(failure.value())),
+                       Phrase::Tr("Nothing was made. Check that the disk works, and try again.")});
     }
   }
 }

@@ -12,10 +12,10 @@ namespace {
 /// Who has the calendar open has it open for hours: waiting is of no use.
 constexpr std::chrono::milliseconds kWaitPolicy{200};
 
-[[noreturn]] void FailAsUsed(const fs::path& file, const char* cause) {
+[[noreturn]] void FailAsUsed(const fs::path& file, const Phrase& cause) {
   throw DatabaseBusyError(
       {file.string(), cause,
-       "Nothing was changed. Close the calendar at every desk, and try again."});
+       Phrase::Tr("Nothing was changed. Close the calendar at every desk, and try again.")});
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ bool HasJournal(const fs::path& file) {
 
 UnusedFile::UnusedFile(const fs::path& file) : file_(file), notice_(Open()->TakeNotice()) {
   if (HasJournal(file_)) {
-    FailAsUsed(file_, "Somebody has the calendar open.");
+    FailAsUsed(file_, Phrase::Tr("Somebody has the calendar open."));
   }
   before_ = Look();
 }
@@ -40,13 +40,13 @@ std::unique_ptr<FileStore> UnusedFile::Open() const {
   try {
     return OpenFileStore(file_.string(), StoreAccess::Exclusive, kWaitPolicy);
   } catch (const DatabaseBusyError&) {
-    FailAsUsed(file_, "Somebody has the calendar open.");
+    FailAsUsed(file_, Phrase::Tr("Somebody has the calendar open."));
   }
 }
 
 void UnusedFile::RequireUnchanged() const {
   if (HasJournal(file_) || Look() != before_) {
-    FailAsUsed(file_, "Somebody used the calendar meanwhile.");
+    FailAsUsed(file_, Phrase::Tr("Somebody used the calendar meanwhile."));
   }
 }
 

@@ -1859,5 +1859,1448 @@
         <source>Sat</source>
         <translation>Sa</translation>
     </message>
+    <message>
+        <source>1 row cannot be read.</source>
+        <translation>1 Zeile kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 rows cannot be read.</source>
+        <translation>%1 Zeilen können nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The header of the file is damaged; no row is lost by that.</source>
+        <translation>Der Kopf der Datei ist beschädigt; dadurch geht keine Zeile verloren.</translation>
+    </message>
+    <message>
+        <source>The file ends within this page.</source>
+        <translation>Die Datei endet mitten in dieser Seite.</translation>
+    </message>
+    <message>
+        <source>The map of free pages is damaged; no row is lost by that.</source>
+        <translation>Das Verzeichnis der freien Seiten ist beschädigt; dadurch geht keine Zeile verloren.</translation>
+    </message>
+    <message>
+        <source>The list of the file&apos;s tables is damaged.</source>
+        <translation>Die Liste der Tabellen der Datei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The definition of the table is damaged; its rows were read as this program makes them.</source>
+        <translation>Die Beschreibung der Tabelle ist beschädigt; ihre Zeilen wurden so gelesen, wie dieses Programm sie anlegt.</translation>
+    </message>
+    <message>
+        <source>The definition of the table is damaged; none of its rows can be read.</source>
+        <translation>Die Beschreibung der Tabelle ist beschädigt; keine ihrer Zeilen kann gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The page holds rows, but the table&apos;s definition is damaged.</source>
+        <translation>Die Seite enthält Zeilen, aber die Beschreibung der Tabelle ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The name of the table is lost; it was named by its columns.</source>
+        <translation>Der Name der Tabelle ist verloren; sie wurde nach ihren Spalten benannt.</translation>
+    </message>
+    <message>
+        <source>The table should have %1 rows; %2 were found.</source>
+        <translation>Die Tabelle müsste %1 Zeilen haben; gefunden wurden %2.</translation>
+    </message>
+    <message>
+        <source>A text of the column %1 cannot be read; it is left empty.</source>
+        <translation>Ein Text der Spalte %1 kann nicht gelesen werden; er bleibt leer.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; its rows are lost.</source>
+        <translation>Die Seite ist beschädigt; ihre Zeilen sind verloren.</translation>
+    </message>
+    <message>
+        <source>The page is missing: the file ends before it.</source>
+        <translation>Die Seite fehlt: Die Datei endet vor ihr.</translation>
+    </message>
+    <message>
+        <source>The list of the table&apos;s pages is damaged; they were looked for in the whole file.</source>
+        <translation>Die Liste der Seiten der Tabelle ist beschädigt; sie wurden in der ganzen Datei gesucht.</translation>
+    </message>
+    <message>
+        <source>The page with the definition of the table is damaged.</source>
+        <translation>Die Seite mit der Beschreibung der Tabelle ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; it belongs to an index, so no row is lost by that.</source>
+        <translation>Die Seite ist beschädigt; sie gehört zu einem Index, daher geht keine Zeile verloren.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; the long texts on it are lost.</source>
+        <translation>Die Seite ist beschädigt; die langen Texte darauf sind verloren.</translation>
+    </message>
+    <message>
+        <source>The link says sslmode=%1: whoever stands between this machine and the server could pass for it. Without that word it is sslmode=verify-full.</source>
+        <translation>Im Verweis steht sslmode=%1: Wer zwischen diesem Rechner und dem Server steht, könnte sich für ihn ausgeben. Ohne dieses Wort gilt sslmode=verify-full.</translation>
+    </message>
+    <message>
+        <source>A log lies beside the file that is older than the file; it was not read.</source>
+        <translation>Neben der Datei liegt ein Protokoll, das älter ist als die Datei; es wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The list of tables is damaged; those missing in it were known again by their rows.</source>
+        <translation>Die Liste der Tabellen ist beschädigt; die darin fehlen, wurden an ihren Zeilen wiedererkannt.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; no row is lost by that.</source>
+        <translation>Die Seite ist beschädigt; dadurch geht keine Zeile verloren.</translation>
+    </message>
+    <message>
+        <source>The definition of the table is damaged, or of a kind that is not read here.</source>
+        <translation>Die Beschreibung der Tabelle ist beschädigt oder von einer Art, die hier nicht gelesen wird.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; what was on it is lost.</source>
+        <translation>Die Seite ist beschädigt; was auf ihr stand, ist verloren.</translation>
+    </message>
+    <message>
+        <source>The page holds 1 row, but of which table cannot be told.</source>
+        <translation>Die Seite enthält 1 Zeile, aber von welcher Tabelle, lässt sich nicht sagen.</translation>
+    </message>
+    <message>
+        <source>The page holds %1 rows, but of which table cannot be told.</source>
+        <translation>Die Seite enthält %1 Zeilen, aber von welcher Tabelle, lässt sich nicht sagen.</translation>
+    </message>
+    <message>
+        <source>The page is damaged; what it held cannot be told.</source>
+        <translation>Die Seite ist beschädigt; was auf ihr stand, lässt sich nicht sagen.</translation>
+    </message>
+    <message>
+        <source>A row has the number of another, and was left out.</source>
+        <translation>Eine Zeile hat die Nummer einer anderen und wurde ausgelassen.</translation>
+    </message>
+    <message>
+        <source>The calendar has no facilities yet.</source>
+        <translation>Der Kalender hat noch keine Anlagen.</translation>
+    </message>
+    <message>
+        <source>The facilities are: %1.</source>
+        <translation>Die Anlagen sind: %1.</translation>
+    </message>
+    <message>
+        <source>There is no facility &quot;%1&quot;.</source>
+        <translation>Es gibt keine Anlage „%1“.</translation>
+    </message>
+    <message>
+        <source>Of a facility that is not there: %1.</source>
+        <translation>Von einer Anlage, die es nicht gibt: %1.</translation>
+    </message>
+    <message>
+        <source>No window shows it. Export it, then import it with --facility, or restore a backup.</source>
+        <translation>Kein Fenster zeigt sie. Exportieren Sie sie, und importieren Sie sie dann mit --facility, oder spielen Sie eine Sicherungskopie zurück.</translation>
+    </message>
+    <message>
+        <source>Its date cannot be read: %1.</source>
+        <translation>Ihr Datum kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>No window shows it. Correct the date with another program, or book it anew.</source>
+        <translation>Kein Fenster zeigt sie. Berichtigen Sie das Datum mit einem anderen Programm, oder buchen Sie sie neu.</translation>
+    </message>
+    <message>
+        <source>A time of day stands with its date: %1.</source>
+        <translation>Bei ihrem Datum steht eine Uhrzeit: %1.</translation>
+    </message>
+    <message>
+        <source>No window shows it. Book it anew.</source>
+        <translation>Kein Fenster zeigt sie. Buchen Sie sie neu.</translation>
+    </message>
+    <message>
+        <source>Its half hours are none of 1 to 48: %1.</source>
+        <translation>Ihre halben Stunden sind keine von 1 bis 48: %1.</translation>
+    </message>
+    <message>
+        <source>Book it anew with the right times, and delete this one.</source>
+        <translation>Buchen Sie sie neu mit den richtigen Zeiten, und löschen Sie diese.</translation>
+    </message>
+    <message>
+        <source>It ends before it begins: %1.</source>
+        <translation>Sie endet, bevor sie beginnt: %1.</translation>
+    </message>
+    <message>
+        <source>--mend puts its two ends in order.</source>
+        <translation>--mend bringt ihre beiden Enden in Ordnung.</translation>
+    </message>
+    <message>
+        <source>The two ends were put in order.</source>
+        <translation>Die beiden Enden wurden in Ordnung gebracht.</translation>
+    </message>
+    <message>
+        <source>Its name is longer than the file&apos;s column: %1.</source>
+        <translation>Ihr Name ist länger als die Spalte der Datei: %1.</translation>
+    </message>
+    <message>
+        <source>Other programs may cut it. Rename the booking.</source>
+        <translation>Andere Programme können ihn abschneiden. Benennen Sie die Buchung um.</translation>
+    </message>
+    <message>
+        <source>%1 overlaps %2.</source>
+        <translation>%1 überschneidet sich mit %2.</translation>
+    </message>
+    <message>
+        <source>Delete one of the two, or book it at another time.</source>
+        <translation>Löschen Sie eine der beiden, oder buchen Sie sie zu einer anderen Zeit.</translation>
+    </message>
+    <message>
+        <source>The %1 bookings of group %2 differ in their names: %3.</source>
+        <translation>Die %1 Buchungen der Gruppe %2 unterscheiden sich in ihren Namen: %3.</translation>
+    </message>
+    <message>
+        <source>The %1 bookings of group %2 differ in their names and times: %3.</source>
+        <translation>Die %1 Buchungen der Gruppe %2 unterscheiden sich in ihren Namen und Zeiten: %3.</translation>
+    </message>
+    <message>
+        <source>The %1 bookings of group %2 differ in their times: %3.</source>
+        <translation>Die %1 Buchungen der Gruppe %2 unterscheiden sich in ihren Zeiten: %3.</translation>
+    </message>
+    <message>
+        <source>Nothing to do when one was renamed on purpose; else rename or delete them one by one.</source>
+        <translation>Wurde eine absichtlich umbenannt, ist nichts zu tun; sonst benennen Sie sie einzeln um oder löschen sie einzeln.</translation>
+    </message>
+    <message>
+        <source>%1 was left by a calendar that was not closed properly.</source>
+        <translation>%1 hat ein Kalender hinterlassen, der nicht richtig geschlossen wurde.</translation>
+    </message>
+    <message>
+        <source>Start the calendar once and close it. Never move or remove one of the two files without the other.</source>
+        <translation>Starten Sie den Kalender einmal, und schließen Sie ihn. Verschieben oder entfernen Sie nie eine der beiden Dateien ohne die andere.</translation>
+    </message>
+    <message>
+        <source>%1 was left by a command that broke off.</source>
+        <translation>%1 hat ein Befehl hinterlassen, der abgebrochen ist.</translation>
+    </message>
+    <message>
+        <source>Remove it when no veyra-data is running.</source>
+        <translation>Entfernen Sie es, wenn kein veyra-data läuft.</translation>
+    </message>
+    <message>
+        <source>The guest database Veyra.mdb: %1</source>
+        <translation>Die Datenbank der Gäste Veyra.mdb: %1</translation>
+    </message>
+    <message>
+        <source>The newest copy in backups is of %1.</source>
+        <translation>Die neueste Kopie in backups ist vom %1.</translation>
+    </message>
+    <message>
+        <source>There is no copy in backups.</source>
+        <translation>In backups liegt keine Kopie.</translation>
+    </message>
+    <message>
+        <source>Run &quot;veyra-data backup --rolling&quot; and see what it says.</source>
+        <translation>Starten Sie „veyra-data backup --rolling“, und sehen Sie, was es meldet.</translation>
+    </message>
+    <message>
+        <source>%1 facilities are marked as the active one.</source>
+        <translation>%1 Anlagen sind als die gewählte gekennzeichnet.</translation>
+    </message>
+    <message>
+        <source>--mend leaves the mark to %1, as the calendar would.</source>
+        <translation>--mend lässt das Kennzeichen bei %1, wie es der Kalender täte.</translation>
+    </message>
+    <message>
+        <source>The mark was left to %1.</source>
+        <translation>Das Kennzeichen wurde bei %1 gelassen.</translation>
+    </message>
+    <message>
+        <source>No facility is marked as the active one.</source>
+        <translation>Keine Anlage ist als die gewählte gekennzeichnet.</translation>
+    </message>
+    <message>
+        <source>--mend marks the first, %1; or pick one in the calendar.</source>
+        <translation>--mend kennzeichnet die erste, %1; oder wählen Sie eine im Kalender.</translation>
+    </message>
+    <message>
+        <source>%1 was marked as the active facility.</source>
+        <translation>%1 wurde als die gewählte Anlage gekennzeichnet.</translation>
+    </message>
+    <message>
+        <source>Two facilities are named %1.</source>
+        <translation>Zwei Anlagen heißen %1.</translation>
+    </message>
+    <message>
+        <source>Only one of them can be picked. --mend names the other %1.</source>
+        <translation>Nur eine davon kann gewählt werden. --mend nennt die andere %1.</translation>
+    </message>
+    <message>
+        <source>The later one was named %1.</source>
+        <translation>Die spätere wurde %1 genannt.</translation>
+    </message>
+    <message>
+        <source>The table Settings has no row 1, so the calendar cannot start.</source>
+        <translation>Die Tabelle Settings hat keine Zeile 1, daher kann der Kalender nicht starten.</translation>
+    </message>
+    <message>
+        <source>--mend adds the row with the colours of a new calendar.</source>
+        <translation>--mend fügt die Zeile mit den Farben eines neuen Kalenders hinzu.</translation>
+    </message>
+    <message>
+        <source>The row was added with the colours of a new calendar.</source>
+        <translation>Die Zeile wurde mit den Farben eines neuen Kalenders hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>The colour %1 is not a number: &quot;%2&quot;.</source>
+        <translation>Die Farbe %1 ist keine Zahl: „%2“.</translation>
+    </message>
+    <message>
+        <source>--mend sets it to %1, as in a new calendar.</source>
+        <translation>--mend setzt sie auf %1, wie in einem neuen Kalender.</translation>
+    </message>
+    <message>
+        <source>%1 was set to %2.</source>
+        <translation>%1 wurde auf %2 gesetzt.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Check the original with &quot;veyra-data check&quot;.</source>
+        <translation>Es wurde nichts angelegt. Prüfen Sie das Original mit „veyra-data check“.</translation>
+    </message>
+    <message>
+        <source>The copy is not sound: %1</source>
+        <translation>Die Kopie ist nicht in Ordnung: %1</translation>
+    </message>
+    <message>
+        <source>The copy could not be completed.</source>
+        <translation>Die Kopie konnte nicht fertiggestellt werden.</translation>
+    </message>
+    <message>
+        <source>The copy could not be put there: %1.</source>
+        <translation>Die Kopie konnte nicht dorthin gebracht werden: %1.</translation>
+    </message>
+    <message>
+        <source>Choose another name, or a folder that you may write to.</source>
+        <translation>Wählen Sie einen anderen Namen oder einen Ordner, in den Sie schreiben dürfen.</translation>
+    </message>
+    <message>
+        <source>A row was left out: %1 holds &quot;%2&quot;.</source>
+        <translation>Eine Zeile wurde ausgelassen: In %1 steht „%2“.</translation>
+    </message>
+    <message>
+        <source>A row was left out: %1 holds &quot;%2&quot;, which another row has.</source>
+        <translation>Eine Zeile wurde ausgelassen: In %1 steht „%2“, was schon eine andere Zeile hat.</translation>
+    </message>
+    <message>
+        <source>The column %1 holds pictures or other objects, which are left out.</source>
+        <translation>Die Spalte %1 enthält Bilder oder andere Objekte, die ausgelassen werden.</translation>
+    </message>
+    <message>
+        <source>A second table of that name was left out.</source>
+        <translation>Eine zweite Tabelle dieses Namens wurde ausgelassen.</translation>
+    </message>
+    <message>
+        <source>It could not be written into the new file. %1</source>
+        <translation>Sie konnte nicht in die neue Datei geschrieben werden. %1</translation>
+    </message>
+    <message>
+        <source>No such table was found; it was made without rows.</source>
+        <translation>Eine solche Tabelle wurde nicht gefunden; sie wurde ohne Zeilen angelegt.</translation>
+    </message>
+    <message>
+        <source>The new file is not right: %1</source>
+        <translation>Die neue Datei stimmt nicht: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Please report this.</source>
+        <translation>Es wurde nichts angelegt. Bitte melden Sie dies.</translation>
+    </message>
+    <message>
+        <source>No table of it can be read any more.</source>
+        <translation>Keine ihrer Tabellen kann noch gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Go back to a copy of the file.</source>
+        <translation>Es wurde nichts angelegt. Kehren Sie zu einer Kopie der Datei zurück.</translation>
+    </message>
+    <message>
+        <source>Somebody has the calendar open.</source>
+        <translation>Jemand hat den Kalender geöffnet.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Close it at every desk, and try again.</source>
+        <translation>Es wurde nichts geändert. Schließen Sie ihn an jedem Arbeitsplatz, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The calendar is shared with other desks, on a server.</source>
+        <translation>Der Kalender liegt gemeinsam mit anderen Arbeitsplätzen auf einem Server.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. To put a backup on the server, share it from another folder into another schema, and let every desk&apos;s link lead there.</source>
+        <translation>Es wurde nichts geändert. Um eine Sicherungskopie auf den Server zu bringen, teilen Sie sie mit share aus einem anderen Ordner in ein anderes Schema, und lassen Sie den Verweis jedes Arbeitsplatzes dorthin führen.</translation>
+    </message>
+    <message>
+        <source>The old file could not be kept: %1.</source>
+        <translation>Die alte Datei konnte nicht aufgehoben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Check that you may make files in the folder.</source>
+        <translation>Es wurde nichts geändert. Prüfen Sie, ob Sie in dem Ordner Dateien anlegen dürfen.</translation>
+    </message>
+    <message>
+        <source>A log lies where no calendar is, and would be taken for the restored one&apos;s.</source>
+        <translation>Wo kein Kalender ist, liegt ein Protokoll; es würde für das des zurückgespielten gehalten.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Move it away first.</source>
+        <translation>Es wurde nichts geändert. Räumen Sie es zuerst weg.</translation>
+    </message>
+    <message>
+        <source>The backup could not be put there: %1.</source>
+        <translation>Die Sicherungskopie konnte nicht dorthin gebracht werden: %1.</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1.</source>
+        <translation>Der Ordner kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The file to make is not named.</source>
+        <translation>Die Datei, die angelegt werden soll, ist nicht genannt.</translation>
+    </message>
+    <message>
+        <source>Name it, or say --rolling for a copy in the folder backups.</source>
+        <translation>Nennen Sie sie, oder geben Sie für eine Kopie im Ordner backups --rolling an.</translation>
+    </message>
+    <message>
+        <source>Made and checked %1.</source>
+        <translation>Angelegt und geprüft: %1.</translation>
+    </message>
+    <message>
+        <source>%1 is there already; nothing was made.</source>
+        <translation>%1 ist schon da; es wurde nichts angelegt.</translation>
+    </message>
+    <message>
+        <source>Made and checked %1; %2 old copies removed.</source>
+        <translation>Angelegt und geprüft: %1; alte Kopien entfernt: %2.</translation>
+    </message>
+    <message>
+        <source>the copy to make; not given with --rolling</source>
+        <translation>die Kopie, die angelegt wird; entfällt mit --rolling</translation>
+    </message>
+    <message>
+        <source>today&apos;s copy, in the folder backups: seven days, four weeks, twelve months stay</source>
+        <translation>die Kopie von heute, im Ordner backups: sieben Tage, vier Wochen, zwölf Monate bleiben</translation>
+    </message>
+    <message>
+        <source>with --rolling: nothing when today&apos;s copy is there</source>
+        <translation>mit --rolling: nichts, wenn die Kopie von heute da ist</translation>
+    </message>
+    <message>
+        <source>Make a checked copy of the calendar, also while it is open</source>
+        <translation>Legt eine geprüfte Kopie des Kalenders an, auch während er geöffnet ist</translation>
+    </message>
+    <message>
+        <source>The copy is checked, and appears under its name only when it is whole. A file that is there already is never written over; with --rolling, today&apos;s copy is made anew. Once there is a folder backups the calendar makes the day&apos;s first copy by itself.</source>
+        <translation>Die Kopie wird geprüft und erscheint unter ihrem Namen erst, wenn sie vollständig ist. Eine Datei, die schon da ist, wird nie überschrieben; mit --rolling wird die Kopie von heute neu angelegt. Sobald es einen Ordner backups gibt, legt der Kalender die erste Kopie des Tages selbst an.</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>Die Datei ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>Restore a backup with &quot;veyra-data restore-backup&quot;.</source>
+        <translation>Spielen Sie mit „veyra-data restore-backup“ eine Sicherungskopie zurück.</translation>
+    </message>
+    <message>
+        <source>There is nothing that --mend could do.</source>
+        <translation>Es gibt nichts, was --mend tun könnte.</translation>
+    </message>
+    <message>
+        <source>Mend %1 of these %2, and keep a copy?</source>
+        <translation>%1 von diesen %2 beheben und eine Kopie aufheben?</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>The calendar as it was is kept as %1.</source>
+        <translation>Der Kalender, wie er war, ist als %1 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>%1: nothing is wrong.</source>
+        <translation>%1: Alles ist in Ordnung.</translation>
+    </message>
+    <message>
+        <source>the data folder, or one database file of any contents; else the folder that path.txt beside the program names</source>
+        <translation>der Datenordner oder eine einzelne Datenbankdatei beliebigen Inhalts; sonst der Ordner, den path.txt neben dem Programm nennt</translation>
+    </message>
+    <message>
+        <source>put right what can be put right without losing anything</source>
+        <translation>beheben, was sich beheben lässt, ohne dass etwas verloren geht</translation>
+    </message>
+    <message>
+        <source>do not ask before mending</source>
+        <translation>vor dem Beheben nicht fragen</translation>
+    </message>
+    <message>
+        <source>print for programs</source>
+        <translation>für Programme ausgeben</translation>
+    </message>
+    <message>
+        <source>Print everything that is wrong with a calendar</source>
+        <translation>Gibt alles aus, was an einem Kalender nicht stimmt</translation>
+    </message>
+    <message>
+        <source>A line for each thing, with what to do; status 1 when there is any. The file is gone through page by page, and then what the bookings say. The calendar may be open. --mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.</source>
+        <translation>Je Sache eine Zeile, mit dem, was zu tun ist; Status 1, wenn es eine gibt. Die Datei wird Seite für Seite durchgesehen, dann, was in den Buchungen steht. Der Kalender darf geöffnet sein. --mend fragt zuerst und hebt den Kalender, wie er war, als Calendar-before-DATUM.mdb auf.</translation>
+    </message>
+    <message>
+        <source>Try &quot;veyra-data --help&quot;.</source>
+        <translation>Versuchen Sie „veyra-data --help“.</translation>
+    </message>
+    <message>
+        <source>Makes and looks after the data of Veyra Calendar.</source>
+        <translation>Legt die Daten von Veyra Calendar an und betreut sie.</translation>
+    </message>
+    <message>
+        <source>Exit status: 0 fine, 1 something found or nothing done, 2 failed.</source>
+        <translation>Status am Ende: 0 gut, 1 etwas gefunden oder nichts getan, 2 misslungen.</translation>
+    </message>
+    <message>
+        <source>It has %1 queries, forms, reports or other objects, which would be lost.</source>
+        <translation>Sie hat %1 Abfragen, Formulare, Berichte oder andere Objekte, die verloren gingen.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Open it in Access and choose Compact and Repair.</source>
+        <translation>Es wurde nichts geändert. Öffnen Sie sie in Access, und wählen Sie „Datenbank komprimieren und reparieren“.</translation>
+    </message>
+    <message>
+        <source>It is of a kind that is only read.</source>
+        <translation>Sie ist von einer Art, die nur gelesen wird.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Convert it with veyra-data convert.</source>
+        <translation>Es wurde nichts geändert. Wandeln Sie sie mit veyra-data convert um.</translation>
+    </message>
+    <message>
+        <source>Beside it lies the older file %1.</source>
+        <translation>Daneben liegt die ältere Datei %1.</translation>
+    </message>
+    <message>
+        <source>%1 is a SQLite file, which needs no compacting; nothing was changed.</source>
+        <translation>%1 ist eine SQLite-Datei und muss nicht verdichtet werden; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>%1 is on a server, which needs no compacting; nothing was changed.</source>
+        <translation>%1 liegt auf einem Server und muss nicht verdichtet werden; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>%1 had %2 and has %3 now, %4 less: %5 tables, %6 rows, all compared.</source>
+        <translation>%1 hatte %2 und hat jetzt %3, %4 weniger: %5 Tabellen, %6 Zeilen, alle verglichen.</translation>
+    </message>
+    <message>
+        <source>the data folder</source>
+        <translation>der Datenordner</translation>
+    </message>
+    <message>
+        <source>Make Calendar.mdb anew without its holes</source>
+        <translation>Legt Calendar.mdb ohne ihre Lücken neu an</translation>
+    </message>
+    <message>
+        <source>All its tables, columns and rows are copied into a new file, where every row is compared; the old file is kept until then. Nobody may have the calendar open.</source>
+        <translation>Alle Tabellen, Spalten und Zeilen werden in eine neue Datei kopiert, in der jede Zeile verglichen wird; so lange bleibt die alte Datei. Niemand darf den Kalender geöffnet haben.</translation>
+    </message>
+    <message>
+        <source>y</source>
+        <translation>j</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>%1 [y/N]</source>
+        <translation>%1 [j/N]</translation>
+    </message>
+    <message>
+        <source>%1 is an Access file now: %2 tables, %3 rows, all compared.</source>
+        <translation>%1 ist jetzt eine Access-Datei: %2 Tabellen, %3 Zeilen, alle verglichen.</translation>
+    </message>
+    <message>
+        <source>%1 is a SQLite file now: %2 tables, %3 rows, all compared.</source>
+        <translation>%1 ist jetzt eine SQLite-Datei: %2 Tabellen, %3 Zeilen, alle verglichen.</translation>
+    </message>
+    <message>
+        <source>%1 is an Access file already; nothing was changed.</source>
+        <translation>%1 ist schon eine Access-Datei; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>%1 is a SQLite file already; nothing was changed.</source>
+        <translation>%1 ist schon eine SQLite-Datei; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>The old file is kept as %1.</source>
+        <translation>Die alte Datei ist als %1 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>The calendar on the server stays as it is: desks that have a link still book there.</source>
+        <translation>Der Kalender auf dem Server bleibt, wie er ist: Arbeitsplätze, die einen Verweis haben, buchen weiterhin dort.</translation>
+    </message>
+    <message>
+        <source>the kind of file to make: sqlite (the default) or access</source>
+        <translation>die Art der neuen Datei: sqlite (wenn nichts angegeben ist) oder access</translation>
+    </message>
+    <message>
+        <source>Make Calendar.mdb a file of the other kind</source>
+        <translation>Macht aus Calendar.mdb eine Datei der anderen Art</translation>
+    </message>
+    <message>
+        <source>All its tables, columns and rows are copied; queries, forms and reports are left out. Every row is compared, and the old file stays beside the new one as Calendar-before-DATE.mdb. Nobody may have the calendar open.</source>
+        <translation>Alle Tabellen, Spalten und Zeilen werden kopiert; Abfragen, Formulare und Berichte werden ausgelassen. Jede Zeile wird verglichen, und die alte Datei bleibt als Calendar-before-DATUM.mdb neben der neuen. Niemand darf den Kalender geöffnet haben.</translation>
+    </message>
+    <message>
+        <source>Name the data folder on the command line, or write it into that file.</source>
+        <translation>Nennen Sie den Datenordner in der Befehlszeile, oder schreiben Sie ihn in jene Datei.</translation>
+    </message>
+    <message>
+        <source>No data folder was named, and there is no such file.</source>
+        <translation>Es wurde kein Datenordner genannt, und diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The first line of the file names no folder.</source>
+        <translation>Die erste Zeile der Datei nennt keinen Ordner.</translation>
+    </message>
+    <message>
+        <source>the data folder; else the one that path.txt beside the program names</source>
+        <translation>der Datenordner; sonst der, den path.txt neben dem Programm nennt</translation>
+    </message>
+    <message>
+        <source>the first day, such as 3/5/2026 or 2026-03-05</source>
+        <translation>der erste Tag, etwa 3/5/2026 (Monat zuerst) oder 2026-03-05</translation>
+    </message>
+    <message>
+        <source>the last day</source>
+        <translation>der letzte Tag</translation>
+    </message>
+    <message>
+        <source>Write it as month/day/year, 3/5/2026, or as 2026-03-05.</source>
+        <translation>Schreiben Sie es als Monat/Tag/Jahr, 3/5/2026, oder als 2026-03-05.</translation>
+    </message>
+    <message>
+        <source>The range ends before it begins.</source>
+        <translation>Der Zeitraum endet, bevor er beginnt.</translation>
+    </message>
+    <message>
+        <source>Name the earlier day with --from.</source>
+        <translation>Nennen Sie den früheren Tag mit --from.</translation>
+    </message>
+    <message>
+        <source>Exported %1 bookings.</source>
+        <translation>Exportierte Buchungen: %1.</translation>
+    </message>
+    <message>
+        <source>%1 damaged bookings were left out; &quot;veyra-data check&quot; names them.</source>
+        <translation>Ausgelassene beschädigte Buchungen: %1; „veyra-data check“ nennt sie.</translation>
+    </message>
+    <message>
+        <source>the file to make; &quot;-&quot; for the ordinary output</source>
+        <translation>die Datei, die angelegt wird; „-“ für die gewöhnliche Ausgabe</translation>
+    </message>
+    <message>
+        <source>only this facility</source>
+        <translation>nur diese Anlage</translation>
+    </message>
+    <message>
+        <source>write over FILE when it is there</source>
+        <translation>FILE überschreiben, wenn es sie gibt</translation>
+    </message>
+    <message>
+        <source>Write bookings to an iCalendar or CSV file</source>
+        <translation>Schreibt Buchungen in eine iCalendar- oder CSV-Datei</translation>
+    </message>
+    <message>
+        <source>Times are local ones without a zone. The facility is the category of an event; the events of one series are related to each other. Cells of a CSV file that a spreadsheet would take for formulas get an apostrophe, which import takes away again.</source>
+        <translation>Zeiten sind hiesige ohne Zeitzone. Die Anlage ist die Kategorie eines Ereignisses; die Ereignisse einer Serie sind miteinander verbunden. Zellen einer CSV-Datei, die eine Tabellenkalkulation für Formeln hielte, bekommen einen Apostroph, den import wieder wegnimmt.</translation>
+    </message>
+    <message>
+        <source>ics or csv; else the end of FILE&apos;s name says which</source>
+        <translation>ics oder csv; sonst sagt es das Ende des Namens von FILE</translation>
+    </message>
+    <message>
+        <source>The name ends neither in .ics nor in .csv.</source>
+        <translation>Der Name endet weder auf .ics noch auf .csv.</translation>
+    </message>
+    <message>
+        <source>Say with --format which of the two the file is.</source>
+        <translation>Geben Sie mit --format an, welches von beiden die Datei ist.</translation>
+    </message>
+    <message>
+        <source>There is and was no facility &quot;%1&quot;.</source>
+        <translation>Eine Anlage „%1“ gibt und gab es nicht.</translation>
+    </message>
+    <message>
+        <source>Run &quot;veyra-data history&quot; without --facility to see the names.</source>
+        <translation>Starten Sie „veyra-data history“ ohne --facility, um die Namen zu sehen.</translation>
+    </message>
+    <message>
+        <source>%1: No journal is kept. Begin one with &quot;journal on&quot;.</source>
+        <translation>%1: Es wird kein Journal geführt. Beginnen Sie eines mit „journal on“.</translation>
+    </message>
+    <message>
+        <source>%1 earlier ones are not shown; --last 0 shows all.</source>
+        <translation>%1 frühere werden nicht gezeigt; --last 0 zeigt alle.</translation>
+    </message>
+    <message>
+        <source>only what was done on this day or later</source>
+        <translation>nur was an diesem Tag oder später geschah</translation>
+    </message>
+    <message>
+        <source>only what was done on this day or earlier</source>
+        <translation>nur was an diesem Tag oder früher geschah</translation>
+    </message>
+    <message>
+        <source>only this facility, also one that is gone</source>
+        <translation>nur diese Anlage, auch eine, die es nicht mehr gibt</translation>
+    </message>
+    <message>
+        <source>only bookings of this day</source>
+        <translation>nur Buchungen dieses Tages</translation>
+    </message>
+    <message>
+        <source>only names with this in them, in any letter case</source>
+        <translation>nur Namen, in denen dies vorkommt, groß oder klein geschrieben</translation>
+    </message>
+    <message>
+        <source>so many, the last ones; 20 unless it is given; 0: all</source>
+        <translation>so viele, die letzten; 20, wenn nichts angegeben ist; 0: alle</translation>
+    </message>
+    <message>
+        <source>every row of an action, not only the first ten</source>
+        <translation>jede Zeile einer Handlung, nicht nur die ersten zehn</translation>
+    </message>
+    <message>
+        <source>Print who did what to the calendar, the last first</source>
+        <translation>Gibt aus, wer was am Kalender getan hat, das Letzte zuerst</translation>
+    </message>
+    <message>
+        <source>A line for each action, with its number, and one for each row: &quot;+&quot; was added, &quot;-&quot; deleted, &quot;~&quot; changed. What another program did is in it, too, in SQLite files. Which facility was picked is not listed. Status 1 says that there is nothing to list.</source>
+        <translation>Eine Zeile für jede Handlung, mit ihrer Nummer, und eine für jede Zeile der Tabellen: „+“ wurde hinzugefügt, „-“ gelöscht, „~“ geändert. In SQLite-Dateien steht auch darin, was ein anderes Programm tat. Welche Anlage gewählt wurde, wird nicht aufgeführt. Status 1 sagt, dass es nichts aufzuführen gibt.</translation>
+    </message>
+    <message>
+        <source>The file is not text.</source>
+        <translation>Die Datei ist kein Text.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Name another file.</source>
+        <translation>Es wurde nichts geändert. Nennen Sie eine andere Datei.</translation>
+    </message>
+    <message>
+        <source>note: %1</source>
+        <translation>Hinweis: %1</translation>
+    </message>
+    <message>
+        <source>clash: %1</source>
+        <translation>Überschneidung: %1</translation>
+    </message>
+    <message>
+        <source>would add: %1</source>
+        <translation>würde hinzugefügt: %1</translation>
+    </message>
+    <message>
+        <source>Added %1 bookings; %2 were there already, %3 clash.</source>
+        <translation>Hinzugefügte Buchungen: %1; schon da: %2, im Weg ist etwas bei: %3.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: %1 bookings could be added.</source>
+        <translation>Es wurde nichts geschrieben: Buchungen, die hinzugefügt werden könnten: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was written: %1 bookings could be added with --skip-clashes.</source>
+        <translation>Es wurde nichts geschrieben: Buchungen, die mit --skip-clashes hinzugefügt werden könnten: %1.</translation>
+    </message>
+    <message>
+        <source>the iCalendar or CSV file</source>
+        <translation>die iCalendar- oder CSV-Datei</translation>
+    </message>
+    <message>
+        <source>book all for this facility</source>
+        <translation>alle für diese Anlage buchen</translation>
+    </message>
+    <message>
+        <source>leave out what clashes, add the rest</source>
+        <translation>auslassen, wofür etwas im Weg ist, den Rest hinzufügen</translation>
+    </message>
+    <message>
+        <source>only say what would be done</source>
+        <translation>nur sagen, was getan würde</translation>
+    </message>
+    <message>
+        <source>Add the bookings of an iCalendar or CSV file</source>
+        <translation>Fügt die Buchungen einer iCalendar- oder CSV-Datei hinzu</translation>
+    </message>
+    <message>
+        <source>All or nothing: when the time of a booking is taken, nothing is written and the clashes are listed. The same file twice changes nothing. Facilities are found by name: in the categories or the place of an event, in the column Facility of a CSV file, whose first line names the columns Facility, Date, From, To, Name and Series. Times are rounded outwards to half hours; repetitions are booked one by one inside --from and --to.</source>
+        <translation>Alles oder nichts: Ist die Zeit einer Buchung belegt, wird nichts geschrieben, und die Überschneidungen werden aufgeführt. Dieselbe Datei zweimal ändert nichts. Anlagen werden am Namen gefunden: in den Kategorien oder am Ort eines Ereignisses, in der Spalte Facility einer CSV-Datei, deren erste Zeile die Spalten Facility, Date, From, To, Name und Series nennt. Zeiten werden nach außen auf halbe Stunden gerundet; Wiederholungen werden einzeln gebucht, innerhalb von --from und --to.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a time to keep entries for.</source>
+        <translation>„%1“ ist keine Dauer, für die Einträge aufgehoben werden können.</translation>
+    </message>
+    <message>
+        <source>Write it as 2y, 8w or 90d.</source>
+        <translation>Schreiben Sie sie als 2y (Jahre), 8w (Wochen) oder 90d (Tage).</translation>
+    </message>
+    <message>
+        <source>%1: The journal is kept; it holds %2 actions.</source>
+        <translation>%1: Das Journal wird geführt; darin stehen %2 Handlungen.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is not kept; it holds %2 actions.</source>
+        <translation>%1: Das Journal wird nicht geführt; darin stehen %2 Handlungen.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is kept; it holds %2 actions, the first of %3.</source>
+        <translation>%1: Das Journal wird geführt; darin stehen %2 Handlungen, die erste vom %3.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is not kept; it holds %2 actions, the first of %3.</source>
+        <translation>%1: Das Journal wird nicht geführt; darin stehen %2 Handlungen, die erste vom %3.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is kept already.</source>
+        <translation>%1: Das Journal wird schon geführt.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is not kept already.</source>
+        <translation>%1: Das Journal wird schon nicht geführt.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is kept from now on.</source>
+        <translation>%1: Das Journal wird von jetzt an geführt.</translation>
+    </message>
+    <message>
+        <source>%1: The journal is not kept any more; what it holds stays.</source>
+        <translation>%1: Das Journal wird nicht mehr geführt; was darin steht, bleibt.</translation>
+    </message>
+    <message>
+        <source>Removed %1 entries that are older than %2 days.</source>
+        <translation>Entfernte Einträge, die älter sind als %2 Tage: %1.</translation>
+    </message>
+    <message>
+        <source>on, off or status</source>
+        <translation>on, off oder status</translation>
+    </message>
+    <message>
+        <source>remove older entries: 2y (the default), 8w, 90d</source>
+        <translation>ältere Einträge entfernen: 2y (wenn nichts angegeben ist), 8w, 90d</translation>
+    </message>
+    <message>
+        <source>Begin or end the journal that history and undo read</source>
+        <translation>Beginnt oder beendet das Journal, das history und undo lesen</translation>
+    </message>
+    <message>
+        <source>A calendar that &quot;new&quot; made keeps one. With off, what it holds stays. The calendar may be open. Entries older than two years go, now and whenever &quot;undo&quot;, &quot;restore&quot; or &quot;backup --rolling&quot; are done.</source>
+        <translation>Ein Kalender, den „new“ angelegt hat, führt eines. Mit off bleibt, was darin steht. Der Kalender darf geöffnet sein. Einträge, die älter sind als zwei Jahre, gehen, jetzt und immer bei „undo“, „restore“ oder „backup --rolling“.</translation>
+    </message>
+    <message>
+        <source>the server, as PostgreSQL&apos;s programs name it: a URI or service=NAME</source>
+        <translation>der Server, wie ihn die Programme von PostgreSQL nennen: ein URI oder service=NAME</translation>
+    </message>
+    <message>
+        <source>the schema of the database that holds the calendar (veyra unless given)</source>
+        <translation>das Schema der Datenbank, in dem der Kalender liegt (veyra, wenn nichts angegeben ist)</translation>
+    </message>
+    <message>
+        <source>%1 leads to the shared calendar now.</source>
+        <translation>%1 führt jetzt zum gemeinsamen Kalender.</translation>
+    </message>
+    <message>
+        <source>Make the link to a calendar that is shared already</source>
+        <translation>Legt den Verweis auf einen Kalender an, der schon gemeinsam ist</translation>
+    </message>
+    <message>
+        <source>For each further desk. The server is asked first; a Calendar.mdb that is there is never written over.</source>
+        <translation>Für jeden weiteren Arbeitsplatz. Der Server wird zuerst gefragt; eine Calendar.mdb, die da ist, wird nie überschrieben.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a length of time within a day.</source>
+        <translation>„%1“ ist keine Dauer innerhalb eines Tages.</translation>
+    </message>
+    <message>
+        <source>Write it as 2h, 90m or 1h30.</source>
+        <translation>Schreiben Sie sie als 2h, 90m oder 1h30.</translation>
+    </message>
+    <message>
+        <source>Free times need both ends of a range.</source>
+        <translation>Freie Zeiten brauchen beide Enden eines Zeitraums.</translation>
+    </message>
+    <message>
+        <source>Name them with --from and --to.</source>
+        <translation>Nennen Sie sie mit --from und --to.</translation>
+    </message>
+    <message>
+        <source>the day; today when it is not given</source>
+        <translation>der Tag; heute, wenn er nicht angegeben ist</translation>
+    </message>
+    <message>
+        <source>the whole week of that day, from Sunday</source>
+        <translation>die ganze Woche dieses Tages, ab Sonntag</translation>
+    </message>
+    <message>
+        <source>the whole month of that day</source>
+        <translation>der ganze Monat dieses Tages</translation>
+    </message>
+    <message>
+        <source>the times that are free for so long: 2h, 90m, 1h30</source>
+        <translation>die Zeiten, die so lange frei sind: 2h, 90m, 1h30</translation>
+    </message>
+    <message>
+        <source>Print the bookings of a day, a week or a month, or the free times</source>
+        <translation>Gibt die Buchungen eines Tages, einer Woche oder eines Monats aus, oder die freien Zeiten</translation>
+    </message>
+    <message>
+        <source>The lines are those of the month window. Status 1 says that there is nothing to list. A name that is asked for without dates is looked for on all days.</source>
+        <translation>Die Zeilen sind die des Monatsfensters. Status 1 sagt, dass es nichts aufzuführen gibt. Ein Name, nach dem ohne Datum gefragt wird, wird an allen Tagen gesucht.</translation>
+    </message>
+    <message>
+        <source>Made %1 and %2 in %3, with %4 facilities, %5 bookings and %6 guests.</source>
+        <translation>%1 und %2 wurden in %3 angelegt, mit %4 Anlagen, %5 Buchungen und %6 Gästen.</translation>
+    </message>
+    <message>
+        <source>Made %1 and %2 in %3.</source>
+        <translation>%1 und %2 wurden in %3 angelegt.</translation>
+    </message>
+    <message>
+        <source>the data folder to be made</source>
+        <translation>der Datenordner, der angelegt wird</translation>
+    </message>
+    <message>
+        <source>make Access 2000 files; else they are SQLite files</source>
+        <translation>Access-2000-Dateien anlegen; sonst sind es SQLite-Dateien</translation>
+    </message>
+    <message>
+        <source>fill them: five facilities, forty guests, bookings over three months</source>
+        <translation>sie füllen: fünf Anlagen, vierzig Gäste, Buchungen über drei Monate</translation>
+    </message>
+    <message>
+        <source>make the calendar on a PostgreSQL server, and Calendar.mdb a link to it</source>
+        <translation>den Kalender auf einem PostgreSQL-Server anlegen, und Calendar.mdb als Verweis darauf</translation>
+    </message>
+    <message>
+        <source>Make a data folder with an empty Calendar.mdb and Veyra.mdb</source>
+        <translation>Legt einen Datenordner mit leerer Calendar.mdb und Veyra.mdb an</translation>
+    </message>
+    <message>
+        <source>Files that are there are never written over.</source>
+        <translation>Dateien, die da sind, werden nie überschrieben.</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Aufruf</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>OPTIONEN</translation>
+    </message>
+    <message>
+        <source>SUBCOMMAND</source>
+        <translation>BEFEHL</translation>
+    </message>
+    <message>
+        <source>Positionals</source>
+        <translation>Angaben</translation>
+    </message>
+    <message>
+        <source>REQUIRED</source>
+        <translation>PFLICHT</translation>
+    </message>
+    <message>
+        <source>Needs</source>
+        <translation>Braucht</translation>
+    </message>
+    <message>
+        <source>Excludes</source>
+        <translation>Nicht mit</translation>
+    </message>
+    <message>
+        <source>Print this help message and exit</source>
+        <translation>Gibt diese Hilfe aus und endet</translation>
+    </message>
+    <message>
+        <source>Display program version information and exit</source>
+        <translation>Gibt die Version des Programms aus und endet</translation>
+    </message>
+    <message>
+        <source>Example: %1</source>
+        <translation>Beispiel: %1</translation>
+    </message>
+    <message>
+        <source>The following argument was not expected: %1</source>
+        <translation>Das folgende Argument wurde nicht erwartet: %1</translation>
+    </message>
+    <message>
+        <source>The following arguments were not expected: %1</source>
+        <translation>Die folgenden Argumente wurden nicht erwartet: %1</translation>
+    </message>
+    <message>
+        <source>%1 excludes %2</source>
+        <translation>%1 geht nicht zusammen mit %2</translation>
+    </message>
+    <message>
+        <source>%1 requires %2</source>
+        <translation>%1 braucht %2</translation>
+    </message>
+    <message>
+        <source>Could not convert: %1</source>
+        <translation>Nicht verstanden: %1</translation>
+    </message>
+    <message>
+        <source>%1 not in %2</source>
+        <translation>%1 ist keines von %2</translation>
+    </message>
+    <message>
+        <source>%1: it is empty</source>
+        <translation>%1: ist leer</translation>
+    </message>
+    <message>
+        <source>A subcommand is required</source>
+        <translation>Ein Befehl ist nötig</translation>
+    </message>
+    <message>
+        <source>%1 is required</source>
+        <translation>%1 ist nötig</translation>
+    </message>
+    <message>
+        <source>Subcommands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen</translation>
+    </message>
+    <message>
+        <source>1 row</source>
+        <translation>1 Zeile</translation>
+    </message>
+    <message>
+        <source>%1 rows</source>
+        <translation>%1 Zeilen</translation>
+    </message>
+    <message>
+        <source>The file</source>
+        <translation>Die Datei</translation>
+    </message>
+    <message>
+        <source>%1, page %2</source>
+        <translation>%1, Seite %2</translation>
+    </message>
+    <message>
+        <source>Made %1 of %2:</source>
+        <translation>Aus %2 wurde %1 angelegt:</translation>
+    </message>
+    <message>
+        <source>Everything could be read.</source>
+        <translation>Alles konnte gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Not all could be read:</source>
+        <translation>Nicht alles konnte gelesen werden:</translation>
+    </message>
+    <message>
+        <source>the damaged database file, which is only read</source>
+        <translation>die beschädigte Datenbankdatei; sie wird nur gelesen</translation>
+    </message>
+    <message>
+        <source>where the new database is to be made</source>
+        <translation>wo die neue Datenbank angelegt wird</translation>
+    </message>
+    <message>
+        <source>Read what is left in a damaged file into a new one</source>
+        <translation>Liest, was in einer beschädigten Datei übrig ist, in eine neue</translation>
+    </message>
+    <message>
+        <source>Goes through the file page by page and puts every row that is whole into a new file of the same kind, Calendar.mdb, or Veyra.mdb when it holds the guests. What could not be read is listed by table and page; status 1 when there is any. Close the calendar first, and leave what lies beside the file. Files that are there are never written over.</source>
+        <translation>Geht die Datei Seite für Seite durch und bringt jede unversehrte Zeile in eine neue Datei derselben Art, Calendar.mdb, oder Veyra.mdb, wenn sie die Gäste enthält. Was nicht gelesen werden konnte, wird nach Tabelle und Seite aufgeführt; Status 1, wenn es etwas gibt. Schließen Sie den Kalender zuerst, und lassen Sie, was neben der Datei liegt. Dateien, die da sind, werden nie überschrieben.</translation>
+    </message>
+    <message>
+        <source>%1 is %2 now, checked.</source>
+        <translation>%1 ist jetzt %2, geprüft.</translation>
+    </message>
+    <message>
+        <source>The file it replaces is kept as %1.</source>
+        <translation>Die ersetzte Datei ist als %1 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>the backup; it stays where it is</source>
+        <translation>die Sicherungskopie; sie bleibt, wo sie ist</translation>
+    </message>
+    <message>
+        <source>Put a backup in the place of the calendar</source>
+        <translation>Bringt eine Sicherungskopie an die Stelle des Kalenders</translation>
+    </message>
+    <message>
+        <source>The backup is checked first. Nobody may have the calendar open. The file that it replaces stays beside it as Calendar-before-DATE.mdb.</source>
+        <translation>Die Sicherungskopie wird zuerst geprüft. Niemand darf den Kalender geöffnet haben. Die ersetzte Datei bleibt als Calendar-before-DATUM.mdb daneben.</translation>
+    </message>
+    <message>
+        <source>%1 is shared already; nothing was changed.</source>
+        <translation>%1 ist schon gemeinsam; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>%1 leads to the server now: %2 tables, %3 rows, all compared.</source>
+        <translation>%1 führt jetzt zum Server: %2 Tabellen, %3 Zeilen, alle verglichen.</translation>
+    </message>
+    <message>
+        <source>print what an administrator may run on the server, and do nothing</source>
+        <translation>ausgeben, was ein Verwalter auf dem Server ausführen kann, und nichts tun</translation>
+    </message>
+    <message>
+        <source>with --sql: the role of the desks, which may then read and write rows</source>
+        <translation>mit --sql: die Rolle der Arbeitsplätze, die dann Zeilen lesen und schreiben darf</translation>
+    </message>
+    <message>
+        <source>Put the calendar on a PostgreSQL server, for several desks</source>
+        <translation>Bringt den Kalender auf einen PostgreSQL-Server, für mehrere Arbeitsplätze</translation>
+    </message>
+    <message>
+        <source>All its tables, columns and rows are copied in one transaction, every row is compared, and a link takes the place of Calendar.mdb, which stays beside it as Calendar-before-DATE.mdb. Nobody may have the calendar open. Passwords do not belong into a link: put them into ~/.pgpass or a service file.</source>
+        <translation>Alle Tabellen, Spalten und Zeilen werden in einer Transaktion kopiert, jede Zeile wird verglichen, und ein Verweis tritt an die Stelle von Calendar.mdb, die als Calendar-before-DATUM.mdb daneben bleibt. Niemand darf den Kalender geöffnet haben. Kennwörter gehören nicht in einen Verweis: Schreiben Sie sie in ~/.pgpass oder in eine Dienstdatei.</translation>
+    </message>
+    <message>
+        <source>the database file; it may be in use</source>
+        <translation>die Datenbankdatei; sie darf in Gebrauch sein</translation>
+    </message>
+    <message>
+        <source>Print what a database file is, and its tables</source>
+        <translation>Gibt aus, was eine Datenbankdatei ist, und ihre Tabellen</translation>
+    </message>
+    <message>
+        <source>Its kind, version and code page; each table with its number of rows, its columns (type, size, whether it is an auto number, name) and its indexes (columns, whether each value stands once, name). Two blanks or more part them; &quot;-&quot; stands for nothing.</source>
+        <translation>Ihre Art, Version und Codepage; jede Tabelle mit der Zahl ihrer Zeilen, ihren Spalten (Typ, Größe, ob sie sich selbst nummeriert, Name) und ihren Indizes (Spalten, ob jeder Wert nur einmal vorkommt, Name). Zwei Leerzeichen oder mehr trennen sie; „-“ steht für nichts. Die Ausgabe selbst ist in jeder Sprache englisch.</translation>
+    </message>
+    <message>
+        <source>The file is larger than 50 MB, as no calendar is.</source>
+        <translation>Die Datei ist größer als 50 MB, wie kein Kalender es ist.</translation>
+    </message>
+    <message>
+        <source>Check that it is the right file, or export a shorter range of days.</source>
+        <translation>Prüfen Sie, ob es die richtige Datei ist, oder exportieren Sie einen kürzeren Zeitraum.</translation>
+    </message>
+    <message>
+        <source>It cannot be read: %1.</source>
+        <translation>Sie kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Check the name, and that you may read the file.</source>
+        <translation>Prüfen Sie den Namen, und ob Sie die Datei lesen dürfen.</translation>
+    </message>
+    <message>
+        <source>Choose another name, or say --replace to write over it.</source>
+        <translation>Wählen Sie einen anderen Namen, oder geben Sie --replace an, um sie zu überschreiben.</translation>
+    </message>
+    <message>
+        <source>It cannot be written: %1.</source>
+        <translation>Sie kann nicht geschrieben werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Check that the disk has room.</source>
+        <translation>Es wurde nichts angelegt. Prüfen Sie, ob auf dem Datenträger Platz ist.</translation>
+    </message>
+    <message>
+        <source>The journal has no action %1.</source>
+        <translation>Das Journal hat keine Handlung %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. &quot;veyra-data history&quot; lists the numbers.</source>
+        <translation>Es wurde nichts geändert. „veyra-data history“ führt die Nummern auf.</translation>
+    </message>
+    <message>
+        <source>Action %1 cannot be taken back; nothing was changed.</source>
+        <translation>Handlung %1 kann nicht zurückgenommen werden; es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Action %1 was taken back: 1 row.</source>
+        <translation>Handlung %1 wurde zurückgenommen: 1 Zeile.</translation>
+    </message>
+    <message>
+        <source>Action %1 was taken back: %2 rows.</source>
+        <translation>Handlung %1 wurde zurückgenommen: %2 Zeilen.</translation>
+    </message>
+    <message>
+        <source>Nothing is left of action %1 to be taken back.</source>
+        <translation>Von Handlung %1 ist nichts übrig, was zurückzunehmen wäre.</translation>
+    </message>
+    <message>
+        <source>Take this back?</source>
+        <translation>Dies zurücknehmen?</translation>
+    </message>
+    <message>
+        <source>%1: The journal holds nothing that could be taken back.</source>
+        <translation>%1: Im Journal steht nichts, was zurückgenommen werden könnte.</translation>
+    </message>
+    <message>
+        <source>Begin one with &quot;journal on&quot;.</source>
+        <translation>Beginnen Sie eines mit „journal on“.</translation>
+    </message>
+    <message>
+        <source>the action&apos;s, as &quot;history&quot; prints it</source>
+        <translation>die der Handlung, wie „history“ sie ausgibt</translation>
+    </message>
+    <message>
+        <source>do not ask</source>
+        <translation>nicht fragen</translation>
+    </message>
+    <message>
+        <source>Take back what was done to the calendar last</source>
+        <translation>Nimmt zurück, was zuletzt am Kalender getan wurde</translation>
+    </message>
+    <message>
+        <source>Prints it, asks, and takes it back whole or not at all: a series, the deletion of a facility with all its bookings, an import. That is an action itself, so a second undo takes back the first. The calendar may be open. What has been booked since is never overwritten: it is named, and nothing is changed.</source>
+        <translation>Gibt es aus, fragt und nimmt es ganz oder gar nicht zurück: eine Serie, das Löschen einer Anlage mit allen ihren Buchungen, einen Import. Das ist selbst eine Handlung, ein zweites undo nimmt also das erste zurück. Der Kalender darf geöffnet sein. Was seither gebucht wurde, wird nie überschrieben: Es wird genannt, und nichts wird geändert.</translation>
+    </message>
+    <message>
+        <source>Take back an earlier action, by its number in the history</source>
+        <translation>Nimmt eine frühere Handlung zurück, nach ihrer Nummer in history</translation>
+    </message>
+    <message>
+        <source>As undo does. What was deleted comes back where its time is still free.</source>
+        <translation>Wie undo. Was gelöscht wurde, kommt zurück, wo seine Zeit noch frei ist.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is not a whole number.</source>
+        <translation>In %1 steht „%2“, und das ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is not a number.</source>
+        <translation>In %1 steht „%2“, und das ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is not a date.</source>
+        <translation>In %1 steht „%2“, und das ist kein Datum.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is not a text.</source>
+        <translation>In %1 steht „%2“, und das ist kein Text.</translation>
+    </message>
+    <message>
+        <source>%1 holds &quot;%2&quot;, which is not a value.</source>
+        <translation>In %1 steht „%2“, und das ist kein Wert.</translation>
+    </message>
+    <message>
+        <source>Row %1 of the table %2 cannot be converted. %3</source>
+        <translation>Zeile %1 der Tabelle %2 kann nicht umgewandelt werden. %3</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Correct the row, and convert again.</source>
+        <translation>Es wurde nichts geändert. Berichtigen Sie die Zeile, und wandeln Sie noch einmal um.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. %1</source>
+        <translation>Es wurde nichts geändert. %1</translation>
+    </message>
+    <message>
+        <source>The new file cannot hold it together with the rows before it.</source>
+        <translation>Die neue Datei kann sie nicht zusammen mit den Zeilen davor fassen.</translation>
+    </message>
+    <message>
+        <source>The table %1 cannot be converted. %2</source>
+        <translation>Die Tabelle %1 kann nicht umgewandelt werden. %2</translation>
+    </message>
+    <message>
+        <source>%1 is &quot;%2&quot; and would become &quot;%3&quot;.</source>
+        <translation>%1 ist „%2“ und würde zu „%3“.</translation>
+    </message>
+    <message>
+        <source>It is missing in the new file.</source>
+        <translation>Sie fehlt in der neuen Datei.</translation>
+    </message>
+    <message>
+        <source>The new file has more rows after it.</source>
+        <translation>Die neue Datei hat nach ihr noch mehr Zeilen.</translation>
+    </message>
+    <message>
+        <source>The column %1 of the table %2 holds pictures or other objects, which cannot be converted.</source>
+        <translation>Die Spalte %1 der Tabelle %2 enthält Bilder oder andere Objekte, die nicht umgewandelt werden können.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Delete the column in Access, and try again.</source>
+        <translation>Es wurde nichts geändert. Löschen Sie die Spalte in Access, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>In %1: %2</source>
+        <translation>In %1: %2</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Correct the file.</source>
+        <translation>Es wurde nichts geändert. Berichtigen Sie die Datei.</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>there is no column %1. The first line must name Date, From, To and Name.</source>
+        <translation>Es gibt keine Spalte %1. Die erste Zeile muss Date, From, To und Name nennen.</translation>
+    </message>
+    <message>
+        <source>a cell is missing.</source>
+        <translation>Eine Zelle fehlt.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a time such as 9:30 or 9:30 AM.</source>
+        <translation>„%1“ ist keine Uhrzeit wie 9:30 oder 9:30 AM.</translation>
+    </message>
+    <message>
+        <source>it begins at the end of the day.</source>
+        <translation>Sie beginnt am Ende des Tages.</translation>
+    </message>
+    <message>
+        <source>it ends after the last day that there is.</source>
+        <translation>Sie endet nach dem letzten Tag, den es gibt.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Export the file again, and try again.</source>
+        <translation>Es wurde nichts geändert. Exportieren Sie die Datei noch einmal, und versuchen Sie es wieder.</translation>
+    </message>
+    <message>
+        <source>The file is not text in UTF-8.</source>
+        <translation>Die Datei ist kein Text in UTF-8.</translation>
+    </message>
+    <message>
+        <source>The file was cut short: a part of it has no end.</source>
+        <translation>Die Datei wurde abgeschnitten: Ein Teil davon hat kein Ende.</translation>
+    </message>
+    <message>
+        <source>A date of the file lies outside the years 100 to 9999.</source>
+        <translation>Ein Datum der Datei liegt außerhalb der Jahre 100 bis 9999.</translation>
+    </message>
+    <message>
+        <source>event %1</source>
+        <translation>Ereignis %1</translation>
+    </message>
+    <message>
+        <source>The file has too many bookings.</source>
+        <translation>Die Datei hat zu viele Buchungen.</translation>
+    </message>
+    <message>
+        <source>The file is not an iCalendar file, or it was cut short.</source>
+        <translation>Die Datei ist keine iCalendar-Datei, oder sie wurde abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>There is no facility %1.</source>
+        <translation>Es gibt keine Anlage %1.</translation>
+    </message>
+    <message>
+        <source>Add it in the calendar first, or say with --facility where all go.</source>
+        <translation>Fügen Sie sie zuerst im Kalender hinzu, oder geben Sie mit --facility an, wohin alle kommen.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) clashes with %3.</source>
+        <translation>%1 (%2) überschneidet sich mit %3.</translation>
+    </message>
+    <message>
+        <source>%1: the name was cut to &quot;%2&quot;.</source>
+        <translation>%1: Der Name wurde auf „%2“ gekürzt.</translation>
+    </message>
+    <message>
+        <source>This part of the program cannot be loaded.</source>
+        <translation>Dieser Teil des Programms kann nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Install the program again. CSV files can be exchanged without it.</source>
+        <translation>Installieren Sie das Programm noch einmal. CSV-Dateien können auch ohne ihn ausgetauscht werden.</translation>
+    </message>
+    <message>
+        <source>%1: %2 on %3 was rounded outwards to whole half hours.</source>
+        <translation>%1: %2 am %3 wurde nach außen auf ganze halbe Stunden gerundet.</translation>
+    </message>
+    <message>
+        <source>%1: %2 on %3 runs over midnight and was split.</source>
+        <translation>%1: %2 am %3 geht über Mitternacht und wurde geteilt.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Check that the disk has room and that you may make files in the folder.</source>
+        <translation>Es wurde nichts geändert. Prüfen Sie, ob auf dem Datenträger Platz ist und ob Sie in dem Ordner Dateien anlegen dürfen.</translation>
+    </message>
+    <message>
+        <source>The new file could not be put there: %1.</source>
+        <translation>Die neue Datei konnte nicht dorthin gebracht werden: %1.</translation>
+    </message>
+    <message>
+        <source>It could not be saved to the disk: %1.</source>
+        <translation>Es konnte nicht auf dem Datenträger gespeichert werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Check that the disk has room.</source>
+        <translation>Es wurde nichts geändert. Prüfen Sie, ob auf dem Datenträger Platz ist.</translation>
+    </message>
+    <message>
+        <source>By another program</source>
+        <translation>Durch ein anderes Programm</translation>
+    </message>
+    <message>
+        <source>... and %1 more</source>
+        <translation>... und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Copied %1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen kopiert</translation>
+    </message>
+    <message>
+        <source>Compared %1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen verglichen</translation>
+    </message>
+    <message>
+        <source>Checked %1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen geprüft</translation>
+    </message>
+    <message>
+        <source>Read %1 of %2 rows</source>
+        <translation>%1 von %2 Zeilen gelesen</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Please report this.</source>
+        <translation>Es wurde nichts geändert. Bitte melden Sie dies.</translation>
+    </message>
+    <message>
+        <source>The new file could not be completed.</source>
+        <translation>Die neue Datei konnte nicht fertiggestellt werden.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Move the file that is there away, or choose another folder.</source>
+        <translation>Es wurde nichts angelegt. Räumen Sie die Datei weg, die da ist, oder wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Nothing can be made in this folder: %1.</source>
+        <translation>In diesem Ordner kann nichts angelegt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Choose a folder that you may write to.</source>
+        <translation>Wählen Sie einen Ordner, in den Sie schreiben dürfen.</translation>
+    </message>
+    <message>
+        <source>The new folder cannot be opened to others: %1.</source>
+        <translation>Der neue Ordner kann anderen nicht zugänglich gemacht werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Choose another folder.</source>
+        <translation>Es wurde nichts angelegt. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>It could not be removed: %1.</source>
+        <translation>Es konnte nicht entfernt werden: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing was made. Check that the disk works, and try again.</source>
+        <translation>Es wurde nichts angelegt. Prüfen Sie, ob der Datenträger funktioniert, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Close the calendar at every desk, and try again.</source>
+        <translation>Es wurde nichts geändert. Schließen Sie den Kalender an jedem Arbeitsplatz, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Somebody used the calendar meanwhile.</source>
+        <translation>Jemand hat den Kalender inzwischen benutzt.</translation>
+    </message>
+</context>
+<context>
+    <name>veyra::Phrase</name>
+    <message>
+        <source>The output could not be written. Check that the disk has room.</source>
+        <translation>Die Ausgabe konnte nicht geschrieben werden. Prüfen Sie, ob auf dem Datenträger Platz ist.</translation>
+    </message>
 </context>
 </TS>

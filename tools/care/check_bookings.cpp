@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <map>
 #include <set>
 #include <tuple>
 #include <unordered_map>
@@ -80,7 +81,7 @@ class BookingCheck {
   }
 
  private:
-  void Add(const char* kind, const std::string& what, const char* advice) {
+  void Add(const char* kind, const Phrase& what, const Phrase& advice) {
     findings_.push_back({.Kind = kind, .What = what, .Advice = advice});
   }
 
@@ -88,33 +89,36 @@ class BookingCheck {
     if (known_.contains(booking.RmID)) {
       return;
     }
-    Add("no-facility", "Of a facility that is not there: " + words_.Of(booking) + ".",
-        "No window shows it. Export it, then import it with --facility, or restore a backup.");
+    Add("no-facility", Phrase::Tr("Of a facility that is not there: %1.", words_.Of(booking)),
+        Phrase::Tr("No window shows it. Export it, then import it with --facility, or restore a "
+                   "backup."));
   }
 
   void CheckDay(const Booking& booking) {
     if (!booking.Day) {
-      Add("bad-date", "Its date cannot be read: " + words_.Of(booking) + ".",
-          "No window shows it. Correct the date with another program, or book it anew.");
+      Add("bad-date", Phrase::Tr("Its date cannot be read: %1.", words_.Of(booking)),
+          Phrase::Tr("No window shows it. Correct the date with another program, or book it "
+                     "anew."));
       return;
     }
     if (booking.DayHasTime) {
-      Add("date-with-time", "A time of day stands with its date: " + words_.Of(booking) + ".",
-          "No window shows it. Book it anew.");
+      Add("date-with-time",
+          Phrase::Tr("A time of day stands with its date: %1.", words_.Of(booking)),
+          Phrase::Tr("No window shows it. Book it anew."));
     }
   }
 
   void CheckSlots(const Booking& booking, const Row& row) {
     const auto& slots = booking.Slots;
     if (slots.First == 0 || slots.Last == 0) {
-      Add("bad-slots", "Its half hours are none of 1 to 48: " + words_.Of(booking) + ".",
-          "Book it anew with the right times, and delete this one.");
+      Add("bad-slots", Phrase::Tr("Its half hours are none of 1 to 48: %1.", words_.Of(booking)),
+          Phrase::Tr("Book it anew with the right times, and delete this one."));
     } else if (slots.First > slots.Last) {
       findings_.push_back({.Kind = "slots-reversed",
-                           .What = "It ends before it begins: " + words_.Of(booking) + ".",
-                           .Advice = "--mend puts its two ends in order.",
+                           .What = Phrase::Tr("It ends before it begins: %1.", words_.Of(booking)),
+                           .Advice = Phrase::Tr("--mend puts its two ends in order."),
                            .Mending = {Swapped(row, slots)},
-                           .Mended = "The two ends were put in order."});
+                           .Mended = Phrase::Tr("The two ends were put in order.")});
     }
   }
 
@@ -122,8 +126,9 @@ class BookingCheck {
     if (longest_name_ == 0 || CharacterCount(booking.Event) <= longest_name_) {
       return;
     }
-    Add("long-name", "Its name is longer than the file's column: " + words_.Of(booking) + ".",
-        "Other programs may cut it. Rename the booking.");
+    Add("long-name",
+        Phrase::Tr("Its name is longer than the file's column: %1.", words_.Of(booking)),
+        Phrase::Tr("Other programs may cut it. Rename the booking."));
   }
 
   void Gather(const Booking& booking) {
@@ -150,7 +155,7 @@ class BookingCheck {
         group.Slots.First != booking.Slots.First || group.Slots.Last != booking.Slots.Last;
   }
 
-  std::string WordsOf(const Placed& booking) const {
+  Phrase WordsOf(const Placed& booking) const {
     return words_.Of({.RmID = booking.RmID,
                       .Event = booking.Event,
                       .Day = DayOfNumber(booking.Day),
@@ -169,9 +174,9 @@ class BookingCheck {
           longest != nullptr && longest->RmID == booking.RmID && longest->Day == booking.Day;
       if (same_day && booking.First <= longest->Last) {
         Add("overlap",
-            WordsOf(*longest) + " overlaps " + words_.TimeAndName(SlotsOf(booking), booking.Event) +
-                ".",
-            "Delete one of the two, or book it at another time.");
+            Phrase::Tr("%1 overlaps %2.", WordsOf(*longest),
+                       words_.TimeAndName(SlotsOf(booking), booking.Event)),
+            Phrase::Tr("Delete one of the two, or book it at another time."));
       }
       if (!same_day || booking.Last > longest->Last) {
         longest = &booking;
@@ -181,23 +186,32 @@ class BookingCheck {
 
   static modRes::SlotRange SlotsOf(const Placed& booking) { return {booking.First, booking.Last}; }
 
+  static Phrase DifferenceIn(const GroupRows& group, const std::string& key, const Phrase& place) {
+    if (!group.SlotsDiffer) {
+      return Phrase::Tr("The %1 bookings of group %2 differ in their names: %3.", group.Count, key,
+                        place);
+    }
+    return group.NamesDiffer
+               ? Phrase::Tr("The %1 bookings of group %2 differ in their names and times: %3.",
+                            group.Count, key, place)
+               : Phrase::Tr("The %1 bookings of group %2 differ in their times: %3.", group.Count,
+                            key, place);
+  }
+
   void CheckGroups() {
-    std::vector<std::string> lines;
+    std::multimap<std::string, Phrase> lines;
     for (const auto& [key, group] : groups_) {
       if (!group.NamesDiffer && !group.SlotsDiffer) {
         continue;
       }
-      const std::string what = !group.SlotsDiffer  ? "names"
-                               : group.NamesDiffer ? "names and times"
-                                                   : "times";
-      lines.push_back("The " + std::to_string(group.Count) + " bookings of group " +
-                      ToText(key.second) + " differ in their " + what + ": " +
-                      words_.FacilityName(key.first) + ", " + OneLine(group.Event) + ".");
+      const Phrase line = DifferenceIn(
+          group, ToText(key.second), words_.FacilityName(key.first) + ", " + OneLine(group.Event));
+      lines.emplace(line.English(), line);
     }
-    std::sort(lines.begin(), lines.end());
-    for (const std::string& line : lines) {
+    for (const auto& [english, line] : lines) {
       Add("group-differs", line,
-          "Nothing to do when one was renamed on purpose; else rename or delete them one by one.");
+          Phrase::Tr("Nothing to do when one was renamed on purpose; else rename or delete them "
+                     "one by one."));
     }
   }
 

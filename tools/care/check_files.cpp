@@ -35,9 +35,9 @@ void CheckLogs(const fs::path& calendar, Findings& findings) {
     }
     findings.push_back(
         {.Kind = "log-left",
-         .What = NameOf(log) + " was left by a calendar that was not closed properly.",
-         .Advice = "Start the calendar once and close it. Never move or remove one "
-                   "of the two files without the other."});
+         .What = Phrase::Tr("%1 was left by a calendar that was not closed properly.", NameOf(log)),
+         .Advice = Phrase::Tr("Start the calendar once and close it. Never move or remove one of "
+                              "the two files without the other.")});
   }
 }
 
@@ -47,9 +47,10 @@ void CheckUnfinished(const fs::path& folder, Findings& findings) {
     if (!entry.path().filename().string().starts_with(".unfinished-")) {
       continue;
     }
-    findings.push_back({.Kind = "unfinished",
-                        .What = NameOf(entry.path()) + " was left by a command that broke off.",
-                        .Advice = "Remove it when no veyra-data is running."});
+    findings.push_back(
+        {.Kind = "unfinished",
+         .What = Phrase::Tr("%1 was left by a command that broke off.", NameOf(entry.path())),
+         .Advice = Phrase::Tr("Remove it when no veyra-data is running.")});
   }
 }
 
@@ -60,9 +61,10 @@ void CheckGuests(const fs::path& folder, Findings& findings) {
   } catch (const DatabaseBusyError&) {
     // The program that it belongs to is writing to it, so it is in use.
   } catch (const DatabaseError& error) {
-    findings.push_back({.Kind = "guests",
-                        .What = "The guest database Veyra.mdb: " + error.report().Cause.English(),
-                        .Advice = error.report().Advice.English()});
+    findings.push_back(
+        {.Kind = "guests",
+         .What = Phrase::Tr("The guest database Veyra.mdb: %1", error.report().Cause),
+         .Advice = error.report().Advice});
   }
 }
 
@@ -75,10 +77,12 @@ void CheckBackups(const fs::path& folder, Date today, Findings& findings) {
   if (newest && DaysBetween(*newest, today) <= kOldBackup) {
     return;
   }
-  findings.push_back({.Kind = "old-backup",
-                      .What = newest ? "The newest copy in backups is of " + DateText(*newest) + "."
-                                     : std::string("There is no copy in backups."),
-                      .Advice = "Run \"veyra-data backup --rolling\" and see what it says."});
+  findings.push_back(
+      {.Kind = "old-backup",
+       .What = newest ? Phrase::Tr("The newest copy in backups is of %1.", DateText(*newest))
+                      : Phrase::Tr("There is no copy in backups."),
+       .Advice = Phrase::Tr("Run \"veyra-data backup --rolling\" and see what it "
+                            "says.")});
 }
 
 }  // namespace

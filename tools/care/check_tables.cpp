@@ -32,12 +32,11 @@ RowChange Marked(const Facility& facility, bool active) {
 
 /// The calendar itself takes the last of several.
 Finding SeveralActive(const std::vector<Facility>& active) {
-  Finding finding{
-      .Kind = "several-active",
-      .What = std::to_string(active.size()) + " facilities are marked as the active one.",
-      .Advice =
-          "--mend leaves the mark to " + OneLine(active.back().Name) + ", as the calendar would.",
-      .Mended = "The mark was left to " + OneLine(active.back().Name) + "."};
+  Finding finding{.Kind = "several-active",
+                  .What = Phrase::Tr("%1 facilities are marked as the active one.", active.size()),
+                  .Advice = Phrase::Tr("--mend leaves the mark to %1, as the calendar would.",
+                                       OneLine(active.back().Name)),
+                  .Mended = Phrase::Tr("The mark was left to %1.", OneLine(active.back().Name))};
   for (std::size_t i = 0; i + 1 < active.size(); ++i) {
     finding.Mending.push_back(Marked(active[i], false));
   }
@@ -45,12 +44,12 @@ Finding SeveralActive(const std::vector<Facility>& active) {
 }
 
 Finding NoneActive(const Facility& first) {
-  return {
-      .Kind = "none-active",
-      .What = "No facility is marked as the active one.",
-      .Advice = "--mend marks the first, " + OneLine(first.Name) + "; or pick one in the calendar.",
-      .Mending = {Marked(first, true)},
-      .Mended = OneLine(first.Name) + " was marked as the active facility."};
+  return {.Kind = "none-active",
+          .What = Phrase::Tr("No facility is marked as the active one."),
+          .Advice = Phrase::Tr("--mend marks the first, %1; or pick one in the calendar.",
+                               OneLine(first.Name)),
+          .Mending = {Marked(first, true)},
+          .Mended = Phrase::Tr("%1 was marked as the active facility.", OneLine(first.Name))};
 }
 
 std::string FreeName(const std::string& name, const std::set<std::string>& taken) {
@@ -62,22 +61,23 @@ std::string FreeName(const std::string& name, const std::set<std::string>& taken
 }
 
 Finding SameName(const Facility& facility, const std::string& new_name) {
-  return {
-      .Kind = "same-name",
-      .What = "Two facilities are named " + OneLine(facility.Name) + ".",
-      .Advice = "Only one of them can be picked. --mend names the other " + OneLine(new_name) + ".",
-      .Mending = {{.What = RowChange::Kind::Set,
-                   .Table = "Rooms",
-                   .Before = facility.Stored,
-                   .Fields = {{"Name", new_name}}}},
-      .Mended = "The later one was named " + OneLine(new_name) + "."};
+  return {.Kind = "same-name",
+          .What = Phrase::Tr("Two facilities are named %1.", OneLine(facility.Name)),
+          .Advice = Phrase::Tr("Only one of them can be picked. --mend names the other %1.",
+                               OneLine(new_name)),
+          .Mending = {{.What = RowChange::Kind::Set,
+                       .Table = "Rooms",
+                       .Before = facility.Stored,
+                       .Fields = {{"Name", new_name}}}},
+          .Mended = Phrase::Tr("The later one was named %1.", OneLine(new_name))};
 }
 
 Finding NoSettingsRow(const std::vector<std::string>& columns) {
-  Finding finding{.Kind = "no-settings",
-                  .What = "The table Settings has no row 1, so the calendar cannot start.",
-                  .Advice = "--mend adds the row with the colours of a new calendar.",
-                  .Mended = "The row was added with the colours of a new calendar."};
+  Finding finding{
+      .Kind = "no-settings",
+      .What = Phrase::Tr("The table Settings has no row 1, so the calendar cannot start."),
+      .Advice = Phrase::Tr("--mend adds the row with the colours of a new calendar."),
+      .Mended = Phrase::Tr("The row was added with the colours of a new calendar.")};
   FieldValues fields = {{"ID", std::int64_t{1}}};
   for (const DefaultColor& color : kDefaultColors) {
     if (FindName(columns, color.Column)) {
@@ -101,14 +101,13 @@ bool IsColor(const std::string& text, const std::string& column) {
 
 Finding NoColor(const DefaultColor& color, const std::string& text, const Row& row) {
   return {.Kind = "bad-color",
-          .What = "The colour " + std::string(color.Column) + " is not a number: \"" +
-                  OneLine(text) + "\".",
-          .Advice = "--mend sets it to " + std::string(color.Color) + ", as in a new calendar.",
+          .What = Phrase::Tr("The colour %1 is not a number: \"%2\".", color.Column, OneLine(text)),
+          .Advice = Phrase::Tr("--mend sets it to %1, as in a new calendar.", color.Color),
           .Mending = {{.What = RowChange::Kind::Set,
                        .Table = "Settings",
                        .Before = row,
                        .Fields = {{color.Column, std::string(color.Color)}}}},
-          .Mended = std::string(color.Column) + " was set to " + color.Color + "."};
+          .Mended = Phrase::Tr("%1 was set to %2.", color.Column, color.Color)};
 }
 
 Findings CheckColors(const std::vector<std::string>& columns, const Row& row) {

@@ -15,19 +15,20 @@ namespace fs = std::filesystem;
 namespace veyra {
 namespace {
 
-constexpr const char* kNothingMade =
-    "Nothing was made. Check the original with \"veyra-data check\".";
+Phrase NothingMade() {
+  return Phrase::Tr("Nothing was made. Check the original with \"veyra-data check\".");
+}
 
 /// Throws unless the copy is one whole, sound file.
 void Check(const fs::path& copy) {
   const auto problems = OpenFileStore(copy.string(), StoreAccess::ReadOnly)->Verify();
   if (!problems.empty()) {
-    throw DatabaseError(
-        {copy.filename().string(), "The copy is not sound: " + problems.front(), kNothingMade});
+    throw DatabaseError({copy.filename().string(),
+                         Phrase::Tr("The copy is not sound: %1", problems.front()), NothingMade()});
   }
   if (!LogsBeside(copy).empty()) {
     throw DatabaseError(
-        {copy.filename().string(), "The copy could not be completed.", kNothingMade});
+        {copy.filename().string(), Phrase::Tr("The copy could not be completed."), NothingMade()});
   }
 }
 
@@ -50,9 +51,9 @@ void MakeWhole(FileStore& store, const fs::path& copy) {
 [[noreturn]] void Fail(const fs::path& copy, int error) {
   throw FileError({copy.string(),
                    error == EEXIST
-                       ? "This file is there already; nothing was made."
-                       : "The copy could not be put there: " + SystemErrorText(error) + ".",
-                   "Choose another name, or a folder that you may write to."});
+                       ? Phrase::Tr("This file is there already; nothing was made.")
+                       : Phrase::Tr("The copy could not be put there: %1.", SystemErrorText(error)),
+                   Phrase::Tr("Choose another name, or a folder that you may write to.")});
 }
 
 }  // namespace

@@ -75,15 +75,16 @@ bool IsPlausible(const std::string& table, const std::vector<std::string>& colum
 }
 
 /// What makes a row one that the new file cannot hold; nothing when it can.
-std::string Obstacle(const SalvagedTable& table, const TableDefinition* known,
-                     const SalvagedRow& row, std::set<std::int64_t>& numbers) {
+Phrase Obstacle(const SalvagedTable& table, const TableDefinition* known, const SalvagedRow& row,
+                std::set<std::int64_t>& numbers) {
   for (std::size_t i = 0; i < row.Values.size(); ++i) {
     const ColumnDescription& column = table.Table.Columns[i];
     const auto is_named = [&](const auto& each) { return SameName(each.Name, column.Name); };
     if (known != nullptr) {
       const auto type = std::find_if(known->Columns.begin(), known->Columns.end(), is_named);
       if (type != known->Columns.end() && !ValueAs(type->Type, row.Values[i])) {
-        return column.Name + " holds \"" + ToText(row.Values[i]) + "\"";
+        return Phrase::Tr("A row was left out: %1 holds \"%2\".", column.Name,
+                          ToText(row.Values[i]));
       }
     }
     if (!column.AutoNumber) {
@@ -91,7 +92,8 @@ std::string Obstacle(const SalvagedTable& table, const TableDefinition* known,
     }
     const auto number = ToInteger(row.Values[i]);
     if (!number || !numbers.insert(*number).second) {
-      return column.Name + " holds \"" + ToText(row.Values[i]) + "\", which another row has";
+      return Phrase::Tr("A row was left out: %1 holds \"%2\", which another row has.", column.Name,
+                        ToText(row.Values[i]));
     }
   }
   return {};
@@ -104,21 +106,20 @@ void DropUnfit(Salvage& salvage) {
     std::vector<SalvagedRow> fit;
     std::set<std::int64_t> numbers;
     for (SalvagedRow& row : table.Rows) {
-      const std::string obstacle =
-          Obstacle(table, Known(all_known, table.Table.Name), row, numbers);
-      if (obstacle.empty()) {
+      const Phrase obstacle = Obstacle(table, Known(all_known, table.Table.Name), row, numbers);
+      if (obstacle.IsEmpty()) {
         fit.push_back(std::move(row));
       } else {
-        salvage.Losses.push_back(
-            {table.Table.Name, row.Page, "A row was left out: " + obstacle + "."});
+        salvage.Losses.push_back({table.Table.Name, row.Page, obstacle});
       }
     }
     table.Rows = std::move(fit);
     for (ColumnDescription& column : table.Table.Columns) {
       if (!column.IsReadable) {
         salvage.Losses.push_back({table.Table.Name, std::nullopt,
-                                  "The column " + column.Name +
-                                      " holds pictures or other objects, which are left out."});
+                                  Phrase::Tr("The column %1 holds pictures or other objects, "
+                                             "which are left out.",
+                                             column.Name)});
         column.IsReadable = true;
       }
     }
@@ -132,7 +133,8 @@ void DropSameNames(Salvage& salvage) {
     const std::string& name = table.Table.Name;
     if (std::any_of(tables.begin(), tables.end(),
                     [&](const auto& each) { return SameName(each.Table.Name, name); })) {
-      salvage.Losses.push_back({name, std::nullopt, "A second table of that name was left out."});
+      salvage.Losses.push_back(
+          {name, std::nullopt, Phrase::Tr("A second table of that name was left out.")});
     } else {
       tables.push_back(std::move(table));
     }
@@ -167,7 +169,7 @@ void CopyAll(Store& source, FileStore& target, Salvage& salvage, CopyPlan& plan,
       }
       salvage.Losses.push_back(
           {table.Table.Name, std::nullopt,
-           "It could not be written into the new file. " + error.report().Cause.English()});
+           Phrase::Tr("It could not be written into the new file. %1", error.report().Cause)});
     }
   }
   plan.Tables = std::move(copied);
@@ -181,8 +183,8 @@ void MakeMissing(FileStore& target, Salvage& salvage) {
   for (const TableDefinition& table : {RoomsTable(), ReservTable()}) {
     if (!HasTable(salvage, table.Name.c_str())) {
       target.CreateTable(table);
-      salvage.Losses.push_back(
-          {table.Name, std::nullopt, "No such table was found; it was made without rows."});
+      salvage.Losses.push_back({table.Name, std::nullopt,
+                                Phrase::Tr("No such table was found; it was made without rows.")});
     }
   }
 }
@@ -190,8 +192,8 @@ void MakeMissing(FileStore& target, Salvage& salvage) {
 void RequireSound(const fs::path& file) {
   const auto faults = OpenFileStore(file.string(), StoreAccess::ReadOnly)->Verify();
   if (!faults.empty()) {
-    throw FileError({file.string(), "The new file is not right: " + faults.front(),
-                     "Nothing was made. Please report this."});
+    throw FileError({file.string(), Phrase::Tr("The new file is not right: %1", faults.front()),
+                     Phrase::Tr("Nothing was made. Please report this.")});
   }
 }
 
@@ -218,8 +220,8 @@ Salvage Read(const fs::path& damaged, const fs::path& models) {
       {.Tables = KnownTables(), .AccessFile = models.string(), .IsPlausible = IsPlausible});
   fs::remove(models);
   if (salvage.Tables.empty()) {
-    throw DatabaseError({damaged.string(), "No table of it can be read any more.",
-                         "Nothing was made. Go back to a copy of the file."});
+    throw DatabaseError({damaged.string(), Phrase::Tr("No table of it can be read any more."),
+                         Phrase::Tr("Nothing was made. Go back to a copy of the file.")});
   }
   DropSameNames(salvage);
   DropUnfit(salvage);

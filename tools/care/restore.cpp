@@ -27,8 +27,9 @@ namespace {
 constexpr std::chrono::milliseconds kWaitPolicy{200};
 
 DatabaseBusyError SomebodyHasItOpen(const fs::path& calendar) {
-  return DatabaseBusyError({calendar.string(), "Somebody has the calendar open.",
-                            "Nothing was changed. Close it at every desk, and try again."});
+  return DatabaseBusyError(
+      {calendar.string(), Phrase::Tr("Somebody has the calendar open."),
+       Phrase::Tr("Nothing was changed. Close it at every desk, and try again.")});
 }
 
 /// Throws unless the file holds the tables of a calendar.
@@ -56,9 +57,9 @@ void Settle(const fs::path& calendar) {
 void RequireOwnCalendar(const fs::path& calendar) {
   if (LeadsToServer(calendar)) {
     throw DatabaseError(
-        {calendar.string(), "The calendar is shared with other desks, on a server.",
-         "Nothing was changed. To put a backup on the server, share it from another folder into "
-         "another schema, and let every desk's link lead there."});
+        {calendar.string(), Phrase::Tr("The calendar is shared with other desks, on a server."),
+         Phrase::Tr("Nothing was changed. To put a backup on the server, share it from another "
+                    "folder into another schema, and let every desk's link lead there.")});
   }
 }
 
@@ -97,9 +98,9 @@ Moves SetAside(const fs::path& calendar, const fs::path& kept) {
     const fs::path to = kept.string() + file.string().substr(calendar.string().size());
     if (const int error = RenameWithoutReplacing(file, to); error != 0) {
       MoveBack(moves);
-      throw FileError({file.string(),
-                       "The old file could not be kept: " + SystemErrorText(error) + ".",
-                       "Nothing was changed. Check that you may make files in the folder."});
+      throw FileError(
+          {file.string(), Phrase::Tr("The old file could not be kept: %1.", SystemErrorText(error)),
+           Phrase::Tr("Nothing was changed. Check that you may make files in the folder.")});
     }
     moves.emplace_back(file, to);
   }
@@ -124,14 +125,16 @@ fs::path RestoreBackup(const fs::path& backup, const fs::path& calendar, Date da
     moves = SetAside(calendar, kept);
   } else if (!LogsBeside(calendar).empty()) {
     throw FileError({LogsBeside(calendar).front().string(),
-                     "A log lies where no calendar is, and would be taken for the restored one's.",
-                     "Nothing was changed. Move it away first."});
+                     Phrase::Tr("A log lies where no calendar is, and would be taken for the "
+                                "restored one's."),
+                     Phrase::Tr("Nothing was changed. Move it away first.")});
   }
   if (const int error = RenameWithoutReplacing(fresh, calendar); error != 0) {
     MoveBack(moves);
-    throw FileError({calendar.string(),
-                     "The backup could not be put there: " + SystemErrorText(error) + ".",
-                     "Nothing was changed. Check that you may make files in the folder."});
+    throw FileError(
+        {calendar.string(),
+         Phrase::Tr("The backup could not be put there: %1.", SystemErrorText(error)),
+         Phrase::Tr("Nothing was changed. Check that you may make files in the folder.")});
   }
   Flush(calendar.parent_path());
   return kept;

@@ -63,8 +63,9 @@ std::set<Date> BackupDays(const fs::path& folder) {
     }
   }
   if (failure) {
-    throw FileError({folder.string(), "The folder cannot be read: " + failure.message() + ".",
-                     "Check that the disk is connected and that you may use the folder."});
+    throw FileError(
+        {folder.string(), Phrase::Tr("The folder cannot be read: %1.", failure.message()),
+         Phrase::Tr("Check that the disk is connected and that you may use the folder.")});
   }
   return days;
 }

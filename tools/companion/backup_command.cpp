@@ -12,6 +12,7 @@
 #include "tools/care/prune_journal.h"
 #include "tools/care/rolling_backups.h"
 #include "tools/companion/data_folder.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
@@ -32,15 +33,15 @@ std::unique_ptr<FileStore> OpenCalendar(const std::string& folder,
                        StoreAccess::ReadOnly);
 }
 
-ExitStatus MakeOne(const Options& options, const Surroundings& surroundings, std::ostream& out) {
+ExitStatus MakeOne(const Options& options, const Surroundings& surroundings, Streams& streams) {
   if (options.First.empty()) {
     throw ValueError({{},
-                      "The file to make is not named.",
-                      "Name it, or say --rolling for a copy in the folder backups."});
+                      Phrase::Tr("The file to make is not named."),
+                      Phrase::Tr("Name it, or say --rolling for a copy in the folder backups.")});
   }
   const fs::path copy = fs::absolute(NativePath(options.First));
   MakeCheckedCopy(*OpenCalendar(options.Second, surroundings), copy, false);
-  out << "Made and checked " << OneLine(copy.string()) << ".\n";
+  streams.Tell(Phrase::Tr("Made and checked %1.", OneLine(copy.string())));
   return ExitStatus::Fine;
 }
 
@@ -53,13 +54,12 @@ std::size_t DropOld(const fs::path& backups) {
   return dropped;
 }
 
-ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings,
-                       std::ostream& out) {
+ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings, Streams& streams) {
   const auto store = OpenCalendar(options.First, surroundings);
   const fs::path backups = fs::path(store->FileName()).parent_path() / kBackupFolder;
   const fs::path copy = BackupOf(backups, surroundings.Now.Day);
   if (options.Once && fs::exists(copy)) {
-    out << OneLine(copy.string()) << " is there already; nothing was made.\n";
+    streams.Tell(Phrase::Tr("%1 is there already; nothing was made.", OneLine(copy.string())));
     return ExitStatus::Found;
   }
   std::error_code failure;
@@ -70,37 +70,43 @@ ExitStatus MakeRolling(const Options& options, const Surroundings& surroundings,
   if (HasEntriesBefore(*store, oldest)) {
     PruneJournal(*OpenFileStore(store->FileName(), StoreAccess::ReadWrite), oldest);
   }
-  out << "Made and checked " << OneLine(copy.string()) << "; " << dropped
-      << " old copies removed.\n";
+  streams.Tell(
+      Phrase::Tr("Made and checked %1; %2 old copies removed.", OneLine(copy.string()), dropped));
   return ExitStatus::Fine;
 }
 
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
-  app.add_option("FILE", options->First, "the copy to make; not given with --rolling")
+  app.add_option("FILE", options->First,
+                 Meaning(Phrase::Tr("the copy to make; not given with --rolling")))
       ->type_name("");
   AddDataFolder(app, options->Second);
-  app.add_flag("--rolling", options->Rolling,
-               "today's copy, in the folder backups: seven days, four weeks, twelve months stay");
-  app.add_flag("--once", options->Once, "with --rolling: nothing when today's copy is there");
+  app.add_flag(
+      "--rolling", options->Rolling,
+      Meaning(Phrase::Tr("today's copy, in the folder backups: seven days, four weeks, twelve "
+                         "months stay")));
+  app.add_flag("--once", options->Once,
+               Meaning(Phrase::Tr("with --rolling: nothing when today's copy is there")));
   return [options, surroundings](Streams& streams) {
-    return options->Rolling ? MakeRolling(*options, surroundings, streams.Out)
-                            : MakeOne(*options, surroundings, streams.Out);
+    return options->Rolling ? MakeRolling(*options, surroundings, streams)
+                            : MakeOne(*options, surroundings, streams);
   };
 }
 
 }  // namespace
 
 Command BackupCommand(Surroundings surroundings) {
-  return {"backup", "Make a checked copy of the calendar, also while it is open",
-          "The copy is checked, and appears under its name only when it is whole. A file that is\n"
-          "there already is never written over; with --rolling, today's copy is made anew.\n"
-          "Once there is a folder backups the calendar makes the day's first copy by itself.\n"
-          "Examples: veyra-data backup /media/stick/Calendar.mdb\n"
-          "          veyra-data backup --rolling ~/our-calendar",
-          [surroundings = std::move(surroundings)](CLI::App& app) {
-            return Declare(app, surroundings);
-          }};
+  return {
+      "backup", Phrase::Tr("Make a checked copy of the calendar, also while it is open"),
+      Phrase::Tr(
+          "The copy is checked, and appears under its name only when it is whole. A file that is "
+          "there already is never written over; with --rolling, today's copy is made anew. "
+          "Once there is a folder backups the calendar makes the day's first copy by itself.") +
+          Examples({"veyra-data backup /media/stick/Calendar.mdb",
+                    "veyra-data backup --rolling ~/our-calendar"}),
+      [surroundings = std::move(surroundings)](CLI::App& app) {
+        return Declare(app, surroundings);
+      }};
 }
 
 }  // namespace veyra

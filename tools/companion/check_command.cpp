@@ -17,6 +17,7 @@
 #include "tools/companion/consent.h"
 #include "tools/companion/data_folder.h"
 #include "tools/companion/json_text.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
@@ -39,9 +40,10 @@ void Append(Findings& findings, Findings more) {
 Findings DamageOf(FileStore& store) {
   Findings findings;
   for (const std::string& problem : store.Verify()) {
-    findings.push_back({.Kind = "damaged",
-                        .What = "The file is damaged: " + problem,
-                        .Advice = "Restore a backup with \"veyra-data restore-backup\"."});
+    findings.push_back(
+        {.Kind = "damaged",
+         .What = Phrase::Tr("The file is damaged: %1", problem),
+         .Advice = Phrase::Tr("Restore a backup with \"veyra-data restore-backup\".")});
   }
   return findings;
 }
@@ -91,9 +93,9 @@ Findings CheckContents(FileStore& store, const Surroundings& surroundings) {
   return findings;
 }
 
-void PrintForPeople(const Findings& findings, std::ostream& out) {
+void PrintForPeople(const Findings& findings, const Streams& streams) {
   for (const Finding& finding : findings) {
-    out << finding.Kind << ": " << finding.What << ' ' << finding.Advice << '\n';
+    streams.Tell(finding.Kind + ": " + finding.What + " " + finding.Advice);
   }
 }
 
@@ -101,8 +103,8 @@ void PrintForPrograms(const Findings& findings, std::ostream& out) {
   Json list = Json::array();
   for (const Finding& finding : findings) {
     list.push_back({{"kind", finding.Kind},
-                    {"what", finding.What},
-                    {"advice", finding.Advice},
+                    {"what", finding.What.English()},
+                    {"advice", finding.Advice.English()},
                     {"mendable", !finding.Mending.empty()}});
   }
   PrintJson(list, out);
@@ -113,13 +115,13 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
   const auto count = std::count_if(findings.begin(), findings.end(),
                                    [](const Finding& each) { return !each.Mending.empty(); });
   if (count == 0) {
-    streams.Err << "There is nothing that --mend could do.\n";
+    streams.Report(Phrase::Tr("There is nothing that --mend could do."));
     return ExitStatus::Found;
   }
-  const std::string question = "Mend " + std::to_string(count) + " of these " +
-                               std::to_string(findings.size()) + ", and keep a copy?";
+  const Phrase question =
+      Phrase::Tr("Mend %1 of these %2, and keep a copy?", count, findings.size());
   if (!options.Yes && !IsConsented(question, streams)) {
-    streams.Err << "Nothing was changed.\n";
+    streams.Report(Phrase::Tr("Nothing was changed."));
     return ExitStatus::Found;
   }
   const fs::path kept = KeepCopy(store, today);
@@ -127,10 +129,11 @@ ExitStatus Mend(FileStore& store, const Findings& findings, const Options& optio
   store.ChangeAll(MendingOf(findings), {});
   for (const Finding& finding : findings) {
     if (!finding.Mending.empty()) {
-      streams.Err << finding.Mended << '\n';
+      streams.Report(finding.Mended);
     }
   }
-  streams.Err << "The calendar as it was is kept as " << OneLine(kept.filename().string()) << ".\n";
+  streams.Report(
+      Phrase::Tr("The calendar as it was is kept as %1.", OneLine(kept.filename().string())));
   return count == static_cast<std::ptrdiff_t>(findings.size()) ? ExitStatus::Fine
                                                                : ExitStatus::Found;
 }
@@ -158,11 +161,11 @@ ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, St
   if (options.Json) {
     PrintForPrograms(findings, streams.Out);
   } else {
-    PrintForPeople(findings, streams.Out);
+    PrintForPeople(findings, streams);
   }
   if (findings.empty()) {
     if (!options.Json) {
-      streams.Out << OneLine(store->FileName()) << ": nothing is wrong.\n";
+      streams.Tell(Phrase::Tr("%1: nothing is wrong.", OneLine(store->FileName())));
     }
     return ExitStatus::Fine;
   }
@@ -174,12 +177,13 @@ ExitStatus RunCheck(const Options& options, const Surroundings& surroundings, St
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
   app.add_option("FOLDER", options->Folder,
-                 "the data folder, or one database file of any contents; else the folder that\n"
-                 "path.txt beside the program names")
+                 Meaning(Phrase::Tr("the data folder, or one database file of any contents; else "
+                                    "the folder that path.txt beside the program names")))
       ->type_name("");
-  app.add_flag("--mend", options->Mend, "put right what can be put right without losing anything");
-  app.add_flag("--yes", options->Yes, "do not ask before mending");
-  app.add_flag("--json", options->Json, "print for programs");
+  app.add_flag("--mend", options->Mend,
+               Meaning(Phrase::Tr("put right what can be put right without losing anything")));
+  app.add_flag("--yes", options->Yes, Meaning(Phrase::Tr("do not ask before mending")));
+  app.add_flag("--json", options->Json, Meaning(Phrase::Tr("print for programs")));
   return [options, surroundings](Streams& streams) {
     return RunCheck(*options, surroundings, streams);
   };
@@ -188,14 +192,16 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
 }  // namespace
 
 Command CheckCommand(Surroundings surroundings) {
-  return {"check", "Print everything that is wrong with a calendar",
-          "A line for each thing, with what to do; status 1 when there is any. The file is gone\n"
-          "through page by page, and then what the bookings say. The calendar may be open.\n"
-          " --mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.\n"
-          "Example: veyra-data check ~/our-calendar --mend",
-          [surroundings = std::move(surroundings)](CLI::App& app) {
-            return Declare(app, surroundings);
-          }};
+  return {
+      "check", Phrase::Tr("Print everything that is wrong with a calendar"),
+      Phrase::Tr(
+          "A line for each thing, with what to do; status 1 when there is any. The file is gone "
+          "through page by page, and then what the bookings say. The calendar may be open. "
+          "--mend asks first, and keeps the calendar as it was as Calendar-before-DATE.mdb.") +
+          Examples({"veyra-data check ~/our-calendar --mend"}),
+      [surroundings = std::move(surroundings)](CLI::App& app) {
+        return Declare(app, surroundings);
+      }};
 }
 
 }  // namespace veyra

@@ -2,8 +2,13 @@
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "data/errors.h"
+#include "data/phrase.h"
+#include "tools/translation.h"
 
 namespace CLI {
 class App;
@@ -18,11 +23,25 @@ enum class ExitStatus {
   Failed = 2,  ///< It could not be done, or was not understood; nothing was changed.
 };
 
-/// What a command reads from and writes to.
+/// What a command reads from and writes to, and in which language it speaks to people. What other
+/// programs read is written to the streams themselves, and is the same in every language.
 struct Streams {
   std::istream& In;
   std::ostream& Out;  ///< What was asked for.
   std::ostream& Err;  ///< Reports, and the progress of long work.
+  Phrase::Translator Language = Untranslated;
+
+  /// The text as people read it.
+  std::string InWords(const Phrase& text) const { return text.TranslatedBy(Language); }
+
+  /// Writes a line of what was asked for.
+  void Tell(const Phrase& line) const;
+
+  /// Writes a report, where there is one, to what was asked for.
+  void TellNotice(const std::optional<veyra::Report>& notice) const;
+
+  /// Writes a line to the stream of reports.
+  void Report(const Phrase& line) const;
 };
 
 /// A subcommand of veyra-data, each in a file of its own.
@@ -30,9 +49,9 @@ struct Command {
   /// Does it. Throws Error or std::filesystem::filesystem_error when that fails.
   using Action = std::function<ExitStatus(Streams& streams)>;
 
-  std::string Name;     ///< "new"
-  std::string Summary;  ///< What it does, in one line.
-  std::string Details;  ///< What else there is to know, with an example, in whole lines.
+  std::string Name;  ///< "new"
+  Phrase Summary;    ///< What it does, in one line.
+  Phrase Details;    ///< What else there is to know, with an example, in whole lines.
 
   /// Declares the command's arguments, and returns what is to be done once they have been parsed.
   std::function<Action(CLI::App& app)> Declare;

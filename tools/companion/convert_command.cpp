@@ -11,6 +11,7 @@
 #include "data/file_name.h"
 #include "data/open_store.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 #include "tools/rewritten_file.h"
 #include "tools/unfinished_folder.h"
@@ -22,22 +23,31 @@ namespace {
 
 constexpr const char* kCalendarFile = "Calendar.mdb";
 
-const char* NameOf(FileKind kind) {
-  return kind == FileKind::Access ? "an Access file" : "a SQLite file";
+Phrase Converted(const std::string& file, FileKind kind, const CopyPlan& plan) {
+  return kind == FileKind::Access
+             ? Phrase::Tr("%1 is an Access file now: %2 tables, %3 rows, all compared.", file,
+                          plan.Tables.size(), plan.RowCount)
+             : Phrase::Tr("%1 is a SQLite file now: %2 tables, %3 rows, all compared.", file,
+                          plan.Tables.size(), plan.RowCount);
+}
+
+Phrase AlreadyOf(const std::string& file, FileKind kind) {
+  return kind == FileKind::Access
+             ? Phrase::Tr("%1 is an Access file already; nothing was changed.", file)
+             : Phrase::Tr("%1 is a SQLite file already; nothing was changed.", file);
 }
 
 void Convert(const fs::path& file, FileKind was, FileKind kind, Date today,
-             const CopyObserver& observer, std::ostream& out) {
+             const CopyObserver& observer, const Streams& streams) {
   const RewrittenFile made = RewriteFile(file, kind, today, observer);
-  out << OneLine(file.string()) << " is " << NameOf(kind) << " now: " << made.Plan.Tables.size()
-      << " tables, " << made.Plan.RowCount << " rows, all compared.\nThe old file is kept as "
-      << OneLine(made.Kept.filename().string()) << ".\n";
+  streams.Tell(Converted(OneLine(file.string()), kind, made.Plan));
+  streams.Tell(Phrase::Tr("The old file is kept as %1.", OneLine(made.Kept.filename().string())));
   if (was == FileKind::Postgres) {
-    out << "The calendar on the server stays as it is: desks that have a link still book there.\n";
+    streams.Tell(
+        Phrase::Tr("The calendar on the server stays as it is: desks that have a link "
+                   "still book there."));
   }
-  if (made.Notice) {
-    out << PlainLines(Error(*made.Notice).what()) << '\n';
-  }
+  streams.TellNotice(made.Notice);
 }
 
 struct Options {
@@ -46,44 +56,46 @@ struct Options {
 };
 
 ExitStatus RunConvert(const Options& options, Date today, const CopyObserver& observer,
-                      std::ostream& out) {
+                      const Streams& streams) {
   const fs::path named = fs::absolute(NativePath(options.Folder)) / kCalendarFile;
   const StoreDescription found = OpenStore(named.string(), StoreAccess::ReadOnly)->Describe();
   if (found.Kind == options.To && found.IsWritable) {
     // A conversion that was killed when it was done may have left its workshop.
     UnfinishedFolder::RemoveAbandoned(fs::canonical(named).parent_path());
-    out << OneLine(named.string()) << " is " << NameOf(options.To)
-        << " already; nothing was changed.\n";
+    streams.Tell(AlreadyOf(OneLine(named.string()), options.To));
     return ExitStatus::Found;
   }
-  Convert(fs::canonical(named), found.Kind, options.To, today, observer, out);
+  Convert(fs::canonical(named), found.Kind, options.To, today, observer, streams);
   return ExitStatus::Fine;
 }
 
 Command::Action Declare(CLI::App& app, Date today, const CopyObserver& observer) {
   const auto options = std::make_shared<Options>();
-  AddRequiredName(app, "FOLDER", options->Folder, "the data folder");
+  AddRequiredName(app, "FOLDER", options->Folder, Phrase::Tr("the data folder"));
   const std::map<std::string, FileKind> kinds = {{"sqlite", FileKind::Sqlite},
                                                  {"access", FileKind::Access}};
-  app.add_option("--to", options->To, "the kind of file to make: sqlite (the default) or access")
+  app.add_option("--to", options->To,
+                 Meaning(Phrase::Tr("the kind of file to make: sqlite (the default) or access")))
       ->type_name("KIND")
       ->transform(CLI::CheckedTransformer(kinds).description(""));
   return [options, today, observer](Streams& streams) {
-    return RunConvert(*options, today, observer, streams.Out);
+    return RunConvert(*options, today, observer, streams);
   };
 }
 
 }  // namespace
 
 Command ConvertCommand(Date today, CopyObserver observer) {
-  return {"convert", "Make Calendar.mdb a file of the other kind",
-          "All its tables, columns and rows are copied; queries, forms and reports are left out.\n"
-          "Every row is compared, and the old file stays beside the new one as\n"
-          "Calendar-before-DATE.mdb. Nobody may have the calendar open.\n"
-          "Example: veyra-data convert ~/our-calendar --to sqlite",
-          [today, observer = std::move(observer)](CLI::App& app) {
-            return Declare(app, today, observer);
-          }};
+  return {
+      "convert", Phrase::Tr("Make Calendar.mdb a file of the other kind"),
+      Phrase::Tr(
+          "All its tables, columns and rows are copied; queries, forms and reports are left out. "
+          "Every row is compared, and the old file stays beside the new one as "
+          "Calendar-before-DATE.mdb. Nobody may have the calendar open.") +
+          Examples({"veyra-data convert ~/our-calendar --to sqlite"}),
+      [today, observer = std::move(observer)](CLI::App& app) {
+        return Declare(app, today, observer);
+      }};
 }
 
 }  // namespace veyra

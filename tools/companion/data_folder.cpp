@@ -6,6 +6,7 @@
 #include "data/errors.h"
 #include "data/file_name.h"
 #include "data/text.h"
+#include "tools/companion/parser_words.h"
 
 namespace fs = std::filesystem;
 
@@ -15,16 +16,18 @@ namespace {
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::streamsize kLongestLine = 4096;
 
-FileError NoFolderNamed(const fs::path& path_file, const std::string& cause) {
-  return FileError({path_file.string(), cause,
-                    "Name the data folder on the command line, or write it into that file."});
+FileError NoFolderNamed(const fs::path& path_file, const Phrase& cause) {
+  return FileError(
+      {path_file.string(), cause,
+       Phrase::Tr("Name the data folder on the command line, or write it into that file.")});
 }
 
 /// A pipe of that name would be waited for in vain.
 void RequireTextFile(const fs::path& path_file) {
   std::error_code error;
   if (!fs::is_regular_file(path_file, error)) {
-    throw NoFolderNamed(path_file, "No data folder was named, and there is no such file.");
+    throw NoFolderNamed(path_file,
+                        Phrase::Tr("No data folder was named, and there is no such file."));
   }
 }
 
@@ -40,7 +43,7 @@ std::string FirstLine(const fs::path& path_file) {
   }
   line.erase(line.find_last_not_of(" \t") + 1);
   if (line.empty() || !IsUtf8(line) || line.find('\0') != std::string::npos) {
-    throw NoFolderNamed(path_file, "The first line of the file names no folder.");
+    throw NoFolderNamed(path_file, Phrase::Tr("The first line of the file names no folder."));
   }
   return line;
 }
@@ -49,7 +52,8 @@ std::string FirstLine(const fs::path& path_file) {
 
 void AddDataFolder(CLI::App& app, std::string& folder) {
   app.add_option("FOLDER", folder,
-                 "the data folder; else the one that path.txt beside the program names")
+                 Meaning(Phrase::Tr(
+                     "the data folder; else the one that path.txt beside the program names")))
       ->type_name("");
 }
 

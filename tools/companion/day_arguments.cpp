@@ -4,22 +4,24 @@
 
 #include "data/errors.h"
 #include "logic/date_parser.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 
 namespace veyra {
 
 void AddDayRange(CLI::App& app, DayArguments& days) {
-  app.add_option("--from", days.From, "the first day, such as 3/5/2026 or 2026-03-05")
+  app.add_option("--from", days.From,
+                 Meaning(Phrase::Tr("the first day, such as 3/5/2026 or 2026-03-05")))
       ->type_name("DATE");
-  app.add_option("--to", days.To, "the last day")->type_name("DATE");
+  app.add_option("--to", days.To, Meaning(Phrase::Tr("the last day")))->type_name("DATE");
 }
 
 Date TypedDate(const std::string& text, Date today) {
   const auto date = ParseDate(text, today);
   if (!date) {
     throw ValueError({{},
-                      "\"" + OneLine(text) + "\" is not a date.",
-                      "Write it as month/day/year, 3/5/2026, or as 2026-03-05."});
+                      Phrase::Tr("\"%1\" is not a date.", OneLine(text)),
+                      Phrase::Tr("Write it as month/day/year, 3/5/2026, or as 2026-03-05.")});
   }
   return *date;
 }
@@ -33,7 +35,9 @@ DayRange TypedRange(const DayArguments& days, Date today) {
     range.To = TypedDate(days.To, today);
   }
   if (range.From && range.To && *range.To < *range.From) {
-    throw ValueError({{}, "The range ends before it begins.", "Name the earlier day with --from."});
+    throw ValueError({{},
+                      Phrase::Tr("The range ends before it begins."),
+                      Phrase::Tr("Name the earlier day with --from.")});
   }
   return range;
 }

@@ -15,6 +15,7 @@
 #include "tools/companion/day_arguments.h"
 #include "tools/companion/file_format.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/companion/parser_words.h"
 #include "tools/companion/text_file.h"
 #include "tools/day_listing.h"
 #include "tools/exchange/csv_bookings.h"
@@ -97,9 +98,10 @@ ExitStatus RunExport(const Options& options, const Surroundings& surroundings,
   const std::size_t damaged = DropDamaged(bookings);
   Write(options, format == FileFormat::Csv ? CsvFile(bookings) : IcalFile(bookings, stamp, ical()),
         streams);
-  streams.Err << "Exported " << bookings.size() << " bookings.\n";
+  streams.Report(Phrase::Tr("Exported %1 bookings.", bookings.size()));
   if (damaged > 0) {
-    streams.Err << damaged << " damaged bookings were left out; \"veyra-data check\" names them.\n";
+    streams.Report(
+        Phrase::Tr("%1 damaged bookings were left out; \"veyra-data check\" names them.", damaged));
   }
   return damaged > 0 ? ExitStatus::Found : ExitStatus::Fine;
 }
@@ -107,12 +109,15 @@ ExitStatus RunExport(const Options& options, const Surroundings& surroundings,
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings, const DateTime& stamp,
                         const IcalSource& ical) {
   const auto options = std::make_shared<Options>();
-  AddRequiredName(app, "FILE", options->File, "the file to make; \"-\" for the ordinary output");
+  AddRequiredName(app, "FILE", options->File,
+                  Phrase::Tr("the file to make; \"-\" for the ordinary output"));
   AddDataFolder(app, options->Folder);
-  app.add_option("--facility", options->Facility, "only this facility")->type_name("NAME");
+  app.add_option("--facility", options->Facility, Meaning(Phrase::Tr("only this facility")))
+      ->type_name("NAME");
   AddDayRange(app, options->Days);
   AddFormat(app, options->Format);
-  app.add_flag("--replace", options->Replace, "write over FILE when it is there");
+  app.add_flag("--replace", options->Replace,
+               Meaning(Phrase::Tr("write over FILE when it is there")));
   return [options, surroundings, stamp, ical](Streams& streams) {
     return RunExport(*options, surroundings, stamp, ical, streams);
   };
@@ -121,14 +126,16 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings, const D
 }  // namespace
 
 Command ExportCommand(Surroundings surroundings, DateTime stamp, IcalSource ical) {
-  return {"export", "Write bookings to an iCalendar or CSV file",
-          "Times are local ones without a zone. The facility is the category of an event; the\n"
-          "events of one series are related to each other. Cells of a CSV file that a spreadsheet\n"
-          "would take for formulas get an apostrophe, which import takes away again.\n"
-          "Example: veyra-data export pool.ics --facility Pool --from 3/1/2026 --to 3/31/2026",
-          [surroundings = std::move(surroundings), stamp, ical = std::move(ical)](CLI::App& app) {
-            return Declare(app, surroundings, stamp, ical);
-          }};
+  return {
+      "export", Phrase::Tr("Write bookings to an iCalendar or CSV file"),
+      Phrase::Tr(
+          "Times are local ones without a zone. The facility is the category of an event; the "
+          "events of one series are related to each other. Cells of a CSV file that a spreadsheet "
+          "would take for formulas get an apostrophe, which import takes away again.") +
+          Examples({"veyra-data export pool.ics --facility Pool --from 3/1/2026 --to 3/31/2026"}),
+      [surroundings = std::move(surroundings), stamp, ical = std::move(ical)](CLI::App& app) {
+        return Declare(app, surroundings, stamp, ical);
+      }};
 }
 
 }  // namespace veyra

@@ -2,13 +2,15 @@
 
 #include <CLI/CLI.hpp>
 
+#include "tools/companion/parser_words.h"
+
 namespace veyra {
 
 void AddRequiredName(CLI::App& app, const std::string& name, std::string& value,
-                     const std::string& meaning) {
+                     const Phrase& meaning) {
   const CLI::Validator not_empty(
       [](const std::string& text) { return text.empty() ? "it is empty" : std::string(); }, "");
-  app.add_option(name, value, meaning)->type_name("")->required()->check(not_empty);
+  app.add_option(name, value, Meaning(meaning))->type_name("")->required()->check(not_empty);
 }
 
 }  // namespace veyra

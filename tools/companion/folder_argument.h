@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/phrase.h"
+
 namespace CLI {
 class App;
 }
@@ -11,6 +13,6 @@ namespace veyra {
 /// Declares the one argument that a command cannot do without: the name of a folder or file, which
 /// must not be empty. It is read into `value`, which must outlive the parsing.
 void AddRequiredName(CLI::App& app, const std::string& name, std::string& value,
-                     const std::string& meaning);
+                     const Phrase& meaning);
 
 }  // namespace veyra

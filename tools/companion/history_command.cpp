@@ -15,6 +15,7 @@
 #include "tools/companion/data_folder.h"
 #include "tools/companion/day_arguments.h"
 #include "tools/companion/json_text.h"
+#include "tools/companion/parser_words.h"
 #include "tools/history_lines.h"
 #include "tools/local_time.h"
 #include "tools/plain_text.h"
@@ -51,9 +52,10 @@ std::set<std::int64_t> Numbers(const JournalWords& words, const std::string& nam
     }
   }
   if (numbers.empty()) {
-    throw ValueError({{},
-                      "There is and was no facility \"" + OneLine(name) + "\".",
-                      "Run \"veyra-data history\" without --facility to see the names."});
+    throw ValueError(
+        {{},
+         Phrase::Tr("There is and was no facility \"%1\".", OneLine(name)),
+         Phrase::Tr("Run \"veyra-data history\" without --facility to see the names.")});
   }
   return numbers;
 }
@@ -141,20 +143,20 @@ Json AsJson(const Listed& listed) {
 }
 
 void Print(const std::vector<Listed>& all, const JournalWords& words, const Options& options,
-           std::ostream& out) {
+           const Streams& streams) {
   if (options.Json) {
     Json list = Json::array();
     for (const Listed& listed : all) {
       list.push_back(AsJson(listed));
     }
-    PrintJson(list, out);
+    PrintJson(list, streams.Out);
     return;
   }
   const std::size_t most = options.Full ? std::numeric_limits<std::size_t>::max() : kUsualRows;
   for (const Listed& listed : all) {
-    out << HeadLine(*listed.Action, listed.Changes.size()) << '\n';
-    for (const std::string& line : ChangeLines(listed.Changes, words, most)) {
-      out << "      " << line << '\n';
+    streams.Tell(HeadLine(*listed.Action, listed.Changes.size()));
+    for (const Phrase& line : ChangeLines(listed.Changes, words, most)) {
+      streams.Tell("      " + OneLine(streams.InWords(line)));
     }
   }
 }
@@ -163,7 +165,8 @@ ExitStatus RunHistory(const Options& options, const Surroundings& surroundings, 
   const auto store = OpenFileStore(CalendarFile(options.Folder, surroundings.AppFolder).string(),
                                    StoreAccess::ReadOnly);
   if (!store->KeepsJournal()) {
-    streams.Err << store->FileName() << ": No journal is kept. Begin one with \"journal on\".\n";
+    streams.Report(
+        Phrase::Tr("%1: No journal is kept. Begin one with \"journal on\".", store->FileName()));
   }
   const std::vector<JournalAction> actions = modRes::ReadJournal(*store);
   const JournalWords words(*store, actions);
@@ -177,35 +180,42 @@ ExitStatus RunHistory(const Options& options, const Surroundings& surroundings, 
       is_shown ? found.push_back({&action, std::move(changes)}) : void(++more);
     }
   }
-  Print(found, words, options, streams.Out);
+  Print(found, words, options, streams);
   if (more > 0) {
     streams.Out.flush();
-    streams.Err << more << " earlier ones are not shown; --last 0 shows all.\n";
+    streams.Report(Phrase::Tr("%1 earlier ones are not shown; --last 0 shows all.", more));
   }
   return found.empty() ? ExitStatus::Found : ExitStatus::Fine;
 }
 
 void AddChangedRange(CLI::App& app, DayArguments& days) {
-  app.add_option("--since", days.From, "only what was done on this day or later")
+  app.add_option("--since", days.From,
+                 Meaning(Phrase::Tr("only what was done on this day or later")))
       ->type_name("DATE");
-  app.add_option("--until", days.To, "only what was done on this day or earlier")
+  app.add_option("--until", days.To,
+                 Meaning(Phrase::Tr("only what was done on this day or earlier")))
       ->type_name("DATE");
 }
 
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
   AddDataFolder(app, options->Folder);
-  app.add_option("--facility", options->Facility, "only this facility, also one that is gone")
+  app.add_option("--facility", options->Facility,
+                 Meaning(Phrase::Tr("only this facility, also one that is gone")))
       ->type_name("NAME");
-  app.add_option("--on", options->On, "only bookings of this day")->type_name("DATE");
+  app.add_option("--on", options->On, Meaning(Phrase::Tr("only bookings of this day")))
+      ->type_name("DATE");
   AddDayRange(app, options->Days);
-  app.add_option("--guest", options->Guest, "only names with this in them, in any letter case")
+  app.add_option("--guest", options->Guest,
+                 Meaning(Phrase::Tr("only names with this in them, in any letter case")))
       ->type_name("TEXT");
   AddChangedRange(app, options->Changed);
-  app.add_option("--last", options->Last, "so many, the last ones; 20 unless it is given; 0: all")
+  app.add_option("--last", options->Last,
+                 Meaning(Phrase::Tr("so many, the last ones; 20 unless it is given; 0: all")))
       ->type_name("NUMBER");
-  app.add_flag("--full", options->Full, "every row of an action, not only the first ten");
-  app.add_flag("--json", options->Json, "print for programs");
+  app.add_flag("--full", options->Full,
+               Meaning(Phrase::Tr("every row of an action, not only the first ten")));
+  app.add_flag("--json", options->Json, Meaning(Phrase::Tr("print for programs")));
   return [options, surroundings](Streams& streams) {
     return RunHistory(*options, surroundings, streams);
   };
@@ -214,14 +224,16 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
 }  // namespace
 
 Command HistoryCommand(Surroundings surroundings) {
-  return {"history", "Print who did what to the calendar, the last first",
-          "A line for each action, with its number, and one for each row: \"+\" was added, \"-\"\n"
-          "deleted, \"~\" changed. What another program did is in it, too, in SQLite files.\n"
-          "Which facility was picked is not listed. Status 1 says that there is nothing to list.\n"
-          "Example: veyra-data history --facility Pool --guest smith",
-          [surroundings = std::move(surroundings)](CLI::App& app) {
-            return Declare(app, surroundings);
-          }};
+  return {
+      "history", Phrase::Tr("Print who did what to the calendar, the last first"),
+      Phrase::Tr(
+          "A line for each action, with its number, and one for each row: \"+\" was added, \"-\" "
+          "deleted, \"~\" changed. What another program did is in it, too, in SQLite files. "
+          "Which facility was picked is not listed. Status 1 says that there is nothing to list.") +
+          Examples({"veyra-data history --facility Pool --guest smith"}),
+      [surroundings = std::move(surroundings)](CLI::App& app) {
+        return Declare(app, surroundings);
+      }};
 }
 
 }  // namespace veyra

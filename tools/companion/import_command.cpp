@@ -15,6 +15,7 @@
 #include "tools/companion/file_format.h"
 #include "tools/companion/folder_argument.h"
 #include "tools/companion/json_text.h"
+#include "tools/companion/parser_words.h"
 #include "tools/companion/text_file.h"
 #include "tools/exchange/csv_bookings.h"
 #include "tools/exchange/import_plan.h"
@@ -72,7 +73,9 @@ Exchanged ReadBookings(const Options& options, Date today, Store& store, const I
   const std::string text = ReadTextFile(file);
   try {
     if (text.find('\0') != std::string::npos) {
-      throw ValueError({{}, "The file is not text.", "Nothing was changed. Name another file."});
+      throw ValueError({{},
+                        Phrase::Tr("The file is not text."),
+                        Phrase::Tr("Nothing was changed. Name another file.")});
     }
     return Parsed(text, format, days, today, store, ical);
   } catch (const ValueError& error) {
@@ -108,33 +111,43 @@ ImportPlan PlanAndWrite(FileStore& store, const Exchanged& exchanged, const Opti
   }
 }
 
-void PrintLines(const std::vector<std::string>& lines, const char* before, std::ostream& out) {
-  for (const std::string& line : lines) {
-    out << before << line << '\n';
+void PrintForPeople(const ImportPlan& plan, bool is_written, bool is_dry, const Streams& streams) {
+  for (const Phrase& note : plan.Notes) {
+    streams.Tell(Phrase::Tr("note: %1", note));
+  }
+  for (const Phrase& clash : plan.Clashes) {
+    streams.Tell(Phrase::Tr("clash: %1", clash));
+  }
+  for (const Phrase& added : is_dry ? plan.Added : std::vector<Phrase>()) {
+    streams.Tell(Phrase::Tr("would add: %1", added));
+  }
+  streams.Tell(Phrase::Tr("Added %1 bookings; %2 were there already, %3 clash.",
+                          is_written ? plan.Added.size() : 0, plan.AlreadyThere,
+                          plan.Clashes.size()));
+  if (!is_written && !plan.Added.empty()) {
+    streams.Tell(
+        plan.Clashes.empty()
+            ? Phrase::Tr("Nothing was written: %1 bookings could be added.", plan.Added.size())
+            : Phrase::Tr("Nothing was written: %1 bookings could be added with "
+                         "--skip-clashes.",
+                         plan.Added.size()));
   }
 }
 
-void PrintForPeople(const ImportPlan& plan, bool is_written, bool is_dry, std::ostream& out) {
-  PrintLines(plan.Notes, "note: ", out);
-  PrintLines(plan.Clashes, "clash: ", out);
-  if (is_dry) {
-    PrintLines(plan.Added, "would add: ", out);
+std::vector<std::string> InEnglish(const std::vector<Phrase>& lines) {
+  std::vector<std::string> english;
+  for (const Phrase& line : lines) {
+    english.push_back(line.English());
   }
-  const std::size_t added = is_written ? plan.Added.size() : 0;
-  out << "Added " << added << " bookings; " << plan.AlreadyThere << " were there already, "
-      << plan.Clashes.size() << " clash.\n";
-  if (!is_written && !plan.Added.empty()) {
-    out << "Nothing was written: " << plan.Added.size() << " bookings could be added"
-        << (plan.Clashes.empty() ? "" : " with --skip-clashes") << ".\n";
-  }
+  return english;
 }
 
 void PrintForPrograms(const ImportPlan& plan, bool is_written, std::ostream& out) {
   PrintJson({{"written", is_written},
-             {"add", plan.Added},
+             {"add", InEnglish(plan.Added)},
              {"alreadyThere", plan.AlreadyThere},
-             {"clashes", plan.Clashes},
-             {"notes", plan.Notes}},
+             {"clashes", InEnglish(plan.Clashes)},
+             {"notes", InEnglish(plan.Notes)}},
             out);
 }
 
@@ -148,7 +161,7 @@ ExitStatus RunImport(const Options& options, const Surroundings& surroundings,
   if (options.Json) {
     PrintForPrograms(plan, is_written, streams.Out);
   } else {
-    PrintForPeople(plan, is_written, options.DryRun, streams.Out);
+    PrintForPeople(plan, is_written, options.DryRun, streams);
   }
   const bool is_fine = plan.Clashes.empty() && (is_written || options.DryRun);
   return is_fine ? ExitStatus::Fine : ExitStatus::Found;
@@ -156,14 +169,16 @@ ExitStatus RunImport(const Options& options, const Surroundings& surroundings,
 
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings, const IcalSource& ical) {
   const auto options = std::make_shared<Options>();
-  AddRequiredName(app, "FILE", options->File, "the iCalendar or CSV file");
+  AddRequiredName(app, "FILE", options->File, Phrase::Tr("the iCalendar or CSV file"));
   AddDataFolder(app, options->Folder);
-  app.add_option("--facility", options->Facility, "book all for this facility")->type_name("NAME");
+  app.add_option("--facility", options->Facility, Meaning(Phrase::Tr("book all for this facility")))
+      ->type_name("NAME");
   AddDayRange(app, options->Days);
   AddFormat(app, options->Format);
-  app.add_flag("--skip-clashes", options->SkipClashes, "leave out what clashes, add the rest");
-  app.add_flag("--dry-run", options->DryRun, "only say what would be done");
-  app.add_flag("--json", options->Json, "print for programs");
+  app.add_flag("--skip-clashes", options->SkipClashes,
+               Meaning(Phrase::Tr("leave out what clashes, add the rest")));
+  app.add_flag("--dry-run", options->DryRun, Meaning(Phrase::Tr("only say what would be done")));
+  app.add_flag("--json", options->Json, Meaning(Phrase::Tr("print for programs")));
   return [options, surroundings, ical](Streams& streams) {
     return RunImport(*options, surroundings, ical, streams);
   };
@@ -173,13 +188,14 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings, const I
 
 Command ImportCommand(Surroundings surroundings, IcalSource ical) {
   return {
-      "import", "Add the bookings of an iCalendar or CSV file",
-      "All or nothing: when the time of a booking is taken, nothing is written and the clashes\n"
-      "are listed. The same file twice changes nothing. Facilities are found by name: in the\n"
-      "categories or the place of an event, in the column Facility of a CSV file, whose first\n"
-      "line names the columns Facility, Date, From, To, Name and Series. Times are rounded\n"
-      "outwards to half hours; repetitions are booked one by one inside --from and --to.\n"
-      "Example: veyra-data import courses.ics --facility Studio --to 12/31/2026 --dry-run",
+      "import", Phrase::Tr("Add the bookings of an iCalendar or CSV file"),
+      Phrase::Tr(
+          "All or nothing: when the time of a booking is taken, nothing is written and the clashes "
+          "are listed. The same file twice changes nothing. Facilities are found by name: in the "
+          "categories or the place of an event, in the column Facility of a CSV file, whose first "
+          "line names the columns Facility, Date, From, To, Name and Series. Times are rounded "
+          "outwards to half hours; repetitions are booked one by one inside --from and --to.") +
+          Examples({"veyra-data import courses.ics --facility Studio --to 12/31/2026 --dry-run"}),
       [surroundings = std::move(surroundings), ical = std::move(ical)](CLI::App& app) {
         return Declare(app, surroundings, ical);
       }};

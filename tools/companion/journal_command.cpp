@@ -11,6 +11,7 @@
 #include "logic/journal_actions.h"
 #include "tools/care/prune_journal.h"
 #include "tools/companion/data_folder.h"
+#include "tools/companion/parser_words.h"
 #include "tools/local_time.h"
 #include "tools/plain_text.h"
 
@@ -45,8 +46,8 @@ int DaysOf(const std::string& length) {
   const bool is_known = unit.empty() || unit == "d" || unit == "w" || unit == "y";
   if (error != std::errc{} || !is_known || number < 1 || number > kMostYears) {
     throw ValueError({{},
-                      "\"" + OneLine(length) + "\" is not a time to keep entries for.",
-                      "Write it as 2y, 8w or 90d."});
+                      Phrase::Tr("\"%1\" is not a time to keep entries for.", OneLine(length)),
+                      Phrase::Tr("Write it as 2y, 8w or 90d.")});
   }
   return number * DaysFor(unit.empty() ? 'd' : unit.front());
 }
@@ -56,42 +57,60 @@ std::unique_ptr<FileStore> Open(const Options& options, const Surroundings& surr
   return OpenFileStore(CalendarFile(options.Folder, surroundings.AppFolder).string(), access);
 }
 
-ExitStatus TellStatus(FileStore& store, std::ostream& out) {
+/// `since` is the first action's day and time, or empty.
+Phrase StatusOf(const std::string& file, bool is_kept, std::size_t actions,
+                const std::string& since) {
+  if (since.empty()) {
+    return is_kept ? Phrase::Tr("%1: The journal is kept; it holds %2 actions.", file, actions)
+                   : Phrase::Tr("%1: The journal is not kept; it holds %2 actions.", file, actions);
+  }
+  return is_kept ? Phrase::Tr("%1: The journal is kept; it holds %2 actions, the first of %3.",
+                              file, actions, since)
+                 : Phrase::Tr("%1: The journal is not kept; it holds %2 actions, the first of %3.",
+                              file, actions, since);
+}
+
+ExitStatus TellStatus(FileStore& store, const Streams& streams) {
   const std::vector<modRes::JournalAction> actions = modRes::ReadJournal(store);
   const bool is_kept = store.KeepsJournal();
-  out << store.FileName() << ": The journal is " << (is_kept ? "kept" : "not kept") << "; it holds "
-      << actions.size() << " actions";
   const auto since = actions.empty() ? std::nullopt : LocalTimeOf(actions.back().At);
-  out << (since ? ", the first of " + DateTimeText(*since) : std::string()) << ".\n";
+  streams.Tell(StatusOf(store.FileName(), is_kept, actions.size(),
+                        since ? DateTimeText(*since) : std::string()));
   return is_kept ? ExitStatus::Fine : ExitStatus::Found;
 }
 
-ExitStatus Switch(FileStore& store, bool on, std::ostream& out) {
+Phrase Switched(const std::string& file, bool on, bool was_on) {
+  if (on == was_on) {
+    return on ? Phrase::Tr("%1: The journal is kept already.", file)
+              : Phrase::Tr("%1: The journal is not kept already.", file);
+  }
+  return on ? Phrase::Tr("%1: The journal is kept from now on.", file)
+            : Phrase::Tr("%1: The journal is not kept any more; what it holds stays.", file);
+}
+
+ExitStatus Switch(FileStore& store, bool on, const Streams& streams) {
   const bool was_on = store.KeepsJournal();
   if (on != was_on) {
     store.KeepJournal(on);
   }
-  out << store.FileName() << ": The journal is " << (on ? "kept" : "not kept")
-      << (on == was_on ? " already"
-          : on         ? " from now on"
-                       : " any more; what it holds stays")
-      << ".\n";
+  streams.Tell(Switched(store.FileName(), on, was_on));
   return on == was_on ? ExitStatus::Found : ExitStatus::Fine;
 }
 
-ExitStatus RunJournal(const Options& options, const Surroundings& surroundings, std::ostream& out) {
+ExitStatus RunJournal(const Options& options, const Surroundings& surroundings,
+                      const Streams& streams) {
   const int days = options.Keep.empty() ? kJournalDays : DaysOf(options.Keep);
   const bool is_told = options.What == "status" && options.Keep.empty();
   const auto store =
       Open(options, surroundings, is_told ? StoreAccess::ReadOnly : StoreAccess::ReadWrite);
-  ExitStatus status = options.What == "status" ? TellStatus(*store, out)
-                                               : Switch(*store, options.What == "on", out);
+  ExitStatus status = options.What == "status" ? TellStatus(*store, streams)
+                                               : Switch(*store, options.What == "on", streams);
   if (is_told) {
     return status;
   }
   const std::size_t removed = PruneJournal(*store, AddDays(surroundings.Now.Day, -days));
   if (removed > 0) {
-    out << "Removed " << removed << " entries that are older than " << days << " days.\n";
+    streams.Tell(Phrase::Tr("Removed %1 entries that are older than %2 days.", removed, days));
     status = ExitStatus::Fine;
   }
   return status;
@@ -99,15 +118,16 @@ ExitStatus RunJournal(const Options& options, const Surroundings& surroundings, 
 
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
-  app.add_option("WHAT", options->What, "on, off or status")
+  app.add_option("WHAT", options->What, Meaning(Phrase::Tr("on, off or status")))
       ->type_name("")
       ->required()
       ->check(CLI::IsMember({"on", "off", "status"}).description(""));
   AddDataFolder(app, options->Folder);
-  app.add_option("--keep", options->Keep, "remove older entries: 2y (the default), 8w, 90d")
+  app.add_option("--keep", options->Keep,
+                 Meaning(Phrase::Tr("remove older entries: 2y (the default), 8w, 90d")))
       ->type_name("LENGTH");
   return [options, surroundings](Streams& streams) {
-    return RunJournal(*options, surroundings, streams.Out);
+    return RunJournal(*options, surroundings, streams);
   };
 }
 
@@ -115,12 +135,13 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
 
 Command JournalCommand(Surroundings surroundings) {
   return {
-      "journal", "Begin or end the journal that history and undo read",
-      "A calendar that \"new\" made keeps one. With off, what it holds stays. The calendar may\n"
-      "be open. Entries older than two years go, now and whenever \"undo\", \"restore\" or\n"
-      "\"backup --rolling\" are done.\n"
-      "Examples: veyra-data journal on ~/our-calendar\n"
-      "          veyra-data journal status --keep 90d",
+      "journal", Phrase::Tr("Begin or end the journal that history and undo read"),
+      Phrase::Tr(
+          "A calendar that \"new\" made keeps one. With off, what it holds stays. The calendar may "
+          "be open. Entries older than two years go, now and whenever \"undo\", \"restore\" or "
+          "\"backup --rolling\" are done.") +
+          Examples(
+              {"veyra-data journal on ~/our-calendar", "veyra-data journal status --keep 90d"}),
       [surroundings = std::move(surroundings)](CLI::App& app) {
         return Declare(app, surroundings);
       }};

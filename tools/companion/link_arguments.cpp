@@ -1,16 +1,17 @@
 #include "tools/companion/link_arguments.h"
 
 #include <CLI/CLI.hpp>
-#include <ostream>
 
 #include "data/shared_calendar.h"
+#include "tools/companion/parser_words.h"
 
 namespace veyra {
 
 void AddLinkArguments(CLI::App& app, LinkArguments& arguments) {
-  app.add_option("FOLDER", arguments.Folder, "the data folder")->type_name("");
-  app.add_option("URI", arguments.Link.Server,
-                 "the server, as PostgreSQL's programs name it: a URI or service=NAME")
+  app.add_option("FOLDER", arguments.Folder, Meaning(Phrase::Tr("the data folder")))->type_name("");
+  app.add_option(
+         "URI", arguments.Link.Server,
+         Meaning(Phrase::Tr("the server, as PostgreSQL's programs name it: a URI or service=NAME")))
       ->type_name("");
   AddSchema(app, arguments.Link);
 }
@@ -26,14 +27,15 @@ void RequireLinkArguments(const LinkArguments& arguments) {
 
 void AddSchema(CLI::App& app, CalendarLink& link) {
   app.add_option("--schema", link.Schema,
-                 "the schema of the database that holds the calendar (veyra unless given)")
+                 Meaning(Phrase::Tr(
+                     "the schema of the database that holds the calendar (veyra unless given)")))
       ->type_name("NAME");
 }
 
-void TellOfConnection(const CalendarLink& link, std::ostream& out) {
-  const std::string warning = LinkWarning({}, link);
-  if (!warning.empty()) {
-    out << warning << '\n';
+void TellOfConnection(const CalendarLink& link, const Streams& streams) {
+  const Phrase warning = LinkWarning({}, link);
+  if (!warning.IsEmpty()) {
+    streams.Tell(warning);
   }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <iosfwd>
 #include <string>
 
 #include "data/calendar_link.h"
+#include "tools/companion/command.h"
 
 namespace CLI {
 class App;
@@ -28,6 +28,6 @@ void RequireLinkArguments(const LinkArguments& arguments);
 void AddSchema(CLI::App& app, CalendarLink& link);
 
 /// Says what there is to be said of how the connection is protected. Throws as LinkWarning does.
-void TellOfConnection(const CalendarLink& link, std::ostream& out);
+void TellOfConnection(const CalendarLink& link, const Streams& streams);
 
 }  // namespace veyra

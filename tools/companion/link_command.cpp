@@ -7,6 +7,7 @@
 #include "data/file_name.h"
 #include "data/open_store.h"
 #include "tools/companion/link_arguments.h"
+#include "tools/companion/parser_words.h"
 #include "tools/new_database.h"
 #include "tools/plain_text.h"
 #include "tools/unfinished_folder.h"
@@ -29,11 +30,12 @@ void MakeLink(const fs::path& folder, const CalendarLink& link) {
   unfinished.MoveOut({kCalendarFile});
 }
 
-ExitStatus RunLink(const LinkArguments& place, std::ostream& out) {
+ExitStatus RunLink(const LinkArguments& place, const Streams& streams) {
   const fs::path folder = NativePath(place.Folder);
-  TellOfConnection(place.Link, out);
+  TellOfConnection(place.Link, streams);
   MakeLink(folder, place.Link);
-  out << OneLine((folder / kCalendarFile).string()) << " leads to the shared calendar now.\n";
+  streams.Tell(Phrase::Tr("%1 leads to the shared calendar now.",
+                          OneLine((folder / kCalendarFile).string())));
   return ExitStatus::Fine;
 }
 
@@ -41,17 +43,18 @@ Command::Action Declare(CLI::App& app) {
   const auto place = std::make_shared<LinkArguments>();
   AddLinkArguments(app, *place);
   app.parse_complete_callback([place] { RequireLinkArguments(*place); });
-  return [place](Streams& streams) { return RunLink(*place, streams.Out); };
+  return [place](Streams& streams) { return RunLink(*place, streams); };
 }
 
 }  // namespace
 
 Command LinkCommand() {
   return {
-      "link", "Make the link to a calendar that is shared already",
-      "For each further desk. The server is asked first; a Calendar.mdb that is there is never\n"
-      "written over.\n"
-      "Example: veyra-data link ~/our-calendar postgresql://desk@server.example/houses",
+      "link", Phrase::Tr("Make the link to a calendar that is shared already"),
+      Phrase::Tr(
+          "For each further desk. The server is asked first; a Calendar.mdb that is there is never "
+          "written over.") +
+          Examples({"veyra-data link ~/our-calendar postgresql://desk@server.example/houses"}),
       [](CLI::App& app) { return Declare(app); }};
 }
 

@@ -12,6 +12,7 @@
 #include "tools/companion/data_folder.h"
 #include "tools/companion/day_arguments.h"
 #include "tools/companion/json_text.h"
+#include "tools/companion/parser_words.h"
 #include "tools/day_listing.h"
 #include "tools/plain_text.h"
 
@@ -63,8 +64,8 @@ int LengthOf(const std::string& text) {
   const auto half_hours = HalfHoursOf(text);
   if (!half_hours) {
     throw ValueError({{},
-                      "\"" + OneLine(text) + "\" is not a length of time within a day.",
-                      "Write it as 2h, 90m or 1h30."});
+                      Phrase::Tr("\"%1\" is not a length of time within a day.", OneLine(text)),
+                      Phrase::Tr("Write it as 2h, 90m or 1h30.")});
   }
   return *half_hours;
 }
@@ -75,8 +76,9 @@ DayListing Listed(Store& store, const ListingRequest& request, const std::string
   }
   const int half_hours = LengthOf(free);
   if (!request.Days.From || !request.Days.To) {
-    throw ValueError(
-        {{}, "Free times need both ends of a range.", "Name them with --from and --to."});
+    throw ValueError({{},
+                      Phrase::Tr("Free times need both ends of a range."),
+                      Phrase::Tr("Name them with --from and --to.")});
   }
   return ListFreeTimes(store, request, half_hours);
 }
@@ -165,17 +167,23 @@ ExitStatus RunList(const Options& options, const Surroundings& surroundings, std
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
   const auto options = std::make_shared<Options>();
   AddDataFolder(app, options->Folder);
-  app.add_option("--on", options->On, "the day; today when it is not given")->type_name("DATE");
-  auto* week = app.add_flag("--week", options->Week, "the whole week of that day, from Sunday");
-  auto* month = app.add_flag("--month", options->Month, "the whole month of that day");
+  app.add_option("--on", options->On, Meaning(Phrase::Tr("the day; today when it is not given")))
+      ->type_name("DATE");
+  auto* week = app.add_flag("--week", options->Week,
+                            Meaning(Phrase::Tr("the whole week of that day, from Sunday")));
+  auto* month =
+      app.add_flag("--month", options->Month, Meaning(Phrase::Tr("the whole month of that day")));
   week->excludes(month);
   AddDayRange(app, options->Days);
-  app.add_option("--facility", options->Facility, "only this facility")->type_name("NAME");
-  app.add_option("--guest", options->Guest, "only names with this in them, in any letter case")
+  app.add_option("--facility", options->Facility, Meaning(Phrase::Tr("only this facility")))
+      ->type_name("NAME");
+  app.add_option("--guest", options->Guest,
+                 Meaning(Phrase::Tr("only names with this in them, in any letter case")))
       ->type_name("TEXT");
-  app.add_option("--free", options->Free, "the times that are free for so long: 2h, 90m, 1h30")
+  app.add_option("--free", options->Free,
+                 Meaning(Phrase::Tr("the times that are free for so long: 2h, 90m, 1h30")))
       ->type_name("LENGTH");
-  app.add_flag("--json", options->Json, "print for programs");
+  app.add_flag("--json", options->Json, Meaning(Phrase::Tr("print for programs")));
   return [options, surroundings](Streams& streams) {
     return RunList(*options, surroundings, streams.Out);
   };
@@ -184,13 +192,15 @@ Command::Action Declare(CLI::App& app, const Surroundings& surroundings) {
 }  // namespace
 
 Command ListCommand(Surroundings surroundings) {
-  return {"list", "Print the bookings of a day, a week or a month, or the free times",
-          "The lines are those of the month window. Status 1 says that there is nothing to list.\n"
-          "A name that is asked for without dates is looked for on all days.\n"
-          "Example: veyra-data list --facility Pool --month --on 3/1/2026",
-          [surroundings = std::move(surroundings)](CLI::App& app) {
-            return Declare(app, surroundings);
-          }};
+  return {
+      "list", Phrase::Tr("Print the bookings of a day, a week or a month, or the free times"),
+      Phrase::Tr(
+          "The lines are those of the month window. Status 1 says that there is nothing to list. "
+          "A name that is asked for without dates is looked for on all days.") +
+          Examples({"veyra-data list --facility Pool --month --on 3/1/2026"}),
+      [surroundings = std::move(surroundings)](CLI::App& app) {
+        return Declare(app, surroundings);
+      }};
 }
 
 }  // namespace veyra

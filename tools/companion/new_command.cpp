@@ -14,6 +14,7 @@
 #include "data/shared_calendar.h"
 #include "tools/companion/folder_argument.h"
 #include "tools/companion/link_arguments.h"
+#include "tools/companion/parser_words.h"
 #include "tools/new_database.h"
 #include "tools/plain_text.h"
 #include "tools/sample_data.h"
@@ -118,37 +119,40 @@ void MakeDataFolder(const fs::path& folder, const Options& options, const Sample
   unfinished.MoveOut({kGuestFile, kCalendarFile});
 }
 
-std::string Contents(const SampleData& sample) {
-  return ", with " + std::to_string(sample.Facilities.size()) + " facilities, " +
-         std::to_string(sample.Bookings.size()) + " bookings and " +
-         std::to_string(sample.Guests.size()) + " guests";
+Phrase Made(const std::string& folder, const Options& options, const SampleData& sample) {
+  return options.Sample
+             ? Phrase::Tr("Made %1 and %2 in %3, with %4 facilities, %5 bookings and %6 guests.",
+                          kCalendarFile, kGuestFile, folder, sample.Facilities.size(),
+                          sample.Bookings.size(), sample.Guests.size())
+             : Phrase::Tr("Made %1 and %2 in %3.", kCalendarFile, kGuestFile, folder);
 }
 
-void RunNew(const Options& options, Date today, std::ostream& out) {
+void RunNew(const Options& options, Date today, const Streams& streams) {
   const SampleData sample = options.Sample ? MakeSampleData(today) : SampleData{};
   const fs::path folder = NativePath(options.Folder);
   if (!options.Shared.Server.empty()) {
-    TellOfConnection(options.Shared, out);
+    TellOfConnection(options.Shared, streams);
   }
   MakeDataFolder(folder, options, sample);
-  out << "Made " << kCalendarFile << " and " << kGuestFile << " in " << OneLine(folder.string())
-      << (options.Sample ? Contents(sample) : "") << ".\n";
+  streams.Tell(Made(OneLine(folder.string()), options, sample));
 }
 
 Command::Action Declare(CLI::App& app, Date today) {
   const auto options = std::make_shared<Options>();
-  AddRequiredName(app, "FOLDER", options->Folder, "the data folder to be made");
-  app.add_flag("--access", options->Access, "make Access 2000 files; else they are SQLite files");
-  CLI::Option* const sample =
-      app.add_flag("--sample", options->Sample,
-                   "fill them: five facilities, forty guests, bookings over three months");
+  AddRequiredName(app, "FOLDER", options->Folder, Phrase::Tr("the data folder to be made"));
+  app.add_flag("--access", options->Access,
+               Meaning(Phrase::Tr("make Access 2000 files; else they are SQLite files")));
+  CLI::Option* const sample = app.add_flag(
+      "--sample", options->Sample,
+      Meaning(Phrase::Tr("fill them: five facilities, forty guests, bookings over three months")));
   app.add_option("--shared", options->Shared.Server,
-                 "make the calendar on a PostgreSQL server, and Calendar.mdb a link to it")
+                 Meaning(Phrase::Tr(
+                     "make the calendar on a PostgreSQL server, and Calendar.mdb a link to it")))
       ->type_name("URI")
       ->excludes(sample);
   AddSchema(app, options->Shared);
   return [options, today](Streams& streams) {
-    RunNew(*options, today, streams.Out);
+    RunNew(*options, today, streams);
     return ExitStatus::Fine;
   };
 }
@@ -156,9 +160,9 @@ Command::Action Declare(CLI::App& app, Date today) {
 }  // namespace
 
 Command NewCommand(Date today) {
-  return {"new", "Make a data folder with an empty Calendar.mdb and Veyra.mdb",
-          "Files that are there are never written over.\n"
-          "Example: veyra-data new ~/our-calendar",
+  return {"new", Phrase::Tr("Make a data folder with an empty Calendar.mdb and Veyra.mdb"),
+          Phrase::Tr("Files that are there are never written over.") +
+              Examples({"veyra-data new ~/our-calendar"}),
           [today](CLI::App& app) { return Declare(app, today); }};
 }
 

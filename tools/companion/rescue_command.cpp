@@ -10,6 +10,7 @@
 #include "tools/care/rescue.h"
 #include "tools/companion/folder_argument.h"
 #include "tools/companion/json_text.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 
 namespace fs = std::filesystem;
@@ -23,25 +24,29 @@ struct Options {
   bool Json = false;
 };
 
-std::string CountOf(const SalvagedTable& table) {
-  const std::string rows = std::to_string(table.Rows.size());
-  return table.Expected ? rows + " of " + std::to_string(*table.Expected) + " rows"
-                        : rows + (table.Rows.size() == 1 ? " row" : " rows");
-}
-
-std::string PlaceOf(const SalvageLoss& loss) {
-  const std::string table = loss.Table.empty() ? "The file" : loss.Table;
-  return loss.Page ? table + ", page " + std::to_string(*loss.Page) : table;
-}
-
-void PrintForPeople(const Rescued& rescued, const fs::path& damaged, std::ostream& out) {
-  out << "Made " << OneLine(rescued.File.string()) << " of " << OneLine(damaged.string()) << ":\n";
-  for (const SalvagedTable& table : rescued.Read.Tables) {
-    out << OneLine(table.Table.Name) << ": " << CountOf(table) << '\n';
+Phrase CountOf(const SalvagedTable& table) {
+  const std::size_t rows = table.Rows.size();
+  if (table.Expected) {
+    return Phrase::Tr("%1 of %2 rows", rows, *table.Expected);
   }
-  out << (rescued.Read.Losses.empty() ? "Everything could be read.\n" : "Not all could be read:\n");
+  return rows == 1 ? Phrase::Tr("1 row") : Phrase::Tr("%1 rows", rows);
+}
+
+Phrase PlaceOf(const SalvageLoss& loss) {
+  const Phrase table = loss.Table.empty() ? Phrase::Tr("The file") : Phrase(loss.Table);
+  return loss.Page ? Phrase::Tr("%1, page %2", table, *loss.Page) : table;
+}
+
+void PrintForPeople(const Rescued& rescued, const fs::path& damaged, const Streams& streams) {
+  streams.Tell(
+      Phrase::Tr("Made %1 of %2:", OneLine(rescued.File.string()), OneLine(damaged.string())));
+  for (const SalvagedTable& table : rescued.Read.Tables) {
+    streams.Tell(OneLine(table.Table.Name) + ": " + CountOf(table));
+  }
+  streams.Tell(rescued.Read.Losses.empty() ? Phrase::Tr("Everything could be read.")
+                                           : Phrase::Tr("Not all could be read:"));
   for (const SalvageLoss& loss : rescued.Read.Losses) {
-    out << OneLine(PlaceOf(loss)) << ": " << OneLine(loss.What) << '\n';
+    streams.Tell(OneLine(streams.InWords(PlaceOf(loss) + ": " + loss.What)));
   }
 }
 
@@ -54,7 +59,7 @@ Json JsonOf(const SalvagedTable& table) {
 Json JsonOf(const SalvageLoss& loss) {
   return {{"table", loss.Table},
           {"page", loss.Page ? Json(*loss.Page) : Json(nullptr)},
-          {"what", loss.What}};
+          {"what", loss.What.English()}};
 }
 
 void PrintForPrograms(const Rescued& rescued, const fs::path& damaged, std::ostream& out) {
@@ -73,36 +78,38 @@ void PrintForPrograms(const Rescued& rescued, const fs::path& damaged, std::ostr
             out);
 }
 
-ExitStatus RunRescue(const Options& options, const CopyObserver& observer, std::ostream& out) {
+ExitStatus RunRescue(const Options& options, const CopyObserver& observer, const Streams& streams) {
   const fs::path damaged = fs::absolute(NativePath(options.File));
   const Rescued rescued = RescueFile(damaged, fs::absolute(NativePath(options.Folder)), observer);
   if (options.Json) {
-    PrintForPrograms(rescued, damaged, out);
+    PrintForPrograms(rescued, damaged, streams.Out);
   } else {
-    PrintForPeople(rescued, damaged, out);
+    PrintForPeople(rescued, damaged, streams);
   }
   return rescued.Read.Losses.empty() ? ExitStatus::Fine : ExitStatus::Found;
 }
 
 Command::Action Declare(CLI::App& app, const CopyObserver& observer) {
   const auto options = std::make_shared<Options>();
-  AddRequiredName(app, "FILE", options->File, "the damaged database file, which is only read");
-  AddRequiredName(app, "NEW-FOLDER", options->Folder, "where the new database is to be made");
-  app.add_flag("--json", options->Json, "print for programs");
-  return
-      [options, observer](Streams& streams) { return RunRescue(*options, observer, streams.Out); };
+  AddRequiredName(app, "FILE", options->File,
+                  Phrase::Tr("the damaged database file, which is only read"));
+  AddRequiredName(app, "NEW-FOLDER", options->Folder,
+                  Phrase::Tr("where the new database is to be made"));
+  app.add_flag("--json", options->Json, Meaning(Phrase::Tr("print for programs")));
+  return [options, observer](Streams& streams) { return RunRescue(*options, observer, streams); };
 }
 
 }  // namespace
 
 Command RescueCommand(CopyObserver observer) {
   return {
-      "rescue", "Read what is left in a damaged file into a new one",
-      "Goes through the file page by page and puts every row that is whole into a new file of\n"
-      "the same kind, Calendar.mdb, or Veyra.mdb when it holds the guests. What could not be\n"
-      "read is listed by table and page; status 1 when there is any. Close the calendar first,\n"
-      "and leave what lies beside the file. Files that are there are never written over.\n"
-      "Example: veyra-data rescue ~/our-calendar/Calendar.mdb ~/rescued",
+      "rescue", Phrase::Tr("Read what is left in a damaged file into a new one"),
+      Phrase::Tr(
+          "Goes through the file page by page and puts every row that is whole into a new file of "
+          "the same kind, Calendar.mdb, or Veyra.mdb when it holds the guests. What could not be "
+          "read is listed by table and page; status 1 when there is any. Close the calendar first, "
+          "and leave what lies beside the file. Files that are there are never written over.") +
+          Examples({"veyra-data rescue ~/our-calendar/Calendar.mdb ~/rescued"}),
       [observer = std::move(observer)](CLI::App& app) { return Declare(app, observer); }};
 }
 

@@ -10,6 +10,7 @@
 #include "data/open_store.h"
 #include "data/text.h"
 #include "tools/companion/folder_argument.h"
+#include "tools/companion/parser_words.h"
 #include "tools/plain_text.h"
 
 namespace veyra {
@@ -98,7 +99,7 @@ void RunShow(const std::string& file, std::ostream& out) {
 
 Command::Action Declare(CLI::App& app) {
   const auto file = std::make_shared<std::string>();
-  AddRequiredName(app, "FILE", *file, "the database file; it may be in use");
+  AddRequiredName(app, "FILE", *file, Phrase::Tr("the database file; it may be in use"));
   return [file](Streams& streams) {
     RunShow(*file, streams.Out);
     return ExitStatus::Fine;
@@ -109,11 +110,12 @@ Command::Action Declare(CLI::App& app) {
 
 Command ShowCommand() {
   return {
-      "show", "Print what a database file is, and its tables",
-      "Its kind, version and code page; each table with its number of rows, its columns\n"
-      "(type, size, whether it is an auto number, name) and its indexes (columns, whether each\n"
-      "value stands once, name). Two blanks or more part them; \"-\" stands for nothing.\n"
-      "Example: veyra-data show ~/our-calendar/Calendar.mdb",
+      "show", Phrase::Tr("Print what a database file is, and its tables"),
+      Phrase::Tr(
+          "Its kind, version and code page; each table with its number of rows, its columns "
+          "(type, size, whether it is an auto number, name) and its indexes (columns, whether each "
+          "value stands once, name). Two blanks or more part them; \"-\" stands for nothing.") +
+          Examples({"veyra-data show ~/our-calendar/Calendar.mdb"}),
       Declare};
 }
 

@@ -13,20 +13,21 @@ namespace {
 
 FileError NotRead(const fs::path& file, const PosixFileError& failure) {
   if (failure.Number() == EFBIG) {
-    return FileError({file.string(), "The file is larger than 50 MB, as no calendar is.",
-                      "Check that it is the right file, or export a shorter range of days."});
+    return FileError(
+        {file.string(), Phrase::Tr("The file is larger than 50 MB, as no calendar is."),
+         Phrase::Tr("Check that it is the right file, or export a shorter range of days.")});
   }
-  return FileError({file.string(), std::string("It cannot be read: ") + failure.what() + ".",
-                    "Check the name, and that you may read the file."});
+  return FileError({file.string(), Phrase::Tr("It cannot be read: %1.", failure.Reason()),
+                    Phrase::Tr("Check the name, and that you may read the file.")});
 }
 
 FileError NotWritten(const fs::path& file, const PosixFileError& failure) {
   if (failure.Number() == EEXIST) {
-    return FileError({file.string(), "This file is there already; nothing was made.",
-                      "Choose another name, or say --replace to write over it."});
+    return FileError({file.string(), Phrase::Tr("This file is there already; nothing was made."),
+                      Phrase::Tr("Choose another name, or say --replace to write over it.")});
   }
-  return FileError({file.string(), std::string("It cannot be written: ") + failure.what() + ".",
-                    "Nothing was made. Check that the disk has room."});
+  return FileError({file.string(), Phrase::Tr("It cannot be written: %1.", failure.Reason()),
+                    Phrase::Tr("Nothing was made. Check that the disk has room.")});
 }
 
 }  // namespace

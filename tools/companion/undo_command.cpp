@@ -11,6 +11,7 @@
 #include "tools/care/prune_journal.h"
 #include "tools/companion/consent.h"
 #include "tools/companion/data_folder.h"
+#include "tools/companion/parser_words.h"
 #include "tools/history_lines.h"
 #include "tools/plain_text.h"
 
@@ -34,18 +35,24 @@ struct Options {
 JournalAction Wanted(Store& store, std::int64_t number) {
   const auto action = modRes::FindAction(store, number);
   if (!action) {
-    throw ValueError({store.FileName(), "The journal has no action " + std::to_string(number) + ".",
-                      "Nothing was changed. \"veyra-data history\" lists the numbers."});
+    throw ValueError(
+        {store.FileName(), Phrase::Tr("The journal has no action %1.", number),
+         Phrase::Tr("Nothing was changed. \"veyra-data history\" lists the numbers.")});
   }
   return *action;
 }
 
-ExitStatus Refuse(const UndoPlan& plan, std::ostream& err) {
+ExitStatus Refuse(const UndoPlan& plan, const Streams& streams) {
   for (const Phrase& obstacle : plan.Obstacles) {
-    err << OneLine(obstacle.English()) << '\n';
+    streams.Report(OneLine(streams.InWords(obstacle)));
   }
-  err << "Action " << plan.Number << " cannot be taken back; nothing was changed.\n";
+  streams.Report(Phrase::Tr("Action %1 cannot be taken back; nothing was changed.", plan.Number));
   return ExitStatus::Failed;
+}
+
+Phrase Done(std::int64_t number, std::size_t rows) {
+  return rows == 1 ? Phrase::Tr("Action %1 was taken back: 1 row.", number)
+                   : Phrase::Tr("Action %1 was taken back: %2 rows.", number, rows);
 }
 
 /// Asks once, and does it; who books meanwhile has it planned anew.
@@ -56,28 +63,27 @@ ExitStatus TakeBack(FileStore& store, const JournalAction& action, const Options
   for (int attempt = 1;; ++attempt) {
     const UndoPlan plan = modRes::PlanUndo(store, action, words);
     if (!plan.Obstacles.empty()) {
-      return Refuse(plan, streams.Err);
+      return Refuse(plan, streams);
     }
     if (plan.Changes.empty()) {
-      streams.Err << "Nothing is left of action " << action.Number << " to be taken back.\n";
+      streams.Report(Phrase::Tr("Nothing is left of action %1 to be taken back.", action.Number));
       return ExitStatus::Found;
     }
     if (attempt == 1) {
-      streams.Out << HeadLine(action, plan.TakenBack.size()) << '\n';
-      for (const std::string& line : ChangeLines(plan.TakenBack, words, kShownRows)) {
-        streams.Out << "      " << line << '\n';
+      streams.Tell(HeadLine(action, plan.TakenBack.size()));
+      for (const Phrase& line : ChangeLines(plan.TakenBack, words, kShownRows)) {
+        streams.Tell("      " + OneLine(streams.InWords(line)));
       }
       streams.Out.flush();
     }
-    is_agreed = is_agreed || IsConsented("Take this back?", streams);
+    is_agreed = is_agreed || IsConsented(Phrase::Tr("Take this back?"), streams);
     if (!is_agreed) {
-      streams.Err << "Nothing was changed.\n";
+      streams.Report(Phrase::Tr("Nothing was changed."));
       return ExitStatus::Found;
     }
     try {
       modRes::CarryOutUndo(store, plan);
-      streams.Out << "Action " << action.Number << " was taken back: " << plan.TakenBack.size()
-                  << (plan.TakenBack.size() == 1 ? " row.\n" : " rows.\n");
+      streams.Tell(Done(action.Number, plan.TakenBack.size()));
       return ExitStatus::Fine;
     } catch (const RowChangedError&) {
       if (attempt == kAttempts) {
@@ -93,8 +99,11 @@ ExitStatus Run(const Options& options, const Surroundings& surroundings, Streams
   const auto action =
       options.Number ? std::optional(Wanted(*store, *options.Number)) : modRes::LastAction(*store);
   if (!action) {
-    streams.Err << store->FileName() << ": The journal holds nothing that could be taken back.\n"
-                << (store->KeepsJournal() ? "" : "Begin one with \"journal on\".\n");
+    streams.Report(
+        Phrase::Tr("%1: The journal holds nothing that could be taken back.", store->FileName()));
+    if (!store->KeepsJournal()) {
+      streams.Report(Phrase::Tr("Begin one with \"journal on\"."));
+    }
     return ExitStatus::Found;
   }
   const ExitStatus status = TakeBack(*store, *action, options, streams);
@@ -107,12 +116,13 @@ ExitStatus Run(const Options& options, const Surroundings& surroundings, Streams
 Command::Action Declare(CLI::App& app, const Surroundings& surroundings, bool is_numbered) {
   const auto options = std::make_shared<Options>();
   if (is_numbered) {
-    app.add_option("NUMBER", options->Number, "the action's, as \"history\" prints it")
+    app.add_option("NUMBER", options->Number,
+                   Meaning(Phrase::Tr("the action's, as \"history\" prints it")))
         ->type_name("")
         ->required();
   }
   AddDataFolder(app, options->Folder);
-  app.add_flag("--yes", options->Yes, "do not ask");
+  app.add_flag("--yes", options->Yes, Meaning(Phrase::Tr("do not ask")));
   return [options, surroundings](Streams& streams) { return Run(*options, surroundings, streams); };
 }
 
@@ -126,19 +136,21 @@ std::function<Command::Action(CLI::App& app)> Declaring(Surroundings surrounding
 }  // namespace
 
 Command UndoCommand(Surroundings surroundings) {
-  return {"undo", "Take back what was done to the calendar last",
-          "Prints it, asks, and takes it back whole or not at all: a series, the deletion of a\n"
-          "facility with all its bookings, an import. That is an action itself, so a second undo\n"
-          "takes back the first. The calendar may be open. What has been booked since is never\n"
-          "overwritten: it is named, and nothing is changed.\n"
-          "Example: veyra-data undo ~/our-calendar",
-          Declaring(std::move(surroundings), false)};
+  return {
+      "undo", Phrase::Tr("Take back what was done to the calendar last"),
+      Phrase::Tr(
+          "Prints it, asks, and takes it back whole or not at all: a series, the deletion of a "
+          "facility with all its bookings, an import. That is an action itself, so a second undo "
+          "takes back the first. The calendar may be open. What has been booked since is never "
+          "overwritten: it is named, and nothing is changed.") +
+          Examples({"veyra-data undo ~/our-calendar"}),
+      Declaring(std::move(surroundings), false)};
 }
 
 Command RestoreCommand(Surroundings surroundings) {
-  return {"restore", "Take back an earlier action, by its number in the history",
-          "As undo does. What was deleted comes back where its time is still free.\n"
-          "Example: veyra-data restore 12",
+  return {"restore", Phrase::Tr("Take back an earlier action, by its number in the history"),
+          Phrase::Tr("As undo does. What was deleted comes back where its time is still free.") +
+              Examples({"veyra-data restore 12"}),
           Declaring(std::move(surroundings), true)};
 }
 

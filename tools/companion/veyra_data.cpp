@@ -1,5 +1,7 @@
 #include <unistd.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <iostream>
@@ -26,6 +28,7 @@
 #include "tools/companion/undo_command.h"
 #include "tools/exchange/load_ical.h"
 #include "tools/progress_lines.h"
+#include "tools/translation.h"
 
 namespace {
 
@@ -64,8 +67,8 @@ std::vector<veyra::Command> Commands(const veyra::Surroundings& here) {
           veyra::RescueCommand(here.Watch)};
 }
 
-veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserver& watch) {
-  veyra::Streams streams{std::cin, std::cout, std::cerr};
+veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserver& watch,
+                      veyra::Streams& streams) {
   const std::string app_folder = veyra::ApplicationFolder(ProgramFolder(), veyra::UserDataHome());
   return veyra::RunCommandLine(Commands({veyra::SystemClock().Now(), app_folder, watch}), arguments,
                                streams);
@@ -75,16 +78,20 @@ veyra::ExitStatus Run(const veyra::Arguments& arguments, const veyra::CopyObserv
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
-  veyra::ProgressLines progress(std::cerr);
+  veyra::Streams streams{std::cin, std::cout, std::cerr,
+                         veyra::TranslatorInto(veyra::WantedLanguages(std::getenv))};
+  veyra::ProgressLines progress(std::cerr, std::chrono::steady_clock::now, streams.Language);
   const bool is_watched = isatty(STDERR_FILENO) == 1;
   const auto show = [&](const veyra::CopyStep& step) {
     if (is_watched) {
       progress.Show(step);
     }
   };
-  const veyra::ExitStatus status = Run({argv + 1, argv + argc}, show);
+  const veyra::ExitStatus status = Run({argv + 1, argv + argc}, show, streams);
   if (!std::cout.flush()) {
-    std::cerr << "veyra-data: The output could not be written. Check that the disk has room.\n";
+    streams.Report(
+        "veyra-data: " +
+        veyra::Phrase::Tr("The output could not be written. Check that the disk has room."));
     return static_cast<int>(veyra::ExitStatus::Failed);
   }
   return static_cast<int>(status);

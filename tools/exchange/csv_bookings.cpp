@@ -13,8 +13,14 @@ namespace {
 
 constexpr std::int64_t kDay = std::int64_t{24} * 60;
 
-ValueError Unreadable(const std::string& place, const std::string& cause) {
-  return ValueError({{}, "In " + place + ": " + cause, "Nothing was changed. Correct the file."});
+ValueError Unreadable(const Phrase& place, const Phrase& cause) {
+  return ValueError({{},
+                     Phrase::Tr("In %1: %2", place, cause),
+                     Phrase::Tr("Nothing was changed. Correct the file.")});
+}
+
+Phrase LineOf(const CsvRecord& record) {
+  return Phrase::Tr("line %1", record.Line);
 }
 
 /// Where the columns stand.
@@ -30,9 +36,10 @@ struct Columns {
 std::size_t PlaceOf(const CsvRecord& head, const char* column) {
   const auto place = FindName(head.Cells, column);
   if (!place) {
-    throw Unreadable("line " + std::to_string(head.Line),
-                     "there is no column " + std::string(column) +
-                         ". The first line must name Date, From, To and Name.");
+    throw Unreadable(LineOf(head),
+                     Phrase::Tr("there is no column %1. The first line must name Date, From, To "
+                                "and Name.",
+                                column));
   }
   return *place;
 }
@@ -49,10 +56,7 @@ Columns ColumnsOf(const CsvRecord& head) {
 class RecordReader {
  public:
   RecordReader(const Columns& columns, const CsvRecord& record, Date today)
-      : columns_(columns),
-        record_(record),
-        today_(today),
-        place_("line " + std::to_string(record.Line)) {}
+      : columns_(columns), record_(record), today_(today), place_(LineOf(record)) {}
 
   void AddTo(Exchanged& exchanged) const {
     ExchangedBooking pattern{.Facility = Optional(columns_.Facility),
@@ -65,7 +69,7 @@ class RecordReader {
  private:
   const std::string& Cell(std::size_t column) const {
     if (column >= record_.Cells.size()) {
-      throw Unreadable(place_, "a cell is missing.");
+      throw Unreadable(place_, Phrase::Tr("a cell is missing."));
     }
     return record_.Cells[column];
   }
@@ -78,8 +82,8 @@ class RecordReader {
   int TimeIn(std::size_t column) const {
     const auto minutes = MinutesOf(Cell(column));
     if (!minutes) {
-      throw Unreadable(place_,
-                       "\"" + OneLine(Cell(column)) + "\" is not a time such as 9:30 or 9:30 AM.");
+      throw Unreadable(place_, Phrase::Tr("\"%1\" is not a time such as 9:30 or 9:30 AM.",
+                                          OneLine(Cell(column))));
     }
     return *minutes;
   }
@@ -88,17 +92,17 @@ class RecordReader {
   Span ReadSpan() const {
     const auto day = ParseDate(Cell(columns_.Date), today_);
     if (!day) {
-      throw Unreadable(place_, "\"" + OneLine(Cell(columns_.Date)) + "\" is not a date.");
+      throw Unreadable(place_, Phrase::Tr("\"%1\" is not a date.", OneLine(Cell(columns_.Date))));
     }
     Span span{*day, TimeIn(columns_.From), TimeIn(columns_.To)};
     if (span.From == kDay) {
-      throw Unreadable(place_, "it begins at the end of the day.");
+      throw Unreadable(place_, Phrase::Tr("it begins at the end of the day."));
     }
     if (span.To <= span.From) {
       span.To += kDay;
     }
     if (span.To > kDay && YearOf(AddDays(span.Day, 1)) > kLastYear) {
-      throw Unreadable(place_, "it ends after the last day that there is.");
+      throw Unreadable(place_, Phrase::Tr("it ends after the last day that there is."));
     }
     return span;
   }
@@ -106,7 +110,7 @@ class RecordReader {
   const Columns& columns_;
   const CsvRecord& record_;
   Date today_;
-  std::string place_;
+  Phrase place_;
 };
 
 }  // namespace
@@ -124,7 +128,9 @@ std::string CsvOf(const ExchangedBooking& booking) {
 Exchanged BookingsOfCsv(std::string_view text, Date today) {
   const std::vector<CsvRecord> records = ParseCsv(text);
   if (records.empty()) {
-    throw ValueError({{}, "The file is empty.", "Nothing was changed. Name another file."});
+    throw ValueError({{},
+                      Phrase::Tr("The file is empty."),
+                      Phrase::Tr("Nothing was changed. Name another file.")});
   }
   const Columns columns = ColumnsOf(records.front());
   Exchanged exchanged;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/date.h"
+#include "data/phrase.h"
 #include "logic/slots.h"
 
 namespace veyra {
@@ -17,13 +18,13 @@ struct ExchangedBooking {
   modRes::SlotRange Slots = {};  ///< 1 to 48, the first not after the last.
   std::string Series = {};  ///< What the bookings of one group have in common; empty for none. The
                             ///< fourteen digits of a group key stand for that key.
-  std::string Place = {};   ///< Where in the file it stands: "line 12".
+  Phrase Place = {};        ///< Where in the file it stands: "line 12".
 };
 
 /// What was read from a file.
 struct Exchanged {
   std::vector<ExchangedBooking> Bookings;
-  std::vector<std::string> Notes;  ///< What was changed on the way: sentences.
+  std::vector<Phrase> Notes;  ///< What was changed on the way: sentences.
 };
 
 }  // namespace veyra

@@ -22,8 +22,9 @@ struct Freeing {
   void operator()(icalcomponent* component) const { icalcomponent_free(component); }
 };
 
-ValueError NoIcal(const std::string& cause) {
-  return ValueError({{}, cause, "Nothing was changed. Export the file again, and try again."});
+ValueError NoIcal(const Phrase& cause) {
+  return ValueError(
+      {{}, cause, Phrase::Tr("Nothing was changed. Export the file again, and try again.")});
 }
 
 std::size_t CountOf(const std::string& text, const std::string& line) {
@@ -40,13 +41,13 @@ std::size_t CountOf(const std::string& text, const std::string& line) {
 /// The reader of the format closes by itself what a file leaves open.
 void RequireWhole(const std::string& text) {
   if (!IsUtf8(text)) {
-    throw NoIcal("The file is not text in UTF-8.");
+    throw NoIcal(Phrase::Tr("The file is not text in UTF-8."));
   }
   const std::string upper = UpperCase(text);
   for (const char* part : {"VCALENDAR", "VEVENT"}) {
     const auto begins = CountOf(upper, std::string("BEGIN:") + part);
     if (begins != CountOf(upper, std::string("END:") + part)) {
-      throw NoIcal("The file was cut short: a part of it has no end.");
+      throw NoIcal(Phrase::Tr("The file was cut short: a part of it has no end."));
     }
   }
 }
@@ -61,7 +62,7 @@ std::pair<Date, std::int64_t> LocalTime(const IcalMoment& moment) {
   }
   const auto day = MakeDate(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
   if (!day) {
-    throw NoIcal("A date of the file lies outside the years 100 to 9999.");
+    throw NoIcal(Phrase::Tr("A date of the file lies outside the years 100 to 9999."));
   }
   return {*day, local.tm_hour * 60 + local.tm_min};
 }
@@ -128,10 +129,11 @@ Events EventsOf(icalcomponent* calendar) {
 void AddEvent(const IcalEvent& event, const std::vector<std::time_t>& replaced,
               const DayRange& days, const std::vector<std::string>& facilities,
               Exchanged& exchanged) {
-  ExchangedBooking pattern{.Facility = FacilityOf(event, facilities),
-                           .Name = event.Summary(),
-                           .Series = SeriesOfEvent(event),
-                           .Place = "event " + OneLine(FirstCharacters(event.Uid(), 60))};
+  ExchangedBooking pattern{
+      .Facility = FacilityOf(event, facilities),
+      .Name = event.Summary(),
+      .Series = SeriesOfEvent(event),
+      .Place = Phrase::Tr("event %1", OneLine(FirstCharacters(event.Uid(), 60)))};
   const std::size_t before = exchanged.Bookings.size();
   for (const IcalOccurrence& occurrence : event.Occurrences(days, replaced)) {
     const Span span = SpanOf(occurrence);
@@ -140,7 +142,7 @@ void AddEvent(const IcalEvent& event, const std::vector<std::time_t>& replaced,
     }
     AddSpan(span, pattern, exchanged);
     if (exchanged.Bookings.size() > kMostBookings) {
-      throw NoIcal("The file has too many bookings.");
+      throw NoIcal(Phrase::Tr("The file has too many bookings."));
     }
   }
   const bool is_series = exchanged.Bookings.size() - before > 1 && pattern.Series.empty();
@@ -171,7 +173,7 @@ Exchanged BookingsOfIcal(const std::string& text, const DayRange& days,
   icalerror_set_errors_are_fatal(0);
   const std::unique_ptr<icalcomponent, Freeing> root(icalparser_parse_string(text.c_str()));
   if (!root) {
-    throw NoIcal("The file is not an iCalendar file, or it was cut short.");
+    throw NoIcal(Phrase::Tr("The file is not an iCalendar file, or it was cut short."));
   }
   Exchanged exchanged;
   if (icalcomponent_isa(root.get()) == ICAL_VCALENDAR_COMPONENT) {

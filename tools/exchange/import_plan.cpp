@@ -54,8 +54,9 @@ class FacilityFinder {
       list += (list.empty() ? "\"" : "\", \"") + name;
     }
     throw ValueError({{},
-                      "There is no facility " + list + "\".",
-                      "Add it in the calendar first, or say with --facility where all go."});
+                      Phrase::Tr("There is no facility %1.", list + "\""),
+                      Phrase::Tr("Add it in the calendar first, or say with --facility where all "
+                                 "go.")});
   }
 
   std::int64_t IdFor(const ExchangedBooking& booking) { return Find(NameFor(booking)).value(); }
@@ -146,8 +147,9 @@ class Planner {
       return other.Slots.First <= added.Slots.Last && added.Slots.First <= other.Slots.Last;
     });
     if (clash != day.end()) {
-      plan_.Clashes.push_back(words_.Of(added) + " (" + booking.Place + ") clashes with " +
-                              words_.TimeAndName(clash->Slots, clash->Name) + ".");
+      plan_.Clashes.push_back(Phrase::Tr("%1 (%2) clashes with %3.", words_.Of(added),
+                                         booking.Place,
+                                         words_.TimeAndName(clash->Slots, clash->Name)));
       return;
     }
     day.push_back({added.Slots, added.Event});
@@ -168,7 +170,7 @@ class Planner {
     }
     const std::string cut = FirstCharacters(name, modRes::kLongestNewName);
     if (cut != name) {
-      plan_.Notes.push_back(booking.Place + ": the name was cut to \"" + cut + "\".");
+      plan_.Notes.push_back(Phrase::Tr("%1: the name was cut to \"%2\".", booking.Place, cut));
     }
     return cut;
   }

@@ -12,11 +12,11 @@ namespace veyra {
 /// What an import would do.
 struct ImportPlan {
   std::vector<RowChange> Additions;
-  std::vector<std::string> Added;    ///< Each addition in words.
-  std::vector<std::string> Clashes;  ///< A sentence for each booking whose time is taken.
-  std::size_t AlreadyThere = 0;      ///< Bookings that the calendar has just so.
-  std::vector<std::string> Notes;    ///< What was changed on the way: sentences.
-  std::vector<QueryResult> Seen;     ///< What all of this rests on.
+  std::vector<Phrase> Added;      ///< Each addition in words.
+  std::vector<Phrase> Clashes;    ///< A sentence for each booking whose time is taken.
+  std::size_t AlreadyThere = 0;   ///< Bookings that the calendar has just so.
+  std::vector<Phrase> Notes;      ///< What was changed on the way: sentences.
+  std::vector<QueryResult> Seen;  ///< What all of this rests on.
 };
 
 /// Plans to add the bookings to the calendar, in their order. All go to `facility`, or when it is

@@ -18,8 +18,9 @@ const IcalCodec& LoadIcal(const std::string& app_folder) {
   void* const module = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const entry = module == nullptr ? nullptr : ::dlsym(module, kIcalEntry);
   if (entry == nullptr) {
-    throw FileError({file, "This part of the program cannot be loaded.",
-                     "Install the program again. CSV files can be exchanged without it."});
+    throw FileError(
+        {file, Phrase::Tr("This part of the program cannot be loaded."),
+         Phrase::Tr("Install the program again. CSV files can be exchanged without it.")});
   }
   return *reinterpret_cast<Entry>(entry)();
 }

@@ -17,12 +17,12 @@ void AddSpan(const Span& span, const ExchangedBooking& pattern, Exchanged& excha
   const std::int64_t first = span.From / kSlot;
   const std::int64_t end = (span.To + kSlot - 1) / kSlot;
   if (first * kSlot != span.From || end * kSlot != span.To) {
-    exchanged.Notes.push_back(pattern.Place + ": " + OneLine(pattern.Name) + " on " +
-                              DateText(span.Day) + " was rounded outwards to whole half hours.");
+    exchanged.Notes.push_back(Phrase::Tr("%1: %2 on %3 was rounded outwards to whole half hours.",
+                                         pattern.Place, OneLine(pattern.Name), DateText(span.Day)));
   }
   if (end * kSlot > kDay) {
-    exchanged.Notes.push_back(pattern.Place + ": " + OneLine(pattern.Name) + " on " +
-                              DateText(span.Day) + " runs over midnight and was split.");
+    exchanged.Notes.push_back(Phrase::Tr("%1: %2 on %3 runs over midnight and was split.",
+                                         pattern.Place, OneLine(pattern.Name), DateText(span.Day)));
   }
   constexpr std::int64_t kSlots = kDay / kSlot;
   for (std::int64_t slot = first; slot < end; slot = (slot / kSlots + 1) * kSlots) {

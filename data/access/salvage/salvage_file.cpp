@@ -25,8 +25,9 @@ constexpr std::uint32_t kLongTexts = 0x4C41564C;  // "LVAL", where a page has no
 /// Of rows that are read by a definition that is not the file's own, the part that must be right.
 constexpr std::size_t kMostWrong = 10;
 
-std::string Counted(int count, const char* one, const char* more) {
-  return std::to_string(count) + (count == 1 ? one : more);
+Phrase RowsNotRead(int count) {
+  return count == 1 ? Phrase::Tr("1 row cannot be read.")
+                    : Phrase::Tr("%1 rows cannot be read.", count);
 }
 
 class FileSalvager {
@@ -54,20 +55,20 @@ class FileSalvager {
   }
 
  private:
-  void Lose(const std::string& table, std::optional<std::int64_t> page, const std::string& what) {
+  void Lose(const std::string& table, std::optional<std::int64_t> page, const Phrase& what) {
     salvage_.Losses.push_back({table, page, what});
   }
 
   void NoteHeader() {
     salvage_.Kind = FileKind::Access;
     if (!pages_.HasHeader()) {
-      Lose({}, 0, "The header of the file is damaged; no row is lost by that.");
+      Lose({}, 0, Phrase::Tr("The header of the file is damaged; no row is lost by that."));
     }
     if (pages_.EndsWithinPage()) {
-      Lose({}, pages_.PageCount(), "The file ends within this page.");
+      Lose({}, pages_.PageCount(), Phrase::Tr("The file ends within this page."));
     }
     if (!survey_.HasFreeMap()) {
-      Lose({}, 1, "The map of free pages is damaged; no row is lost by that.");
+      Lose({}, 1, Phrase::Tr("The map of free pages is damaged; no row is lost by that."));
     }
   }
 
@@ -75,7 +76,7 @@ class FileSalvager {
   bool ReadNames() {
     const auto layout = LayoutOf(kCatalogueName, kCataloguePage);
     if (!layout) {
-      Lose(kCatalogueName, kCataloguePage, "The list of the file's tables is damaged.");
+      Lose(kCatalogueName, kCataloguePage, Phrase::Tr("The list of the file's tables is damaged."));
       return false;
     }
     const std::size_t losses = salvage_.Losses.size();
@@ -155,13 +156,16 @@ class FileSalvager {
     }
     if (!OwnLayout(definition)) {
       Lose(name, definition,
-           layout ? "The definition of the table is damaged; its rows were read as this program "
-                    "makes them."
-                  : "The definition of the table is damaged; none of its rows can be read.");
+           layout
+               ? Phrase::Tr(
+                     "The definition of the table is damaged; its rows were read as this program "
+                     "makes them.")
+               : Phrase::Tr(
+                     "The definition of the table is damaged; none of its rows can be read."));
       reported_.insert(definition);
     }
     for (const PageNumber page : layout ? std::vector<PageNumber>() : survey_.PagesOf(definition)) {
-      Lose(name, page, "The page holds rows, but the table's definition is damaged.");
+      Lose(name, page, Phrase::Tr("The page holds rows, but the table's definition is damaged."));
     }
   }
 
@@ -174,7 +178,8 @@ class FileSalvager {
       const auto own = survey_.IsDefinition(owner) ? OwnLayout(owner) : std::nullopt;
       if (own && !own->IsSystem && !survey_.IsFree(owner)) {
         const std::string name = NameFor(*own, owner);
-        Lose(name, owner, "The name of the table is lost; it was named by its columns.");
+        Lose(name, owner,
+             Phrase::Tr("The name of the table is lost; it was named by its columns."));
         AddTable(owner, name);
       } else if (!own) {
         AddNamelessRows(owner);
@@ -233,8 +238,7 @@ class FileSalvager {
     const auto found = static_cast<std::int64_t>(table.Rows.size());
     if (found > *table.Expected || (found < *table.Expected && nothing_lost)) {
       Lose(table.Table.Name, definition,
-           "The table should have " + std::to_string(*table.Expected) + " rows; " +
-               std::to_string(found) + " were found.");
+           Phrase::Tr("The table should have %1 rows; %2 were found.", *table.Expected, found));
     }
   }
 
@@ -245,16 +249,17 @@ class FileSalvager {
         table.Rows.push_back(std::move(row));
       }
       if (yield.LostRows > 0) {
-        Lose(name, page, Counted(yield.LostRows, " row", " rows") + " cannot be read.");
+        Lose(name, page, RowsNotRead(yield.LostRows));
       }
       for (const std::string& column : yield.LostTexts) {
-        Lose(name, page, "A text of the column " + column + " cannot be read; it is left empty.");
+        Lose(name, page,
+             Phrase::Tr("A text of the column %1 cannot be read; it is left empty.", column));
       }
     } catch (const DamagedFile&) {
       reported_.insert(page);
       Lose(name, page,
-           page < pages_.PageCount() ? "The page is damaged; its rows are lost."
-                                     : "The page is missing: the file ends before it.");
+           page < pages_.PageCount() ? Phrase::Tr("The page is damaged; its rows are lost.")
+                                     : Phrase::Tr("The page is missing: the file ends before it."));
     }
   }
 
@@ -271,8 +276,10 @@ class FileSalvager {
         }
       }
     } catch (const DamagedFile&) {
-      Lose(name, layout.Owned.Page,
-           "The list of the table's pages is damaged; they were looked for in the whole file.");
+      Lose(
+          name, layout.Owned.Page,
+          Phrase::Tr(
+              "The list of the table's pages is damaged; they were looked for in the whole file."));
       reported_.insert(layout.Owned.Page);
     }
     for (const PageNumber page : survey_.PagesOf(layout.Page)) {
@@ -332,7 +339,7 @@ class FileSalvager {
 
   void NoteBrokenPages(PageNumber definition, const std::string& name, std::set<PageNumber>& open) {
     if (open.erase(definition) > 0) {
-      Lose(name, definition, "The page with the definition of the table is damaged.");
+      Lose(name, definition, Phrase::Tr("The page with the definition of the table is damaged."));
     }
     const auto layout = OwnLayout(definition);
     if (!layout) {
@@ -340,18 +347,19 @@ class FileSalvager {
     }
     for (const PageNumber page : IndexPages(*layout)) {
       if (open.erase(page) > 0) {
-        Lose(name, page, "The page is damaged; it belongs to an index, so no row is lost by that.");
+        Lose(name, page,
+             Phrase::Tr("The page is damaged; it belongs to an index, so no row is lost by that."));
       }
     }
     for (const PageNumber page : PagesOfMap(layout->Owned)) {
       if (open.erase(page) > 0) {
-        Lose(name, page, "The page is damaged; its rows are lost.");
+        Lose(name, page, Phrase::Tr("The page is damaged; its rows are lost."));
       }
     }
     for (const LongColumnMaps& column : layout->LongColumns) {
       for (const PageNumber page : PagesOfMap(column.Owned)) {
         if (open.erase(page) > 0) {
-          Lose(name, page, "The page is damaged; the long texts on it are lost.");
+          Lose(name, page, Phrase::Tr("The page is damaged; the long texts on it are lost."));
         }
       }
     }

@@ -31,8 +31,9 @@ struct OpenTable {
   bool IsInSchema = true;  ///< The file's list of tables has it.
 };
 
-std::string Counted(std::size_t count, const char* one, const char* more) {
-  return std::to_string(count) + (count == 1 ? one : more);
+Phrase RowsNotRead(std::size_t count) {
+  return count == 1 ? Phrase::Tr("1 row cannot be read.")
+                    : Phrase::Tr("%1 rows cannot be read.", count);
 }
 
 bool IsWithin(std::int64_t number, const TreePart& part) {
@@ -62,8 +63,9 @@ class FileSalvager {
     }
     for (const SchemaItem& item : schema_) {
       if (item.Type == "index") {
-        WalkOther(item, false,
-                  "The page is damaged; it belongs to an index, so no row is lost by that.");
+        WalkOther(
+            item, false,
+            Phrase::Tr("The page is damaged; it belongs to an index, so no row is lost by that."));
       }
     }
     ReadStrayLeaves(is_whole);
@@ -72,21 +74,21 @@ class FileSalvager {
   }
 
  private:
-  void Lose(const std::string& table, std::optional<std::int64_t> page, const std::string& what) {
+  void Lose(const std::string& table, std::optional<std::int64_t> page, const Phrase& what) {
     salvage_.Losses.push_back({table, page, what});
   }
 
   void NoteFile() {
     salvage_.Kind = FileKind::Sqlite;
     if (!pages_.HasHeader()) {
-      Lose({}, 1, "The header of the file is damaged; no row is lost by that.");
+      Lose({}, 1, Phrase::Tr("The header of the file is damaged; no row is lost by that."));
     }
     if (pages_.EndsWithinPage()) {
-      Lose({}, pages_.PageCount() + 1, "The file ends within this page.");
+      Lose({}, pages_.PageCount() + 1, Phrase::Tr("The file ends within this page."));
     }
     if (pages_.HasOtherLog()) {
       Lose({}, std::nullopt,
-           "A log lies beside the file that is older than the file; it was not read.");
+           Phrase::Tr("A log lies beside the file that is older than the file; it was not read."));
     }
   }
 
@@ -106,7 +108,8 @@ class FileSalvager {
     // Without its page the file may have had any tables; an empty list is one of no tables.
     if (!is_whole) {
       Lose({}, kSchemaPage,
-           "The list of tables is damaged; those missing in it were known again by their rows.");
+           Phrase::Tr("The list of tables is damaged; those missing in it were known again by "
+                      "their rows."));
     }
     return is_whole;
   }
@@ -132,17 +135,20 @@ class FileSalvager {
 
   void AddTable(const SchemaItem& item) {
     if (item.Name.starts_with("sqlite_")) {
-      WalkOther(item, true, "The page is damaged; no row is lost by that.");
+      WalkOther(item, true, Phrase::Tr("The page is damaged; no row is lost by that."));
       return;
     }
     auto shape = ShapeOf(item.Name, item.Sql);
     if (!shape) {
       const TableDefinition* const model = Model(item.Name);
-      Lose(item.Name, kSchemaPage,
-           model != nullptr
-               ? "The definition of the table is damaged; its rows were read as this program makes "
-                 "them."
-               : "The definition of the table is damaged, or of a kind that is not read here.");
+      Lose(
+          item.Name, kSchemaPage,
+          model != nullptr
+              ? Phrase::Tr("The definition of the table is damaged; its rows were read as this "
+                           "program makes "
+                           "them.")
+              : Phrase::Tr(
+                    "The definition of the table is damaged, or of a kind that is not read here."));
       if (model == nullptr) {
         return;
       }
@@ -167,8 +173,9 @@ class FileSalvager {
     for (const TreePart& part : tree.Lost) {
       reported_.insert(part.Page);
       Lose(table.Shape.Table.Name, part.Page,
-           part.Page <= pages_.PageCount() ? "The page is damaged; what was on it is lost."
-                                           : "The page is missing: the file ends before it.");
+           part.Page <= pages_.PageCount()
+               ? Phrase::Tr("The page is damaged; what was on it is lost.")
+               : Phrase::Tr("The page is missing: the file ends before it."));
     }
     table.Lost = std::move(tree.Lost);
   }
@@ -193,12 +200,12 @@ class FileSalvager {
       }
     }
     if (lost > 0) {
-      Lose(table.Shape.Table.Name, page, Counted(lost, " row", " rows") + " cannot be read.");
+      Lose(table.Shape.Table.Name, page, RowsNotRead(lost));
     }
   }
 
   /// Goes through what holds no rows of a user's table.
-  void WalkOther(const SchemaItem& item, bool is_table, const char* what) {
+  void WalkOther(const SchemaItem& item, bool is_table, const Phrase& what) {
     if (item.Root == 0) {
       return;
     }
@@ -254,8 +261,10 @@ class FileSalvager {
       return;
     }
     Lose({}, page,
-         "The page holds " + Counted(yield.Rows.size(), " row", " rows") +
-             ", but of which table cannot be told.");
+         yield.Rows.size() == 1
+             ? Phrase::Tr("The page holds 1 row, but of which table cannot be told.")
+             : Phrase::Tr("The page holds %1 rows, but of which table cannot be told.",
+                          yield.Rows.size()));
   }
 
   /// The one table that all rows of a leaf can belong to: of those that lack rows of their numbers,
@@ -312,7 +321,7 @@ class FileSalvager {
       // Reported below.
     }
     if (reported_.insert(page).second) {
-      Lose({}, page, "The page is damaged; what it held cannot be told.");
+      Lose({}, page, Phrase::Tr("The page is damaged; what it held cannot be told."));
     }
   }
 
@@ -329,7 +338,8 @@ class FileSalvager {
       std::optional<std::int64_t> last;
       for (LeafRow& row : table.Rows) {
         if (last == row.Number) {
-          Lose(made.Table.Name, row.Page, "A row has the number of another, and was left out.");
+          Lose(made.Table.Name, row.Page,
+               Phrase::Tr("A row has the number of another, and was left out."));
           continue;
         }
         last = row.Number;

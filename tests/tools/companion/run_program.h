@@ -37,14 +37,25 @@ inline Ended RunShell(const std::string& script, const std::string& input = {}) 
           streams.Read("err")};
 }
 
-/// The built veyra-data with these arguments, as the shell understands it.
+/// The built veyra-data with these arguments, as the shell understands it, in English.
 inline std::string ProgramLine(const Arguments& arguments,
                                const std::string& program = VEYRA_DATA_PROGRAM) {
-  std::string line = ShellQuoted(program);
+  std::string line = "LC_ALL=C " + ShellQuoted(program);
   for (const std::string& argument : arguments) {
     line += " " + ShellQuoted(argument);
   }
   return line;
+}
+
+/// The same in the language that these variables ask for: "LANG=de_DE.UTF-8".
+inline Ended RunProgramIn(const std::string& variables, const Arguments& arguments,
+                          const std::string& input = {}) {
+  std::string line = "unset LANGUAGE LC_ALL LC_MESSAGES LANG; " + variables;
+  line += " " + ShellQuoted(VEYRA_DATA_PROGRAM);
+  for (const std::string& argument : arguments) {
+    line += " " + ShellQuoted(argument);
+  }
+  return RunShell(line, input);
 }
 
 /// Runs the built veyra-data as a process of its own.

@@ -312,7 +312,7 @@ TEST_F(ShareCommandTest, ANewCalendarCanBeginOnTheServer) {
 TEST_F(ShareCommandTest, AConnectionThatIsNotProvedIsTold) {
   const CalendarLink remote{.Server = "postgresql://desk@server.example/a?sslmode=require",
                             .Schema = "a"};
-  EXPECT_NE(std::string::npos, LinkWarning("x", remote).find("sslmode=require"));
+  EXPECT_NE(std::string::npos, LinkWarning("x", remote).English().find("sslmode=require"));
   EXPECT_EQ("", LinkWarning("x", {.Server = "postgresql://desk@server.example/a", .Schema = "a"}));
   EXPECT_EQ("", LinkWarning("x", {.Server = "host=localhost sslmode=disable", .Schema = "a"}));
 }

@@ -1,0 +1,159 @@
+#include "tests/tools/companion/kept_calendar.h"
+
+namespace veyra {
+namespace {
+
+constexpr const char* kGerman = "LANG=de_DE.UTF-8";
+
+/// What the built companion says where the environment asks for German.
+class GermanCompanionTest : public KeptCalendarTest {
+ protected:
+  static Ended InGerman(const Arguments& arguments, const std::string& input = {}) {
+    return RunProgramIn(kGerman, arguments, input);
+  }
+
+  static bool Says(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+  }
+
+  void BookTurned() const { Book(pool_, "2026-03-02", 12, 10, "Turned"); }
+
+  Ended Mend(const std::string& variables, const std::string& answer) const {
+    return RunProgramIn(variables, {"check", "--mend", Folder()}, answer + "\n");
+  }
+
+  /// The same for programs, whatever the language.
+  static void ExpectSame(const Arguments& arguments) {
+    const Ended english = RunProgram(arguments);
+    const Ended german = InGerman(arguments);
+    EXPECT_EQ(english.Out, german.Out) << arguments.front();
+    EXPECT_EQ(english.Status, german.Status) << arguments.front();
+    EXPECT_NE("", english.Out) << arguments.front();
+  }
+};
+
+VEYRA_FOR_ALL_KINDS(GermanCompanionTest);
+
+TEST_P(GermanCompanionTest, CheckSaysWhatIsWrong) {
+  Book(pool_, "2026-03-02", 1, 20, "Long");
+  Book(pool_, "2026-03-02", 3, 4, "Inside");
+  Book(77, "2026-03-02", 1, 2, "Gone");
+  const Ended ended = InGerman({"check", Folder()});
+  EXPECT_EQ(1, ended.Status);
+  EXPECT_EQ(
+      "no-facility: Von einer Anlage, die es nicht gibt: keine Anlage (77), 3/2/2026, "
+      "12:00A- 1:00A Gone. Kein Fenster zeigt sie. Exportieren Sie sie, und importieren Sie sie "
+      "dann mit --facility, oder spielen Sie eine Sicherungskopie zurück.\n"
+      "overlap: Pool, 3/2/2026, 12:00A-10:00A Long überschneidet sich mit  1:00A- 2:00A Inside. "
+      "Löschen Sie eine der beiden, oder buchen Sie sie zu einer anderen Zeit.\n",
+      ended.Out);
+}
+
+TEST_P(GermanCompanionTest, AFailureIsReported) {
+  const Ended ended = InGerman({"list", Folder(), "--free", "ages"});
+  EXPECT_EQ(2, ended.Status);
+  EXPECT_EQ(
+      "veyra-data: „ages“ ist keine Dauer innerhalb eines Tages.\n"
+      "Schreiben Sie sie als 2h, 90m oder 1h30.\n",
+      ended.Err);
+}
+
+TEST_P(GermanCompanionTest, AFailureOfTheFileIsReported) {
+  const Ended ended = InGerman({"new", Folder()});
+  EXPECT_EQ(2, ended.Status);
+  EXPECT_EQ("veyra-data: " + CalendarName() +
+                "\nDiese Datei gibt es schon; es wurde nichts angelegt.\n"
+                "Wählen Sie einen anderen Ordner, oder räumen Sie die Datei zuerst weg.\n",
+            ended.Err);
+}
+
+TEST_P(GermanCompanionTest, ARefusedQuestionChangesNothing) {
+  BookTurned();
+  const std::string before = Rows("Reserv");
+  const Ended ended = Mend(kGerman, "n");
+  EXPECT_EQ(1, ended.Status);
+  EXPECT_EQ("1 von diesen 1 beheben und eine Kopie aufheben? [j/N] Es wurde nichts geändert.\n",
+            ended.Err);
+  EXPECT_EQ(before, Rows("Reserv"));
+}
+
+TEST_P(GermanCompanionTest, AQuestionIsAnsweredInEitherLanguage) {
+  for (const std::string answer : {"j", "J", "ja", "Ja", "y", "Yes"}) {
+    BookTurned();
+    const Ended ended = Mend(kGerman, answer);
+    EXPECT_EQ(0, ended.Status) << answer;
+    EXPECT_TRUE(Says(ended.Err, "Die beiden Enden wurden in Ordnung gebracht.\n")) << answer;
+    const auto desk = Desk();
+    const auto rows = desk->Select(ParseQuery("SELECT * FROM Reserv"));
+    Row row;
+    ASSERT_TRUE(rows->Next(row));
+    desk->Delete("Reserv", row);
+  }
+}
+
+TEST_P(GermanCompanionTest, AnEnglishQuestionTakesNoGermanAnswer) {
+  BookTurned();
+  const Ended ended = Mend("LC_ALL=C", "ja");
+  EXPECT_EQ(1, ended.Status);
+  EXPECT_EQ("Mend 1 of these 1, and keep a copy? [y/N] Nothing was changed.\n", ended.Err);
+}
+
+TEST_P(GermanCompanionTest, TheHelpOfACommandIsGerman) {
+  const std::string help = InGerman({"backup", "--help"}).Out;
+  EXPECT_TRUE(Says(help, "\nAufruf: veyra-data backup [OPTIONEN] [FILE] [FOLDER]\n")) << help;
+  EXPECT_TRUE(Says(help, "\nAngaben:\n")) << help;
+  EXPECT_TRUE(Says(help, "die Kopie, die angelegt wird; entfällt mit --rolling\n")) << help;
+  EXPECT_TRUE(Says(help, "\nOptionen:\n")) << help;
+  EXPECT_TRUE(Says(help, "Gibt diese Hilfe aus und endet\n")) << help;
+  EXPECT_TRUE(Says(help, "\nBeispiel: veyra-data backup --rolling ~/our-calendar\n")) << help;
+}
+
+TEST_P(GermanCompanionTest, TheHelpOfTheWholeNamesTheCommands) {
+  const std::string help = InGerman({"--help"}).Out;
+  EXPECT_TRUE(Says(help, "\nBefehle:\n  new ")) << help;
+  EXPECT_TRUE(Says(help, "Legt eine geprüfte Kopie des Kalenders an")) << help;
+  EXPECT_TRUE(Says(help, "\nStatus am Ende: 0 gut,")) << help;
+}
+
+TEST_P(GermanCompanionTest, WhatIsNotUnderstoodIsSaid) {
+  EXPECT_EQ(
+      "veyra-data: Das folgende Argument wurde nicht erwartet: --loud\n"
+      "Versuchen Sie „veyra-data --help“.\n",
+      InGerman({"show", CalendarName(), "--loud"}).Err);
+  EXPECT_EQ(
+      "veyra-data: FILE ist nötig\n"
+      "Versuchen Sie „veyra-data --help“.\n",
+      InGerman({"show"}).Err);
+}
+
+TEST_P(GermanCompanionTest, WhatProgramsReadStaysAsItIs) {
+  Book(pool_, "2026-03-02", 1, 20, "Long");
+  Book(pool_, "2026-03-02", 3, 4, "Inside");
+  Book(77, "2026-03-02", 1, 2, "Gone");
+  const TempFolder other;
+  other.Write("in.csv", "Facility,Date,From,To,Name\nPool,3/2/2026,1:00,2:10,Smith\n");
+  ExpectSame({"list", Folder(), "--on", "3/2/2026"});
+  ExpectSame({"list", Folder(), "--on", "3/2/2026", "--json"});
+  ExpectSame({"check", Folder(), "--json"});
+  ExpectSame({"history", Folder(), "--json"});
+  ExpectSame({"show", CalendarName()});
+  ExpectSame({"export", "-", Folder(), "--format", "csv"});
+  ExpectSame({"import", other.File("in.csv").string(), Folder(), "--dry-run", "--json"});
+  ExpectSame({"share", "--sql"});
+  ExpectSame({"--version"});
+}
+
+TEST_P(GermanCompanionTest, LcAllGoesBeforeLang) {
+  const std::string english = CalendarName() + ": nothing is wrong.\n";
+  EXPECT_EQ(english, RunProgramIn("LC_ALL=C LANG=de_DE.UTF-8", {"check", Folder()}).Out);
+  EXPECT_EQ(CalendarName() + ": Alles ist in Ordnung.\n", InGerman({"check", Folder()}).Out);
+}
+
+TEST_P(GermanCompanionTest, AnUnknownLanguageIsEnglish) {
+  const std::string english = CalendarName() + ": nothing is wrong.\n";
+  EXPECT_EQ(english, RunProgramIn("LANG=tlh_KX.UTF-8", {"check", Folder()}).Out);
+  EXPECT_EQ(english, RunProgramIn("LANG=", {"check", Folder()}).Out);
+}
+
+}  // namespace
+}  // namespace veyra

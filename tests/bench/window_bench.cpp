@@ -47,12 +47,13 @@ void Paint(QWidget& window) {
   QCoreApplication::sendEvent(&window, &due);
 }
 
-/// A folder with March and April 2014 booked, five bookings a day, and so many guests.
+/// A folder with March and April 2014 booked, five bookings a day, and so many guests in a file of
+/// the host product's kind.
 class BookedFolder {
  public:
   explicit BookedFolder(int guests = 0) {
     app_.Write("path.txt", data_.path().string() + "\r\n");
-    const auto calendar = Make("Calendar.mdb", {RoomsTable(), ReservTable()});
+    const auto calendar = Make("Calendar.mdb", {RoomsTable(), ReservTable()}, FileKind::Sqlite);
     calendar->Insert("Rooms", {{"Name", "Hall"}, {"Active", std::int64_t{1}}});
     std::vector<FieldValues> bookings;
     for (int i = 0; i < kDays * kBookingsADay; ++i) {
@@ -67,15 +68,15 @@ class BookedFolder {
     for (int i = 0; i < guests; ++i) {
       names.push_back({{"Name", GuestName(i)}});
     }
-    Make("Veyra.mdb", {GuestTable()})->InsertAll("Guest", names);
+    Make("Veyra.mdb", {GuestTable()}, FileKind::Access)->InsertAll("Guest", names);
   }
 
   std::string App() const { return app_.path().string(); }
 
  private:
-  std::unique_ptr<Store> Make(const std::string& name,
-                              const std::vector<TableDefinition>& tables) const {
-    auto store = CreateStore(data_.File(name).string(), Durability::WhenAsked, FileKind::Sqlite);
+  std::unique_ptr<Store> Make(const std::string& name, const std::vector<TableDefinition>& tables,
+                              FileKind kind) const {
+    auto store = CreateStore(data_.File(name).string(), Durability::WhenAsked, kind);
     for (const TableDefinition& table : tables) {
       store->CreateTable(table);
     }

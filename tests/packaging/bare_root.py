@@ -48,6 +48,7 @@ class BareRoot:
         return self.folder / name.lstrip("/")
 
     def make(self, ready_made):
+        self.folder.chmod(0o755)
         if ready_made:
             step(f"Copying {ready_made}")
             run("cp", "-a", f"{ready_made}/.", self.folder)

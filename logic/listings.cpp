@@ -111,6 +111,15 @@ std::string MonthName(int month) {
   return kMonthNames.at(static_cast<std::size_t>(month) - 1);
 }
 
+Phrase MonthWord(int month) {
+  const std::array<Phrase, 12> words = {
+      Phrase::Tr("January"), Phrase::Tr("February"), Phrase::Tr("March"),
+      Phrase::Tr("April"),   Phrase::Tr("May"),      Phrase::Tr("June"),
+      Phrase::Tr("July"),    Phrase::Tr("August"),   Phrase::Tr("September"),
+      Phrase::Tr("October"), Phrase::Tr("November"), Phrase::Tr("December")};
+  return words.at(static_cast<std::size_t>(month) - 1);
+}
+
 void RefreshMonth(Session& session, const Clock& clock, MonthScreen& screen, int month) {
   MonthPicture picture;
   const int year = session.CurYear;

@@ -7,6 +7,7 @@
 
 #include "data/date.h"
 #include "data/one_based.h"
+#include "data/phrase.h"
 #include "logic/clock.h"
 #include "logic/day_grid.h"
 #include "logic/session.h"
@@ -15,6 +16,9 @@ namespace veyra::modRes {
 
 /// The English name of a month, 1 to 12. Throws std::out_of_range for any other.
 std::string MonthName(int month);
+
+/// The same in the operator's language.
+Phrase MonthWord(int month);
 
 /// One day's bookings, a line each: "12:00A- 1:30A Meeting".
 using DayLines = std::vector<std::string>;

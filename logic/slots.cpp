@@ -96,12 +96,12 @@ std::string TimesLabel(const SlotLabelTable& labels, SlotRange range) {
   return label;
 }
 
-std::string LengthText(int half_hours) {
-  const std::string hours = half_hours < 2 ? "" : std::to_string(half_hours / 2) + " h";
+Phrase LengthText(int half_hours) {
+  const int hours = half_hours / 2;
   if (half_hours % 2 == 0) {
-    return hours;
+    return Phrase::Tr("%1 h", hours);
   }
-  return hours + (hours.empty() ? "30 min" : " 30 min");
+  return hours == 0 ? Phrase::Tr("30 min") : Phrase::Tr("%1 h 30 min", hours);
 }
 
 }  // namespace veyra::modRes

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/one_based.h"
+#include "data/phrase.h"
 #include "data/value.h"
 
 namespace veyra::modRes {
@@ -57,7 +58,7 @@ std::string RangeLabel(const SlotLabelTable& labels, SlotRange range);
 /// The same without the blank in front of an early hour: "9:00A-10:30A".
 std::string TimesLabel(const SlotLabelTable& labels, SlotRange range);
 
-/// "30 min", "2 h" or "1 h 30 min".
-std::string LengthText(int half_hours);
+/// "30 min", "2 h" or "1 h 30 min". REQUIRES: at least one half hour.
+Phrase LengthText(int half_hours);
 
 }  // namespace veyra::modRes

@@ -3295,12 +3295,308 @@
         <source>Somebody used the calendar meanwhile.</source>
         <translation>Jemand hat den Kalender inzwischen benutzt.</translation>
     </message>
+    <message>
+        <source>VeyraCalendar.chm</source>
+        <translation>VeyraCalendar_de.chm</translation>
+    </message>
+    <message>
+        <source>%1 %2, %3</source>
+        <translation>%2. %1 %3</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3</source>
+        <translation>%2. %1 bis %3</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3, %4</source>
+        <translation>%2. bis %3. %1 %4</translation>
+    </message>
+    <message>
+        <source>%1, %2 %3</source>
+        <translation>%1, %3. %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1, %2.</translation>
+    </message>
+    <message>
+        <source>+%1 more, page %2</source>
+        <translation>+%1 weitere, Seite %2</translation>
+    </message>
+    <message>
+        <source>%1, continued</source>
+        <translation>%1, Fortsetzung</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>The help file cannot be read.</source>
+        <translation>Die Hilfedatei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Install Veyra Calendar again to get a good one.</source>
+        <translation>Installieren Sie Veyra Calendar noch einmal, um eine gute zu bekommen.</translation>
+    </message>
+    <message>
+        <source>This page is not in the help file: %1</source>
+        <translation>Diese Seite ist nicht in der Hilfedatei: %1</translation>
+    </message>
+    <message>
+        <source>Help page</source>
+        <translation>Hilfeseite</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Search the help</source>
+        <translation>Hilfe durchsuchen</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Search results</source>
+        <translation>Suchergebnisse</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>No page has these words.</source>
+        <translation>Keine Seite enthält diese Wörter.</translation>
+    </message>
+    <message>
+        <source>January</source>
+        <translation>Januar</translation>
+    </message>
+    <message>
+        <source>February</source>
+        <translation>Februar</translation>
+    </message>
+    <message>
+        <source>March</source>
+        <translation>März</translation>
+    </message>
+    <message>
+        <source>April</source>
+        <translation>April</translation>
+    </message>
+    <message>
+        <source>May</source>
+        <translation>Mai</translation>
+    </message>
+    <message>
+        <source>June</source>
+        <translation>Juni</translation>
+    </message>
+    <message>
+        <source>July</source>
+        <translation>Juli</translation>
+    </message>
+    <message>
+        <source>August</source>
+        <translation>August</translation>
+    </message>
+    <message>
+        <source>September</source>
+        <translation>September</translation>
+    </message>
+    <message>
+        <source>October</source>
+        <translation>Oktober</translation>
+    </message>
+    <message>
+        <source>November</source>
+        <translation>November</translation>
+    </message>
+    <message>
+        <source>December</source>
+        <translation>Dezember</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 Std.</translation>
+    </message>
+    <message>
+        <source>30 min</source>
+        <translation>30 Min.</translation>
+    </message>
+    <message>
+        <source>%1 h 30 min</source>
+        <translation>%1 Std. 30 Min.</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>
     <message>
         <source>The output could not be written. Check that the disk has room.</source>
         <translation>Die Ausgabe konnte nicht geschrieben werden. Prüfen Sie, ob auf dem Datenträger Platz ist.</translation>
+    </message>
+    <message>
+        <source>VeyraCalendar.chm</source>
+        <translation>VeyraCalendar_de.chm</translation>
+    </message>
+    <message>
+        <source>%1 %2, %3</source>
+        <translation>%2. %1 %3</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3</source>
+        <translation>%2. %1 bis %3</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3, %4</source>
+        <translation>%2. bis %3. %1 %4</translation>
+    </message>
+    <message>
+        <source>%1, %2 %3</source>
+        <translation>%1, %3. %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1, %2.</translation>
+    </message>
+    <message>
+        <source>+%1 more, page %2</source>
+        <translation>+%1 weitere, Seite %2</translation>
+    </message>
+    <message>
+        <source>%1, continued</source>
+        <translation>%1, Fortsetzung</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>The help file cannot be read.</source>
+        <translation>Die Hilfedatei kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Install Veyra Calendar again to get a good one.</source>
+        <translation>Installieren Sie Veyra Calendar noch einmal, um eine gute zu bekommen.</translation>
+    </message>
+    <message>
+        <source>This page is not in the help file: %1</source>
+        <translation>Diese Seite ist nicht in der Hilfedatei: %1</translation>
+    </message>
+    <message>
+        <source>Help page</source>
+        <translation>Hilfeseite</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Search the help</source>
+        <translation>Hilfe durchsuchen</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Search results</source>
+        <translation>Suchergebnisse</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>No page has these words.</source>
+        <translation>Keine Seite enthält diese Wörter.</translation>
+    </message>
+    <message>
+        <source>January</source>
+        <translation>Januar</translation>
+    </message>
+    <message>
+        <source>February</source>
+        <translation>Februar</translation>
+    </message>
+    <message>
+        <source>March</source>
+        <translation>März</translation>
+    </message>
+    <message>
+        <source>April</source>
+        <translation>April</translation>
+    </message>
+    <message>
+        <source>May</source>
+        <translation>Mai</translation>
+    </message>
+    <message>
+        <source>June</source>
+        <translation>Juni</translation>
+    </message>
+    <message>
+        <source>July</source>
+        <translation>Juli</translation>
+    </message>
+    <message>
+        <source>August</source>
+        <translation>August</translation>
+    </message>
+    <message>
+        <source>September</source>
+        <translation>September</translation>
+    </message>
+    <message>
+        <source>October</source>
+        <translation>Oktober</translation>
+    </message>
+    <message>
+        <source>November</source>
+        <translation>November</translation>
+    </message>
+    <message>
+        <source>December</source>
+        <translation>Dezember</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <translation>%1 Std.</translation>
+    </message>
+    <message>
+        <source>30 min</source>
+        <translation>30 Min.</translation>
+    </message>
+    <message>
+        <source>%1 h 30 min</source>
+        <translation>%1 Std. 30 Min.</translation>
     </message>
 </context>
 </TS>

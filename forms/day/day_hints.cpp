@@ -9,7 +9,7 @@
 namespace veyra {
 namespace {
 
-std::string TimesAndLength(const modRes::SlotLabelTable& labels, modRes::SlotRange rows) {
+Phrase TimesAndLength(const modRes::SlotLabelTable& labels, modRes::SlotRange rows) {
   return modRes::TimesLabel(labels, rows) + ", " + modRes::LengthText(rows.Last - rows.First + 1);
 }
 
@@ -47,7 +47,7 @@ Phrase RangeHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, modR
   return TimesAndLength(labels, rows) + ", " + (names.empty() ? free : TakenBy(names));
 }
 
-std::string BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row) {
+Phrase BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row) {
   const GridBooking& booking = *grid.At(row);
   return ShownName(grid.Guest[row]) + "\n" + TimesAndLength(labels, {booking.First, booking.Last});
 }

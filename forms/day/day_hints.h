@@ -16,7 +16,7 @@ Phrase RangeHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, modR
                  bool several_days);
 
 /// Name and times of the booking that the row shows, a line each. REQUIRES: it shows one.
-std::string BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row);
+Phrase BookingHint(const modRes::SlotLabelTable& labels, const DayGrid& grid, int row);
 
 /// "one of 8 dates until 12/22"; with the year when that is not the year of `shown`.
 Phrase SeriesHint(const modRes::GroupDates& dates, Date shown);

@@ -67,7 +67,7 @@ Phrase frmDay::RowHint(int row) {
   if (booking == nullptr) {
     return "";
   }
-  const std::string text = BookingHint(session_.SlotLabel, MSFlexGrid1_, row);
+  const Phrase text = BookingHint(session_.SlotLabel, MSFlexGrid1_, row);
   if (!booking->Group) {
     return text;
   }

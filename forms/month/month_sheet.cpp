@@ -8,7 +8,7 @@ namespace {
 SheetDay SheetDayOf(const modRes::MonthCell& cell, int index) {
   return {.Place = index - 1,
           .Number = cell.Number,
-          .Date = DateWords(cell.Day),
+          .Date = DateWords(cell.Day).English(),
           .NumberColor = cell.NumberColor,
           .ListColor = cell.ListColor,
           .IsToday = cell.IsToday,
@@ -22,6 +22,7 @@ Sheet MonthSheet(const modRes::MonthPicture& shown, const std::string& room,
   Sheet sheet;
   sheet.Title = shown.Title.value_or("");
   sheet.Room = room;
+  sheet.IsEnglish = true;
   sheet.Headers = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
   sheet.BackColor = ColorNumber(colors.BkGrnd, "BkGrnd");
   sheet.HeaderColor = ColorNumber(colors.HeaderTxt, "HeaderTxt");

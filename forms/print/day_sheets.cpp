@@ -20,12 +20,16 @@ class KeptLines : public modRes::DayListScreen {
   void ShowDayList(const modRes::DayLines& lines) override { Lines = lines; }
 };
 
-std::string MonthAndDay(Date date) {
-  return modRes::MonthName(MonthOf(date)) + " " + std::to_string(DayOf(date));
+Phrase Weekday(Date date) {
+  return modRes::WeekdayWord(WeekdayNumber(date));
 }
 
-std::string WithYear(Date date) {
-  return MonthAndDay(date) + ", " + std::to_string(YearOf(date));
+Phrase Month(Date date) {
+  return modRes::MonthWord(MonthOf(date));
+}
+
+Phrase WithYear(Date date) {
+  return Phrase::Tr("%1 %2, %3", Month(date), DayOf(date), YearOf(date));
 }
 
 SheetDay ReadDay(Session& session, Date day, Date today) {
@@ -54,25 +58,25 @@ Sheet EmptySheet(Session& session) {
 }
 
 /// "March 2 to 8, 2014", with as much of the first date as the last one does not say.
-std::string WeekTitle(Date first, Date last) {
+Phrase WeekTitle(Date first, Date last) {
   if (YearOf(first) != YearOf(last)) {
-    return WithYear(first) + " to " + WithYear(last);
+    return Phrase::Tr("%1 to %2", WithYear(first), WithYear(last));
   }
-  return MonthAndDay(first) + " to " +
-         (MonthOf(first) == MonthOf(last)
-              ? std::to_string(DayOf(last)) + ", " + std::to_string(YearOf(last))
-              : WithYear(last));
+  if (MonthOf(first) != MonthOf(last)) {
+    return Phrase::Tr("%1 %2 to %3", Month(first), DayOf(first), WithYear(last));
+  }
+  return Phrase::Tr("%1 %2 to %3, %4", Month(first), DayOf(first), DayOf(last), YearOf(last));
 }
 
 }  // namespace
 
-std::string DateWords(Date date) {
-  return modRes::WeekdayName(date) + ", " + MonthAndDay(date);
+Phrase DateWords(Date date) {
+  return Phrase::Tr("%1, %2 %3", Weekday(date), Month(date), DayOf(date));
 }
 
 Sheet DaySheet(Session& session, Date day, Date today) {
   Sheet sheet = EmptySheet(session);
-  sheet.Title = DateWords(day) + ", " + std::to_string(YearOf(day));
+  sheet.Title = Phrase::Tr("%1, %2", Weekday(day), WithYear(day));
   sheet.Columns = 1;
   sheet.UprightColumns = 1;
   sheet.IsUpright = true;
@@ -94,7 +98,7 @@ Sheet WeekSheet(Session& session, Date day, Date today) {
     }
     SheetDay read = ReadDay(session, date, today);
     read.Place = place;
-    read.Number = modRes::WeekdayName(date) + " " + std::to_string(DayOf(date));
+    read.Number = Phrase::Tr("%1 %2", Weekday(date), DayOf(date));
     sheet.Days.push_back(std::move(read));
   }
   return sheet;

@@ -10,7 +10,7 @@
 namespace veyra {
 
 /// A date as it stands over lines: "Wednesday, March 5".
-std::string DateWords(Date date);
+Phrase DateWords(Date date);
 
 /// Sheets for the door of the facility whose ID is CurRmID, read from the calendar. `today` is
 /// marked. Throws DatabaseError, and ValueError when a colour of CurrentColors is not a number.

@@ -134,6 +134,10 @@ double ShareLeftOf(TextSide side) {
 
 }  // namespace
 
+std::string QtSheetText::TextOf(const Phrase& phrase) const {
+  return ToUtf8(ToQString(phrase));
+}
+
 double QtSheetText::WidthOf(TextKind kind, const std::string& text, double size) const {
   const double natural = QFontMetricsF(FontOf(kind, size)).horizontalAdvance(OneLine(text));
   return natural * NarrownessOf(kind) / kUnitsPerPoint;

@@ -16,6 +16,7 @@ class QtSheetText : public TextMeasure {
  public:
   static constexpr double kUnitsPerPoint = 20;
 
+  std::string TextOf(const Phrase& phrase) const override;
   double WidthOf(TextKind kind, const std::string& text, double size) const override;
   int RowsOf(TextKind kind, const std::string& text, double width, double size) const override;
 

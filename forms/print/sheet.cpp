@@ -2,8 +2,8 @@
 
 namespace veyra {
 
-std::string NameOf(const Sheet& sheet) {
-  return sheet.Room.empty() ? sheet.Title : sheet.Title + " " + sheet.Room;
+Phrase NameOf(const Sheet& sheet) {
+  return sheet.Room.empty() ? sheet.Title : sheet.Title + (" " + sheet.Room);
 }
 
 }  // namespace veyra

@@ -51,6 +51,7 @@ class Layouter {
         width_(width),
         height_(height),
         columns_(width < height ? sheet.UprightColumns : sheet.Columns) {
+    title_ = measure_.TextOf(sheet_.Title);
     layout_.Scale =
         std::clamp(std::min(width, height) / kCommonWidth, kSmallestScale, kLargestScale);
   }
@@ -79,7 +80,7 @@ class Layouter {
   /// Returns the height of the head: the title, and the facility's name beside it on one foot.
   double PlaceHead() {
     const double title_room = sheet_.Room.empty() ? width_ : width_ * kTitleShare;
-    const double natural = measure_.WidthOf(TextKind::Title, sheet_.Title, Points(kTitleSize));
+    const double natural = measure_.WidthOf(TextKind::Title, title_, Points(kTitleSize));
     const double size = Points(kTitleSize) * std::min(1.0, title_room / natural);
     const double taken = std::min(natural, title_room) + Points(kTitleSize);
     PlacedText room = RoomWithin(width_ - taken);
@@ -88,7 +89,7 @@ class Layouter {
     const double height = std::max(room_height, title_height);
     const double foot = height - title_height + Points(kTitleSize) * kBaseline;
     Place({.Kind = TextKind::Title,
-           .Text = sheet_.Title,
+           .Text = title_,
            .Top = foot - size * kBaseline,
            .Width = width_,
            .Size = size});
@@ -157,7 +158,7 @@ class Layouter {
 
   double NumberHeight() const {
     const bool has_numbers = std::any_of(sheet_.Days.begin(), sheet_.Days.end(),
-                                         [](const SheetDay& day) { return !day.Number.empty(); });
+                                         [](const SheetDay& day) { return !day.Number.IsEmpty(); });
     return Points(has_numbers ? kNumberSize * 1.3 : 2 * kInset);
   }
 
@@ -195,9 +196,9 @@ class Layouter {
     const SheetDay& day = sheet_.Days[index];
     const PlacedCell cell{index, FrameOf(day), ListWithin(FrameOf(day))};
     LastPage().Cells.push_back(cell);
-    if (!day.Number.empty()) {
+    if (!day.Number.IsEmpty()) {
       Place(Fitted({.Kind = day.IsToday ? TextKind::TodaysNumber : TextKind::Number,
-                    .Text = day.Number,
+                    .Text = measure_.TextOf(day.Number),
                     .Left = cell.Frame.Left + Points(kInset + 1),
                     .Top = cell.Frame.Top + Points(kNumberSize * 0.12),
                     .Width = cell.Frame.Width - 2 * Points(kInset + 1),
@@ -231,13 +232,17 @@ class Layouter {
     }
   }
 
+  /// What the sheet itself does not say, in its language.
+  std::string Added(const Phrase& words) const {
+    return sheet_.IsEnglish ? words.English() : measure_.TextOf(words);
+  }
+
   /// The words of the note come when it is known which page the lines go to.
   void NoteRest(const PlacedCell& cell, const std::vector<std::size_t>& left,
                 std::vector<RestOfDay>& rest) {
     const double inset = Points(kLineInset);
     rest.push_back({cell.Day, left, {}});
     Place({.Kind = TextKind::More,
-           .Text = "+" + std::to_string(left.size()) + " more, page ",
            .Left = cell.List.Left + inset,
            .Top = cell.List.Top + cell.List.Height - grid_.Fit.Size * kRowHeight,
            .Width = cell.List.Width - 2 * inset,
@@ -286,16 +291,18 @@ class Layouter {
         PlaceHead();
       }
       if (!piece.Line && !piece.IsContinued) {
-        CompleteNote(piece);
+        CompleteNote(piece, rest);
       }
       Place(TextOf(piece, top, RestWidth(columns.PerPage)));
     }
   }
 
-  void CompleteNote(const RestPiece& date) {
+  void CompleteNote(const RestPiece& date, const std::vector<RestOfDay>& rest) {
+    const auto left = std::find_if(rest.begin(), rest.end(),
+                                   [&date](const RestOfDay& day) { return day.Day == date.Day; });
     for (PlacedText& text : layout_.Pages.front().Texts) {
       if (text.Kind == TextKind::More && text.Day == date.Day) {
-        text.Text += std::to_string(date.Page + 2);
+        text.Text = Added(Phrase::Tr("+%1 more, page %2", left->Lines.size(), date.Page + 2));
         text = Fitted(text);
       }
     }
@@ -307,7 +314,8 @@ class Layouter {
         .Left = piece.Column * (width + RestGap()), .Top = top + piece.Top, .Width = width};
     if (!piece.Line) {
       text.Kind = TextKind::Heading;
-      text.Text = day.Date + (piece.IsContinued ? ", continued" : "");
+      text.Text = measure_.TextOf(day.Date);
+      text.Text = piece.IsContinued ? Added(Phrase::Tr("%1, continued", text.Text)) : text.Text;
       text.Size = Points(kDateSize);
       return Fitted(text);
     }
@@ -321,13 +329,13 @@ class Layouter {
 
   void PlaceFooters() {
     for (std::size_t page = 1; page < layout_.Pages.size(); ++page) {
-      layout_.Pages[page].Texts.push_back({.Kind = TextKind::Footer,
-                                           .Text = "Page " + std::to_string(page + 1) + " of " +
-                                                   std::to_string(layout_.Pages.size()),
-                                           .Top = height_ - Points(kFooterSize) * kRowHeight,
-                                           .Width = width_,
-                                           .Size = Points(kFooterSize),
-                                           .Side = TextSide::Right});
+      layout_.Pages[page].Texts.push_back(
+          {.Kind = TextKind::Footer,
+           .Text = Added(Phrase::Tr("Page %1 of %2", page + 1, layout_.Pages.size())),
+           .Top = height_ - Points(kFooterSize) * kRowHeight,
+           .Width = width_,
+           .Size = Points(kFooterSize),
+           .Side = TextSide::Right});
     }
   }
 
@@ -336,6 +344,7 @@ class Layouter {
   const double width_;
   const double height_;
   const int columns_;
+  std::string title_;
   Grid grid_;
   SheetLayout layout_;
 };

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "data/phrase.h"
+
 namespace veyra {
 
 /// What a text on a sheet is. Each kind has a font of its own.
@@ -17,6 +19,9 @@ inline constexpr double kBaseline = 0.98;
 class TextMeasure {
  public:
   virtual ~TextMeasure() = default;
+
+  /// The text as it is printed, in the operator's language.
+  virtual std::string TextOf(const Phrase& phrase) const = 0;
 
   /// The width of the whole text in one row.
   virtual double WidthOf(TextKind kind, const std::string& text, double size) const = 0;

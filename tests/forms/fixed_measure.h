@@ -11,6 +11,8 @@ namespace veyra {
 /// A type whose letters are all half as wide as they are high, and which breaks words anywhere.
 class FixedMeasure : public TextMeasure {
  public:
+  std::string TextOf(const Phrase& phrase) const override { return phrase.English(); }
+
   double WidthOf(TextKind, const std::string& text, double size) const override {
     return 0.5 * size * static_cast<double>(text.size());
   }

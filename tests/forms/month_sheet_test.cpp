@@ -31,6 +31,14 @@ TEST(MonthSheet, HasTheTitleTheFacilityAndTheWeekdays) {
   EXPECT_EQ("Saturday", sheet.Headers.back());
 }
 
+TEST(MonthSheet, IsEnglishInEveryLanguage) {
+  const Sheet sheet = MonthSheet(March(), "Pool", kColors);
+  const auto another = [](const std::string&) { return std::string("other words"); };
+  EXPECT_TRUE(sheet.IsEnglish);
+  EXPECT_EQ("March 2014", sheet.Title.TranslatedBy(another));
+  EXPECT_EQ("Saturday, March 1", sheet.Days.at(0).Date.TranslatedBy(another));
+}
+
 TEST(MonthSheet, HasTheDaysInTheirPlaces) {
   const Sheet sheet = MonthSheet(March(), "Pool", kColors);
   ASSERT_EQ(1U, sheet.Days.size());

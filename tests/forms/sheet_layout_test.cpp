@@ -161,6 +161,44 @@ TEST_F(SheetLayoutTest, TheFurtherPagesBearTheHeadAndTheirNumber) {
   EXPECT_EQ("Page 2 of 2", Texts(page, TextKind::Footer).front().Text);
 }
 
+/// Prints what is translated as "<English>".
+class MarkingMeasure : public FixedMeasure {
+ public:
+  std::string TextOf(const Phrase& phrase) const override {
+    return phrase.TranslatedBy([](const std::string& pattern) { return "<" + pattern + ">"; });
+  }
+};
+
+TEST_F(SheetLayoutTest, WhatIsAddedSpeaksTheOperatorsLanguage) {
+  Book(5, 60);
+  const SheetLayout layout = LayOutSheet(sheet_, 785, 538, MarkingMeasure());
+  const std::string left = std::to_string(Lines(layout.Pages.at(1)));
+  EXPECT_EQ("<+" + left + " more, page 2>", Texts(layout.Pages[0], TextKind::More).at(0).Text);
+  EXPECT_EQ("<Page 2 of 2>", Texts(layout.Pages[1], TextKind::Footer).at(0).Text);
+}
+
+TEST_F(SheetLayoutTest, WhatIsAddedToAnEnglishSheetIsEnglish) {
+  Book(5, 60);
+  sheet_.IsEnglish = true;
+  const SheetLayout layout = LayOutSheet(sheet_, 785, 538, MarkingMeasure());
+  const std::string left = std::to_string(Lines(layout.Pages.at(1)));
+  EXPECT_EQ("+" + left + " more, page 2", Texts(layout.Pages[0], TextKind::More).at(0).Text);
+  EXPECT_EQ("Page 2 of 2", Texts(layout.Pages[1], TextKind::Footer).at(0).Text);
+}
+
+TEST_F(SheetLayoutTest, TheSheetsOwnTextsAreTranslatedWhereTheyAreMarked) {
+  Book(5, 200);
+  sheet_.Title = Phrase::Tr("March");
+  sheet_.Days[4].Number = Phrase::Tr("%1 %2", Phrase::Tr("Wednesday"), 5);
+  sheet_.Days[4].Date = Phrase::Tr("May");
+  const SheetLayout layout = LayOutSheet(sheet_, 785, 538, MarkingMeasure());
+  EXPECT_EQ("<March>", Texts(layout.Pages.at(0), TextKind::Title).at(0).Text);
+  EXPECT_EQ("<<Wednesday> 5>", Texts(layout.Pages[0], TextKind::Number).at(4).Text);
+  const std::vector<PlacedText> dates = Texts(layout.Pages.at(1), TextKind::Heading);
+  EXPECT_EQ("<May>", dates.at(0).Text);
+  EXPECT_EQ("<<May>, continued>", dates.at(1).Text);
+}
+
 TEST_F(SheetLayoutTest, ThePageOfAMonthThatFitsBearsNoNumber) {
   EXPECT_TRUE(Texts(LayOut().Pages[0], TextKind::Footer).empty());
 }

@@ -291,7 +291,7 @@ TEST_F(SheetPageTest, WithoutItsBackgroundPaleTextsAreBlack) {
   sheet_.HeaderColor = kWhite;
   sheet_.Headers.clear();
   sheet_.Days.resize(1);
-  sheet_.Days[0].Number.clear();
+  sheet_.Days[0].Number = {};
   EXPECT_TRUE(HasColor(Print(PrintedBackground::White).Picture(150), qRgb(0, 0, 0)));
 }
 

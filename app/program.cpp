@@ -8,6 +8,7 @@
 #include "app/daily_backup.h"
 #include "app/day_form.h"
 #include "app/front_refresh.h"
+#include "app/translation.h"
 #include "data/errors.h"
 #include "forms/about/frmAbout.h"
 #include "forms/about/qt_about_window.h"
@@ -298,7 +299,7 @@ void Program::ChooseRows(modRes::SlotRange rows) {
 void Program::ShowHelp(int topic) {
   if (!help_) {
     help_ = std::make_unique<QtHelpViewer>(
-        program_folder_ / QtHelpViewer::kFileName, program_folder_ / QtHelpViewer::kReaderName,
+        HelpFileIn(program_folder_), program_folder_ / QtHelpViewer::kReaderName,
         [this](const QUrl& link) { browser_.Open(ToUtf8(link.toString())); });
   }
   help_->ShowTopic(topic);

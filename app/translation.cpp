@@ -1,6 +1,9 @@
 #include "app/translation.h"
 
 #include <QCoreApplication>
+#include <system_error>
+
+#include "forms/widgets/qt_text.h"
 
 namespace veyra {
 namespace {
@@ -28,6 +31,13 @@ std::unique_ptr<QTranslator> InstallTranslation(const QStringList& languages) {
     }
   }
   return nullptr;
+}
+
+std::filesystem::path HelpFileIn(const std::filesystem::path& folder) {
+  const Phrase name = Phrase::Tr("VeyraCalendar.chm");
+  const std::filesystem::path own = folder / ToUtf8(ToQString(name));
+  std::error_code unknown;
+  return std::filesystem::exists(own, unknown) ? own : folder / name.English();
 }
 
 }  // namespace veyra

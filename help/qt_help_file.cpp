@@ -13,8 +13,8 @@ namespace {
 constexpr qsizetype kMostStreamBytes = kMostArchiveBytes + (16U << 20U);
 
 FileError Unreadable(const std::filesystem::path& file) {
-  return FileError({file.string(), "The help file cannot be read.",
-                    "Install Veyra Calendar again to get a good one."});
+  return FileError({file.string(), Phrase::Tr("The help file cannot be read."),
+                    Phrase::Tr("Install Veyra Calendar again to get a good one.")});
 }
 
 QString NameOf(const std::filesystem::path& file) {

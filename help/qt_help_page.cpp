@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "forms/widgets/qt_text.h"
+
 namespace veyra {
 namespace {
 
@@ -35,6 +37,11 @@ std::optional<std::string> ReferenceOf(const QUrl& url) {
   }
   const QString anchor = url.hasFragment() ? "#" + url.fragment() : QString();
   return PlainReference(url.path(QUrl::FullyEncoded).toStdString() + anchor.toStdString());
+}
+
+QString NoSuchPage(const std::string& reference) {
+  const QString text = ToQString(Phrase::Tr("This page is not in the help file: %1", reference));
+  return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
 }
 
 /// Pages of help files take a white sheet for granted, whatever the desktop's colours are.
@@ -98,9 +105,7 @@ QVariant QtHelpPage::loadResource(int type, const QUrl& name) {
   }
   if (type == QTextDocument::HtmlResource) {
     const std::optional<std::string> html = archive_->Page(*reference);
-    return html ? QString::fromStdString(*html)
-                : tr("<p>This page is not in the help file: %1</p>")
-                      .arg(QString::fromStdString(*reference).toHtmlEscaped());
+    return html ? ToQString(*html) : NoSuchPage(*reference);
   }
   const std::string* bytes = archive_->Object(*reference);
   if (bytes == nullptr) {

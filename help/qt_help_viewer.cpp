@@ -9,9 +9,8 @@
 namespace veyra {
 namespace {
 
-/// In English, as the help is.
-std::string FailureText(const Report& report) {
-  return (report.Cause + "\n\n" + report.File + "\n\n" + report.Advice).English();
+Phrase FailureText(const Report& report) {
+  return report.Cause + "\n\n" + report.File + "\n\n" + report.Advice;
 }
 
 }  // namespace

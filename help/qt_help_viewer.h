@@ -13,8 +13,7 @@ namespace veyra {
 /// Shows the help file in a help window, which is made when it is first needed and then kept.
 class QtHelpViewer : public HelpViewer {
  public:
-  /// The name of the help file in the program folder, and of the program beside it that reads it.
-  static constexpr const char* kFileName = "VeyraCalendar.chm";
+  /// The name of the program in the program folder that reads the help file.
   static constexpr const char* kReaderName = "veyra-help-reader";
 
   /// `help_file` and `reader` are full names.

@@ -10,6 +10,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -18,6 +19,7 @@
 #include <array>
 #include <utility>
 
+#include "forms/widgets/qt_text.h"
 #include "help/qt_help_page.h"
 
 namespace veyra {
@@ -28,6 +30,17 @@ constexpr QSize kWindowSize{1040, 740};
 constexpr double kShareOfScreen = 0.9;  ///< The desktop draws a frame around it.
 constexpr int kSideWidth = 250;
 constexpr int kResultSpacing = 3;
+constexpr int kRoomForAccents = 4;
+
+/// Leaves room for the accents of capitals, which stand higher than the rest of a font.
+class RoomyLines : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kRoomForAccents);
+  }
+};
 
 QString PageOf(const QTreeWidgetItem& item) {
   return item.data(0, kPageRole).toString();
@@ -37,14 +50,9 @@ QString WithoutAnchor(const QString& reference) {
   return reference.section('#', 0, 0);
 }
 
-/// Shows the text as it stands, whatever marks are in it.
-QString PlainToolTip(const QString& text) {
-  return QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
-}
-
-void Name(QWidget* widget, const char* object_name, const QString& accessible_name) {
+void Name(QWidget* widget, const char* object_name, const Phrase& accessible_name) {
   widget->setObjectName(object_name);
-  widget->setAccessibleName(accessible_name);
+  widget->setAccessibleName(ToQString(accessible_name));
 }
 
 }  // namespace
@@ -57,7 +65,7 @@ QtHelpWindow::QtHelpWindow(Browser browser)
       side_(new QStackedWidget(this)) {
   setAttribute(Qt::WA_QuitOnClose, false);
   setObjectName("helpWindow");
-  Name(page_, "helpPage", tr("Help page"));
+  Name(page_, "helpPage", Phrase::Tr("Help page"));
   resize(kWindowSize.boundedTo(screen()->availableSize() * kShareOfScreen));
 
   auto* splitter = new QSplitter(this);
@@ -78,13 +86,13 @@ QToolBar* QtHelpWindow::MakeToolBar() {
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   bar->setMovable(false);
   bar->setContextMenuPolicy(Qt::PreventContextMenu);
-  const auto add = [&](QStyle::StandardPixmap icon, const QString& text, const char* name) {
-    QAction* action = bar->addAction(style()->standardIcon(icon), text);
+  const auto add = [&](QStyle::StandardPixmap icon, const Phrase& text, const char* name) {
+    QAction* action = bar->addAction(style()->standardIcon(icon), ToQString(text));
     Name(bar->widgetForAction(action), name, text);
     return action;
   };
-  QAction* back = add(QStyle::SP_ArrowBack, tr("Back"), "helpBack");
-  QAction* forward = add(QStyle::SP_ArrowForward, tr("Forward"), "helpForward");
+  QAction* back = add(QStyle::SP_ArrowBack, Phrase::Tr("Back"), "helpBack");
+  QAction* forward = add(QStyle::SP_ArrowForward, Phrase::Tr("Forward"), "helpForward");
   back->setShortcut(QKeySequence::Back);
   forward->setShortcut(QKeySequence::Forward);
   back->setEnabled(false);
@@ -97,12 +105,14 @@ QToolBar* QtHelpWindow::MakeToolBar() {
 }
 
 QWidget* QtHelpWindow::MakeSide() {
-  Name(search_box_, "helpSearch", tr("Search the help"));
-  Name(contents_, "helpContents", tr("Contents"));
-  Name(results_, "helpResults", tr("Search results"));
-  search_box_->setPlaceholderText(tr("Search the help"));
+  Name(search_box_, "helpSearch", Phrase::Tr("Search the help"));
+  Name(contents_, "helpContents", Phrase::Tr("Contents"));
+  Name(results_, "helpResults", Phrase::Tr("Search results"));
+  search_box_->setPlaceholderText(ToQString(Phrase::Tr("Search the help")));
   search_box_->setClearButtonEnabled(true);
   contents_->setHeaderHidden(true);
+  contents_->setItemDelegate(new RoomyLines(contents_));
+  results_->setItemDelegate(new RoomyLines(results_));
   results_->setWordWrap(true);
   results_->setAlternatingRowColors(true);
   results_->setSpacing(kResultSpacing);
@@ -138,7 +148,7 @@ void QtHelpWindow::ShowFile(std::shared_ptr<const ChmArchive> archive) {
   archive_ = std::move(archive);
   search_.reset();
   const QString title = QString::fromStdString(archive_->Title());
-  setWindowTitle(title.isEmpty() ? tr("Help") : title);
+  setWindowTitle(title.isEmpty() ? ToQString(Phrase::Tr("Help")) : title);
   page_->SetArchive(archive_);
   search_box_->clear();
   search_box_->setEnabled(true);
@@ -207,7 +217,7 @@ void QtHelpWindow::Search(const QString& words) {
   if (results_->count() > 0) {
     return;
   }
-  auto* nothing = new QListWidgetItem(tr("No page has these words."), results_);
+  auto* nothing = new QListWidgetItem(ToQString(Phrase::Tr("No page has these words.")), results_);
   nothing->setFlags(Qt::ItemIsEnabled);
 }
 
@@ -220,15 +230,15 @@ void QtHelpWindow::ShowFoundPage(int row) {
   page_->MarkWords(SearchedWords());
 }
 
-void QtHelpWindow::ShowFailure(const std::string& text) {
+void QtHelpWindow::ShowFailure(const Phrase& text) {
   archive_.reset();
   search_.reset();
-  setWindowTitle(tr("Help"));
+  setWindowTitle(ToQString(Phrase::Tr("Help")));
   contents_->clear();
   search_box_->clear();
   search_box_->setEnabled(false);
   page_->SetArchive(nullptr);
-  page_->setPlainText(QString::fromStdString(text));
+  page_->setPlainText(ToQString(text));
 }
 
 void QtHelpWindow::BringUp() {

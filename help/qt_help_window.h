@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 
+#include "data/phrase.h"
 #include "help/chm_archive.h"
 #include "help/topic_search.h"
 
@@ -41,7 +42,7 @@ class QtHelpWindow : public QMainWindow {
   void ShowPage(const std::string& reference);
 
   /// Shows nothing but this text: why the help file cannot be shown.
-  void ShowFailure(const std::string& text);
+  void ShowFailure(const Phrase& text);
 
   /// Brings the window to the front, on the screen if it was closed.
   void BringUp();

@@ -31,7 +31,7 @@ ROOMS = {
                     "data/access/write", "data/access/check"],
     "data/postgres": ["data"],
     "logic": ["data"],
-    "help": ["data", "logic"],
+    "help": ["data", "logic", "forms/widgets"],
     "tools": ["data", "logic"],
     "tools/care": ["data", "logic", "tools"],
     "tools/exchange": ["data", "logic", "tools"],

@@ -21,7 +21,7 @@ import tempfile
 import xml.etree.ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-ROOMS = ["app", "forms", "logic", "data", "tools"]
+ROOMS = ["app", "forms", "help", "logic", "data", "tools"]
 PLACE = re.compile(r"%[1-9]")
 
 

@@ -1,7 +1,10 @@
 """The program on a German desktop."""
 
+import os
+import shutil
+
 from desk import date_text
-from desk_test import DeskTest, main
+from desk_test import PROGRAM, DeskTest, main
 
 
 class GermanTest(DeskTest):
@@ -37,6 +40,16 @@ class GermanTest(DeskTest):
         self.desk.key("ctrl+z")
         self.assert_message("Es gibt nichts rückgängig zu machen.")
         self.desk.press("OK")
+
+    def test_f1_opens_the_german_help_at_the_topic_of_the_window(self):
+        for name in ("VeyraCalendar.chm", "VeyraCalendar_de.chm", "veyra-help-reader"):
+            shutil.copy(os.path.join(os.path.dirname(PROGRAM), name), self.file(name))
+        self.start_in_german()
+        self.desk.key("F1")
+        window = self.desk.front_window("Hilfe zu Veyra Calendar")
+        page = self.desk.find("Hilfeseite", window=window)
+        self.desk.wait(lambda: page.text.lstrip().startswith("Das Monatsfenster"), "the topic")
+        self.assertIn("die früheste zuerst", page.text)
 
 
 if __name__ == "__main__":

@@ -88,6 +88,7 @@ class InstalledForAll(Machine):
     def test_all_that_belongs_to_it_is_there(self):
         self.assertLessEqual({
             "bin/veyra-calendar", "bin/veyra-data", "libexec/veyra-calendar/VeyraCalendar.chm",
+            "libexec/veyra-calendar/VeyraCalendar_de.chm",
             "libexec/veyra-calendar/veyra-calendar", "libexec/veyra-calendar/veyra-data",
             "libexec/veyra-calendar/veyra-help-reader", "libexec/veyra-calendar/veyra-ical.so",
             "share/applications/veyra-calendar.desktop",

@@ -10,9 +10,14 @@
 #include "data/errors.h"
 #include "data/store_errors.h"
 #include "forms/handler_guard.h"
+#include "forms/print/day_sheets.h"
+#include "forms/print/qt_sheet_text.h"
 #include "forms/widgets/qt_dialogs.h"
 #include "forms/widgets/qt_text.h"
 #include "logic/multiday.h"
+#include "logic/slots.h"
+#include "tests/calendar_folder.h"
+#include "tests/temp_folder.h"
 
 namespace veyra {
 namespace {
@@ -104,6 +109,75 @@ TEST_F(TranslationTest, NamesStayAsTheyAre) {
 TEST_F(TranslationTest, GermanMayPutThePlacesInAnotherOrder) {
   Speak({QStringLiteral("de")});
   EXPECT_EQ("Heißt wieder Ann: Pool.", Shown(Phrase::Tr("%1 is called %2 again.", "Pool", "Ann")));
+}
+
+TEST_F(TranslationTest, LengthsAreGerman) {
+  Speak({QStringLiteral("de")});
+  EXPECT_EQ("30 Min.", Shown(modRes::LengthText(1)));
+  EXPECT_EQ("2 Std.", Shown(modRes::LengthText(4)));
+  EXPECT_EQ("1 Std. 30 Min.", Shown(modRes::LengthText(3)));
+}
+
+TEST_F(TranslationTest, TheSheetsForTheDoorNameDatesAsGermansDo) {
+  Speak({QStringLiteral("de")});
+  CalendarFolder folder;
+  const auto session = folder.OpenSession();
+  session->CurrentColors = {"1", "2", "3", "4", "5"};
+  const Date day = MakeDate(2014, 3, 5).value();
+  EXPECT_EQ("Mittwoch, 5. März 2014", Shown(DaySheet(*session, day, day).Title));
+  EXPECT_EQ("Mittwoch, 5. März", Shown(DateWords(day)));
+  const Sheet week = WeekSheet(*session, day, day);
+  EXPECT_EQ("2. bis 8. März 2014", Shown(week.Title));
+  EXPECT_EQ("Mittwoch, 5.", Shown(week.Days.at(3).Number));
+  EXPECT_EQ("30. März bis 5. April 2014",
+            Shown(WeekSheet(*session, MakeDate(2014, 4, 1).value(), day).Title));
+  EXPECT_EQ("28. Dezember 2014 bis 3. Januar 2015",
+            Shown(WeekSheet(*session, MakeDate(2015, 1, 1).value(), day).Title));
+}
+
+TEST_F(TranslationTest, WhatIsPrintedIsTranslated) {
+  Speak({QStringLiteral("de")});
+  EXPECT_EQ("März", QtSheetText().TextOf(Phrase::Tr("March")));
+  EXPECT_EQ("March", QtSheetText().TextOf("March"));
+}
+
+/// A program folder with the help in both languages.
+class HelpFileChoice : public TranslationTest {
+ protected:
+  HelpFileChoice() {
+    folder_.Write("VeyraCalendar.chm", "");
+    folder_.Write("VeyraCalendar_de.chm", "");
+  }
+
+  std::string Chosen() const { return HelpFileIn(folder_.path()).filename().string(); }
+
+  TempFolder folder_;
+};
+
+TEST_F(HelpFileChoice, AGermanDesktopGetsTheGermanHelp) {
+  Speak({QStringLiteral("de-AT")});
+  EXPECT_EQ("VeyraCalendar_de.chm", Chosen());
+  EXPECT_EQ(folder_.File("VeyraCalendar_de.chm"), HelpFileIn(folder_.path()));
+}
+
+TEST_F(HelpFileChoice, AnyOtherDesktopGetsTheEnglishHelp) {
+  Speak({QStringLiteral("en-GB"), QStringLiteral("de")});
+  EXPECT_EQ("VeyraCalendar.chm", Chosen());
+  Speak({QStringLiteral("xx")});
+  EXPECT_EQ("VeyraCalendar.chm", Chosen());
+}
+
+TEST_F(HelpFileChoice, WithoutAGermanHelpTheEnglishOneIsShown) {
+  Speak({QStringLiteral("de")});
+  std::filesystem::remove(folder_.File("VeyraCalendar_de.chm"));
+  EXPECT_EQ("VeyraCalendar.chm", Chosen());
+}
+
+TEST_F(HelpFileChoice, WithoutAnyHelpTheEnglishOneIsMissed) {
+  Speak({QStringLiteral("de")});
+  std::filesystem::remove(folder_.File("VeyraCalendar_de.chm"));
+  std::filesystem::remove(folder_.File("VeyraCalendar.chm"));
+  EXPECT_EQ("VeyraCalendar.chm", Chosen());
 }
 
 }  // namespace

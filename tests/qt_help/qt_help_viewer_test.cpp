@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <random>
 
 #include "help/qt_help_page.h"
@@ -42,7 +45,7 @@ class QtHelpViewerTest : public testing::Test {
 
   TempFolder folder_;
   const std::string good_ = FileBytes(kHelpFileName);
-  QtHelpViewer viewer_{folder_.path() / QtHelpViewer::kFileName,
+  QtHelpViewer viewer_{folder_.path() / "VeyraCalendar.chm",
                        folder_.path() / QtHelpViewer::kReaderName, [](const QUrl&) {}};
 };
 
@@ -56,6 +59,29 @@ TEST_F(QtHelpViewerTest, EachTopicOpensItsPage) {
   EXPECT_EQ("The month window", Heading());
   viewer_.ShowTopic(kHelpDayViewer);
   EXPECT_EQ("The day viewer", Heading());
+}
+
+TEST_F(QtHelpViewerTest, TheGermanHelpOpensAtTheSameTopicsWithItsUmlauts) {
+  InstallHelp(FileBytes(kHelpFolder / "VeyraCalendar_de.chm"));
+  viewer_.ShowTopic(kHelpContents);
+  EXPECT_EQ("Hilfe zu Veyra Calendar", Heading());
+  EXPECT_EQ("Hilfe zu Veyra Calendar", Window()->windowTitle().toStdString());
+  viewer_.ShowTopic(kHelpOverview);
+  EXPECT_EQ("Überblick", Heading());
+  const auto* contents = Window()->findChild<QTreeWidget*>("helpContents");
+  EXPECT_EQ("Überblick", contents->currentItem()->text(0).toStdString());
+  viewer_.ShowTopic(kHelpCalendar);
+  EXPECT_EQ("Das Monatsfenster", Heading());
+  viewer_.ShowTopic(kHelpDayViewer);
+  EXPECT_EQ("Die Tagesansicht", Heading());
+}
+
+TEST_F(QtHelpViewerTest, TheGermanHelpIsSearchedWithUmlauts) {
+  InstallHelp(FileBytes(kHelpFolder / "VeyraCalendar_de.chm"));
+  viewer_.ShowTopic(kHelpContents);
+  Window()->findChild<QLineEdit*>("helpSearch")->setText(QStringLiteral("TAGESÜBERSICHT"));
+  const auto* results = Window()->findChild<QListWidget*>("helpResults");
+  EXPECT_EQ("Die Tagesübersicht", results->item(0)->text().section('\n', 0, 0).toStdString());
 }
 
 TEST_F(QtHelpViewerTest, ATopicThatIsNotMappedOpensTheFirstPage) {

@@ -56,15 +56,15 @@ class TestDatabase {
 
  private:
   TestDatabase() {
-    const std::string found = OutputOf(std::string(VEYRA_TEST_SERVER) + " database " +
-                                       VEYRA_SHARED_SERVER + " " + std::to_string(::getpid()));
+    const std::string found = OutputOf(VEYRA_TEST_SERVER " database " VEYRA_SHARED_SERVER " " +
+                                       std::to_string(::getpid()));
     const std::size_t blank = found.find(' ');
     folder_ = found.substr(0, blank);
     name_ = found.substr(blank + 1);
   }
   ~TestDatabase() {
     try {
-      OutputOf(std::string(VEYRA_TEST_SERVER) + " drop " + folder_ + " " + name_);
+      OutputOf(VEYRA_TEST_SERVER " drop " + folder_ + " " + name_);
     } catch (const std::exception&) {
       // It goes with the server.
     }

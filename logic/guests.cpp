@@ -6,7 +6,6 @@ namespace {
 
 GuestNames ReadGuestNames(Connection& GuestCon) {
   GuestNames read;
-  read.Mark = GuestCon.MarkOf("Guest");
   const auto guests = GuestCon.Open("SELECT * FROM Guest", CursorType::ForwardOnlyReadOnly);
   read.HasGuests = !guests->IsEmpty();
   for (; !guests->AtEnd(); guests->MoveNext()) {
@@ -18,16 +17,14 @@ GuestNames ReadGuestNames(Connection& GuestCon) {
   return read;
 }
 
-bool AreCurrent(const GuestNames& guests, Connection& GuestCon) {
-  return guests.Mark != nullptr && guests.Mark == GuestCon.MarkOf("Guest");
-}
-
 }  // namespace
 
 void LoadGuestNames(Session& session, NameBox& Combo1) {
   Combo1.Items.clear();
-  if (!AreCurrent(session.Guests, *session.GuestCon)) {
+  const auto mark = session.GuestCon->MarkOf("Guest");
+  if (mark == nullptr || mark != session.Guests.Mark) {
     session.Guests = ReadGuestNames(*session.GuestCon);
+    session.Guests.Mark = mark;
   }
   if (!session.Guests.HasGuests) {
     Combo1.Text = "No Guests in Veyra";

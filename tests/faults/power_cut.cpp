@@ -48,9 +48,19 @@ std::size_t HashOf(const Image& image) {
 
 PowerCut::PowerCut(const std::vector<File>& first) {
   for (const File& file : first) {
-    flushed_.Names[file.Name] = file.Number;
-    flushed_.Bytes[file.Number] = file.Bytes;
+    const std::uint64_t number =
+        own_numbers_.try_emplace(file.Number, ++last_number_).first->second;
+    flushed_.Names[file.Name] = number;
+    flushed_.Bytes[number] = file.Bytes;
   }
+}
+
+Change PowerCut::WithOwnNumber(Change change) {
+  if (change.What == Kind::Create) {
+    own_numbers_.erase(change.File);
+  }
+  change.File = own_numbers_.try_emplace(change.File, ++last_number_).first->second;
+  return change;
 }
 
 void PowerCut::Apply(const Change& change, const Fate& fate, State& state) {
@@ -87,10 +97,11 @@ void PowerCut::Apply(const Change& change, const Fate& fate, State& state) {
   }
 }
 
-void PowerCut::Happen(const Change& change) {
-  if (change.What == Kind::Mark || change.What == Kind::Made) {
+void PowerCut::Happen(const Change& happened) {
+  if (happened.What == Kind::Mark || happened.What == Kind::Made) {
     return;
   }
+  const Change change = WithOwnNumber(happened);
   if (change.What != Kind::Sync && change.What != Kind::SyncFolder) {
     pending_.push_back(change);
     return;

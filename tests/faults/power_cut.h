@@ -45,7 +45,7 @@ class PowerCut {
   explicit PowerCut(const std::vector<File>& first);
 
   /// The next change happens.
-  void Happen(const Change& change);
+  void Happen(const Change& happened);
 
   /// The image that holds nothing but what was flushed.
   Image FlushedOnly() const { return ImageOf(Fates(pending_.size(), Fate{.Reached = false})); }
@@ -59,11 +59,16 @@ class PowerCut {
                     const std::function<void(const Image&)>& visit);
 
  private:
+  /// The change with the file's own number: a disk gives that of a file that is gone to a new one.
+  Change WithOwnNumber(Change change);
+
   static void Apply(const Change& change, const Fate& fate, State& state);
   Image ImageOf(const Fates& fates) const;
   std::vector<Fates> Systematic() const;
   Fates Drawn();
 
+  std::uint64_t last_number_ = 0;
+  std::map<std::uint64_t, std::uint64_t> own_numbers_;  ///< By the disk's numbers.
   State flushed_;
   std::vector<Change> pending_;
   std::set<std::pair<std::size_t, std::size_t>> seen_;  ///< What was saved, and the image's hash.

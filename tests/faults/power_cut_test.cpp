@@ -19,6 +19,19 @@ constexpr const char* kLog = "Calendar.mdb-wal";
 constexpr int kPart = 3;  ///< Of some images at each change, so many changes' worth.
 constexpr int kMostShown = 3;
 
+using Kind = Change::Kind;
+
+TEST(PowerCutOfTheTests, ANewFileIsEmptyThoughItHasTheNumberOfOneThatIsGone) {
+  PowerCut cut({{.Name = "old", .Number = 7, .Bytes = "a longer text"}});
+  cut.Happen({.What = Kind::Unlink, .File = 7, .Name = "old"});
+  cut.Happen({.What = Kind::Create, .File = 7, .Name = "new"});
+  cut.Happen({.What = Kind::Write, .File = 7, .Bytes = "text"});
+  cut.Happen({.What = Kind::Sync, .File = 7});
+  EXPECT_EQ((Image{{"old", "a longer text"}}), cut.FlushedOnly());
+  cut.Happen({.What = Kind::SyncFolder, .File = 1});
+  EXPECT_EQ((Image{{"new", "text"}}), cut.FlushedOnly());
+}
+
 /// A power cut at every change, in every way that PowerCut knows or a part of them.
 class PowerCutTest : public testing::TestWithParam<Case> {
  protected:
@@ -96,8 +109,8 @@ TEST_P(PowerCutTest, LosesNothingThatWasReportedAsSaved) {
   std::size_t made = 0;
   for (std::size_t at = 0; at < changes.size(); ++at) {
     cut.Happen(changes[at]);
-    saved += changes[at].What == Change::Kind::Mark ? 1 : 0;
-    made += changes[at].What == Change::Kind::Made ? 1 : 0;
+    saved += changes[at].What == Kind::Mark ? 1 : 0;
+    made += changes[at].What == Kind::Made ? 1 : 0;
     cut.ForEachImage(saved, share, [&](const Image& image) {
       ++images;
       Restore(image);
@@ -126,8 +139,7 @@ class PowerCutInALongSeriesTest : public PowerCutTest {
 
   /// Whether it is one by which the log is put away: all others are written to the log.
   bool IsOfPuttingAway(const Change& change) const {
-    return change.What != Change::Kind::Made && change.What != Change::Kind::Mark &&
-           change.File != log_;
+    return change.What != Kind::Made && change.What != Kind::Mark && change.File != log_;
   }
 
   std::uint64_t log_ = 0;
@@ -141,18 +153,17 @@ TEST_P(PowerCutInALongSeriesTest, LosesNoneBeforeAnotherAndSetsNoLogAside) {
   });
   ASSERT_NE(changes.end(), log);
   log_ = log->File;
-  const auto last =
-      std::find_if(changes.rbegin(), changes.rend(),
-                   [](const Change& change) { return change.What == Change::Kind::Made; })
-          .base() -
-      1;
+  const auto last = std::find_if(changes.rbegin(), changes.rend(),
+                                 [](const Change& change) { return change.What == Kind::Made; })
+                        .base() -
+                    1;
   std::size_t saved = 0;
   std::size_t made = 0;
   int images = 0;
   for (auto at = changes.begin(); at != last; ++at) {
     cut.Happen(*at);
-    saved += at->What == Change::Kind::Mark ? 1 : 0;
-    made += at->What == Change::Kind::Made ? 1 : 0;
+    saved += at->What == Kind::Mark ? 1 : 0;
+    made += at->What == Kind::Made ? 1 : 0;
     if (made == saved || !(IsOfPuttingAway(*at) || IsOfPuttingAway(*(at + 1)))) {
       continue;
     }

@@ -19,6 +19,7 @@ PATIENCE = 20.0  # seconds; a busy machine needs some of them, a broken program 
 _PAUSE = 0.02  # seconds between two looks
 _KEY_PAUSE = 0.12  # seconds in which nobody presses a key that he has let go again
 _CLICK_PAUSE = 0.45  # seconds within which a second click at the same place is a double click
+_SAME_PLACE = 12  # pixels of a usual screen, either way; a hand does not move less between two
 _DOUBLE_CLICK = 0.4  # seconds within which two clicks surely are one
 _TOO_QUICK_FOR_A_HAND = 0.08  # seconds
 
@@ -133,8 +134,11 @@ class Screen:
 
     def click(self, x, y, button=1):
         """Clicks, but never so soon after a click at the same place that both are a double one."""
-        if self._last_click and self._last_click[:3] == (x, y, button):
-            _wait_since(self._last_click[3], _CLICK_PAUSE)
+        if self._last_click:
+            last_x, last_y, last_button, since = self._last_click
+            moved = max(abs(x - last_x), abs(y - last_y))
+            if button == last_button and moved <= _SAME_PLACE * self.scale:
+                _wait_since(since, _CLICK_PAUSE)
         self._xdotool("mousemove", x, y, "click", button)
         self._last_click = x, y, button, time.monotonic()
 
@@ -240,7 +244,11 @@ class Screen:
 
     def activate(self, title):
         """Turns to a window as by the task bar, which restores a minimised one."""
-        self._xdotool("windowactivate", self._window(title))
+        self.activate_number(self._window(title))
+
+    def activate_number(self, number):
+        """The same, of windows with one title; the number is that of window_in_front."""
+        self._xdotool("windowactivate", number)
 
     def asks_for_minimise_button(self, title):
         """Whether the window wants one; a window that says nothing of its buttons wants all."""

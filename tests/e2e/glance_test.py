@@ -22,13 +22,15 @@ class GlanceTest(DeskTest):
     def test_coming_back_from_another_program_shows_what_has_been_booked(self):
         day = self.free_day("Main Hall")
         self.start()
+        number, _ = self.desk.screen.window_in_front()
         with Desk(screen(), self.another_calendar()) as other:
             other.wait_for_month_window()
+            self.desk.wait(self.is_left, "the calendar to notice that another program is used")
             self.sql("INSERT INTO Reserv(RmID, Event, DateOfRes, TimeFrom, TimeTo) SELECT ID, "
                      f"'Quentin Zsolnay', '{day.isoformat()}', 19, 21 FROM Rooms "
                      "WHERE Name = 'Main Hall';")
             self.assertNotIn(" 9:00A-10:30A Quentin Zsolnay", self.all_lines_of(day))
-            self.desk.key("alt+Tab")
+            self.desk.screen.activate_number(number)
             self.desk.wait_for_month_window()
             self.desk.wait(lambda: " 9:00A-10:30A Quentin Zsolnay" in self.desk.lines_of(day),
                            "the new booking in the month")
@@ -50,6 +52,9 @@ class GlanceTest(DeskTest):
         self.desk.screen.move(*self.desk._slot(20).centre)
         self.wait_for_words("Quentin Zsolnay\n9:00A-10:30A, 1 h 30 min")
         self.desk.close_day()
+
+    def is_left(self):
+        return not any(window.has_state("ACTIVE") for window in self.desk.windows())
 
     def wait_for_words(self, words):
         """Waits for what the pointer carries, or what is said of the place that it rests on."""

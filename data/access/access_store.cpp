@@ -5,29 +5,18 @@
 #include <optional>
 #include <utility>
 
-#include "data/access/access_rows.h"
-#include "data/access/broken_change.h"
 #include "data/access/check/check_file.h"
 #include "data/access/format/file_header.h"
+#include "data/access/held_file.h"
 #include "data/access/pages/copy_file.h"
-#include "data/access/pages/file_lock.h"
-#include "data/access/pages/journal.h"
-#include "data/access/pages/other_program.h"
-#include "data/access/pages/page_changes.h"
-#include "data/access/pages/page_file.h"
 #include "data/access/read/describe.h"
-#include "data/access/read/snapshot.h"
-#include "data/access/read/table_rows.h"
-#include "data/access/reporting.h"
 #include "data/access/write/change_words.h"
 #include "data/access/write/journal_writer.h"
-#include "data/access/write/journalled_rows.h"
 #include "data/access/write/row_changes.h"
 #include "data/access/write/row_writer.h"
 #include "data/access/write/schema_writer.h"
 #include "data/access/write/table_writer.h"
 #include "data/file_store.h"
-#include "data/file_watch.h"
 #include "data/names.h"
 #include "data/same_rows.h"
 #include "data/store_errors.h"
@@ -40,85 +29,20 @@ namespace {
 /// operator sees them come.
 constexpr std::size_t kRowsAtOnce = 128;
 
-using access::AccessRows;
-using access::FileLock;
 using access::Reporting;
 
 class AccessStore : public FileStore {
-  template <typename Work>
-  auto Reading(const std::string& table, const Work& work) {
-    return Reporting(file_name_, table, [&] {
-      watch_.CheckBeforeReading();
-      file_.SetPath(watch_.NameInFolder());
-      broken_change_.Finish();
-      const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Reading, policy_);
-      return work();
-    });
-  }
-
-  /// `work` changes pages, which are then written, all or none. `what` then says in words what it
-  /// does.
-  template <typename Work>
-  auto Writing(const std::string& table, const std::string& what, const Work& work) {
-    return SayingNothingSaved(
-        [&] { return Reporting(file_name_, table, [&] { return Write(what, work); }); });
-  }
-
-  template <typename Work>
-  auto Write(const std::string& what, const Work& work) {
-    CheckMayWrite();
-    watch_.CheckBeforeChange();
-    file_.SetPath(watch_.NameInFolder());
-    const FileLock lock(file_.File().Descriptor(), FileLock::Kind::Writing, policy_);
-    broken_change_.FinishUnderLock();
-    snapshot_.Tables();
-    const access::Snapshot::Held held(snapshot_);
-    access::PageChanges changes(file_);
-    rows_.Journal().BeginCommit();
-    auto result = work(changes);
-    const access::PageImages pages = changes.Images();
-    if (!pages.empty()) {
-      access::Snapshot::Images images = snapshot_.TakeImages();
-      Commit(pages, what);
-      snapshot_.MendImages(std::move(images), pages);
-      rows_.Journal().EndCommit();
-    }
-    return result;
-  }
-
-  /// The same in the rows of one table.
-  template <typename Work>
-  auto WritingRows(const std::string& table, const std::string& what, const Work& work) {
-    return Writing(table, what, [&](access::PageChanges& changes) {
-      access::TableWriter writer(changes, snapshot_.DefinitionOf(table));
-      access::CheckMayWrite(writer.Layout());
-      return work(changes, writer);
-    });
-  }
-
  public:
   AccessStore(const std::string& file_name, StoreAccess access, const WaitPolicy& policy,
               access::CommitObserver observer, Durability durability)
-      : file_name_(file_name),
-        policy_(policy),
-        durability_(durability),
-        observer_(std::move(observer)),
-        watch_(file_name),
-        file_(file_name, access != StoreAccess::ReadOnly),
-        snapshot_(file_) {
-    if (durability == Durability::WhenAsked) {
-      file_.ExpectNoOtherWriter();
-    }
-    TakeFile(access);
-    broken_change_.Finish();
-  }
+      : file_(file_name, access, policy, std::move(observer), durability) {}
 
-  const std::string& FileName() const override { return file_name_; }
+  const std::string& FileName() const override { return file_.Name(); }
 
   std::vector<std::string> TableNames() override {
-    return Reading({}, [&] {
+    return file_.Reading({}, [&] {
       std::vector<std::string> names;
-      for (const access::CatalogueEntry& entry : snapshot_.Tables()) {
+      for (const access::CatalogueEntry& entry : file_.Tables().Tables()) {
         names.push_back(entry.Name);
       }
       return names;
@@ -126,9 +50,9 @@ class AccessStore : public FileStore {
   }
 
   std::vector<std::string> ColumnNames(const std::string& table) override {
-    return Reading(table, [&] {
+    return file_.Reading(table, [&] {
       std::vector<std::string> names;
-      for (const access::ColumnLayout& column : snapshot_.Table(table)->Layout().Columns) {
+      for (const access::ColumnLayout& column : file_.Tables().Table(table)->Layout().Columns) {
         names.push_back(column.Name);
       }
       return names;
@@ -141,31 +65,30 @@ class AccessStore : public FileStore {
   }
 
   StoreDescription Describe() override {
-    return Reading({}, [&] {
-      StoreDescription description = access::DescribeFile(file_.Header());
-      const std::vector<access::CatalogueEntry> tables = snapshot_.Tables();
-      description.OtherObjects = access::CountOtherObjects(file_);
+    return file_.Reading({}, [&] {
+      StoreDescription description = access::DescribeFile(file_.Pages().Header());
+      const std::vector<access::CatalogueEntry> tables = file_.Tables().Tables();
+      description.OtherObjects = access::CountOtherObjects(file_.Pages());
       for (const access::CatalogueEntry& entry : tables) {
-        const auto image = snapshot_.Table(entry.Name);
+        const auto image = file_.Tables().Table(entry.Name);
         description.Tables.push_back(
-            access::DescribeTable(entry.Name, image->Layout(), file_.Header().Version));
+            access::DescribeTable(entry.Name, image->Layout(), file_.Pages().Header().Version));
       }
       return description;
     });
   }
 
   std::unique_ptr<RowSource> Select(const Query& query) override {
-    return Reading(query.Table, [&]() -> std::unique_ptr<RowSource> {
-      access::TableRows rows(file_, snapshot_.Table(query.Table), query);
-      return std::make_unique<AccessRows>(file_name_, query.Table, std::move(rows));
-    });
+    return file_.Reading(query.Table,
+                         [&]() -> std::unique_ptr<RowSource> { return file_.RowsOf(query); });
   }
 
   Row Insert(const std::string& table, const FieldValues& fields) override {
     const std::string what = access::WordsForInsert(table, fields);
-    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      return rows_.Insert(changes, writer, table, fields);
-    });
+    return file_.WritingRows(table, what,
+                             [&](access::PageChanges& changes, access::TableWriter& writer) {
+                               return file_.Rows().Insert(changes, writer, table, fields);
+                             });
   }
 
   std::size_t RowsAtOnce() const override { return kRowsAtOnce; }
@@ -173,9 +96,10 @@ class AccessStore : public FileStore {
   std::vector<Row> InsertAll(const std::string& table,
                              const std::vector<FieldValues>& rows) override {
     const std::string what = access::WordsForInsertAll(table, rows);
-    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      return rows_.InsertAll(changes, writer, table, rows);
-    });
+    return file_.WritingRows(table, what,
+                             [&](access::PageChanges& changes, access::TableWriter& writer) {
+                               return file_.Rows().InsertAll(changes, writer, table, rows);
+                             });
   }
 
   void Fill(const std::string& table, const std::vector<FieldValues>& rows) override {
@@ -184,8 +108,8 @@ class AccessStore : public FileStore {
       return;
     }
     const std::string what = access::WordsForInsertAll(table, rows);
-    const access::PendingEntries added =
-        WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    const access::PendingEntries added = file_.WritingRows(
+        table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
           return access::FillRows(changes, writer, rows);
         });
     access::PendingEntries& pending = pending_[table];
@@ -198,37 +122,38 @@ class AccessStore : public FileStore {
   void EndFilling(const std::string& table) override {
     auto filled = pending_.extract(table);
     if (!filled.empty()) {
-      WritingRows(table, "the indexes of the table " + table,
-                  [&](access::PageChanges&, access::TableWriter& writer) {
-                    writer.AddEntries(std::move(filled.mapped()));
-                    return 0;
-                  });
+      file_.WritingRows(table, "the indexes of the table " + table,
+                        [&](access::PageChanges&, access::TableWriter& writer) {
+                          writer.AddEntries(std::move(filled.mapped()));
+                          return 0;
+                        });
     }
   }
 
   Row Update(const std::string& table, const Row& before, const FieldValues& fields) override {
     std::string what;
-    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      what = access::WordsForUpdate(table, writer.Layout(), before);
-      return rows_.Update(changes, writer, table, before, fields);
-    });
+    return file_.WritingRows(table, what,
+                             [&](access::PageChanges& changes, access::TableWriter& writer) {
+                               what = access::WordsForUpdate(table, writer.Layout(), before);
+                               return file_.Rows().Update(changes, writer, table, before, fields);
+                             });
   }
 
   void Delete(const std::string& table, const Row& before) override {
     std::string what;
-    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    file_.WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForDelete(table, writer.Layout(), before);
-      rows_.Delete(changes, writer, table, before);
+      file_.Rows().Delete(changes, writer, table, before);
       return 0;
     });
   }
 
   void DeleteAll(const std::string& table, const std::vector<Row>& rows) override {
     std::string what;
-    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    file_.WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       what = access::WordsForDeleteAll(table, writer.Layout(), rows);
       for (const Row& row : rows) {
-        rows_.Delete(changes, writer, table, row);
+        file_.Rows().Delete(changes, writer, table, row);
       }
       return 0;
     });
@@ -237,27 +162,29 @@ class AccessStore : public FileStore {
   std::vector<Row> UpdateAll(const std::string& table, const std::vector<Row>& rows,
                              const FieldValues& fields) override {
     std::string what;
-    return WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
-      what = access::WordsForUpdateAll(table, writer.Layout(), rows);
-      std::vector<Row> changed;
-      changed.reserve(rows.size());
-      for (const Row& row : rows) {
-        changed.push_back(rows_.Update(changes, writer, table, row, fields));
-      }
-      return changed;
-    });
+    return file_.WritingRows(
+        table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+          what = access::WordsForUpdateAll(table, writer.Layout(), rows);
+          std::vector<Row> changed;
+          changed.reserve(rows.size());
+          for (const Row& row : rows) {
+            changed.push_back(file_.Rows().Update(changes, writer, table, row, fields));
+          }
+          return changed;
+        });
   }
 
   void CreateTable(const TableDefinition& definition) override {
-    Writing(definition.Name, "the new table " + definition.Name, [&](access::PageChanges& changes) {
-      access::CreateTable(changes, definition);
-      return 0;
-    });
+    file_.Writing(definition.Name, "the new table " + definition.Name,
+                  [&](access::PageChanges& changes) {
+                    access::CreateTable(changes, definition);
+                    return 0;
+                  });
   }
 
   void AddColumn(const std::string& table, const ColumnDefinition& column) override {
     const std::string what = "the new column " + column.Name + " of the table " + table;
-    WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
+    file_.WritingRows(table, what, [&](access::PageChanges& changes, access::TableWriter& writer) {
       access::AddColumn(changes, writer.Layout().Page, column);
       return 0;
     });
@@ -265,26 +192,27 @@ class AccessStore : public FileStore {
 
   void ChangeAll(const std::vector<RowChange>& changes,
                  const std::vector<QueryResult>& seen) override {
-    Writing({}, access::WordsForChangeAll(changes), [&](access::PageChanges& pages) {
+    file_.Writing({}, access::WordsForChangeAll(changes), [&](access::PageChanges& pages) {
       for (const QueryResult& result : seen) {
         CheckStillGiven(result);
       }
       for (const RowChange& change : changes) {
-        Reporting(file_name_, change.Table, [&] { rows_.Make(pages, change); });
+        Reporting(file_.Name(), change.Table, [&] { file_.Rows().Make(pages, change); });
       }
       return 0;
     });
   }
 
   void CopyTo(const std::string& new_file) override {
-    Reading({}, [&] {
-      access::CopyFile(file_, new_file);
+    file_.Reading({}, [&] {
+      access::CopyFile(file_.Pages(), new_file);
       return 0;
     });
   }
 
   bool KeepsJournal() override {
-    return Reading({}, [&] { return access::JournalWriter::IsKept(file_, snapshot_); });
+    return file_.Reading(
+        {}, [&] { return access::JournalWriter::IsKept(file_.Pages(), file_.Tables()); });
   }
 
   void KeepJournal(bool keep) override {
@@ -307,19 +235,21 @@ class AccessStore : public FileStore {
   }
 
   std::shared_ptr<const void> MarkOf(const std::string& table) override {
-    return Reading(table, [&] { return snapshot_.MarkOf(table); });
+    return file_.Reading(table, [&] { return file_.Tables().MarkOf(table); });
   }
 
-  void BeginAction(const std::string& name) override { rows_.Journal().action().Begin(name); }
-  void EndAction() override { rows_.Journal().action().End(); }
+  void BeginAction(const std::string& name) override {
+    file_.Rows().Journal().action().Begin(name);
+  }
+  void EndAction() override { file_.Rows().Journal().action().End(); }
 
   std::vector<std::string> Verify() override {
-    return Reading({}, [&] { return access::CheckFile(file_); });
+    return file_.Reading({}, [&] { return access::CheckFile(file_.Pages()); });
   }
 
   std::int64_t LastNumber(const std::string& table) override {
-    return Reading(table, [&] {
-      const access::TableLayout& layout = snapshot_.Table(table)->Layout();
+    return file_.Reading(table, [&] {
+      const access::TableLayout& layout = file_.Tables().Table(table)->Layout();
       const bool gives = std::any_of(layout.Columns.begin(), layout.Columns.end(),
                                      [](const auto& column) { return column.IsAutoNumber(); });
       const auto last = static_cast<std::int32_t>(layout.LastAutoNumber);
@@ -327,29 +257,15 @@ class AccessStore : public FileStore {
     });
   }
 
-  std::optional<Report> TakeNotice() override { return broken_change_.TakeNotice(); }
+  std::optional<Report> TakeNotice() override { return file_.TakeNotice(); }
 
  private:
   void CheckStillGiven(const QueryResult& result) {
-    Reporting(file_name_, result.Asked.Table, [&] {
-      AccessRows rows(file_name_, result.Asked.Table,
-                      access::TableRows(file_, snapshot_.Table(result.Asked.Table), result.Asked));
-      if (!GivesTheSame(rows, result.Rows)) {
-        throw RowsChanged(file_name_, result.Asked.Table);
+    Reporting(file_.Name(), result.Asked.Table, [&] {
+      if (!GivesTheSame(*file_.RowsOf(result.Asked), result.Rows)) {
+        throw RowsChanged(file_.Name(), result.Asked.Table);
       }
     });
-  }
-
-  void TakeFile(StoreAccess access) {
-    if (access == StoreAccess::ReadOnly) {
-      return;
-    }
-    const bool exclusive = access == StoreAccess::Exclusive;
-    if (exclusive) {
-      CheckNobodyElse();
-    }
-    use_.emplace(file_.File().Descriptor(),
-                 exclusive ? FileLock::Kind::Exclusive : FileLock::Kind::Open, policy_);
   }
 
   /// A column as it was when first asked for: its kind and its length never change.
@@ -358,8 +274,8 @@ class AccessStore : public FileStore {
     if (known != known_columns_.end()) {
       return known->second;
     }
-    return Reading(table, [&] {
-      const access::TableLayout& layout = snapshot_.Table(table)->Layout();
+    return file_.Reading(table, [&] {
+      const access::TableLayout& layout = file_.Tables().Table(table)->Layout();
       const std::size_t place = layout.FindColumn(column);
       if (place == layout.Columns.size()) {
         throw access::StoreProblem(access::Refusal::NoColumn, column);
@@ -368,40 +284,9 @@ class AccessStore : public FileStore {
     });
   }
 
-  void Commit(const access::PageImages& pages, const std::string& what) {
-    if (durability_ == Durability::AtOnce) {
-      access::CommitPages(file_, pages, what, observer_);
-    } else {
-      file_.Write(pages);
-    }
-  }
-
-  void CheckMayWrite() const {
-    if (!file_.IsWritable()) {
-      throw access::StoreProblem(access::Refusal::ReadingOnly);
-    }
-    access::CheckMayWrite(file_.Header());
-    CheckNobodyElse();
-  }
-
-  /// Other programs may know the file by the name of a link to it.
-  void CheckNobodyElse() const {
-    access::CheckNobodyElse(file_.Path());
-    access::CheckNobodyElse(file_name_);
-  }
-
-  std::string file_name_;
-  WaitPolicy policy_;
-  Durability durability_;
-  access::CommitObserver observer_;
-  FileWatch watch_;
-  access::PageFile file_;
-  access::Snapshot snapshot_;
-  access::BrokenChange broken_change_{file_name_, policy_, file_, snapshot_};
-  access::JournalledRows rows_{file_, snapshot_};
+  access::HeldFile file_;
   std::map<std::pair<std::string, std::string>, access::ColumnLayout> known_columns_;
   std::map<std::string, access::PendingEntries> pending_;
-  std::optional<FileLock> use_;
 };
 
 }  // namespace

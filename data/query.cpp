@@ -144,10 +144,25 @@ class Parser {
     const std::size_t whole_digits = SkipDigits();
     const bool has_point = TakeNext('.');
     const std::size_t digits = whole_digits + (has_point ? SkipDigits() : 0);
+    const bool has_exponent = digits > 0 && SkipExponent();
     if (digits == 0 || IsLetter(Peek())) {
       Fail("a number");
     }
-    return NumberOf(text_.substr(start, at_ - start), !has_point);
+    return NumberOf(text_.substr(start, at_ - start), !has_point && !has_exponent);
+  }
+
+  /// Moves past an exponent such as "e+20" if one comes right here.
+  bool SkipExponent() {
+    const std::size_t start = at_;
+    const bool begins = TakeNext('e') || TakeNext('E');
+    if (begins && !TakeNext('+')) {
+      TakeNext('-');
+    }
+    if (begins && SkipDigits() > 0) {
+      return true;
+    }
+    at_ = start;
+    return false;
   }
 
   /// A whole number too long for 64 bits is read as the nearest double.

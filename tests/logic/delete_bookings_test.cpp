@@ -92,6 +92,17 @@ TEST_F(DeleteBookingsTest, DeletingAGroupReachesEveryDateOfThisFacilityOnly) {
   EXPECT_EQ((Boxes{kDeleteAll, "[OK Exclamation] 3 Bookings Deleted."}), dialogs_.Boxes());
 }
 
+TEST_F(DeleteBookingsTest, AGroupOfAnotherProgramMayHaveAnyNumberForItsKey) {
+  for (const double key : {1e17, 0.5, 1.5e-7, 12345678901234567890.0}) {
+    folder_.AddBooking(pool_, "2014-04-06", 19, 21, "Choir", key);
+    folder_.AddBooking(pool_, "2014-04-13", 19, 21, "Choir", key);
+    dialogs_.AnswerNext(Answer::Yes);
+    Delete(20, 20);
+    EXPECT_EQ("[OK Exclamation] 2 Bookings Deleted.", dialogs_.Boxes().back());
+  }
+  EXPECT_EQ("", folder_.Bookings());
+}
+
 TEST_F(DeleteBookingsTest, AnsweringNoDeletesThePickedDateOnly) {
   AddGroup();
   dialogs_.AnswerNext(Answer::No);

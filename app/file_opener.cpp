@@ -111,15 +111,16 @@ FileError PastTheEnd(const std::string& file_name) {
 /// The bytes up to the end of the line, which is taken from the stream.
 std::string TakeLine(std::fstream& stream, const std::string& file_name) {
   std::string line;
-  for (int byte = stream.get(); byte != std::fstream::traits_type::eof() && byte != '\n';
+  int byte = stream.get();
+  for (; byte != std::fstream::traits_type::eof() && byte != '\r' && byte != '\n';
        byte = stream.get()) {
     if (line.size() == Files::kLongestLine) {
       throw LineTooLong(file_name);
     }
     line.push_back(static_cast<char>(byte));
   }
-  if (line.ends_with('\r')) {
-    line.pop_back();
+  if (byte == '\r' && stream.peek() == '\n') {
+    stream.get();
   }
   return line;
 }

@@ -45,8 +45,8 @@ class Files {
   /// left of one that was made by halves. Throws FileError.
   void FillEmptyFile(const std::string& file_name) const;
 
-  /// The next line of an open file, without its end, CR LF or LF. Throws FileError at the end of
-  /// the file, and when the line is longer than kLongestLine bytes or no text.
+  /// The next line of an open file, without its end, CR LF, CR or LF. Throws FileError at the end
+  /// of the file, and when the line is longer than kLongestLine bytes or no text.
   std::string ReadLine(int handle);
 
   /// Whether an open file has nothing more to be read.

@@ -50,6 +50,14 @@ TEST_F(FileOpenerTest, LinesMayEndAsOtherSystemsEndThem) {
   EXPECT_EQ("/second", files_.ReadLine(handle));
 }
 
+TEST_F(FileOpenerTest, ACarriageReturnAloneEndsALineToo) {
+  folder_.Write("path.txt", "/data\r/second\r");
+  const int handle = Open("path.txt", kForReading);
+  EXPECT_EQ("/data", files_.ReadLine(handle));
+  EXPECT_EQ("/second", files_.ReadLine(handle));
+  EXPECT_TRUE(files_.AtEnd(handle));
+}
+
 TEST_F(FileOpenerTest, ReadingPastTheEndIsAFailure) {
   folder_.Write("path.txt", "");
   const int handle = Open("path.txt", kForReading);

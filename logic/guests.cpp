@@ -1,5 +1,9 @@
 #include "logic/guests.h"
 
+#include <utility>
+
+#include "data/errors.h"
+
 namespace veyra::modRes {
 
 namespace {
@@ -17,14 +21,36 @@ GuestNames ReadGuestNames(Connection& GuestCon) {
   return read;
 }
 
-}  // namespace
-
-void LoadGuestNames(Session& session, NameBox& Combo1) {
-  Combo1.Items.clear();
+void ReadIfChanged(Session& session) {
   const auto mark = session.GuestCon->MarkOf("Guest");
   if (mark == nullptr || mark != session.Guests.Mark) {
     session.Guests = ReadGuestNames(*session.GuestCon);
     session.Guests.Mark = mark;
+  }
+}
+
+/// Opens the file that bears the name now. When it cannot be opened the connection stays as it was,
+/// so that this may be tried again.
+void OpenAnew(Session& session) {
+  Databases anew;
+  anew.AppFolder = session.AppFolder;
+  anew.DataFolder = session.DataFolder;
+  anew.Waiting = session.Waiting;
+  CreateVeyraCon(anew);
+  session.GuestCon = std::move(anew.GuestCon);
+}
+
+}  // namespace
+
+void LoadGuestNames(Session& session, NameBox& Combo1) {
+  Combo1.Items.clear();
+  try {
+    ReadIfChanged(session);
+  } catch (const FileReplacedError&) {
+    // Nothing is ever written to the guests: the host product may put a new file in the place of
+    // the old one.
+    OpenAnew(session);
+    ReadIfChanged(session);
   }
   if (!session.Guests.HasGuests) {
     Combo1.Text = "No Guests in Veyra";

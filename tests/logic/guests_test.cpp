@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "data/errors.h"
 #include "tests/calendar_folder.h"
 
 namespace veyra::modRes {
 namespace {
+
+namespace fs = std::filesystem;
 
 using Names = std::vector<std::string>;
 
@@ -125,6 +129,39 @@ TEST_F(GuestsTest, OfAnotherFileAreNotThoseThatWereKept) {
   session->DataFolder = other.Path();
   CreateVeyraCon(*session);
   AwaitSteadyMark(*session);
+  EXPECT_EQ(Names{"Zoe"}, LoadIn(*session));
+}
+
+/// The host product has made its file anew, as when it is compacted.
+TEST_F(GuestsTest, OfAFileThatTookThePlaceShowTheNextTime) {
+  if (TestedStoreKind() == StoreKind::Postgres) {
+    GTEST_SKIP() << "the guests of a server are in no file";
+  }
+  folder_.AddGuest(std::string("Ann"));
+  const auto session = folder_.OpenSession();
+  EXPECT_EQ(Names{"Ann"}, LoadIn(*session));
+  CalendarFolder other;
+  other.AddGuest(std::string("Zoe"));
+  fs::rename(other.File("Veyra.mdb"), folder_.File("Veyra.mdb"));
+  EXPECT_EQ(Names{"Zoe"}, LoadIn(*session));
+  folder_.AddGuest(std::string("Bob"));
+  EXPECT_EQ((Names{"Zoe", "Bob"}), LoadIn(*session));
+}
+
+TEST_F(GuestsTest, OfAFileThatCannotBeReadComeOnceItCan) {
+  if (TestedStoreKind() == StoreKind::Postgres) {
+    GTEST_SKIP() << "the guests of a server are in no file";
+  }
+  folder_.AddGuest(std::string("Ann"));
+  const auto session = folder_.OpenSession();
+  CalendarFolder other;
+  other.AddGuest(std::string("Zoe"));
+  folder_.Folder().Write("broken", std::string(10000, 'x'));
+  fs::rename(folder_.File("broken"), folder_.File("Veyra.mdb"));
+  NameBox box;
+  EXPECT_THROW(LoadGuestNames(*session, box), DatabaseError);
+  EXPECT_THROW(LoadGuestNames(*session, box), DatabaseError);
+  fs::rename(other.File("Veyra.mdb"), folder_.File("Veyra.mdb"));
   EXPECT_EQ(Names{"Zoe"}, LoadIn(*session));
 }
 

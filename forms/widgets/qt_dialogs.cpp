@@ -114,6 +114,7 @@ void LayOutTexts(QMessageBox& box) {
   const int title_width = box.fontMetrics().horizontalAdvance(box.windowTitle());
   Widen(text, std::min(2 * title_width, width));
   if (QLabel* details = DetailsOf(box)) {
+    details->setTextFormat(Qt::PlainText);
     const int text_height = std::min(text.heightForWidth(width), most_text_height);
     MakeSmaller(*details);
     QtLongText::Fit(*details, width, screen.height() * 2 / 3 - text_height);

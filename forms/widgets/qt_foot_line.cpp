@@ -46,7 +46,7 @@ void QtFootLabel::Place() {
   setMargin(is_narrow ? 0 : kPadding);
   const int frame = 2 * (margin() + frameWidth()) + 2;
   setText(fontMetrics().elidedText(line_, Qt::ElideMiddle, most - frame));
-  setToolTip(line_);
+  setToolTip(PlainToolTip(line_));
   const QSize size(std::min(fontMetrics().horizontalAdvance(text()) + frame, most),
                    fontMetrics().height() + 2 * (margin() + frameWidth()));
   setGeometry(

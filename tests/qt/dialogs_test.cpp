@@ -116,6 +116,16 @@ TEST(MsgBox, ShowsItsDetailsSmallerBelowItsText) {
   QtDialogs().MsgBox({.Text = "Delete?", .Details = "Main Hall\r\n3/14/2026"});
 }
 
+TEST(MsgBox, ShowsItsDetailsToTheLetter) {
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    const QLabel& details = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    EXPECT_EQ(Qt::PlainText, details.textFormat());
+    EXPECT_GE(details.width(), details.fontMetrics().horizontalAdvance(details.text()));
+    box.accept();
+  });
+  QtDialogs().MsgBox({.Text = "Delete?", .Details = "<b>Pool</b>, Sunday 4/6/2014"});
+}
+
 TEST(MsgBox, BreaksNoLineOfItsDetailsThatFits) {
   WhenShown<QMessageBox>([](QMessageBox& box) {
     const QLabel& details = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));

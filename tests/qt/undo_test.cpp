@@ -96,6 +96,15 @@ TEST_F(UndoKeyTest, AChangeIsToldAtTheFootOfEveryWindow) {
   EXPECT_TRUE(Foot(Window("frmDayViewer")).isVisible());
 }
 
+TEST_F(UndoKeyTest, ANameLikeMarkupStaysToTheLetterInTheLinesToolTip) {
+  QWidget window;
+  QtFootLine line(1);
+  line.Add(window);
+  line.ShowFootLine("Booked: <b>Ann</b>");
+  EXPECT_NE(std::string::npos,
+            Foot(&window).toolTip().toStdString().find("Booked: &lt;b&gt;Ann&lt;/b&gt;"));
+}
+
 TEST_F(UndoKeyTest, TheLineMovesNothingAndCoversNoDay) {
   StartAndOpenDay();
   const QRect close = In<QWidget>(Day(), QStringLiteral("Command2")).geometry();

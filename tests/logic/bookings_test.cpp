@@ -150,6 +150,20 @@ TEST_F(BookingsTest, APlanWhoseTextIsNoDateIsAFailureAndWritesNothing) {
   EXPECT_EQ("", folder_.Bookings());
 }
 
+TEST_F(BookingsTest, TheFirstAndTheLastDayThereIsAreBookedChangedAndDeletedLikeAnyOther) {
+  for (const char* day : {"0100-01-01", "1899-12-29", "1899-12-30", "2000-02-29", "9999-12-31"}) {
+    Desk().DayDate = DateFromIsoText(day).value();
+    Desk().CurYear = YearOf(Desk().DayDate);
+    Desk().CurMonth = MonthOf(Desk().DayDate);
+    Book("Ann", 1, 48);
+    EXPECT_EQ("1 " + std::string(day) + " 1-48 Ann\n", folder_.Bookings());
+    Rename(48, 48, "Bob");
+    EXPECT_EQ("1 " + std::string(day) + " 1-48 Bob\n", folder_.Bookings());
+    Delete(1, 1);
+    EXPECT_EQ("", folder_.Bookings());
+  }
+}
+
 TEST_F(BookingsTest, TheGroupKeyIsTheTimeInFourteenDigits) {
   const DateTime time{MakeDate(2014, 4, 6).value(), 5, 3, 9};
   EXPECT_EQ("20140406050309", ToText(GroupKey(time)));

@@ -277,6 +277,13 @@ TEST(InputBox, GivesTheTextThatWasTypedOverTheDefault) {
   EXPECT_EQ("new", QtDialogs().InputBox("Enter a Name", "Booking Name", "old"));
 }
 
+TEST(InputBox, ANameThatIsNotChangedComesBackToTheLetter) {
+  for (const std::string name : {"two\r\nlines", "a\tb", " blank ", "\u202Eloop"}) {
+    WhenShown<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(name, QtDialogs().InputBox("Enter a Name", "Booking Name", name));
+  }
+}
+
 TEST(InputBox, IsEmptyWhenCancelled) {
   WhenShown<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
   EXPECT_EQ("", QtDialogs().InputBox("Enter a Name", "Booking Name", "old"));

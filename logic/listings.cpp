@@ -85,6 +85,17 @@ DayLines LinesOfDay(Session& session, Date day) {
   return LinesOf(session, *OpenDay(session, day));
 }
 
+/// Nothing of a booking that belongs to no group. A calendar to which the column could not be added
+/// at the start has none that does: its days are shown all the same.
+std::optional<double> GroupOf(Recordset& booking) {
+  try {
+    const double key = ToDouble(booking.Field("MultKey")).value_or(0);
+    return key > 0 ? std::optional(key) : std::nullopt;
+  } catch (const MissingItemError&) {
+    return std::nullopt;
+  }
+}
+
 void ColorCell(const ColorSettings& colors, MonthCell& cell) {
   if (!cell.IsToday) {
     cell.NumberColor = ColorNumber(colors.DaysTxtColor, "DaysTxtColor");
@@ -146,9 +157,7 @@ void FillDayList(Session& session, DayGrid& MSFlexGrid1, Date day) {
   const auto bookings = OpenDay(session, day);
   for (; !bookings->AtEnd(); bookings->MoveNext()) {
     const SlotRange rows = RowsOf(bookings->Field("TimeFrom"), bookings->Field("TimeTo"));
-    const double group = ToDouble(bookings->Field("MultKey")).value_or(0);
-    MSFlexGrid1.Add(rows.First, rows.Last, ToText(bookings->Field("Event")),
-                    group > 0 ? std::optional(group) : std::nullopt);
+    MSFlexGrid1.Add(rows.First, rows.Last, ToText(bookings->Field("Event")), GroupOf(*bookings));
   }
 }
 

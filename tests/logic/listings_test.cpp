@@ -261,6 +261,24 @@ TEST_F(ListingsTest, TheDayGridNamesEverySlotOfABooking) {
   EXPECT_EQ("19 Smith\n20 Smith\n21 Smith\n", Rendered(grid));
 }
 
+/// As when another program held the calendar when the column was to be added.
+TEST_F(ListingsTest, WithoutAColumnForGroupsTheDayGridIsFilledAllTheSame) {
+  TableDefinition bookings = ReservTable();
+  bookings.Columns.pop_back();
+  bookings.Indexes.clear();
+  auto calendar = CreateStoreOfKind(TestedStoreKind(), folder_.File("Old.mdb"));
+  calendar->CreateTable(bookings);
+  calendar->Insert("Reserv", {{"RmID", room_},
+                              {"Event", "Smith"},
+                              {"DateOfRes", DateFromIsoText("2014-03-15").value()},
+                              {"TimeFrom", std::int64_t{19}},
+                              {"TimeTo", std::int64_t{19}}});
+  Desk().ResCon = std::make_unique<Connection>(std::move(calendar));
+  DayGrid grid;
+  FillDayList(Desk(), grid, DateFromIsoText("2014-03-15").value());
+  EXPECT_EQ("19 Smith\n", Rendered(grid));
+}
+
 TEST_F(ListingsTest, FillingTheDayGridClearsNothing) {
   DayGrid grid;
   grid.Guest[5] = "kept";

@@ -12,7 +12,7 @@ namespace veyra {
 class DayView : public DayGridScreen {
  public:
   /// Shows, beside the fixed controls, which facility and which weekday is booked.
-  virtual void ShowHeading(const std::string& facility, const std::string& weekday) = 0;
+  virtual void ShowHeading(const std::string& facility, const Phrase& weekday) = 0;
 
   /// Combo1: shows the list and the text.
   virtual void ShowNameBox(const NameBox& Combo1) = 0;

@@ -153,7 +153,7 @@ void frmDay::ShowAnew() {
 
 void frmDay::ShowHeading() {
   view_.ShowHeading(modRes::CurrentFacility(session_).value_or(""),
-                    modRes::WeekdayName(session_.DayDate));
+                    modRes::WeekdayWord(WeekdayNumber(session_.DayDate)));
 }
 
 void frmDay::Form_Unload() {

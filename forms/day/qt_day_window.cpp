@@ -179,7 +179,7 @@ void QtDayWindow::ShowGrid(const DayGrid& grid) {
 }
 
 /// A long name is cut before the weekday is.
-void QtDayWindow::ShowHeading(const std::string& facility, const std::string& weekday) {
+void QtDayWindow::ShowHeading(const std::string& facility, const Phrase& weekday) {
   const QFontMetrics& metrics = heading_->fontMetrics();
   const QString end = QStringLiteral(", ") + ToQString(weekday);
   const int room = heading_->contentsRect().width() - metrics.horizontalAdvance(end) - 1;

@@ -37,7 +37,7 @@ class QtDayWindow : public QMainWindow, public DayView {
   bool IsDragging() const;
 
   void ShowGrid(const DayGrid& grid) override;
-  void ShowHeading(const std::string& facility, const std::string& weekday) override;
+  void ShowHeading(const std::string& facility, const Phrase& weekday) override;
   void ShowNameBox(const NameBox& box) override;
   void ShowName(const std::string& text) override;
   void ShowNameHint(const Phrase& hint) override;

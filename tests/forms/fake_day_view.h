@@ -23,8 +23,8 @@ class FakeDayView : public DayView {
   bool Closed = false;
 
   void ShowGrid(const DayGrid& grid) override { MSFlexGrid1 = grid; }
-  void ShowHeading(const std::string& facility, const std::string& weekday) override {
-    Heading = facility + ", " + weekday;
+  void ShowHeading(const std::string& facility, const Phrase& weekday) override {
+    Heading = facility + ", " + weekday.English();
   }
   void ShowNameBox(const NameBox& box) override { Combo1 = box; }
   void ShowName(const std::string& text) override { Combo1.Text = text; }

@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QImage>
 #include <QKeyEvent>
 #include <QTest>
+#include <algorithm>
 #include <string>
+#include <utility>
 
 #include "forms/month/qt_day_list.h"
 #include "forms/widgets/qt_gesture_guard.h"
@@ -75,6 +78,50 @@ TEST_F(DayListGestures, AListThatItsOwnPressHidesSurvives) {
   EXPECT_EQ("left ", log_);
   EXPECT_FALSE(list_.isVisible());
 }
+
+/// The first and the last column of the list with anything but its background in them.
+std::pair<int, int> ColumnsWithInk(QtDayList& list) {
+  const QImage picture = list.viewport()->grab().toImage();
+  int first = picture.width();
+  int last = -1;
+  for (int x = 0; x < picture.width(); ++x) {
+    for (int y = 0; y < picture.height(); ++y) {
+      if (picture.pixel(x, y) != picture.pixel(0, picture.height() - 1)) {
+        first = std::min(first, x);
+        last = std::max(last, x);
+      }
+    }
+  }
+  return {first, last};
+}
+
+class DayListDirection : public testing::TestWithParam<const char*> {
+ protected:
+  void Show(Qt::LayoutDirection direction) {
+    list_.setLayoutDirection(direction);
+    list_.resize(400, 60);
+    list_.ShowLines({GetParam()}, false);
+  }
+
+  QtDayList list_;
+};
+
+TEST_P(DayListDirection, ALineBeginsAtTheLeft) {
+  Show(Qt::LeftToRight);
+  const auto [first, last] = ColumnsWithInk(list_);
+  EXPECT_LT(first, 20);
+  EXPECT_LT(last, 200);
+}
+
+TEST_P(DayListDirection, OnADesktopFromTheRightItStandsAtTheRight) {
+  Show(Qt::RightToLeft);
+  const auto [first, last] = ColumnsWithInk(list_);
+  EXPECT_GT(first, 200);
+  EXPECT_GT(last, 380);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, DayListDirection,
+                         testing::Values("12:00A- 1:00A Ann", "12:00A- 1:00A Müller"));
 
 }  // namespace
 }  // namespace veyra

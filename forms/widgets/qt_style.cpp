@@ -22,11 +22,13 @@ constexpr int kToolTipDelay = 500;
 
 constexpr int kFocusFrame = 2;
 
-/// Of the text's colour in the colour that a rim is made from, in the lines of a table, and in the
-/// words that stand in an empty field.
+/// Of the text's colour in the colour that a rim is made from, a plain frame's too, in the lines of
+/// a table, in the words that stand in an empty field, and in those of what cannot be used.
 constexpr double kRim = 0.85;
+constexpr double kFrameRim = 0.5;
 constexpr double kLine = 0.25;
 constexpr double kHintWords = 0.6;
+constexpr double kDisabledWords = 0.5;
 
 bool IsDark(const QPalette& colors) {
   return colors.color(QPalette::Window).lightness() <
@@ -34,23 +36,23 @@ bool IsDark(const QPalette& colors) {
 }
 
 /// The style makes a rim by darkening what lies behind it.
-QPalette WithLightRims(const QPalette& colors) {
+QPalette WithLightRims(const QPalette& colors, double rim) {
   QPalette light = colors;
   light.setColor(QPalette::Window,
-                 Blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), kRim));
+                 Blend(colors.color(QPalette::Window), colors.color(QPalette::WindowText), rim));
   return light;
 }
 
 /// A copy of `option` as its own kind, with light rims.
 template <typename Option>
-Option Light(const QStyleOption& option) {
+Option Light(const QStyleOption& option, double rim = kRim) {
   Option light;
   if (const auto* same = qstyleoption_cast<const Option*>(&option)) {
     light = *same;
   } else {
     light.QStyleOption::operator=(option);
   }
-  light.palette = WithLightRims(option.palette);
+  light.palette = WithLightRims(option.palette, rim);
   return light;
 }
 
@@ -86,6 +88,10 @@ void QtStyle::polish(QPalette& colors) {
     colors.setColor(QPalette::Link, ReadableShade(base, colors.color(QPalette::Link)));
     colors.setColor(QPalette::PlaceholderText,
                     Blend(base, colors.color(QPalette::Text), kHintWords));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+      colors.setColor(QPalette::Disabled, role,
+                      Blend(base, colors.color(QPalette::Active, role), kDisabledWords));
+    }
   }
 }
 
@@ -116,6 +122,10 @@ void QtStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option
     }
     case PE_FrameLineEdit: {
       const auto light = Light<QStyleOptionFrame>(*option);
+      return QProxyStyle::drawPrimitive(element, &light, painter, widget);
+    }
+    case PE_Frame: {
+      const auto light = Light<QStyleOptionFrame>(*option, kFrameRim);
       return QProxyStyle::drawPrimitive(element, &light, painter, widget);
     }
     default:

@@ -106,6 +106,26 @@ TEST(DarkDesktopTest, LinksAndTheWordsOfAnEmptyFieldCanBeRead) {
   EXPECT_GE(ContrastOf(dark, QPalette::PlaceholderText), kReadableContrast);
 }
 
+TEST(DarkDesktopTest, TheWordsOfWhatCannotBeUsedCanBeTold) {
+  QPalette dark = Dark();
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, QColor(70, 72, 74));
+  }
+  QApplication::style()->polish(dark);
+  dark.setCurrentColorGroup(QPalette::Disabled);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    EXPECT_GE(ContrastOf(dark, role), kPlainContrast);
+    EXPECT_LT(ContrastOf(dark, role), 6);
+  }
+}
+
+TEST(DarkDesktopTest, TheFrameOfAListIsSeenWhereTheListIsAsDarkAsItsWindow) {
+  QPalette dark = Dark();
+  dark.setColor(QPalette::Base, dark.color(QPalette::Window));
+  const QImage list = ControlWindow<QListWidget>(dark).Picture();
+  EXPECT_GE(Contrast(ToRgb(dark.color(QPalette::Base)), ToRgb(list.pixelColor(20, 0))), 1.5);
+}
+
 TEST(DarkDesktopTest, ALightOneKeepsItsColors) {
   const QPalette before(QColor(239, 240, 241));
   QPalette light = before;

@@ -17,6 +17,7 @@
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_placed_items.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_whole_rows.h"
 #include "forms/widgets/qt_window_place.h"
 #include "logic/slots.h"
 
@@ -59,7 +60,9 @@ void QtBoardWindow::BuildContents() {
   auto* column = new QVBoxLayout(contents);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->addWidget(BuildHead());
-  column->addWidget(Grid1_, 1);
+  column->addWidget(
+      new QtWholeRows(Grid1_, [this] { return Grid1_->verticalHeader()->defaultSectionSize(); }),
+      1);
   column->addWidget(lblState_);
   setCentralWidget(contents);
   Grid1_->setFocus();

@@ -26,6 +26,7 @@ constexpr int kTimeColumn = 0;
 constexpr int kGuestColumn = 1;
 constexpr modRes::TimeSlot kNoon = 25;
 constexpr int kRowPadding = 5;
+constexpr int kRowStretch = 3;
 constexpr double kSmallestFont = 6.5;
 constexpr double kFontStep = 0.25;
 constexpr int kScrollMilliseconds = 60;
@@ -50,6 +51,18 @@ QTableWidgetItem* MakeGuestItem() {
   auto* item = new QtPlacedCell;
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
   return item;
+}
+
+/// Of the heights from `least` on that look alike, the one of which whole rows leave over the least
+/// of the room.
+int LeastLeftOver(int room, int least) {
+  int best = least;
+  for (int height = least; height <= least + kRowStretch; ++height) {
+    if (room % height < room % best) {
+      best = height;
+    }
+  }
+  return best;
 }
 
 /// What a screen reader says of a half hour.
@@ -117,10 +130,17 @@ void QtSlotGrid::ScrollToRow(int row) {
 }
 
 /// On a high screen the rows are made so high that those above the wanted one can be scrolled away.
+/// They fill the height, so that the last one seen is not cut; the header takes what is left over.
 void QtSlotGrid::StretchRows() {
+  const int header = horizontalHeader()->sizeHint().height();
+  const int room = contentsRect().height() - header;
   const int seen_at_most = kRows - std::max(wanted_top_row_, 1) + 1;
-  const int least = (viewport()->height() + seen_at_most - 1) / seen_at_most;
-  verticalHeader()->setDefaultSectionSize(std::max(fontMetrics().height() + kRowPadding, least));
+  const int least =
+      std::max(fontMetrics().height() + kRowPadding, (room + seen_at_most - 1) / seen_at_most);
+  const int height = LeastLeftOver(room, least);
+  verticalHeader()->setDefaultSectionSize(height);
+  horizontalHeader()->setMinimumHeight(header + (room < height ? 0 : room % height));
+  updateGeometries();
 }
 
 void QtSlotGrid::SetCurrentRow(int row) {

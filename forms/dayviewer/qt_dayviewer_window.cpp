@@ -11,6 +11,7 @@
 #include "forms/widgets/qt_colors.h"
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_whole_rows.h"
 
 namespace veyra {
 namespace {
@@ -64,7 +65,7 @@ void QtDayViewerWindow::BuildContents() {
   column->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
   column->setSpacing(kMargin / 2);
   column->addLayout(head);
-  column->addWidget(lstDay_, 1);
+  column->addWidget(new QtWholeRows(lstDay_, [this] { return lstDay_->sizeHintForRow(0); }), 1);
   setCentralWidget(contents);
 }
 

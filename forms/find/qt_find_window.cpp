@@ -11,11 +11,13 @@
 
 #include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_whole_rows.h"
 
 namespace veyra {
 namespace {
 
 constexpr int kMargin = 10;
+constexpr int kDividerIndent = 4;
 constexpr QSize kComfortableSize(640, 460);
 constexpr double kShareOfScreen = 0.85;
 
@@ -59,7 +61,7 @@ void QtFindWindow::BuildContents() {
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->addWidget(label);
   column->addWidget(Text1_);
-  column->addWidget(List1_, 1);
+  column->addWidget(new QtWholeRows(List1_, [this] { return List1_->sizeHintForRow(0); }), 1);
   column->addWidget(lblState_);
   setCentralWidget(contents);
   Text1_->setFocus();
@@ -98,10 +100,15 @@ void QtFindWindow::AddDivider() {
   auto* item = new QListWidgetItem(List1_);
   item->setFlags(Qt::NoItemFlags);
   item->setData(Qt::AccessibleTextRole, ToQString(Phrase::Tr("Past")));
-  auto* line = new QFrame;
+  auto* divider = new QWidget;
+  auto* line = new QFrame(divider);
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
-  List1_->setItemWidget(item, line);
+  auto* row = new QHBoxLayout(divider);
+  row->setContentsMargins(kDividerIndent, 0, kDividerIndent, 0);
+  row->addWidget(new QLabel(ToQString(Phrase::Tr("Past")), divider));
+  row->addWidget(line, 1);
+  List1_->setItemWidget(item, divider);
 }
 
 void QtFindWindow::KeepWorking(bool working) {

@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "data/shown_name.h"
@@ -17,6 +18,7 @@
 #include "forms/widgets/qt_help_item.h"
 #include "forms/widgets/qt_list_keys.h"
 #include "forms/widgets/qt_text.h"
+#include "forms/widgets/qt_whole_rows.h"
 #include "logic/multiday.h"
 
 namespace veyra {
@@ -25,6 +27,7 @@ namespace {
 constexpr int kMargin = 10;
 constexpr int kGap = 6;
 constexpr int kFacilitiesWidth = 200;
+constexpr int kFacilitiesSeen = 7;
 constexpr QSize kComfortableSize(680, 520);
 constexpr double kShareOfScreen = 0.85;
 
@@ -161,11 +164,12 @@ QGroupBox* QtFreeWindow::BuildFacilities() {
   Facilities_->setAccessibleName(ToQString(Phrase::Tr("Facilities")));
   Facilities_->setTextElideMode(Qt::ElideRight);
   Facilities_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  Facilities_->setFixedWidth(kFacilitiesWidth);
-  Facilities_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+  FacilityRows_ = new QtWholeRows(Facilities_, [this] { return Facilities_->sizeHintForRow(0); });
+  FacilityRows_->setFixedWidth(kFacilitiesWidth);
+  FacilityRows_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
   auto* column = new QVBoxLayout(group);
   column->addWidget(All_);
-  column->addWidget(Facilities_, 1);
+  column->addWidget(FacilityRows_, 1);
   connect(All_, &QCheckBox::clicked, this, &QtFreeWindow::TickAll);
   connect(Facilities_, &QListWidget::itemChanged, this, [this] { ReportFields(); });
   return group;
@@ -183,7 +187,7 @@ void QtFreeWindow::BuildResults(QBoxLayout* column) {
   lblState_->setObjectName(QStringLiteral("lblState"));
   lblState_->setTextFormat(Qt::PlainText);
   lblState_->setWordWrap(true);
-  column->addWidget(List1_, 1);
+  column->addWidget(new QtWholeRows(List1_, [this] { return List1_->sizeHintForRow(0); }), 1);
   column->addWidget(lblState_);
 }
 
@@ -212,6 +216,9 @@ void QtFreeWindow::ShowFacilities(const FreeFields& fields,
     item->setData(kIdRole, static_cast<qlonglong>(facility.ID));
     item->setToolTip(PlainToolTip(facility.Name));
   }
+  const int rows = std::clamp(Facilities_->count(), 1, kFacilitiesSeen);
+  FacilityRows_->setMinimumHeight(rows * Facilities_->sizeHintForRow(0) +
+                                  2 * Facilities_->frameWidth());
   ShowWhetherAll();
 }
 

@@ -19,6 +19,8 @@ class QListWidget;
 
 namespace veyra {
 
+class QtWholeRows;
+
 /// The widgets of the window of free times. Up and Down in a date field choose a line, and Enter
 /// opens it from every field.
 class QtFreeWindow : public QMainWindow, public FreeView {
@@ -65,6 +67,7 @@ class QtFreeWindow : public QMainWindow, public FreeView {
   OneBased<QCheckBox*, 7> Days_;  ///< By weekday, 1 to 7.
   QCheckBox* All_ = nullptr;
   QListWidget* Facilities_ = nullptr;
+  QtWholeRows* FacilityRows_ = nullptr;  ///< Holds Facilities_.
   QListWidget* List1_ = nullptr;
   QLabel* lblState_ = nullptr;
   QtPiecework work_{[this] { guard_.Run([this] { handler_->Work(); }); }};

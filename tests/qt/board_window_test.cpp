@@ -53,6 +53,14 @@ TEST_F(BoardWindowTest, AllFacilitiesOfTheChosenDayStandSideBySide) {
   EXPECT_EQ("Smith", At(1, 19));
 }
 
+TEST_F(BoardWindowTest, TheLastRowSeenIsNotCut) {
+  StartAndOpen();
+  for (int height = 400; height < 440; ++height) {
+    Board()->resize(Board()->width(), height);
+    EXPECT_EQ(0, Cells().viewport()->height() % Cells().rowHeight(0)) << height;
+  }
+}
+
 TEST_F(BoardWindowTest, AClickLeadsToTheDayAndWhatIsBookedThereIsSeenAfterwards) {
   StartAndOpen();
   ClickCell(0, 20);

@@ -2,12 +2,14 @@
 #include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QWindow>
 
+#include "app/translation.h"
 #include "forms/day/qt_day_window.h"
 #include "tests/qt/day_window_fixture.h"
 
@@ -186,9 +188,27 @@ TEST_F(DayWindowTest, AnotherOpeningIsANewWindow) {
   EXPECT_EQ(11, TopRow());
 }
 
+TEST_F(DayWindowTest, TheLastRowSeenIsNotCut) {
+  StartAndOpenDay();
+  const int least = Grid().fontMetrics().height();
+  for (int height = Day()->minimumHeight(); height < Day()->minimumHeight() + 60; ++height) {
+    Day()->resize(Day()->width(), height);
+    const int row = Grid().rowHeight(0);
+    EXPECT_EQ(0, Grid().viewport()->height() % row) << height;
+    EXPECT_LT(Grid().horizontalHeader()->height(), 2 * row) << height;
+    EXPECT_LT(row, least + 10) << height;
+  }
+}
+
 TEST_F(DayWindowTest, ItSaysWhichFacilityAndWhichWeekdayItBooks) {
   StartAndOpenDay();
   EXPECT_EQ("Hall, Saturday", In<QLabel>(Day(), QStringLiteral("heading")).text().toStdString());
+}
+
+TEST_F(DayWindowTest, OnAGermanDesktopItSaysTheWeekdayInGerman) {
+  const auto german = InstallTranslation({QStringLiteral("de")});
+  StartAndOpenDay();
+  EXPECT_EQ("Hall, Samstag", In<QLabel>(Day(), QStringLiteral("heading")).text().toStdString());
 }
 
 TEST_F(DayWindowTest, ItsHeadingIsAmongTheControlsThatAssistiveProgramsAreToldOf) {

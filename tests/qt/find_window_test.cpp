@@ -59,6 +59,25 @@ TEST_F(FindWindowTest, AKeyDoesNotHaveEveryLineMeasured) {
   EXPECT_LT(delegate.Measured, kBookings);
 }
 
+TEST_F(FindWindowTest, TheLastLineSeenIsNotCut) {
+  for (int slot = 1; slot <= 48; ++slot) {
+    data_.AddBooking(hall_, "2014-05-05", slot, slot, "Smith");
+  }
+  StartAndFind("smi");
+  for (int height = 300; height < 330; ++height) {
+    Find()->resize(Find()->width(), height);
+    EXPECT_EQ(0, Found().viewport()->height() % Found().sizeHintForRow(0)) << height;
+  }
+}
+
+TEST_F(FindWindowTest, ThePastIsCalledSo) {
+  data_.AddBooking(hall_, "2014-03-10", 1, 2, "Smith");
+  StartAndFind("smi");
+  const QWidget* divider = Found().itemWidget(Found().item(0));
+  ASSERT_NE(nullptr, divider);
+  EXPECT_EQ("Past", divider->findChild<QLabel*>()->text().toStdString());
+}
+
 TEST_F(FindWindowTest, EnterOpensTheDayOfTheNextOne) {
   data_.AddBooking(hall_, "2014-03-10", 1, 2, "Smith");
   data_.AddBooking(pool_, "2014-05-05", 1, 2, "Ann Smith");

@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
+#include <QScrollBar>
 #include <QWindow>
 
 #include "tests/qt/month_window_fixture.h"
@@ -50,6 +51,28 @@ class FreeWindowTest : public MonthWindowFixture {
     return rows;
   }
 };
+
+TEST_F(FreeWindowTest, TheLastLinesSeenAreNotCut) {
+  for (int number = 1; number <= 10; ++number) {
+    data_.AddRoom("Room " + std::to_string(number), false);
+  }
+  StartAndOpen();
+  for (int height = 420; height < 450; ++height) {
+    Free()->resize(Free()->width(), height);
+    for (QListWidget* list : {&Found(), &Of<QListWidget>("Facilities")}) {
+      EXPECT_EQ(0, list->viewport()->height() % list->sizeHintForRow(0)) << height;
+    }
+  }
+}
+
+TEST_F(FreeWindowTest, SixFacilitiesAreSeenWithoutAScrollBar) {
+  for (int number = 1; number <= 4; ++number) {
+    data_.AddRoom("Room " + std::to_string(number), false);
+  }
+  StartAndOpen();
+  ASSERT_EQ(6, Of<QListWidget>("Facilities").count());
+  EXPECT_FALSE(Of<QListWidget>("Facilities").verticalScrollBar()->isVisible());
+}
 
 TEST_F(FreeWindowTest, EnterOpensTheDayWithItsRowsChosenAndEnterThereBooksThem) {
   data_.AddBooking(hall_, "2014-03-15", 19, 42, "Smith");

@@ -1,12 +1,11 @@
 #!/usr/bin/python3
-"""Takes the pictures of the help from the program itself, on a virtual screen.
+"""Takes the pictures of the help from the program itself, on a virtual screen, in each language.
 
     help/take_pictures.py BUILD_FOLDER/app
 
-Run help/compile afterwards.
+Another language keeps those only that differ from the English. Run help/compile afterwards.
 """
 
-import os
 import pathlib
 import shutil
 import subprocess
@@ -16,6 +15,7 @@ from datetime import date
 
 HELP = pathlib.Path(__file__).resolve().parent
 PICTURES = HELP / "topics" / "pictures"
+LANGUAGES = ["de"]  # beside English
 sys.path.insert(0, str(HELP.parent / "scripts"))
 
 from desk import Desk, date_text  # noqa: E402
@@ -70,31 +70,38 @@ def make_application_folder(program_folder, folder):
     (folder / "path.txt").write_bytes(f"{folder / 'data'}\r\n{folder / 'data'}\r\n".encode())
 
 
-def save(desk, name, width=WIDTH):
-    """The front window, with no more colours than it needs, so that the help file stays small."""
-    picture = PICTURES / f"{name}.png"
-    desk.picture(picture)
-    subprocess.run(["convert", picture, "-resize", f"{width}x>", "-strip", "+dither", "-colors", "255",
-                    "-define", "png:compression-level=9", picture], check=True)
+class Camera:
+    """Takes pictures of the desk's front window into a folder."""
+
+    def __init__(self, desk, folder):
+        self._desk = desk
+        self._folder = folder
+
+    def take(self, name, width=WIDTH):
+        """With no more colours than the window needs, so that the help file stays small."""
+        picture = self._folder / f"{name}.png"
+        self._desk.picture(picture)
+        subprocess.run(["convert", picture, "-resize", f"{width}x>", "-strip", "+dither", "-colors",
+                        "255", "-define", "png:compression-level=9", picture], check=True)
 
 
-def take_booking(desk):
+def take_booking(desk, camera):
     """The windows on the road of a booking."""
     desk.write_name(GUESTS[0])
-    save(desk, "day")
+    camera.take("day")
     desk.drag_slots(26, 28)
     desk.message()
-    save(desk, "booking_question")
+    camera.take("booking_question")
     desk.press("Cancel")
     desk.click_slot(22)
     desk.message()
-    save(desk, "delete_question")
+    camera.take("delete_question")
     desk.press("No")
     desk.message()
     desk.press("No")
 
 
-def take_many_days(desk):
+def take_many_days(desk, camera):
     day_window = desk.front_window().name
     desk.click("Multiple Booking")
     desk.front_window("Multiple Day Booking")
@@ -102,49 +109,69 @@ def take_many_days(desk):
     desk.click("Wed")
     desk.click_on(desk.find("To", "text"))
     desk.type(date_text(date(date.today().year, 12, 24)))
-    save(desk, "many_days")
+    camera.take("many_days")
     desk.click("Close")
     desk.message()
     desk.press("OK")
     desk.front_window(day_window)
 
 
-def take_day_viewer(desk):
+def take_day_viewer(desk, camera):
     desk.click_on(desk.day_cell(date.today().replace(day=BOOKED_DAY)), RIGHT_BUTTON)
     desk.front_window(f"  {date_text(date.today().replace(day=BOOKED_DAY))} Day Viewer")
-    save(desk, "day_viewer", 560)
+    camera.take("day_viewer", 560)
     desk.key("alt+F4")
     desk.wait_for_month_window()
 
 
-def take_colours(desk):
+def take_colours(desk, camera):
     desk.click("Settings")
     desk.front_window("Calendar Color Settings")
-    save(desk, "colours")
+    camera.take("colours")
     desk.key("alt+F4")
     desk.wait_for_month_window()
 
 
-def take_all(desk):
+def take_all(desk, camera):
     desk.wait_for_month_window()
-    save(desk, "month")
-    take_day_viewer(desk)
-    take_colours(desk)
+    camera.take("month")
+    take_day_viewer(desk, camera)
+    take_colours(desk, camera)
     desk.open_day(date.today().replace(day=BOOKED_DAY))
-    take_booking(desk)
-    take_many_days(desk)
+    take_booking(desk, camera)
+    take_many_days(desk, camera)
     desk.close_day()
+
+
+def take_language(screen, program_folder, language, pictures):
+    """Fills the folder `pictures`."""
+    pictures.mkdir()
+    with tempfile.TemporaryDirectory(prefix="veyra-pictures-") as folder:
+        make_application_folder(program_folder, pathlib.Path(folder))
+        with Desk(screen, folder, language) as desk:
+            take_all(desk, Camera(desk, pictures))
+
+
+def keep(taken, folder, shared=None):
+    """Makes the folder hold what was taken, but for what is the same in `shared`."""
+    shutil.rmtree(folder, ignore_errors=True)
+    for picture in sorted(taken.iterdir()):
+        if shared and picture.read_bytes() == (shared / picture.name).read_bytes():
+            continue
+        folder.mkdir(exist_ok=True)
+        shutil.copyfile(picture, folder / picture.name)
+        print(f"{(folder / picture.name).relative_to(HELP)}: {picture.stat().st_size} bytes")
 
 
 def main():
     program_folder = pathlib.Path(sys.argv[1]).resolve()
-    PICTURES.mkdir(exist_ok=True)
-    with tempfile.TemporaryDirectory(prefix="veyra-pictures-") as folder:
-        make_application_folder(program_folder, pathlib.Path(folder))
-        with Screen(*SCREEN) as screen, Desk(screen, folder) as desk:
-            take_all(desk)
-    for picture in sorted(PICTURES.glob("*.png")):
-        print(f"{picture.name}: {os.path.getsize(picture)} bytes")
+    with tempfile.TemporaryDirectory(prefix="veyra-taken-") as taken, Screen(*SCREEN) as screen:
+        taken = pathlib.Path(taken)
+        for language in ["", *LANGUAGES]:
+            take_language(screen, program_folder, language, taken / f"in_{language}")
+        keep(taken / "in_", PICTURES)
+        for language in LANGUAGES:
+            keep(taken / f"in_{language}", HELP / f"topics_{language}" / "pictures", taken / "in_")
 
 
 if __name__ == "__main__":

@@ -4,13 +4,15 @@ sheets, one for each kind of screen, to be looked at. The windows are worked fro
 
     scripts/contact_sheet.py BUILD_FOLDER SHEET_FOLDER [KIND...]
 
-KIND is a name of KINDS below; all are taken unless some are named. The calendar must be built. Those of
-Wayland need the packages weston and qt6-wayland.
+KIND is a name of KINDS below; all are taken unless some are named. The pictures of a sheet, each as large
+as its screen, lie beside it in a folder of its name. The calendar must be built. Those of Wayland need the
+packages weston and qt6-wayland.
 """
 
 import contextlib
 import dataclasses
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -18,7 +20,7 @@ from datetime import date
 
 from desk import Desk, date_text
 from pictures import make_calendar
-from screen import Screen, wait_until
+from screen import Screen, pixels_of, wait_until
 
 
 @dataclasses.dataclass
@@ -31,6 +33,7 @@ class Kind:
     theme: str = "light"
     font: int = 0  # the desktop's, in points; that of every desktop where it is 0
     wayland: bool = False
+    language: str = ""  # as Desk has it
 
 
 KINDS = {
@@ -43,6 +46,9 @@ KINDS = {
     "at_200_dark": Kind(2048, 1280, scale=2, theme="dark"),
     "large": Kind(3840, 2160),
     "large_at_200": Kind(3840, 2160, scale=2),
+    "german": Kind(1280, 800, language="de"),
+    "german_smallest": Kind(1024, 600, language="de"),
+    "german_at_200": Kind(2048, 1280, scale=2, language="de"),
     "wayland": Kind(1280, 800, wayland=True),
     "wayland_dark": Kind(1280, 800, theme="dark", wayland=True),
     "wayland_smallest": Kind(1024, 600, wayland=True),
@@ -121,8 +127,21 @@ class Sheet:
         self.taken = []
 
     def take(self, name):
-        path = os.path.join(self._folder, f"{len(self.taken):02}_{name}.png")
+        path = self._path(name)
         self._desk.picture(path, window_only=False)
+        self.taken.append(path)
+
+    def _path(self, name):
+        return os.path.join(self._folder, f"{len(self.taken):02}_{name}.png")
+
+    def _press_and_take(self, key, name):
+        """For what a key brings up that no assistive program is told of."""
+        path = self._path(name)
+        self._desk.picture(path, window_only=False)
+        before = pixels_of(path)
+        self._desk.key(key)
+        self._desk.wait(lambda: self._desk.picture(path, window_only=False) or pixels_of(path) != before,
+                        f"what {key} brings up")
         self.taken.append(path)
 
     def all_windows(self):
@@ -137,11 +156,22 @@ class Sheet:
         self._desk.key("ctrl+g")
         self._desk.message()
         self.take("go to")
+        self._desk.key("ctrl+a")
+        self._desk.type("no day")
+        self._desk.key("Return")
+        self._desk.message(lambda text: "\n" in text)
+        self.take("no date")
+        self._desk.key("Return")
+        self._desk.message(lambda text: "\n" not in text)
         self._desk.key("Escape")
         self._desk.wait_for_month_window()
         self._desk.key(f"ctrl+{self._desk.combo_items().index(LONGEST_FACILITY) + 1}")
         self._go_to(SIX_WEEKS.replace(day=5))
         self.take("six weeks")
+        self._desk.key("alt+d")
+        self._desk.message()
+        self.take("delete facility")
+        self._close()
 
     def days(self):
         day = SIX_WEEKS.replace(day=5)
@@ -159,32 +189,47 @@ class Sheet:
         self._desk.key("Home", *["Down"] * 15, *["shift+Down"] * 3, "Return")
         self._desk.message()
         self.take("question")
-        self._open("Escape", title)
+        self._desk.key("Return")
+        self._desk.message(lambda text: "\n" not in text)
+        self._open("Return", title)
         self._close("alt+c")
+        self._desk.key("ctrl+z")
+        self._desk.message()
+        self.take("undo")
+        self._close()
         self._go_to(SIX_WEEKS.replace(day=6))
         self._open("Menu", f"  {date_text(SIX_WEEKS.replace(day=6))} Day Viewer")
         self.take("day viewer")
         self._close()
 
     def small_windows(self):
-        self._open("ctrl+f", "Find a Booking")
+        self._open("ctrl+f", self._desk.phrase("Find a Booking"))
         self._desk.type("wolf")
         self._desk.wait(lambda: any(one.role == "list item" and "Wolf" in one.name
                                     for one in self._desk.front_window().everything()), "the bookings")
         self.take("find")
         self._close()
-        self._open("ctrl+shift+f", "Free Time")
+        self._open("ctrl+shift+f", self._desk.phrase("Free Time"))
         self.take("free time")
         self._close()
         self._desk.key("ctrl+b")
-        self._desk.front_window(is_wanted=lambda one: one.name.startswith("Day Board"))
+        board = self._desk.phrase("Day Board: %1", "")
+        self._desk.front_window(is_wanted=lambda one: one.name.startswith(board))
         self.take("board")
         self._close()
         self._open("alt+s", "Calendar Color Settings")
         self.take("colours")
         self._close()
+        self._open("ctrl+p", "Print")
+        self.take("print")
+        self._desk.key("Escape")
+        self._desk.message()
+        self._close("Return")
 
     def help(self):
+        self._desk.tab_to(lambda one: one.name == "Print", "the button for printing")
+        self._press_and_take("Menu", "calendar menu")
+        self._desk.key("Escape")
         self._desk.key("alt+h")
         self._desk.find("About", "menu item")
         self.take("menu")
@@ -192,8 +237,11 @@ class Sheet:
         self.take("about")
         self._close()
         self._desk.key("F1")
-        self._desk.front_window(is_wanted=lambda one: one.name.endswith("Veyra Calendar Help"))
+        self._desk.front_window(is_wanted=self._has_page)
         self.take("help")
+
+    def _has_page(self, window):
+        return any(one.name == self._desk.phrase("Help page") for one in window.everything())
 
     def _go_to(self, day):
         """Chooses a day of the month window."""
@@ -202,8 +250,9 @@ class Sheet:
         self._desk.key("ctrl+a")
         self._desk.type(date_text(day))
         self._desk.key("Return")
-        self._desk.wait(lambda: (one := self._desk.focused())
-                        and one.name == f"Bookings on {date_text(day)}", "the focus on that day")
+        name = self._desk.phrase("Bookings on %1", date_text(day))
+        self._desk.wait(lambda: (one := self._desk.focused()) and one.name == name,
+                        "the focus on that day")
 
     def _open(self, key, title):
         self._desk.key(key)
@@ -222,24 +271,32 @@ def take_kind(build, sheets, name):
         kind_of_screen = WaylandScreen if kind.wayland else Screen
         screen = stack.enter_context(kind_of_screen(kind.width / kind.scale, kind.height / kind.scale,
                                                     kind.scale))
-        desk = Desk(screen, folder)
+        desk = Desk(screen, folder, kind.language)
         stack.callback(desk.__exit__)
         desk.start(**set_up_desktop(screen, kind))
-        sheet = Sheet(desk, stack.enter_context(tempfile.TemporaryDirectory(prefix="veyra-shots-")))
+        sheet = Sheet(desk, emptied(os.path.join(sheets, name)))
         try:
             sheet.all_windows()
         finally:
             put_together(sheet.taken, os.path.join(sheets, f"{name}.png"), (kind.width, kind.height))
 
 
+def emptied(folder):
+    shutil.rmtree(folder, ignore_errors=True)
+    os.makedirs(folder)
+    return folder
+
+
 def put_together(pictures, path, size):
     """Three in a row, in their own size unless that is huge."""
     share = min(1.0, 1280 / size[0])
+    shown = f"{round(size[0] * share)}x{round(size[1] * share)}"
+    # Each is scaled as it is read: all of a large screen together are more than the program may hold.
     labels = [word for picture in pictures
-              for word in ("-label", os.path.basename(picture)[3:-4].replace("_", " "), picture)]
-    subprocess.run(["montage", *labels, "-tile", "3x", "-geometry",
-                    f"{round(size[0] * share)}x{round(size[1] * share)}+6+6", "-background", "#808080",
-                    path], check=True)
+              for word in ("-label", os.path.basename(picture)[3:-4].replace("_", " "),
+                           f"{picture}[{shown}]")]
+    subprocess.run(["montage", *labels, "-tile", "3x", "-geometry", f"{shown}+6+6", "-background",
+                    "#808080", path], check=True)
     print(f"{path}: {len(pictures)} pictures", flush=True)
 
 

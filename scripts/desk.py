@@ -17,6 +17,7 @@ import subprocess
 import warnings
 
 from screen import GaveUp, end, wait_until
+from translations import ROOT, messages
 
 MONTH_WINDOW = "Veyra Scheduler Calendar"
 _BOXES = ("alert", "dialog")
@@ -25,6 +26,11 @@ _BOXES = ("alert", "dialog")
 def date_text(day):
     """3/5/2026: as the program writes a date."""
     return f"{day.month}/{day.day}/{day.year}"
+
+
+def phrases_of(language):
+    """The program's English texts with those of a language; none for ""."""
+    return messages(ROOT / "translations" / f"veyra_{language}.ts") if language else {}
 
 
 class Control:
@@ -105,11 +111,14 @@ class Control:
 
 
 class Desk:
-    """The program in `app_folder`, started and, at the end, ended."""
+    """The program in `app_folder`, started and, at the end, ended; on a desktop of that language, such
+    as "de", which must have a translation."""
 
-    def __init__(self, screen, app_folder):
+    def __init__(self, screen, app_folder, language=""):
         self.screen = screen
         self.app_folder = app_folder
+        self.language = language
+        self._translations = phrases_of(language)
         self.process = None
         _load_atspi()
 
@@ -123,13 +132,19 @@ class Desk:
 
     def start(self, **environment):
         """Starts the program, in the screen's environment and this; returns at once."""
-        self.process = self.screen.start([os.path.join(self.app_folder, "veyra-calendar")],
-                                         env={**self.screen.environment, **environment})
+        self.process = self.screen.start(
+            [os.path.join(self.app_folder, "veyra-calendar")],
+            env={**self.screen.environment, "LANGUAGE": self.language, **environment})
 
     def exit_status(self):
         """Waits for the program to end by itself."""
         return wait_until(lambda: (self.process.poll() is not None and [self.process.returncode]),
                           "the program's end")[0]
+
+    def phrase(self, english, *values):
+        """A text of the program in the language of the desktop; the values stand for %1, %2 and so on."""
+        text = self._translations.get(english, english)
+        return re.sub("%([1-9])", lambda place: values[int(place.group(1)) - 1], text)
 
     # Windows
 
@@ -272,7 +287,7 @@ class Desk:
         return next((text for text in self.labels() if re.fullmatch(r"[A-Z][a-z]+ \d+", text)), "")
 
     def day_cell(self, day):
-        return self.find(f"Bookings on {date_text(day)}", "list")
+        return self.find(self.phrase("Bookings on %1", date_text(day)), "list")
 
     def lines_of(self, day):
         """The lines of a day cell."""
@@ -326,7 +341,7 @@ class Desk:
 
     def slots(self):
         """The names in the rows of the day grid by slot; entry 0 is empty."""
-        return guests_of(self._grid())
+        return guests_of(self._grid(), self.phrase("free"))
 
     def time_of(self, slot):
         """What the time column says: "9:30 AM"."""
@@ -381,11 +396,11 @@ class Desk:
         return wait_until(look, what, passing=(_glib.Error,))
 
 
-def guests_of(grid):
+def guests_of(grid, free="free"):
     """The names in the rows of a day grid by slot; entry 0 is empty. A screen reader says "9:00 AM, Ann
     Smith" of a row, and "9:00 AM, free"."""
     names = [grid.cell(row, 1).name.split(", ", 1)[1] for row in range(48)]
-    return [""] + ["" if name == "free" else name for name in names]
+    return [""] + ["" if name == free else name for name in names]
 
 
 def _tells_progress(window):

@@ -8,6 +8,7 @@ The calendar must be built. The pictures go to docs/ unless another folder is na
 month in which they are taken.
 """
 
+import glob
 import os
 import shutil
 import subprocess
@@ -66,8 +67,9 @@ def _convert(*words):
 def make_calendar(build, folder):
     """An application folder with the programs as built and a sample calendar; its name."""
     programs = os.path.join(build, "app")
-    for name in ("veyra-calendar", "veyra-help-reader", "VeyraCalendar.chm"):
-        shutil.copy(os.path.join(programs, name), folder)
+    for file in (os.path.join(programs, "veyra-calendar"), os.path.join(programs, "veyra-help-reader"),
+                 *glob.glob(os.path.join(programs, "VeyraCalendar*.chm"))):
+        shutil.copy(file, folder)
     data = os.path.join(folder, "data")
     subprocess.run([os.path.join(programs, "veyra-data"), "new", data, "--sample"], check=True,
                    stdout=subprocess.DEVNULL)

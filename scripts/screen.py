@@ -278,7 +278,8 @@ class Screen:
         return result.stdout
 
     def picture(self, path, window_only=True):
-        """Saves what is to be seen, once it stands still: the front window or the whole screen."""
+        """Saves what is to be seen, once it stands still but for a caret that blinks: the front window or
+        the whole screen."""
         window = ["-window", "root"]
         if window_only:
             window = ["-frame", "-window", self._xdotool("getactivewindow")]
@@ -287,11 +288,14 @@ class Screen:
             return subprocess.run(["import", *window, "png:-"], env=self.environment, check=True,
                                   stdout=subprocess.PIPE).stdout
 
-        def take_twice():
-            first, second = take(), take()
-            return second if _pixels(first) == _pixels(second) else None
+        seen = []
 
-        picture = wait_until(take_twice, "a still picture")
+        def take_again():
+            picture = take()
+            seen.append(_pixels(picture))
+            return picture if seen[-1] in seen[:-1] else None
+
+        picture = wait_until(take_again, "a still picture")
         with open(path, "wb") as file:
             file.write(picture)
 
@@ -331,6 +335,12 @@ def end(process):
         except subprocess.TimeoutExpired:
             process.kill()
     return process.wait()
+
+
+def pixels_of(path):
+    """The compressed pixels of a picture that was saved, to be compared with those of another."""
+    with open(path, "rb") as file:
+        return _pixels(file.read())
 
 
 def _pixels(png):

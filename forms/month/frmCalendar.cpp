@@ -70,7 +70,7 @@ void frmCalendar::Command2_Click() {
 
 void frmCalendar::Command4_Click() {
   Combo1_LostFocus();
-  if (lblRoom_.empty() || (Combo1_.Text.empty() && !modRes::CurrentFacility(session_))) {
+  if (!modRes::CurrentFacility(session_)) {
     dialogs_.MsgBox(NoFacility());
     return;
   }

@@ -223,6 +223,19 @@ TEST_F(FacilityBoxTest, TheLastFacilityIsNotAskedForOnceItIsDeleted) {
   EXPECT_EQ("[OK Critical] There is no Facility Selected", dialogs_.Boxes().back());
 }
 
+TEST_F(FacilityBoxTest, AFacilityOfAnotherProgramWithoutANameCanBeDeletedToo) {
+  Start({"Pool", ""});
+  dialogs_.AnswerNext(Answer::Yes);
+  calendar_->Command4_Click();
+  EXPECT_EQ(2, session_->CurRmID);
+  dialogs_.AnswerNext(Answer::Yes);
+  calendar_->Command4_Click();
+  EXPECT_EQ("[Yes/No Critical] Are you Sure you want to Delete  and All Events associated with it?",
+            dialogs_.Boxes().back());
+  EXPECT_EQ("", folder_.Rooms());
+  EXPECT_EQ((NameBox{}), view_.Combo1);
+}
+
 TEST_F(FacilityBoxTest, DeletingAFacilityTellsItsBookingsAndEnterDeletesNothing) {
   Start();
   folder_.AddBooking(1, "2014-03-14", 1, 2, "yesterday");

@@ -26,12 +26,7 @@ void Program::FillAnew() {
   }
   month_.ReloadFacilities();
   month_.RefreshMonth();
-  if (viewer_ && session_.DayOpener == Opener::DayViewer) {
-    viewer_->Logic.FillList();
-  }
-  if (day_) {
-    day_->Logic.FillGrid();
-  }
+  ShowDayAnew();
   ShowListsAnew();
 }
 

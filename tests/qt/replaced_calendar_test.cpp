@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <filesystem>
@@ -54,6 +55,25 @@ TEST_F(ReplacedCalendarTest, TakesTheNextBookingOnceItIsOpenedAnew) {
   dialogs_.AnswerNext(Answer::Ok);
   DragRows(23, 24);
   EXPECT_EQ("2 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
+}
+
+TEST_F(ReplacedCalendarTest, AnOpenDayIsHeadedByTheFacilityThatItBooksFromThenOn) {
+  {
+    Connection backup(OpenStore(kept_.File("backup"), StoreAccess::ReadWrite));
+    const auto rooms = backup.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
+    for (; !rooms->AtEnd(); rooms->MoveNext()) {
+      rooms->SetField("Active", std::int64_t{ToText(rooms->Field("Name")) == "Pool"});
+      rooms->Update();
+    }
+  }
+  StartAndOpenDay();
+  Replace();
+  dialogs_.AnswerNext(Answer::Yes);
+  DragRows(23, 24);
+  EXPECT_EQ("Pool, Saturday", In<QLabel>(Day(), QStringLiteral("heading")).text().toStdString());
+  dialogs_.AnswerNext(Answer::Ok);
+  DragRows(23, 24);
+  EXPECT_EQ("1 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
 }
 
 TEST_F(ReplacedCalendarTest, IsSeenOnTheDayBoardToo) {

@@ -123,6 +123,10 @@ void Program::OpenCalendarAnew() {
   DropReaders();
   veyra::OpenCalendarAnew(session_, month_, dialogs_);
   others_watch_.Watch(others_.Listen());
+  if (!modRes::CurrentFacility(session_)) {
+    // What is booked now would belong to no facility.
+    LeaveDay();
+  }
   FillAnew();
 }
 

@@ -76,6 +76,24 @@ TEST_F(ReplacedCalendarTest, AnOpenDayIsHeadedByTheFacilityThatItBooksFromThenOn
   EXPECT_EQ("1 2014-03-15 23-24 No Guests In Veyra\n", data_.Bookings());
 }
 
+TEST_F(ReplacedCalendarTest, WithoutTheFacilityOfAnOpenDayNothingIsBookedThere) {
+  {
+    Connection backup(OpenStore(kept_.File("backup"), StoreAccess::ReadWrite));
+    const auto rooms = backup.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
+    for (; !rooms->AtEnd(); rooms->MoveNext()) {
+      rooms->Delete();
+    }
+  }
+  StartAndOpenDay();
+  Replace();
+  dialogs_.AnswerNext(Answer::Yes);
+  DragRows(23, 24);
+  EXPECT_EQ(nullptr, Day());
+  ASSERT_NE(nullptr, Month());
+  EXPECT_TRUE(Month()->isEnabled());
+  EXPECT_EQ("", Names(Month()).currentText().toStdString());
+}
+
 TEST_F(ReplacedCalendarTest, IsSeenOnTheDayBoardToo) {
   Start();
   QTest::keyClick(Month()->focusWidget(), Qt::Key_B, Qt::ControlModifier);

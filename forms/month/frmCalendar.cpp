@@ -70,7 +70,8 @@ void frmCalendar::Command2_Click() {
 
 void frmCalendar::Command4_Click() {
   Combo1_LostFocus();
-  if (!modRes::CurrentFacility(session_)) {
+  const bool is_gone = session_.CurRmID != 0 && !modRes::CurrentFacility(session_);
+  if (Combo1_.Items.empty() || is_gone) {
     dialogs_.MsgBox(NoFacility());
     return;
   }

@@ -223,6 +223,21 @@ TEST_F(FacilityBoxTest, TheLastFacilityIsNotAskedForOnceItIsDeleted) {
   EXPECT_EQ("[OK Critical] There is no Facility Selected", dialogs_.Boxes().back());
 }
 
+TEST_F(FacilityBoxTest, WhileNoneIsSelectedDeletingTakesNothingAndSelectsTheFirst) {
+  folder_.AddRoom("Pool");
+  folder_.AddRoom("Hall");
+  folder_.AddBooking(1, "2014-03-05", 1, 2, "Swim");
+  Start({});
+  dialogs_.AnswerNext(Answer::Yes);
+  calendar_->Command4_Click();
+  EXPECT_EQ("[Yes/No Critical] Are you Sure you want to Delete  and All Events associated with it?",
+            dialogs_.OnlyBox());
+  EXPECT_EQ("1 Pool active\n2 Hall\n", folder_.Rooms());
+  EXPECT_EQ("1 2014-03-05 1-2 Swim\n", folder_.Bookings());
+  EXPECT_EQ((NameBox{{"Pool", "Hall"}, "Pool"}), view_.Combo1);
+  EXPECT_EQ("Pool", view_.lblRoom);
+}
+
 TEST_F(FacilityBoxTest, AFacilityOfAnotherProgramWithoutANameCanBeDeletedToo) {
   Start({"Pool", ""});
   dialogs_.AnswerNext(Answer::Yes);

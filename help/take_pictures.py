@@ -26,6 +26,7 @@ GUESTS = ["Ann Example", "Carlos Medina", "Dana Smith", "Liam Fairbrother", "Pri
 SCREEN = (1024, 620)  # low, for the day window is nearly as high as the screen
 RIGHT_BUTTON = 3
 WIDTH = 720  # pixels: what a page is wide in the help window
+BESIDE_TEXT = 12
 
 # Day of the month, first and last slot, name: a month that is neither empty nor crowded.
 BOOKINGS = [
@@ -77,18 +78,20 @@ class Camera:
         self._desk = desk
         self._folder = folder
 
-    def take(self, name, width=WIDTH):
-        """With no more colours than the window needs, so that the help file stays small."""
+    def take(self, name, width=WIDTH, left_margin=0):
+        """With no more colours than the window needs, so that the help file stays small. `left_margin`:
+        pixels as white as the page, which parts no text from a picture that stands beside it."""
         picture = self._folder / f"{name}.png"
         self._desk.picture(picture)
-        subprocess.run(["convert", picture, "-resize", f"{width}x>", "-strip", "+dither", "-colors",
-                        "255", "-define", "png:compression-level=9", picture], check=True)
+        subprocess.run(["convert", picture, "-resize", f"{width}x>", "-background", "white", "-splice",
+                        f"{left_margin}x0", "-strip", "+dither", "-colors", "255", "-define",
+                        "png:compression-level=9", picture], check=True)
 
 
 def take_booking(desk, camera):
     """The windows on the road of a booking."""
     desk.write_name(GUESTS[0])
-    camera.take("day")
+    camera.take("day", left_margin=BESIDE_TEXT)
     desk.drag_slots(26, 28)
     desk.message()
     camera.take("booking_question")

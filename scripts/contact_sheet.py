@@ -205,7 +205,7 @@ class Sheet:
     def small_windows(self):
         self._open("ctrl+f", self._desk.phrase("Find a Booking"))
         self._desk.type("wolf")
-        self._desk.wait(lambda: self._desk.focused().text == "wolf", "the text in the field")
+        self._desk.wait(lambda: self._desk.first("text").text == "wolf", "the text in the field")
         self._desk.wait(lambda: any(one.role == "list item" and "Wolf" in one.name
                                     for one in self._desk.front_window().everything()), "the bookings")
         self.take("find")

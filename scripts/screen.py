@@ -188,6 +188,9 @@ class Screen:
     # The keyboard. Keys have their X names: "Return", "shift+Down".
 
     def type(self, text):
+        """Types, but never so soon after a key that one of the letters is that key held down."""
+        if self._last_key:
+            _wait_since(self._last_key[1], _KEY_PAUSE)
         self._xdotool("type", "--delay", 10, "--", text)
 
     def key(self, *keys):

@@ -216,9 +216,7 @@ void QtFreeWindow::ShowFacilities(const FreeFields& fields,
     item->setData(kIdRole, static_cast<qlonglong>(facility.ID));
     item->setToolTip(PlainToolTip(facility.Name));
   }
-  const int rows = std::clamp(Facilities_->count(), 1, kFacilitiesSeen);
-  FacilityRows_->setMinimumHeight(rows * Facilities_->sizeHintForRow(0) +
-                                  2 * Facilities_->frameWidth());
+  FacilityRows_->SeeAtLeast(std::clamp(Facilities_->count(), 1, kFacilitiesSeen));
   ShowWhetherAll();
 }
 

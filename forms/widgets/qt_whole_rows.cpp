@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <algorithm>
 #include <utility>
 
 namespace veyra {
@@ -11,6 +12,25 @@ QtWholeRows::QtWholeRows(QAbstractItemView* view, RowHeight row_height, QWidget*
   view_->setParent(this);
   setSizePolicy(view_->sizePolicy());
   view_->viewport()->installEventFilter(this);
+}
+
+/// How high a row is, is certain only when the view has its font and its style.
+void QtWholeRows::SeeAtLeast(int rows) {
+  least_rows_ = rows;
+  if (isVisible()) {
+    MakeRoom();
+  }
+}
+
+void QtWholeRows::MakeRoom() {
+  setMinimumHeight(least_rows_ * std::max(row_height_(), 0) + 2 * view_->frameWidth());
+}
+
+void QtWholeRows::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (least_rows_ > 0) {
+    MakeRoom();
+  }
 }
 
 QSize QtWholeRows::sizeHint() const {
@@ -24,11 +44,11 @@ QSize QtWholeRows::minimumSizeHint() const {
 void QtWholeRows::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   view_->setGeometry(rect());
-  Fit();
 }
 
-/// What the rows have is known only when the view has taken its headers and scroll bars from it.
-/// The bar also tells that there are more rows than are seen.
+/// What the rows have is known only when the view has taken its headers and scroll bars from it,
+/// and a view that is not shown yet does that later. The bar also tells that there are more rows
+/// than are seen.
 bool QtWholeRows::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize) {
     Fit();

@@ -61,6 +61,27 @@ TEST_F(WholeRowsTest, RowsThatComeLaterAreWhole) {
   EXPECT_EQ(0, list_->viewport()->height() % ListRow());
 }
 
+TEST_F(WholeRowsTest, NoRowIsLostBeforeThePlaceIsShown) {
+  FillList();
+  for (int height = kLeast; height <= kMost; ++height) {
+    list_place_.hide();
+    list_place_.resize(200, height);
+    list_place_.show();
+    EXPECT_EQ(0, list_->viewport()->height() % ListRow()) << height;
+    EXPECT_LT(height - list_->height(), ListRow()) << height;
+  }
+}
+
+TEST_F(WholeRowsTest, SoManyRowsAsAreWantedAreSeen) {
+  FillList();
+  list_place_.SeeAtLeast(5);
+  list_place_.resize(200, 10);
+  list_place_.show();
+  EXPECT_EQ(5 * ListRow(), list_->viewport()->height());
+  list_place_.SeeAtLeast(7);
+  EXPECT_EQ(7 * ListRow(), list_->viewport()->height());
+}
+
 TEST_F(WholeRowsTest, APlaceLowerThanARowIsFilled) {
   FillList();
   list_place_.show();

@@ -70,6 +70,17 @@ TEST_F(DayViewerWindowTest, ItShowsTheDay) {
   EXPECT_EQ(" 2:30P- 3:00P Third", Text(2));
 }
 
+TEST_F(DayViewerWindowTest, TheLastLineSeenIsNotCut) {
+  for (int slot = 1; slot <= 48; ++slot) {
+    data_.AddBooking(hall_, "2014-03-16", slot, slot, "Smith");
+  }
+  Open(22);
+  for (int height = 400; height < 440; ++height) {
+    Viewer()->resize(Viewer()->width(), height);
+    EXPECT_EQ(0, Lines().viewport()->height() % Lines().sizeHintForRow(0)) << height;
+  }
+}
+
 TEST_F(DayViewerWindowTest, ItsListIsAsTheDesignSays) {
   Open();
   EXPECT_EQ(

@@ -19,8 +19,8 @@ class FileStore : public Store {
   virtual void CopyTo(const std::string& new_file) = 0;
 
   /// What is wrong with the file's own structure, one sentence each, whatever its tables mean;
-  /// nothing when it is sound. Reads the whole file.
-  virtual std::vector<std::string> Verify() = 0;
+  /// nothing when it is sound. What an engine says itself stays in its words. Reads the whole file.
+  virtual std::vector<Phrase> Verify() = 0;
 
   /// The highest number that the table has given to a row, one that was deleted since included; 0
   /// when it gives none, or has given none. The next row gets a higher one.

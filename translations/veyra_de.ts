@@ -3443,6 +3443,114 @@
         <source>%1 h 30 min</source>
         <translation>%1 Std. 30 Min.</translation>
     </message>
+    <message>
+        <source>the map of free pages</source>
+        <translation>dem Verzeichnis der freien Seiten</translation>
+    </message>
+    <message>
+        <source>Page %1 counts as free and belongs to %2.</source>
+        <translation>Seite %1 gilt als frei und gehört zu %2.</translation>
+    </message>
+    <message>
+        <source>Page %1 says that it belongs to the table %2, which does not know of it.</source>
+        <translation>Seite %1 gibt an, zur Tabelle %2 zu gehören, die nichts von ihr weiß.</translation>
+    </message>
+    <message>
+        <source>the header</source>
+        <translation>dem Kopf der Datei</translation>
+    </message>
+    <message>
+        <source>index %1 of the table %2</source>
+        <translation>dem Index %1 der Tabelle %2</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2 names another table as its own.</source>
+        <translation>Seite %1, die zu %2 gehört, nennt eine andere Tabelle als die ihre.</translation>
+    </message>
+    <message>
+        <source>a page above its leaves does not name the last entry of page %1</source>
+        <translation>eine Seite über seinen Blättern nennt nicht den letzten Eintrag von Seite %1</translation>
+    </message>
+    <message>
+        <source>its last leaf names another one after it</source>
+        <translation>sein letztes Blatt nennt noch eines nach sich</translation>
+    </message>
+    <message>
+        <source>its entries are out of order</source>
+        <translation>seine Einträge stehen nicht in der richtigen Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Index %1 of the table %2 is wrong: %3.</source>
+        <translation>Der Index %1 der Tabelle %2 stimmt nicht: %3.</translation>
+    </message>
+    <message>
+        <source>Index %1 of the table %2 is wrong: %3</source>
+        <translation>Der Index %1 der Tabelle %2 stimmt nicht: %3</translation>
+    </message>
+    <message>
+        <source>its leaf pages are not linked to each other at page %1</source>
+        <translation>seine Blätter sind bei Seite %1 nicht miteinander verbunden</translation>
+    </message>
+    <message>
+        <source>it has %1 entries for %2 rows</source>
+        <translation>er hat nicht so viele Einträge (%1) wie die Tabelle Zeilen (%2)</translation>
+    </message>
+    <message>
+        <source>%1 rows are missing in it, and %2 entries are of no row</source>
+        <translation>Zeilen, die in ihm fehlen: %1, Einträge, zu denen keine Zeile gehört: %2</translation>
+    </message>
+    <message>
+        <source>its pages run in a circle</source>
+        <translation>seine Seiten führen im Kreis</translation>
+    </message>
+    <message>
+        <source>the table %1</source>
+        <translation>der Tabelle %1</translation>
+    </message>
+    <message>
+        <source>the definition of %1</source>
+        <translation>der Beschreibung %1</translation>
+    </message>
+    <message>
+        <source>The table %1 cannot be gone through: %2</source>
+        <translation>Die Tabelle %1 kann nicht durchgesehen werden: %2</translation>
+    </message>
+    <message>
+        <source>a usage map of %1</source>
+        <translation>einer Seitenliste %1</translation>
+    </message>
+    <message>
+        <source>The table %1 has page %2, which is not one of its own.</source>
+        <translation>Die Tabelle %1 hat die Seite %2, die nicht zu ihr gehört.</translation>
+    </message>
+    <message>
+        <source>The table %1 has a map of pages with room in which there are pages of others.</source>
+        <translation>Die Tabelle %1 hat ein Verzeichnis der Seiten mit freiem Platz, in dem Seiten anderer stehen.</translation>
+    </message>
+    <message>
+        <source>The table %1 has a row on page %2 whose column %3 cannot be read.</source>
+        <translation>Die Tabelle %1 hat auf Seite %2 eine Zeile, deren Spalte %3 nicht gelesen werden kann.</translation>
+    </message>
+    <message>
+        <source>the usage maps</source>
+        <translation>den Seitenlisten</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2 is not in the file.</source>
+        <translation>Seite %1, die zu %2 gehört, ist nicht in der Datei.</translation>
+    </message>
+    <message>
+        <source>Page %1 belongs to %2 and to %3.</source>
+        <translation>Seite %1 gehört zu %2 und zu %3.</translation>
+    </message>
+    <message>
+        <source>The table %1 has a row with a higher number than the server has given.</source>
+        <translation>Die Tabelle %1 hat eine Zeile mit einer höheren Nummer, als der Server vergeben hat.</translation>
+    </message>
+    <message>
+        <source>The table %1 cannot be read: %2.</source>
+        <translation>Die Tabelle %1 kann nicht gelesen werden: %2.</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>

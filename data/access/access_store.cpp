@@ -243,7 +243,7 @@ class AccessStore : public FileStore {
   }
   void EndAction() override { file_.Rows().Journal().action().End(); }
 
-  std::vector<std::string> Verify() override {
+  std::vector<Phrase> Verify() override {
     return file_.Reading({}, [&] { return access::CheckFile(file_.Pages()); });
   }
 

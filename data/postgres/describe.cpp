@@ -54,7 +54,7 @@ const Column* AutoColumn(const Table& table) {
 
 /// A number that is behind the rows would be given twice.
 void VerifyNumbers(Session& session, const Place& place, const Table& table,
-                   std::vector<std::string>& wrong) {
+                   std::vector<Phrase>& wrong) {
   const Column* column = AutoColumn(table);
   if (column == nullptr) {
     return;
@@ -62,8 +62,8 @@ void VerifyNumbers(Session& session, const Place& place, const Table& table,
   const Result rows =
       session.Run("SELECT max(" + Quoted(column->Name) + ") FROM " + FullName(place, table.Name));
   if (rows.Number(0, 0) > LastNumber(session, place, table)) {
-    wrong.push_back("The table " + table.Name +
-                    " has a row with a higher number than the server has given.");
+    wrong.push_back(Phrase::Tr(
+        "The table %1 has a row with a higher number than the server has given.", table.Name));
   }
 }
 
@@ -97,9 +97,9 @@ StoreDescription Describe(Session& session, Catalogue& catalogue, const Place& p
   return store;
 }
 
-std::vector<std::string> Verify(Session& session, Catalogue& catalogue, const Place& place) {
+std::vector<Phrase> Verify(Session& session, Catalogue& catalogue, const Place& place) {
   catalogue.Forget();
-  std::vector<std::string> wrong;
+  std::vector<Phrase> wrong;
   for (const std::string& name : catalogue.TableNames()) {
     const Table& table = catalogue.Find(name);
     try {
@@ -110,7 +110,7 @@ std::vector<std::string> Verify(Session& session, Catalogue& catalogue, const Pl
       if (failure.IsOf(state::kConnection)) {
         throw;
       }
-      wrong.push_back("The table " + name + " cannot be read: " + failure.Message() + ".");
+      wrong.push_back(Phrase::Tr("The table %1 cannot be read: %2.", name, failure.Message()));
     }
   }
   return wrong;

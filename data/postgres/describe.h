@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "data/postgres/catalogue.h"
 #include "data/postgres/sql_text.h"
 #include "data/store_description.h"
@@ -18,6 +19,6 @@ StoreDescription Describe(Session& session, Catalogue& catalogue, const Place& p
 std::int64_t LastNumber(Session& session, const Place& place, const Table& table);
 
 /// What is wrong with the calendar's own structure, one sentence each. Reads every row.
-std::vector<std::string> Verify(Session& session, Catalogue& catalogue, const Place& place);
+std::vector<Phrase> Verify(Session& session, Catalogue& catalogue, const Place& place);
 
 }  // namespace veyra::postgres

@@ -66,7 +66,7 @@ class PostgresStore : public FileStore {
   void CreateTable(const TableDefinition& definition) override;
   void AddColumn(const std::string& table, const ColumnDefinition& column) override;
   void CopyTo(const std::string& new_file) override;
-  std::vector<std::string> Verify() override;
+  std::vector<Phrase> Verify() override;
   std::int64_t LastNumber(const std::string& table) override;
   bool KeepsJournal() override;
   void KeepJournal(bool keep) override;
@@ -291,7 +291,7 @@ void PostgresStore::CopyTo(const std::string& new_file) {
   runner_.Read({}, [&] { CopyToFile(session_, catalogue_, place_, new_file); });
 }
 
-std::vector<std::string> PostgresStore::Verify() {
+std::vector<Phrase> PostgresStore::Verify() {
   return Reading({}, [this] { return postgres::Verify(session_, catalogue_, place_); });
 }
 

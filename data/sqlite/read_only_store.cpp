@@ -130,8 +130,8 @@ class ReadOnlyStore : public FileStore {
     }
   }
 
-  std::vector<std::string> Verify() override {
-    std::vector<std::string> problems;
+  std::vector<Phrase> Verify() override {
+    std::vector<Phrase> problems;
     Ask([&](const auto& reading) { problems = sqlite::Verify(reading->reader()); });
     return problems;
   }

@@ -111,7 +111,7 @@ class SqliteStore : public FileStore {
   void CopyTo(const std::string& new_file) override {
     CopyDatabase(Watched().database(), new_file);
   }
-  std::vector<std::string> Verify() override { return sqlite::Verify(Watched()); }
+  std::vector<Phrase> Verify() override { return sqlite::Verify(Watched()); }
   std::int64_t LastNumber(const std::string& table) override {
     return sqlite::LastNumber(Watched(), table);
   }

@@ -1,23 +1,25 @@
 #include "data/sqlite/verify.h"
 
+#include <string>
+
 #include "data/errors.h"
 
 namespace veyra::sqlite {
 
-std::vector<std::string> Verify(Reader& reader) {
-  std::vector<std::string> problems;
+std::vector<Phrase> Verify(Reader& reader) {
+  std::vector<Phrase> problems;
   try {
     const auto statement = reader.statements().Take("PRAGMA integrity_check");
     while (statement->Step()) {
       const std::string problem = statement->Text(0);
       if (problem != "ok") {
-        problems.push_back(problem);
+        problems.emplace_back(problem);
       }
     }
   } catch (const DatabaseBusyError&) {
     throw;
   } catch (const DatabaseError& error) {
-    problems.push_back(error.report().Cause.English());
+    problems.push_back(error.report().Cause);
   }
   return problems;
 }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
+#include "data/phrase.h"
 #include "data/sqlite/reader.h"
 
 namespace veyra::sqlite {
 
 /// What Store::Verify does.
-std::vector<std::string> Verify(Reader& reader);
+std::vector<Phrase> Verify(Reader& reader);
 
 }  // namespace veyra::sqlite

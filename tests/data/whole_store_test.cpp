@@ -129,7 +129,7 @@ TEST_P(WholeStoreTest, ACopyNeverReplacesAFile) {
 }
 
 TEST_P(WholeStoreTest, ASoundFileHasNothingWrong) {
-  EXPECT_EQ(std::vector<std::string>{}, store_->Verify());
+  EXPECT_EQ(std::vector<Phrase>{}, store_->Verify());
 }
 
 /// What a server makes of a damage of its own files is for the server to say.
@@ -162,7 +162,7 @@ TEST(WholeSqliteStoreTest, TheFilesOwnWordsAreGiven) {
   const auto problems =
       OpenFileStore(folder.File("Any.mdb").string(), StoreAccess::ReadOnly)->Verify();
   ASSERT_EQ(1U, problems.size());
-  EXPECT_NE(std::string::npos, problems[0].find("reelist")) << problems[0];
+  EXPECT_NE(std::string::npos, problems[0].English().find("reelist")) << problems[0];
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ void Append(Findings& findings, Findings more) {
 
 Findings DamageOf(FileStore& store) {
   Findings findings;
-  for (const std::string& problem : store.Verify()) {
+  for (const Phrase& problem : store.Verify()) {
     findings.push_back(
         {.Kind = "damaged",
          .What = Phrase::Tr("The file is damaged: %1", problem),

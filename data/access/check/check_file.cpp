@@ -20,12 +20,12 @@ bool IsZero(const Bytes& page) {
 void CheckFreePages(PageSource& pages, Findings& findings) {
   findings.ClaimShared(kFreePages.Page);
   for (const PageNumber page : MapPages(pages, kFreePages)) {
-    findings.Claim(page, "the map of free pages");
+    findings.Claim(page, Phrase::Tr("the map of free pages"));
   }
   for (const PageNumber page : ReadUsageMap(pages, kFreePages)) {
     if (findings.IsClaimed(page)) {
-      findings.Add("Page " + std::to_string(page) + " counts as free and belongs to " +
-                   findings.OwnerOf(page) + ".");
+      findings.Add(
+          Phrase::Tr("Page %1 counts as free and belongs to %2.", page, findings.OwnerOf(page)));
     }
   }
 }
@@ -46,18 +46,19 @@ void CheckStrayPages(PageSource& pages, const std::vector<CatalogueEntry>& table
       return entry.Definition == owner;
     });
     if (table != tables.end()) {
-      findings.Add("Page " + std::to_string(number) + " says that it belongs to the table " +
-                   table->Name + ", which does not know of it.");
+      findings.Add(
+          Phrase::Tr("Page %1 says that it belongs to the table %2, which does not know of it.",
+                     number, table->Name));
     }
   }
 }
 
 }  // namespace
 
-std::vector<std::string> CheckFile(PageSource& pages) {
+std::vector<Phrase> CheckFile(PageSource& pages) {
   Findings findings(pages.PageCount());
   try {
-    findings.Claim(0, "the header");
+    findings.Claim(0, Phrase::Tr("the header"));
     const std::vector<CatalogueEntry> tables = ReadAllTables(pages);
     for (const CatalogueEntry& table : tables) {
       CheckTable(pages, table.Name, table.Definition, findings);
@@ -65,7 +66,7 @@ std::vector<std::string> CheckFile(PageSource& pages) {
     CheckFreePages(pages, findings);
     CheckStrayPages(pages, ReadCatalogue(pages), findings);
   } catch (const FileProblem& problem) {
-    findings.Add(problem.what());
+    findings.Add(problem.cause());
   }
   return findings.Faults();
 }

@@ -13,21 +13,30 @@ namespace {
 
 constexpr int kMostLevels = 12;
 
+/// The pages of an index lead back to each other.
+struct Circle {};
+
 /// Goes through the pages of one index.
 class IndexWalk {
  public:
-  IndexWalk(PageSource& pages, const TableLayout& table, std::string name, Findings& findings)
-      : pages_(pages), table_(table), name_(std::move(name)), findings_(findings) {}
+  IndexWalk(PageSource& pages, const TableLayout& layout, std::string index, std::string table,
+            Findings& findings)
+      : pages_(pages),
+        layout_(layout),
+        index_(std::move(index)),
+        table_(std::move(table)),
+        name_(Phrase::Tr("index %1 of the table %2", index_, table_)),
+        findings_(findings) {}
 
+  /// Throws Circle.
   void Walk(PageNumber number, int level) {
     if (level > kMostLevels) {
-      throw DamagedFile("its pages run in a circle");
+      throw Circle();
     }
     findings_.Claim(number, name_);
     const IndexPage page = DecodeIndexPage(*pages_.ReadPage(number));
-    if (page.Owner != table_.Page) {
-      findings_.Add("Page " + std::to_string(number) + " of " + name_ +
-                    " names another table as its own.");
+    if (page.Owner != layout_.Page) {
+      findings_.Add(Phrase::Tr("Page %1 of %2 names another table as its own.", number, name_));
     }
     if (page.IsLeaf) {
       TakeLeaf(number, page);
@@ -36,8 +45,8 @@ class IndexWalk {
     for (const IndexEntry& entry : page.Entries) {
       Walk(entry.Child, level + 1);
       if (!Keys.empty() && Keys.back() != entry.Key) {
-        Fault("a page above its leaves does not name the last entry of page " +
-              std::to_string(entry.Child));
+        Fault(Phrase::Tr("a page above its leaves does not name the last entry of page %1",
+                         entry.Child));
       }
     }
     if (page.Tail != 0) {
@@ -48,15 +57,21 @@ class IndexWalk {
   /// To be called after the last leaf.
   void Finish() {
     if (next_ != 0) {
-      Fault("its last leaf names another one after it");
+      Fault(Phrase::Tr("its last leaf names another one after it"));
     }
     if (!std::is_sorted(Keys.begin(), Keys.end())) {
-      Fault("its entries are out of order");
+      Fault(Phrase::Tr("its entries are out of order"));
     }
   }
 
-  void Fault(const std::string& what) {
-    findings_.Add("I" + name_.substr(1) + " is wrong: " + what + ".");
+  /// Says what of the index is wrong: "its entries are out of order".
+  void Fault(const Phrase& what) {
+    findings_.Add(Phrase::Tr("Index %1 of the table %2 is wrong: %3.", index_, table_, what));
+  }
+
+  /// Says why the walk has ended before its end: a sentence.
+  void BreakOff(const Phrase& cause) {
+    findings_.Add(Phrase::Tr("Index %1 of the table %2 is wrong: %3", index_, table_, cause));
   }
 
   std::vector<Bytes> Keys;
@@ -64,7 +79,7 @@ class IndexWalk {
  private:
   void TakeLeaf(PageNumber number, const IndexPage& page) {
     if (page.Previous != last_leaf_ || (last_leaf_ != 0 && next_ != number)) {
-      Fault("its leaf pages are not linked to each other at page " + std::to_string(number));
+      Fault(Phrase::Tr("its leaf pages are not linked to each other at page %1", number));
     }
     last_leaf_ = number;
     next_ = page.Next;
@@ -74,8 +89,10 @@ class IndexWalk {
   }
 
   PageSource& pages_;
-  const TableLayout& table_;
-  std::string name_;
+  const TableLayout& layout_;
+  std::string index_;
+  std::string table_;
+  Phrase name_;
   Findings& findings_;
   PageNumber last_leaf_ = 0;
   PageNumber next_ = 0;
@@ -113,8 +130,7 @@ void CompareWithRows(IndexWalk& walk, const TableImage& image, const IndexLayout
   const auto expected = is_known ? ExpectedKeys(image, index) : std::nullopt;
   if (!expected) {
     if (!index.SkipsNulls() && walk.Keys.size() != image.RowCount()) {
-      walk.Fault("it has " + std::to_string(walk.Keys.size()) + " entries for " +
-                 std::to_string(image.RowCount()) + " rows");
+      walk.Fault(Phrase::Tr("it has %1 entries for %2 rows", walk.Keys.size(), image.RowCount()));
     }
     return;
   }
@@ -127,8 +143,8 @@ void CompareWithRows(IndexWalk& walk, const TableImage& image, const IndexLayout
   std::set_difference(found.begin(), found.end(), expected->begin(), expected->end(),
                       std::back_inserter(extra));
   if (!missing.empty() || !extra.empty()) {
-    walk.Fault(std::to_string(missing.size()) + " rows are missing in it, and " +
-               std::to_string(extra.size()) + " entries are of no row");
+    walk.Fault(Phrase::Tr("%1 rows are missing in it, and %2 entries are of no row", missing.size(),
+                          extra.size()));
   }
 }
 
@@ -136,13 +152,15 @@ void CompareWithRows(IndexWalk& walk, const TableImage& image, const IndexLayout
 
 void CheckIndex(PageSource& pages, const TableImage& image, const IndexLayout& index,
                 const std::string& table, Findings& findings) {
-  IndexWalk walk(pages, image.Layout(), "index " + index.Name + " of " + table, findings);
+  IndexWalk walk(pages, image.Layout(), index.Name, table, findings);
   try {
     walk.Walk(index.Root, 0);
     walk.Finish();
     CompareWithRows(walk, image, index);
+  } catch (const Circle&) {
+    walk.Fault(Phrase::Tr("its pages run in a circle"));
   } catch (const DamagedFile& problem) {
-    walk.Fault(problem.what());
+    walk.BreakOff(problem.cause());
   }
 }
 

@@ -10,8 +10,8 @@
 namespace veyra::access {
 
 /// Checks an index of a Jet 4 file against the rows of its table: its pages, its order, an entry
-/// for each row and no other. `table` names the table in sentences. The entries of an index whose
-/// keys are not known here are only counted.
+/// for each row and no other. `table` is the table's name. The entries of an index whose keys are
+/// not known here are only counted.
 void CheckIndex(PageSource& pages, const TableImage& image, const IndexLayout& index,
                 const std::string& table, Findings& findings);
 

@@ -17,11 +17,14 @@ constexpr std::uint32_t kLongPage = 0x4C41564C;  // "LVAL"
 class TableCheck {
  public:
   TableCheck(PageSource& pages, std::string name, Findings& findings)
-      : pages_(pages), name_("the table " + std::move(name)), findings_(findings) {}
+      : pages_(pages),
+        table_(std::move(name)),
+        name_(Phrase::Tr("the table %1", table_)),
+        findings_(findings) {}
 
   void Check(PageNumber definition) {
     for (const PageNumber page : DefinitionPages(pages_, definition)) {
-      findings_.Claim(page, "the definition of " + name_);
+      findings_.Claim(page, Phrase::Tr("the definition of %1", name_));
     }
     const TableLayout layout = ReadTableLayout(pages_, definition);
     CheckDataPages(layout.Owned, layout.Free, definition);
@@ -31,7 +34,10 @@ class TableCheck {
     CheckRows(definition);
   }
 
-  void Fault(const std::string& what) { findings_.Add("T" + name_.substr(1) + " " + what); }
+  /// Says why the table cannot be gone through: a sentence.
+  void BreakOff(const Phrase& cause) {
+    findings_.Add(Phrase::Tr("The table %1 cannot be gone through: %2", table_, cause));
+  }
 
  private:
   /// The pages of a map, the map itself entered as well.
@@ -41,7 +47,7 @@ class TableCheck {
     }
     findings_.ClaimShared(map.Page);
     for (const PageNumber page : MapPages(pages_, map)) {
-      findings_.Claim(page, "a usage map of " + name_);
+      findings_.Claim(page, Phrase::Tr("a usage map of %1", name_));
     }
     return ReadUsageMap(pages_, map);
   }
@@ -53,12 +59,14 @@ class TableCheck {
       const PagePtr page = pages_.ReadPage(number);
       if (page->front() != static_cast<Byte>(PageKind::Data) ||
           DataPage(*page, pages_.Header().Version).Owner() != owner) {
-        Fault("has page " + std::to_string(number) + ", which is not one of its own.");
+        findings_.Add(
+            Phrase::Tr("The table %1 has page %2, which is not one of its own.", table_, number));
       }
     }
     const std::vector<PageNumber> free = PagesOf(free_map);
     if (!std::includes(owned.begin(), owned.end(), free.begin(), free.end())) {
-      Fault("has a map of pages with room in which there are pages of others.");
+      findings_.Add(Phrase::Tr(
+          "The table %1 has a map of pages with room in which there are pages of others.", table_));
     }
   }
 
@@ -74,7 +82,7 @@ class TableCheck {
       for (const IndexLayout& index : image.Layout().Indexes) {
         PagesOf(index.Pages);
         if (index.Root != 0) {
-          CheckIndex(pages_, image, index, name_, findings_);
+          CheckIndex(pages_, image, index, table_, findings_);
         }
       }
     }
@@ -86,13 +94,14 @@ class TableCheck {
       reader.Read(image.View(row), column);
     } catch (const FileProblem&) {
       const RowPointer home = HomeOf(image.Key(row));
-      Fault("has a row on page " + std::to_string(home.Page) + " whose column " + column.Name +
-            " cannot be read.");
+      findings_.Add(Phrase::Tr("The table %1 has a row on page %2 whose column %3 cannot be read.",
+                               table_, home.Page, column.Name));
     }
   }
 
   PageSource& pages_;
-  std::string name_;
+  std::string table_;
+  Phrase name_;
   Findings& findings_;
 };
 
@@ -104,7 +113,7 @@ void CheckTable(PageSource& pages, const std::string& name, PageNumber definitio
   try {
     check.Check(definition);
   } catch (const FileProblem& problem) {
-    check.Fault(std::string("cannot be gone through: ") + problem.what());
+    check.BreakOff(problem.cause());
   }
 }
 

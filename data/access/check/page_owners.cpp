@@ -4,27 +4,25 @@ namespace veyra::access {
 
 namespace {
 
-constexpr const char* kMaps = "the usage maps";
-
-std::string PageName(PageNumber page) {
-  return "Page " + std::to_string(page);
+Phrase Maps() {
+  return Phrase::Tr("the usage maps");
 }
 
 }  // namespace
 
-void Findings::Claim(PageNumber page, const std::string& owner) {
+void Findings::Claim(PageNumber page, const Phrase& owner) {
   if (page >= owners_.size()) {
-    Add(PageName(page) + " of " + owner + " is not in the file.");
+    Add(Phrase::Tr("Page %1 of %2 is not in the file.", page, owner));
   } else if (IsClaimed(page)) {
-    Add(PageName(page) + " belongs to " + owner + " and to " + owners_[page] + ".");
+    Add(Phrase::Tr("Page %1 belongs to %2 and to %3.", page, owner, owners_[page]));
   } else {
     owners_[page] = owner;
   }
 }
 
 void Findings::ClaimShared(PageNumber page) {
-  if (page >= owners_.size() || owners_[page] != kMaps) {
-    Claim(page, kMaps);
+  if (page >= owners_.size() || owners_[page] != Maps()) {
+    Claim(page, Maps());
   }
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <string>
+#include <utility>
 #include <vector>
 
 #include "data/access/pages/page_source.h"
+#include "data/phrase.h"
 
 namespace veyra::access {
 
@@ -13,22 +14,22 @@ class Findings {
   explicit Findings(PageNumber page_count) : owners_(page_count) {}
 
   /// Notes something wrong, in a sentence.
-  void Add(const std::string& fault) { faults_.push_back(fault); }
+  void Add(Phrase fault) { faults_.push_back(std::move(fault)); }
 
-  /// Notes that a page belongs to `owner`, "the table Reserv". A page that is not in the file or
-  /// belongs to another already is something wrong.
-  void Claim(PageNumber page, const std::string& owner);
+  /// Notes that a page belongs to `owner`, "the table Reserv": what can stand after "belongs to". A
+  /// page that is not in the file or belongs to another already is something wrong.
+  void Claim(PageNumber page, const Phrase& owner);
 
   /// The same of a page that several owners share.
   void ClaimShared(PageNumber page);
 
-  bool IsClaimed(PageNumber page) const { return !owners_.at(page).empty(); }
-  const std::string& OwnerOf(PageNumber page) const { return owners_.at(page); }
-  const std::vector<std::string>& Faults() const { return faults_; }
+  bool IsClaimed(PageNumber page) const { return !owners_.at(page).IsEmpty(); }
+  const Phrase& OwnerOf(PageNumber page) const { return owners_.at(page); }
+  const std::vector<Phrase>& Faults() const { return faults_; }
 
  private:
-  std::vector<std::string> owners_;
-  std::vector<std::string> faults_;
+  std::vector<Phrase> owners_;
+  std::vector<Phrase> faults_;
 };
 
 }  // namespace veyra::access

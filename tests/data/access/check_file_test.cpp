@@ -23,14 +23,27 @@ using access::Bytes;
 using access::PageChanges;
 using access::PageNumber;
 
-std::vector<std::string> FaultsOf(const std::string& file) {
+std::vector<Phrase> FaultsOf(const std::string& file) {
   return OpenFileStore(file, StoreAccess::ReadOnly)->Verify();
 }
 
-std::string Joined(const std::vector<std::string>& faults) {
+/// The numbers and names of a text: what a translation leaves as it is.
+std::string Untranslated(const Phrase& text) {
+  return text.TranslatedBy([](const std::string& pattern) {
+    std::string places;
+    for (std::size_t at = pattern.find('%'); at != std::string::npos;
+         at = pattern.find('%', at + 1)) {
+      places += pattern.substr(at, 2);
+    }
+    return places;
+  });
+}
+
+std::string Joined(const std::vector<Phrase>& faults) {
   std::string all;
-  for (const std::string& fault : faults) {
-    all += fault + "\n";
+  for (const Phrase& fault : faults) {
+    EXPECT_EQ(std::string::npos, Untranslated(fault).find(' ')) << fault;
+    all += fault.English() + "\n";
   }
   return all;
 }

@@ -55,7 +55,7 @@ class FilledTable : public testing::Test {
   }
 
   void ExpectSound() {
-    EXPECT_EQ(std::vector<std::string>{}, store_->Verify());
+    EXPECT_EQ(std::vector<Phrase>{}, store_->Verify());
     EXPECT_EQ("", IndexFaults(File(), "Reserv"));
     EXPECT_EQ("", IndexFaults(File(), "Rooms"));
   }

@@ -109,7 +109,7 @@ TEST_F(OwnFile, TakesABookingAndStaysWhole) {
   std::sort(rows.begin(), rows.end());
   EXPECT_EQ(expected, rows);
   access::PageFile file(copy, false);
-  EXPECT_EQ(std::vector<std::string>{}, access::CheckFile(file));
+  EXPECT_EQ(std::vector<Phrase>{}, access::CheckFile(file));
 }
 
 TEST(PasswordProtectedFile, IsRefusedWithAWordOnThePassword) {

@@ -19,6 +19,7 @@
 #include "tools/companion/link_command.h"
 #include "tools/companion/new_command.h"
 #include "tools/companion/rescue_command.h"
+#include "tools/translation.h"
 
 namespace fs = std::filesystem;
 
@@ -142,6 +143,20 @@ TEST_F(ShareCommandTest, ANumberThatWasGivenOnceIsNotGivenAgain) {
   Share();
   const auto store = Open(StoreAccess::ReadWrite);
   EXPECT_EQ(Value(std::int64_t{71}), store->Insert("Rooms", {{"Name", "New"}}).Values.front());
+}
+
+TEST_F(ShareCommandTest, ANumberThatWouldBeGivenTwiceIsToldOfInTheOperatorsLanguage) {
+  Fill(*Make(FileKind::Sqlite), 10);
+  Share();
+  TestDatabase::Get().Run("SELECT setval(pg_get_serial_sequence('\"" + link_.Schema +
+                          "\".\"Rooms\"', 'ID'), 1)");
+  const auto faults = OpenFileStore(File(), StoreAccess::ReadOnly)->Verify();
+  ASSERT_EQ(1U, faults.size());
+  EXPECT_EQ("The table Rooms has a row with a higher number than the server has given.",
+            faults.front().English());
+  EXPECT_EQ(
+      "Die Tabelle Rooms hat eine Zeile mit einer höheren Nummer, als der Server vergeben hat.",
+      faults.front().TranslatedBy(TranslatorInto({"de"})));
 }
 
 TEST_F(ShareCommandTest, AJournalGoesOn) {

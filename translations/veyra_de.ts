@@ -3551,6 +3551,14 @@
         <source>The table %1 cannot be read: %2.</source>
         <translation>Die Tabelle %1 kann nicht gelesen werden: %2.</translation>
     </message>
+    <message>
+        <source>too little memory</source>
+        <translation>zu wenig Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <source>the server did not answer</source>
+        <translation>der Server hat nicht geantwortet</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>

@@ -20,8 +20,8 @@ constexpr const char* kCommitted = "committed";
 constexpr const char* kAborted = "aborted";
 constexpr const char* kGivenUp = "given up";  ///< The operator has ended the wait.
 
-std::string LostText(const Failure& lost) {
-  return "The connection to the calendar's server is lost: " + lost.Message() + ".";
+Phrase LostText(const Failure& lost) {
+  return Phrase::Tr("The connection to the calendar's server is lost: %1.", lost.Message());
 }
 
 /// A statement was prepared for other columns, or the catalogue tells of

@@ -27,8 +27,8 @@ PGconn* Start(const Libpq& libpq, const Address& address) {
 }
 
 [[noreturn]] void Fail(const Libpq& libpq, const Address& address, PGconn* connection) {
-  const std::string why =
-      connection == nullptr ? "too little memory" : FirstLine(libpq.ErrorMessage(connection));
+  const Phrase why = connection == nullptr ? Phrase::Tr("too little memory")
+                                           : Phrase(FirstLine(libpq.ErrorMessage(connection)));
   const bool needs_password = connection != nullptr && libpq.NeedsPassword(connection) != 0;
   throw DatabaseError(
       {address.File, Phrase::Tr("The calendar's server cannot be reached: %1.", why),

@@ -5,27 +5,33 @@
 #include <string_view>
 #include <utility>
 
+#include "data/phrase.h"
+
 namespace veyra::postgres {
 
-/// Why the server did not do what it was asked for, in its own words. Never leaves the store:
-/// server_errors.h makes of it what the operator is told.
+/// Why the server did not do what it was asked for, in its own words, or why it could not be asked.
+/// Never leaves the store: server_errors.h makes of it what the operator is told.
 class Failure : public std::exception {
  public:
-  Failure(std::string state, std::string message, std::string detail = {})
-      : state_(std::move(state)), message_(std::move(message)), detail_(std::move(detail)) {}
+  Failure(std::string state, Phrase message, std::string detail = {})
+      : state_(std::move(state)),
+        message_(std::move(message)),
+        text_(message_.English()),
+        detail_(std::move(detail)) {}
 
-  const char* what() const noexcept override { return message_.c_str(); }
+  const char* what() const noexcept override { return text_.c_str(); }
 
   /// The five characters of SQLSTATE.
   const std::string& State() const { return state_; }
-  const std::string& Message() const { return message_; }
+  const Phrase& Message() const { return message_; }
   const std::string& Detail() const { return detail_; }
 
   bool IsOf(std::string_view state_class) const { return state_.starts_with(state_class); }
 
  private:
   std::string state_;
-  std::string message_;
+  Phrase message_;
+  std::string text_;
   std::string detail_;
 };
 
@@ -48,7 +54,7 @@ inline constexpr std::string_view kTaken = "VY001";  ///< The guard's own: someb
 }  // namespace state
 
 /// What a call finds whose connection is dead; the next one connects again.
-inline Failure ConnectionLost(std::string message) {
+inline Failure ConnectionLost(Phrase message) {
   return {"08006", std::move(message)};
 }
 

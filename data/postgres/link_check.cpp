@@ -27,7 +27,8 @@ Settings Parse(const std::string& file, const std::string& server) {
   char* message = nullptr;
   PQconninfoOption* const options = libpq.ConninfoParse(server.c_str(), &message);
   if (options == nullptr) {
-    const std::string why = message == nullptr ? "too little memory" : OneLine(message);
+    const Phrase why =
+        message == nullptr ? Phrase::Tr("too little memory") : Phrase(OneLine(message));
     libpq.FreeMem(message);
     throw DatabaseError(
         {file, Phrase::Tr("The link does not name a server as it should: %1.", why),

@@ -251,8 +251,8 @@ std::vector<Result> Session::Replies(bool to_script) {
     }
   }
   if (libpq_->Status(connection_) == CONNECTION_BAD) {
-    Lose(failure && !failure->Message().empty() ? failure->Message()
-                                                : FirstLine(libpq_->ErrorMessage(connection_)));
+    Lose(failure && !failure->Message().IsEmpty() ? failure->Message()
+                                                  : FirstLine(libpq_->ErrorMessage(connection_)));
   }
   libpq_->ExitPipelineMode(connection_);
   TakeNotices();
@@ -279,7 +279,7 @@ void Session::AwaitReply() {
       cancelled_at = wait.Lasted();
       RequestCancel();
     } else if (cancelled_at && wait.Lasted() > *cancelled_at + kCancelling) {
-      Lose("the server did not answer");
+      Lose(Phrase::Tr("the server did not answer"));
     }
   }
 }
@@ -294,7 +294,7 @@ void Session::RequestCancel() {
   }
 }
 
-void Session::Lose(const std::string& message) {
+void Session::Lose(const Phrase& message) {
   Disconnect();
   throw ConnectionLost(message);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/calendar_link.h"
+#include "data/phrase.h"
 #include "data/postgres/connecting.h"
 #include "data/postgres/libpq.h"
 #include "data/postgres/notice_queue.h"
@@ -91,7 +92,7 @@ class Session {
   void AwaitReply();
   void TakeNotices();
   void RequestCancel();
-  [[noreturn]] void Lose(const std::string& message);
+  [[noreturn]] void Lose(const Phrase& message);
 
   LibpqPtr libpq_;
   Address address_;

@@ -3559,6 +3559,46 @@
         <source>the server did not answer</source>
         <translation>der Server hat nicht geantwortet</translation>
     </message>
+    <message>
+        <source>Nothing was changed. Save the file as CSV, in UTF-8, and try again.</source>
+        <translation>Es wurde nichts geändert. Speichern Sie die Datei als CSV, in UTF-8, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Line %1: something stands behind the end of a quoted cell.</source>
+        <translation>Zeile %1: Hinter dem Ende einer Zelle in Anführungszeichen steht noch etwas.</translation>
+    </message>
+    <message>
+        <source>Line %1: a quoted cell has no end.</source>
+        <translation>Zeile %1: Eine Zelle in Anführungszeichen hat kein Ende.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. Correct the file, or leave the event out.</source>
+        <translation>Es wurde nichts geändert. Berichtigen Sie die Datei, oder lassen Sie das Ereignis aus.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; ends before it begins, or at a time that cannot be read.</source>
+        <translation>Das Ereignis „%1“ endet, bevor es beginnt, oder zu einer Zeit, die nicht lesbar ist.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; lasts for more than a year.</source>
+        <translation>Das Ereignis „%1“ dauert länger als ein Jahr.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; repeats without end. Name the last day that you want with --to.</source>
+        <translation>Das Ereignis „%1“ wiederholt sich ohne Ende. Nennen Sie mit --to den letzten Tag, den Sie wollen.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; repeats by a rule that cannot be read.</source>
+        <translation>Das Ereignis „%1“ wiederholt sich nach einer Regel, die nicht lesbar ist.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; repeats more often than any booking does.</source>
+        <translation>Das Ereignis „%1“ wiederholt sich öfter, als es irgendeine Buchung tut.</translation>
+    </message>
+    <message>
+        <source>The event &quot;%1&quot; has no date that can be read.</source>
+        <translation>Das Ereignis „%1“ hat kein lesbares Datum.</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>

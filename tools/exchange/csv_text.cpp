@@ -12,10 +12,11 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kFormulaStarts = "=+-@\t\r";
 
-ValueError NoCsv(std::size_t line, const std::string& cause) {
-  return ValueError({{},
-                     "Line " + std::to_string(line) + ": " + cause,
-                     "Nothing was changed. Save the file as CSV, in UTF-8, and try again."});
+ValueError NoCsv(const Phrase& cause) {
+  return ValueError(
+      {{},
+       cause,
+       Phrase::Tr("Nothing was changed. Save the file as CSV, in UTF-8, and try again.")});
 }
 
 class CsvReader {
@@ -56,7 +57,7 @@ class CsvReader {
     }
     Take('\r');
     if (!Take('\n') && !rest_.empty()) {
-      throw NoCsv(line_, "something stands behind the end of a quoted cell.");
+      throw NoCsv(Phrase::Tr("Line %1: something stands behind the end of a quoted cell.", line_));
     }
     ++line_;
   }
@@ -81,7 +82,7 @@ class CsvReader {
     while (true) {
       const std::size_t quote = rest_.find('"');
       if (quote == std::string_view::npos) {
-        throw NoCsv(begin, "a quoted cell has no end.");
+        throw NoCsv(Phrase::Tr("Line %1: a quoted cell has no end.", begin));
       }
       AddTo(cell, rest_.substr(0, quote));
       rest_.remove_prefix(quote + 1);
@@ -114,9 +115,7 @@ bool LooksLikeFormula(std::string_view text) {
 
 std::vector<CsvRecord> ParseCsv(std::string_view text) {
   if (!IsUtf8(text)) {
-    throw ValueError({{},
-                      "The file is not text in UTF-8.",
-                      "Nothing was changed. Save the file as CSV, in UTF-8, and try again."});
+    throw NoCsv(Phrase::Tr("The file is not text in UTF-8."));
   }
   return CsvReader(text).Read();
 }

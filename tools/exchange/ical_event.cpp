@@ -46,6 +46,11 @@ bool IsReadable(const icaltimetype& time) {
   return has_day && (time.is_date != 0 || (time.hour < 24 && time.minute < 60));
 }
 
+ValueError Unreadable(const Phrase& cause) {
+  return ValueError(
+      {{}, cause, Phrase::Tr("Nothing was changed. Correct the file, or leave the event out.")});
+}
+
 }  // namespace
 
 IcalMoment MomentOf(const icaltimetype& time) {
@@ -94,11 +99,9 @@ std::optional<std::time_t> IcalEvent::Replaced() const {
   return MomentOf(icalcomponent_get_recurrenceid(component_)).Seconds;
 }
 
-ValueError IcalEvent::Unreadable(const std::string& cause) const {
-  const std::string name = Summary().empty() ? Uid() : Summary();
-  return ValueError({{},
-                     "The event \"" + OneLine(name) + "\" " + cause,
-                     "Nothing was changed. Correct the file, or leave the event out."});
+/// How reports name it.
+std::string IcalEvent::Name() const {
+  return OneLine(Summary().empty() ? Uid() : Summary());
 }
 
 std::time_t IcalEvent::Length(const icaltimetype& first) const {
@@ -111,11 +114,12 @@ std::time_t IcalEvent::Length(const icaltimetype& first) const {
   const icaltimetype end = icalcomponent_get_dtend(component_);
   const std::time_t length = MomentOf(end).Seconds - MomentOf(first).Seconds;
   if (icaltime_is_null_time(end) != 0 || length < 0) {
-    throw Unreadable("ends before it begins, or at a time that cannot be read.");
+    throw Unreadable(Phrase::Tr(
+        "The event \"%1\" ends before it begins, or at a time that cannot be read.", Name()));
   }
   constexpr std::time_t kLongest = 366 * kSecondsOfDay;
   if (length > kLongest) {
-    throw Unreadable("lasts for more than a year.");
+    throw Unreadable(Phrase::Tr("The event \"%1\" lasts for more than a year.", Name()));
   }
   return length;
 }
@@ -123,11 +127,13 @@ std::time_t IcalEvent::Length(const icaltimetype& first) const {
 void IcalEvent::Repeat(icalrecurrencetype rule, const icaltimetype& first, const DayRange& days,
                        std::vector<icaltimetype>& starts) const {
   if (IsEndless(rule) && !days.To) {
-    throw Unreadable("repeats without end. Name the last day that you want with --to.");
+    throw Unreadable(Phrase::Tr(
+        "The event \"%1\" repeats without end. Name the last day that you want with --to.",
+        Name()));
   }
   const std::unique_ptr<icalrecur_iterator, Freeing> iterator(icalrecur_iterator_new(rule, first));
   if (!iterator) {
-    throw Unreadable("repeats by a rule that cannot be read.");
+    throw Unreadable(Phrase::Tr("The event \"%1\" repeats by a rule that cannot be read.", Name()));
   }
   for (int count = 0;; ++count) {
     const icaltimetype time = icalrecur_iterator_next(iterator.get());
@@ -139,7 +145,8 @@ void IcalEvent::Repeat(icalrecurrencetype rule, const icaltimetype& first, const
       return;
     }
     if (count == kMostRepetitions) {
-      throw Unreadable("repeats more often than any booking does.");
+      throw Unreadable(
+          Phrase::Tr("The event \"%1\" repeats more often than any booking does.", Name()));
     }
     starts.push_back(time);
   }
@@ -184,7 +191,7 @@ std::vector<IcalOccurrence> IcalEvent::Occurrences(const DayRange& days,
                                                    const std::vector<std::time_t>& replaced) const {
   const icaltimetype first = icalcomponent_get_dtstart(component_);
   if (!IsReadable(first)) {
-    throw Unreadable("has no date that can be read.");
+    throw Unreadable(Phrase::Tr("The event \"%1\" has no date that can be read.", Name()));
   }
   const std::time_t length = Length(first);
   std::vector<std::time_t> left_out = Excluded();

@@ -51,7 +51,7 @@ class IcalEvent {
                                           const std::vector<std::time_t>& replaced) const;
 
  private:
-  ValueError Unreadable(const std::string& cause) const;
+  std::string Name() const;
   std::vector<icaltimetype> Starts(const icaltimetype& first, const DayRange& days) const;
   void Repeat(icalrecurrencetype rule, const icaltimetype& first, const DayRange& days,
               std::vector<icaltimetype>& starts) const;

@@ -22,6 +22,20 @@ class GermanCompanionTest : public KeptCalendarTest {
     return RunProgramIn(variables, {"check", "--mend", Folder()}, answer + "\n");
   }
 
+  /// What an import of a file with these bytes reports, without the name of the file.
+  std::string ImportOf(const std::string& name, const std::string& bytes) const {
+    temp_.Write(name, bytes);
+    const Ended ended = InGerman({"import", File(name), Folder()});
+    EXPECT_EQ(2, ended.Status) << ended.Out;
+    return ended.Err.substr(ended.Err.find('\n') + 1);
+  }
+  std::string ImportOfEvent(const std::string& lines) const {
+    return ImportOf("in.ics",
+                    "BEGIN:VCALENDAR\nVERSION:2.0\nPRODID:test\nBEGIN:VEVENT\nUID:one\n"
+                    "SUMMARY:Yoga\n" +
+                        lines + "END:VEVENT\nEND:VCALENDAR\n");
+  }
+
   /// The same for programs, whatever the language.
   static void ExpectSame(const Arguments& arguments) {
     const Ended english = RunProgram(arguments);
@@ -141,6 +155,38 @@ TEST_P(GermanCompanionTest, ADamagedFileIsToldOf) {
       "Zeilen, die in ihm fehlen: 1, Einträge, zu denen keine Zeile gehört: 1. Spielen Sie mit "
       "„veyra-data restore-backup“ eine Sicherungskopie zurück.\n",
       InGerman({"check", Folder()}).Out);
+}
+
+TEST_P(GermanCompanionTest, AFileThatCannotBeImportedIsToldOf) {
+  const std::string save_again =
+      "Es wurde nichts geändert. Speichern Sie die Datei als CSV, in UTF-8, und versuchen Sie es "
+      "noch einmal.\n";
+  EXPECT_EQ(
+      "Zeile 2: Hinter dem Ende einer Zelle in Anführungszeichen steht noch etwas.\n" + save_again,
+      ImportOf("in.csv", "Date,From,To,Name\n\"a\"b\n"));
+  EXPECT_EQ("Zeile 2: Eine Zelle in Anführungszeichen hat kein Ende.\n" + save_again,
+            ImportOf("in.csv", "Date,From,To,Name\n\"a\n"));
+  EXPECT_EQ("Die Datei ist kein Text in UTF-8.\n" + save_again, ImportOf("in.csv", "Caf\xE9\n"));
+}
+
+TEST_P(GermanCompanionTest, AnEventThatCannotBeImportedIsToldOf) {
+  const std::string correct =
+      "\nEs wurde nichts geändert. Berichtigen Sie die Datei, oder lassen Sie das Ereignis aus.\n";
+  const std::string start = "DTSTART:20260302T090000\n";
+  EXPECT_EQ("Das Ereignis „Yoga“ hat kein lesbares Datum." + correct, ImportOfEvent(""));
+  EXPECT_EQ(
+      "Das Ereignis „Yoga“ endet, bevor es beginnt, oder zu einer Zeit, die nicht lesbar ist." +
+          correct,
+      ImportOfEvent(start + "DTEND:20260301T090000\n"));
+  EXPECT_EQ("Das Ereignis „Yoga“ dauert länger als ein Jahr." + correct,
+            ImportOfEvent(start + "DTEND:20280301T090000\n"));
+  EXPECT_EQ(
+      "Das Ereignis „Yoga“ wiederholt sich ohne Ende. Nennen Sie mit --to den letzten Tag, den Sie "
+      "wollen." +
+          correct,
+      ImportOfEvent(start + "RRULE:FREQ=DAILY\n"));
+  EXPECT_EQ("Das Ereignis „Yoga“ wiederholt sich öfter, als es irgendeine Buchung tut." + correct,
+            ImportOfEvent(start + "RRULE:FREQ=SECONDLY;UNTIL=20300101T000000\n"));
 }
 
 TEST_P(GermanCompanionTest, WhatProgramsReadStaysAsItIs) {

@@ -1,10 +1,51 @@
 #include "logic/journal_words.h"
 
+#include <algorithm>
+#include <array>
+
 #include "data/journal.h"
 #include "data/names.h"
 #include "data/shown_name.h"
 
 namespace veyra::modRes {
+namespace {
+
+/// The names that this version gives.
+const auto& Names() {
+  static const std::array names = {
+      Phrase::Tr("New booking"),     Phrase::Tr("New series"),     Phrase::Tr("New facility"),
+      Phrase::Tr("Booking deleted"), Phrase::Tr("Series deleted"), Phrase::Tr("Facility deleted"),
+      Phrase::Tr("Booking renamed"), Phrase::Tr("Series renamed"), Phrase::Tr("Facility picked"),
+      Phrase::Tr("Colors saved"),
+  };
+  return names;
+}
+
+/// What follows the words that a name begins with; empty when it does not begin so.
+std::string After(std::string_view words, const std::string& name) {
+  return name.starts_with(words) ? name.substr(words.size()) : std::string();
+}
+
+bool IsNumber(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+}  // namespace
+
+Phrase ActionWords(const std::string& name) {
+  const auto* known = std::find_if(Names().begin(), Names().end(),
+                                   [&](const Phrase& each) { return each.English() == name; });
+  if (known != Names().end()) {
+    return *known;
+  }
+  if (const std::string number = After("Undo of ", name); IsNumber(number)) {
+    return Phrase::Tr("Undo of %1", number);
+  }
+  if (const std::string file = After("Import of ", name); !file.empty()) {
+    return Phrase::Tr("Import of %1", file);
+  }
+  return name;
+}
 
 const Value& FieldIn(const FieldValues& fields, std::string_view name) {
   static const Value kNone;

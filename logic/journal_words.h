@@ -36,6 +36,10 @@ class JournalWords {
   std::map<std::int64_t, std::string> names_;
 };
 
+/// An action's name as the operator reads it. The calendar holds it in English, for another desk
+/// may speak another language; one that this version does not give stays as it is.
+Phrase ActionWords(const std::string& name);
+
 /// What a field of that name holds; null when there is none.
 const Value& FieldIn(const FieldValues& fields, std::string_view name);
 

@@ -24,7 +24,8 @@ Phrase HeadLine(const modRes::JournalAction& action, std::size_t changes) {
   const auto time = LocalTimeOf(action.At);
   return std::to_string(action.Number) + "  " + (time ? DateTimeText(*time) : OneLine(action.At)) +
          "  " +
-         (action.Name.empty() ? Phrase::Tr("By another program") : Phrase(OneLine(action.Name))) +
+         (action.Name.empty() ? Phrase::Tr("By another program")
+                              : modRes::ActionWords(OneLine(action.Name))) +
          ": " + (changes == 1 ? Phrase::Tr("1 row") : Phrase::Tr("%1 rows", changes));
 }
 

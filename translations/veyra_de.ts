@@ -3599,6 +3599,54 @@
         <source>The event &quot;%1&quot; has no date that can be read.</source>
         <translation>Das Ereignis „%1“ hat kein lesbares Datum.</translation>
     </message>
+    <message>
+        <source>New booking</source>
+        <translation>Neue Buchung</translation>
+    </message>
+    <message>
+        <source>New series</source>
+        <translation>Neue Serie</translation>
+    </message>
+    <message>
+        <source>New facility</source>
+        <translation>Neue Anlage</translation>
+    </message>
+    <message>
+        <source>Booking deleted</source>
+        <translation>Buchung gelöscht</translation>
+    </message>
+    <message>
+        <source>Series deleted</source>
+        <translation>Serie gelöscht</translation>
+    </message>
+    <message>
+        <source>Facility deleted</source>
+        <translation>Anlage gelöscht</translation>
+    </message>
+    <message>
+        <source>Booking renamed</source>
+        <translation>Buchung umbenannt</translation>
+    </message>
+    <message>
+        <source>Series renamed</source>
+        <translation>Serie umbenannt</translation>
+    </message>
+    <message>
+        <source>Facility picked</source>
+        <translation>Anlage gewählt</translation>
+    </message>
+    <message>
+        <source>Colors saved</source>
+        <translation>Farben gespeichert</translation>
+    </message>
+    <message>
+        <source>Undo of %1</source>
+        <translation>Rücknahme von %1</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <translation>Import aus %1</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>

@@ -1,5 +1,6 @@
 #include "logic/undo.h"
 
+#include "data/color_settings.h"
 #include "data/journal.h"
 #include "data/open_file_store.h"
 #include "logic/delete_facility.h"
@@ -24,6 +25,21 @@ class UndoTest : public BookingsFixture {
     for (const JournalAction& action : ReadJournal(*Open())) {
       const std::size_t rows = NetChanges(action).size();
       names += rows == 0 ? "" : action.Name + " " + std::to_string(rows) + "\n";
+    }
+    return names;
+  }
+
+  /// What is looked up of each name, the last one in front.
+  std::string TranslatedNames() const {
+    std::string names;
+    for (const JournalAction& action : ReadJournal(*Open())) {
+      const Phrase name = ActionWords(action.Name);
+      EXPECT_EQ(action.Name, name.English());
+      const auto whole = [&](const std::string& pattern) {
+        names += "<" + pattern + "> ";
+        return pattern;
+      };
+      name.TranslatedBy(whole);
     }
     return names;
   }
@@ -110,6 +126,47 @@ TEST_F(UndoTest, PickingAFacilityIsNotWhatIsUndone) {
   Book("Smith", 19, 21);
   SelectFacility(Desk(), "Hall");
   EXPECT_EQ("New booking", LastAction(*Open()).value().Name);
+}
+
+TEST_F(UndoTest, WhateverTheDeskDoesHasANameInTheOperatorsLanguage) {
+  folder_.Calendar()->CreateTable(CalendarTables().back());
+  folder_.Calendar()->Insert("Settings", {{"ID", std::int64_t{1}}});
+  Book("Smith", 1, 2);
+  Rename(1, 2, "Jones");
+  Delete(1, 2);
+  BookSeveral("Choir", 19, 21, "4/6/2014", "4/20/2014", {1});
+  dialogs_.AnswerNext(Answer::Yes);
+  Rename(19, 19, "Band");
+  dialogs_.AnswerNext(Answer::Yes);
+  Delete(19, 19);
+  NameBox box;
+  box.Text = "Court";
+  AddFacility(Desk(), box);
+  std::string caption;
+  DeleteFacility(Desk(), box, caption, dialogs_);
+  ColorSettings colors;
+  SaveColorSettings(*Desk().ResCon, DefaultColors(), colors);
+  EXPECT_TRUE(Undo().empty());
+  EXPECT_EQ(
+      "<Undo of %1> <Colors saved> <Facility deleted> <New facility> <Series deleted> "
+      "<Series renamed> <New series> <Booking deleted> <Booking renamed> <New booking> ",
+      TranslatedNames());
+}
+
+TEST_F(UndoTest, PickingAFacilityHasANameInTheOperatorsLanguage) {
+  SelectFacility(Desk(), "Hall");
+  const auto looked_up = [](const std::string&) { return "?"; };
+  EXPECT_EQ("?", ActionWords("Facility picked").TranslatedBy(looked_up));
+  for (const JournalAction& action : ReadJournal(*Open())) {
+    EXPECT_EQ("Facility picked", action.Name);
+  }
+}
+
+TEST_F(UndoTest, ANameThatThisVersionDoesNotGiveStaysAsItIs) {
+  for (const std::string name : {"Spring cleaning", "Undo of it all", "Undo of ", "Import of ",
+                                 "new booking", "check --mend"}) {
+    EXPECT_EQ(name, ActionWords(name).TranslatedBy([](const std::string&) { return "?"; }));
+  }
 }
 
 TEST_F(UndoTest, WhatWasBookedSinceStandsInTheWay) {

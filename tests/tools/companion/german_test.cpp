@@ -1,3 +1,4 @@
+#include "data/journal.h"
 #include "tests/tools/companion/kept_calendar.h"
 
 namespace veyra {
@@ -20,6 +21,13 @@ class GermanCompanionTest : public KeptCalendarTest {
 
   Ended Mend(const std::string& variables, const std::string& answer) const {
     return RunProgramIn(variables, {"check", "--mend", Folder()}, answer + "\n");
+  }
+
+  /// A booking, made as an action of that name.
+  void Act(const std::string& name) const {
+    const auto desk = Desk();
+    const JournalledAction action(*desk, name);
+    desk->Insert("Reserv", {{"RmID", pool_}, {"Event", name}});
   }
 
   /// What an import of a file with these bytes reports, without the name of the file.
@@ -187,6 +195,21 @@ TEST_P(GermanCompanionTest, AnEventThatCannotBeImportedIsToldOf) {
       ImportOfEvent(start + "RRULE:FREQ=DAILY\n"));
   EXPECT_EQ("Das Ereignis „Yoga“ wiederholt sich öfter, als es irgendeine Buchung tut." + correct,
             ImportOfEvent(start + "RRULE:FREQ=SECONDLY;UNTIL=20300101T000000\n"));
+}
+
+TEST_P(GermanCompanionTest, ActionsAreNamedInGermanAndKeptInEnglish) {
+  for (const std::string name :
+       {"New series", "Spring cleaning", "Undo of 7", "Undo of it all", "Import of in.csv"}) {
+    Act(name);
+  }
+  const std::string history = InGerman({"history", Folder()}).Out;
+  for (const std::string name : {"Neue Serie", "Spring cleaning", "Rücknahme von 7",
+                                 "Undo of it all", "Import aus in.csv"}) {
+    EXPECT_TRUE(Says(history, "  " + name + ": 1 Zeile\n")) << name << "\n" << history;
+  }
+  EXPECT_TRUE(Says(InGerman({"undo", Folder()}, "n\n").Out, "  Import aus in.csv: 1 Zeile\n"));
+  EXPECT_TRUE(Says(InGerman({"history", Folder(), "--json"}).Out, "\"action\": \"New series\""));
+  ExpectSame({"history", Folder(), "--json"});
 }
 
 TEST_P(GermanCompanionTest, WhatProgramsReadStaysAsItIs) {

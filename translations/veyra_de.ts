@@ -3647,6 +3647,18 @@
         <source>Import of %1</source>
         <translation>Import aus %1</translation>
     </message>
+    <message>
+        <source>%1: At Most %2 required but received %3</source>
+        <translation>%1 kann nur %2-mal angegeben werden, nicht %3-mal</translation>
+    </message>
+    <message>
+        <source>%1: %2 required %3 missing</source>
+        <translation>%1: %2 Angabe fehlt (%3)</translation>
+    </message>
+    <message>
+        <source>%1: Check %2 value in %3 OR %4 FAILED</source>
+        <translation>%1: %2 ist keines von %3 oder %4</translation>
+    </message>
 </context>
 <context>
     <name>veyra::Phrase</name>

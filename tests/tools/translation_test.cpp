@@ -68,6 +68,46 @@ TEST(TranslatorInto, ProgressIsTold) {
   EXPECT_EQ("200 von 900 Zeilen verglichen\n", terminal.str());
 }
 
+/// A sentence of the parser in English and in German.
+struct Said {
+  std::string English;
+  std::string German;
+};
+
+void PrintTo(const Said& said, std::ostream* out) {
+  *out << said.English;
+}
+
+class WordsOfTheParser : public testing::TestWithParam<Said> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Sentences, WordsOfTheParser,
+    testing::Values(
+        Said{"The following argument was not expected: x excludes y",
+             "Das folgende Argument wurde nicht erwartet: x excludes y"},
+        Said{"The following arguments were not expected: x y",
+             "Die folgenden Argumente wurden nicht erwartet: x y"},
+        Said{"Could not convert: --last = x requires y", "Nicht verstanden: --last = x requires y"},
+        Said{"--last: At Most 1 required but received 2",
+             "--last kann nur 1-mal angegeben werden, nicht 2-mal"},
+        Said{"--last: 1 required NUMBER missing", "--last: 1 Angabe fehlt (NUMBER)"},
+        Said{"FILE: it is empty", "FILE: ist leer"},
+        Said{"--to: Check a value in b value in {access->2,sqlite->0} OR {2,0} FAILED",
+             "--to: a value in b ist keines von {access->2,sqlite->0} oder {2,0}"},
+        Said{"WHAT: x not in y not in {on,off,status}",
+             "WHAT: x not in y ist keines von {on,off,status}"},
+        Said{"--week excludes --month", "--week geht nicht zusammen mit --month"},
+        Said{"--role requires --sql", "--role braucht --sql"},
+        Said{"A subcommand is required", "Ein Befehl ist nötig"},
+        Said{"FILE is required", "FILE ist nötig"},
+        Said{"A sentence of a later version: unknown", "A sentence of a later version: unknown"}));
+
+TEST_P(WordsOfTheParser, AreTranslatedAndInEnglishAsItSaysThem) {
+  const Phrase words = WordsOf(GetParam().English);
+  EXPECT_EQ(GetParam().German, words.TranslatedBy(TranslatorInto({"de"})));
+  EXPECT_EQ(GetParam().English, words.English());
+}
+
 TEST(Wrapped, LongLinesBreakBetweenWords) {
   const std::string word(40, 'x');
   EXPECT_EQ(word + " " + word + "\n" + word + "\nshort",

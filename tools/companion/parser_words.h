@@ -21,7 +21,8 @@ Phrase Examples(const std::vector<std::string>& examples);
 /// The lines of a text, those of more than `width` characters broken between words.
 std::string Wrapped(const std::string& text, std::size_t width);
 
-/// What the parser says of a command line that it does not understand.
+/// What the parser says of a command line that it does not understand: translated where the
+/// sentence is known here, and in English always as the parser says it.
 Phrase WordsOf(const std::string& sentence);
 
 /// Translates the help of a command, or of the whole program: its headings, and what Meaning

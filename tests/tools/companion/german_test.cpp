@@ -148,6 +148,20 @@ TEST_P(GermanCompanionTest, WhatIsNotUnderstoodIsSaid) {
       InGerman({"show"}).Err);
 }
 
+TEST_P(GermanCompanionTest, WhatAnOptionWasGivenIsSaid) {
+  const auto said = [](const Arguments& arguments) {
+    const std::string text = InGerman(arguments).Err;
+    return text.substr(0, text.find('\n'));
+  };
+  EXPECT_EQ("veyra-data: --last kann nur 1-mal angegeben werden, nicht 2-mal",
+            said({"history", "--last", "1", "--last", "2"}));
+  EXPECT_EQ("veyra-data: --last: 1 Angabe fehlt (NUMBER)", said({"history", "--last"}));
+  EXPECT_EQ("veyra-data: --to: dbase ist keines von {access->1,sqlite->0} oder {1,0}",
+            said({"convert", "--to", "dbase"}));
+  EXPECT_EQ("veyra-data: WHAT: perhaps ist keines von {on,off,status}",
+            said({"journal", "perhaps"}));
+}
+
 TEST_P(GermanCompanionTest, ADamagedFileIsToldOf) {
   if (GetParam() != StoreKind::Access) {
     GTEST_SKIP() << "SQLite says what is wrong in its own words";

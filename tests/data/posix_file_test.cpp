@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -62,7 +63,7 @@ TEST_F(PosixFileTest, AppendsAtTheEndAndMakesTheFile) {
 }
 
 TEST_F(PosixFileTest, MakesNoNewFileWhereALinkToNothingIs) {
-  symlink("nowhere", folder_.File("file").c_str());
+  std::filesystem::create_symlink("nowhere", folder_.File("file"));
   EXPECT_EQ(EEXIST, NumberOf([&] { PosixFile(folder_.File("file"), PosixFile::Use::MakeNew); }));
 }
 

@@ -6,15 +6,15 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/memory_folder.h"
+
 namespace veyra {
 
 namespace {
 
 std::string NewName() {
-  const auto folder = std::filesystem::is_directory("/dev/shm")
-                          ? std::filesystem::path("/dev/shm")
-                          : std::filesystem::temp_directory_path();
-  return folder / ("veyra-fuzz-" + std::to_string(getpid()));
+  return MemoryFolder().value_or(std::filesystem::temp_directory_path()) /
+         ("veyra-fuzz-" + std::to_string(getpid()));
 }
 
 void RemoveInputFile() {

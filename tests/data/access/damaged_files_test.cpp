@@ -8,6 +8,7 @@
 #include "tests/data/access/access_folder.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/data/access/read_everything.h"
+#include "tests/memory_folder.h"
 
 namespace veyra {
 namespace {
@@ -107,9 +108,7 @@ std::string SampleCalendar(const AccessFolder& folder) {
 }
 
 TEST(DamagedFiles, AreReadOrRefusedWithoutHarm) {
-  if (std::filesystem::is_directory("/dev/shm")) {
-    setenv("TMPDIR", "/dev/shm", 0);
-  }
+  PreferMemoryFolder();
   const AccessFolder folder;
   const std::string sound = SampleCalendar(folder);
   const std::size_t all = ReadEverything(folder.Calendar());

@@ -11,6 +11,7 @@
 #include "tests/data/access/access_folder.h"
 #include "tests/data/access/fixtures.h"
 #include "tests/data/access/index_check.h"
+#include "tests/memory_folder.h"
 
 namespace veyra {
 namespace {
@@ -104,13 +105,6 @@ class RandomCalendar {
   std::size_t columns_ = 0;
   std::mt19937 random_{20140315};
 };
-
-/// Thousands of durable changes take minutes on a disk: they are made in memory where that can be.
-void PreferMemoryFolder() {
-  if (std::filesystem::is_directory("/dev/shm")) {
-    setenv("TMPDIR", "/dev/shm", 0);
-  }
-}
 
 std::vector<std::string> Sorted(std::vector<std::string> lines) {
   std::sort(lines.begin(), lines.end());

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "tests/qt/program_fixture.h"
@@ -25,6 +26,15 @@ class ReplacedCalendarTest : public ProgramFixture {
   std::string File() const { return data_.File("Calendar.mdb"); }
 
   void Replace() const { fs::rename(kept_.File("backup"), File()); }
+
+  /// `change` changes a row of the backup's Rooms.
+  void ChangeEachRoomOfTheBackup(const std::function<void(Recordset&)>& change) const {
+    Connection backup(OpenStore(kept_.File("backup"), StoreAccess::ReadWrite));
+    const auto rooms = backup.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
+    for (; !rooms->AtEnd(); rooms->MoveNext()) {
+      change(*rooms);
+    }
+  }
 
   static void TurnToNextMonth() {
     QTest::mouseClick(&In<QPushButton>(Month(), QStringLiteral("Command1")), Qt::LeftButton);
@@ -58,14 +68,10 @@ TEST_F(ReplacedCalendarTest, TakesTheNextBookingOnceItIsOpenedAnew) {
 }
 
 TEST_F(ReplacedCalendarTest, AnOpenDayIsHeadedByTheFacilityThatItBooksFromThenOn) {
-  {
-    Connection backup(OpenStore(kept_.File("backup"), StoreAccess::ReadWrite));
-    const auto rooms = backup.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
-    for (; !rooms->AtEnd(); rooms->MoveNext()) {
-      rooms->SetField("Active", std::int64_t{ToText(rooms->Field("Name")) == "Pool"});
-      rooms->Update();
-    }
-  }
+  ChangeEachRoomOfTheBackup([](Recordset& room) {
+    room.SetField("Active", std::int64_t{ToText(room.Field("Name")) == "Pool"});
+    room.Update();
+  });
   StartAndOpenDay();
   Replace();
   dialogs_.AnswerNext(Answer::Yes);
@@ -77,13 +83,7 @@ TEST_F(ReplacedCalendarTest, AnOpenDayIsHeadedByTheFacilityThatItBooksFromThenOn
 }
 
 TEST_F(ReplacedCalendarTest, WithoutTheFacilityOfAnOpenDayNothingIsBookedThere) {
-  {
-    Connection backup(OpenStore(kept_.File("backup"), StoreAccess::ReadWrite));
-    const auto rooms = backup.Open("SELECT * FROM Rooms", CursorType::StaticOptimistic);
-    for (; !rooms->AtEnd(); rooms->MoveNext()) {
-      rooms->Delete();
-    }
-  }
+  ChangeEachRoomOfTheBackup([](Recordset& room) { room.Delete(); });
   StartAndOpenDay();
   Replace();
   dialogs_.AnswerNext(Answer::Yes);

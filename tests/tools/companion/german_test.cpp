@@ -166,12 +166,7 @@ TEST_P(GermanCompanionTest, ADamagedFileIsToldOf) {
   if (GetParam() != StoreKind::Access) {
     GTEST_SKIP() << "SQLite says what is wrong in its own words";
   }
-  const std::string columns_and_id{"\3\0\2\0\0\0", 6};
-  std::string bytes = temp_.Read("data/Calendar.mdb");
-  const std::size_t row = bytes.rfind(columns_and_id, bytes.find("Main Hall"));
-  ASSERT_NE(std::string::npos, row);
-  bytes[row + 2] = 9;
-  temp_.Write("data/Calendar.mdb", bytes);
+  RenumberMainHallPastTheIndex();
   EXPECT_EQ(
       "damaged: Die Datei ist beschädigt: Der Index PrimaryKey der Tabelle Rooms stimmt nicht: "
       "Zeilen, die in ihm fehlen: 1, Einträge, zu denen keine Zeile gehört: 1. Spielen Sie mit "

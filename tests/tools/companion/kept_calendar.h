@@ -69,6 +69,17 @@ class KeptCalendarTest : public testing::TestWithParam<StoreKind> {
     return lines;
   }
 
+  /// Gives a facility another number, of which the table's index does not know. REQUIRES: an Access
+  /// file.
+  void RenumberMainHallPastTheIndex() const {
+    const std::string columns_and_id{"\3\0\2\0\0\0", 6};
+    std::string bytes = temp_.Read("data/Calendar.mdb");
+    const std::size_t row = bytes.rfind(columns_and_id, bytes.find("Main Hall"));
+    ASSERT_NE(std::string::npos, row);
+    bytes[row + 2] = 9;
+    temp_.Write("data/Calendar.mdb", bytes);
+  }
+
   TempFolder temp_;
   std::int64_t pool_ = 0;
   std::int64_t hall_ = 0;
